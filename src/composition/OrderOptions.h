@@ -1,0 +1,44 @@
+#pragma once
+
+#include "composition/OrderFrames.h"
+#include "composition/OrderWatch.h"
+#include "screen/Grid.h"
+#include "session/Session.h"
+#include "tables/XArrayDB.h"
+
+namespace zelvo::composition {
+
+/// Order type, decoction method and form changes: three small grids over the pharmacy's catalogue. Column 0 of each array is the
+/// Boolean selection mark.
+class OrderOptions {
+public:
+    OrderOptions(screen::Window& form, OrderFrames& frames, session::Session& session, OrderWatch& watch);
+
+    screen::Grid tdbJobList, tdbTJML, tdbTJAL;
+    tables::XArrayDB m_xaJobList, m_xaTJML, m_xaTJAL;
+
+    /// The reads of the session's start; an array that can't be read stays empty.
+    void Load_JobList();
+    void Load_TangJun();
+    void Load_TangJunAdd();
+
+    /// A press on a button cell of the current row, by the user or by the program (column 0 selects, any other explains).
+    void pressJobList(int column);
+    void pressTJML(int column);
+    void pressTJAL(int column);
+
+    /// The selected row of an array, or -1.
+    static int selectedRow(const tables::XArrayDB& options);
+
+private:
+    void selectOnly(screen::Grid& grid, tables::XArrayDB& options);
+    void explain(screen::Grid& grid, const screen::Panel& beside);
+
+    screen::Window& form_;
+    OrderFrames& frames_;
+    session::Session& session_;
+    OrderWatch& watch_;
+    int m_LastJobRow = 0, m_LastTJMLRow = 0;
+};
+
+}  // namespace zelvo::composition

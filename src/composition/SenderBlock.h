@@ -1,0 +1,21 @@
+#pragma once
+
+#include "composition/OrderFrames.h"
+#include "screen/Fields.h"
+#include "screen/TextField.h"
+
+namespace zelvo::composition {
+
+/// Who sends the order: the clinic and its doctor.
+class SenderBlock {
+public:
+    SenderBlock(screen::Window& form, OrderFrames& frames);
+
+    screen::TextField txtHospitalName, txtDoctor, txtDoctorCell, txtHospitalTel, txtBalsongZip;
+    screen::TwoStateButton ssrZipCode1;
+    screen::TextField txtBalsongJuso;
+
+    void clear();
+};
+
+}  // namespace zelvo::composition

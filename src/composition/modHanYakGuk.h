@@ -1,0 +1,42 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "screen/Desktop.h"
+#include "tables/XArrayDB.h"
+
+namespace zelvo::composition {
+
+/// The herb procedures of the composition: rules on the array of herb lines. Rows count from 0.
+namespace modHanYakGuk {
+
+/// 0, the 1-based number of another row with the same text in the column, or -1 on failure (shown). With keepCell 0 the cell of
+/// the given row is blanked when there is one; with -1 it stays.
+std::int16_t Find_DuplicateDrug(screen::Desktop& desktop, tables::XArrayDB& herbs, int row, int column, std::int16_t keepCell);
+/// Reaction of a row to a change of column 1, 2 or 4 (the mode). 0, the duplicate's row number, or -1 on failure (shown).
+std::int16_t Update_DrugCell(screen::Desktop& desktop, int mode, int row, tables::XArrayDB& herbs);
+/// Writes the row's state, column 8: "0" complete, "-1" not. 0, or -1 on failure.
+std::int16_t Check_DrugRow(screen::Desktop& desktop, tables::XArrayDB& herbs, int row);
+/// Numbers the rows in column 7 from 1. 0, or -1 on failure.
+std::int16_t Renumber_DrugRows(screen::Desktop& desktop, tables::XArrayDB& herbs);
+
+/// The order's keys and texts as the cost page and the order row take them.
+struct CostFields {
+    std::string JobListKey, DrugText, TJMLKey, TJALSlot;
+    /// In: as on the screen (the price without commas). Out: empty where the order type has no such section.
+    std::string Chubsu, DrugPrice, PouchAmount, PouchTotal;
+    bool hasDrug = false;
+};
+
+/// 0 on success, -1 on a fault (no order type selected, say).
+std::int16_t Build_CostFields(const tables::XArrayDB& jobList, const tables::XArrayDB& herbs, const tables::XArrayDB& methods,
+                              const tables::XArrayDB& addOns, CostFields& fields);
+
+}  // namespace modHanYakGuk
+
+/// Separators of the text form of an array.
+inline constexpr const char* rowSeparator = "/$RD$/";
+inline constexpr const char* cellSeparator = "/$CD$/";
+
+}  // namespace zelvo::composition

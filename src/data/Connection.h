@@ -1,0 +1,62 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "data/RecordSet.h"
+
+namespace zelvo::data {
+
+/// What a commit came to. Unknown: the line broke between the request and its answer.
+enum class CommitOutcome { Done, Refused, Unknown };
+
+/// What the statement layer asks of a database client. One connection lives for a session; all of it is used on one
+/// thread. Every failure of the database is a Fault that bears the driver's own words, for a developer's eyes.
+class Connection {
+public:
+    virtual ~Connection() = default;
+
+    /// Lets the event loop work; a walk calls it once a row. The session sets it when it opens the connection.
+    std::function<void()> yield = [] {};
+
+    virtual bool isOpen() const = 0;
+    virtual void close() = 0;
+
+    /// Runs a statement and drops what it returns.
+    virtual void execute(const std::string& statement) = 0;
+    /// Opens `set` on a statement: its rows come whole to the client. On a Fault the set stays as it was.
+    virtual void open(RecordSet& set, const std::string& statement, Cursor cursor, const UpdateTarget& target = {}) = 0;
+
+    virtual void begin() = 0;
+    virtual CommitOutcome commit() = 0;
+    virtual void rollback() = 0;
+};
+
+/// A unit of work: begun by the constructor (a Fault when it can't be), rolled back by the destructor unless committed.
+class Transaction {
+public:
+    explicit Transaction(Connection& connection);
+    ~Transaction();
+    Transaction(const Transaction&) = delete;
+    Transaction& operator=(const Transaction&) = delete;
+
+    /// A commit that is refused has been rolled back when this returns.
+    CommitOutcome commit();
+    /// Never throws: a line that is gone has taken the transaction with it.
+    void rollback() noexcept;
+
+private:
+    Connection& connection_;
+    bool open_ = true;
+};
+
+/// The five facts of the pharmacy's connection.
+struct ServerLogin {
+    std::string address, database, user, password;
+};
+
+/// Opens the connection that an address asks for; given to the session by the assembly. Throws Fault when it can't be opened.
+using ConnectionOpener = std::function<std::unique_ptr<Connection>(const ServerLogin&)>;
+
+}  // namespace zelvo::data

@@ -1,0 +1,104 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "tables/GridSource.h"
+
+namespace zelvo::data {
+
+/// Cursor of a result set: Keyset takes row updates and deletes, Static is read-only.
+enum class Cursor { Keyset, Static };
+
+/// Where the rows of an updatable result set live: a driver cannot learn it from a result.
+struct UpdateTarget {
+    std::string table;  ///< "t_UserChubang"
+    std::string key;    ///< "UCB_PK", a column of the result
+};
+
+/// Writes one changed row or deletes it where it came from; given by the connection that opened the set.
+class RowWriter {
+public:
+    virtual ~RowWriter() = default;
+    /// Both throw Fault when the database refuses.
+    virtual void update(const UpdateTarget& target, std::string_view keyValue,
+                        const std::vector<std::pair<std::string, std::string>>& changed) = 0;
+    virtual void remove(const UpdateTarget& target, std::string_view keyValue) = 0;
+};
+
+/// A result set, fetched whole when it opens, with a position. A grid can show it live. The owner makes it, an operation
+/// opens it, the owner closes it. NULL reads as "" (text) and 0 (numbers); isNull tells the difference.
+class RecordSet : public tables::GridSource {
+public:
+    RecordSet();
+    ~RecordSet() override;
+    RecordSet(const RecordSet&) = delete;
+    RecordSet& operator=(const RecordSet&) = delete;
+
+    bool isOpen() const;
+    /// Empties the set; the columns stay known to nobody.
+    void close();
+
+    /// Position: a fresh set stands on its first row, or at its end when it has none.
+    bool atEnd() const;
+    std::size_t position() const;
+    void moveFirst();
+    void moveNext();
+    void moveTo(std::size_t row);
+
+    /// A column of the current row by name (any case) or position from 0. Throw Fault for an unknown column or at the end.
+    std::string text(std::string_view field) const;
+    std::string text(int column) const;
+    bool isNull(std::string_view field) const;
+    bool isNull(int column) const;
+    /// The cell without a copy, valid until the set closes or changes; NULL is "".
+    std::string_view view(int column) const;
+    /// Column position for a name. Throws Fault when there is none.
+    int column(std::string_view field) const;
+    const std::vector<std::string>& fields() const;
+
+    /// Client-side sort by a text such as "UCB_Name DESC " (surplus blanks allowed); numbers by value, texts by the
+    /// server's order; stable. Throws Fault for an unknown column.
+    void sort(std::string_view order);
+    /// Moves to the first row that fulfils "DGL_PK = 17"; at the end when none does. Throws Fault when it can't be read.
+    void find(std::string_view condition);
+
+    std::size_t rowCount() const override;
+    int columnCount() const override;
+    int columnOf(std::string_view field) const override;
+    std::string cellText(std::size_t row, int column) const override;
+    /// Changes the cell here; writeRow sends it to the database. False for a static set.
+    bool setCellText(std::size_t row, int column, std::string_view text) override;
+    bool removeRow(std::size_t row) override;
+    bool writeRow(std::size_t row) override;
+    std::uint64_t generation() const override;
+
+    /// For drivers: begins a new result, appends its cells row by row, and ends it. Until `finish` the former rows stay, so
+    /// that a failed open leaves the set as it was.
+    class Filler {
+    public:
+        Filler(RecordSet& set, std::vector<std::string> fields);
+        ~Filler();
+        Filler(const Filler&) = delete;
+        Filler& operator=(const Filler&) = delete;
+        /// The next cell, from left to right.
+        void add(std::string_view text);
+        void addNull();
+        void finish(Cursor cursor, UpdateTarget target, std::unique_ptr<RowWriter> writer);
+
+    private:
+        RecordSet& set_;
+        struct Rows;
+        std::unique_ptr<Rows> rows_;
+    };
+
+private:
+    struct Rows;
+    std::unique_ptr<Rows> rows_;
+};
+
+}  // namespace zelvo::data

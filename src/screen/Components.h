@@ -1,0 +1,94 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <map>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "basics/Fault.h"
+
+namespace zelvo::screen {
+
+/// An object of the clinic's machine, made by its class name.
+class Component {
+public:
+    virtual ~Component() = default;
+};
+
+/// "OrderCostText.clsOrderCostText": asks the pharmacy's cost pages. Blocks until the answer is there; throws Fault with a plain
+/// Korean sentence when none comes.
+class OrderCostText : public Component {
+public:
+    struct CostRequest {
+        std::int16_t kind = 1;
+        std::string url, doctorKey, besongMethod, besongZip, besongJuso, jobListKey, drugText, chubsu, drugPrice, tjmlKey,
+            tjalSlot, pouchAmount, pouchTotal, payMethod;
+    };
+    virtual std::string ChubangJunCost(const CostRequest& request) = 0;
+
+    struct UpdateRequest {
+        std::int16_t kind = 1;
+        std::string url, doctorKey, orderKey, value5, value6, value7, value8, besongMethod, besongZip, besongJuso, payMethod;
+    };
+    virtual std::string ChubangJunCostUpdate(const UpdateRequest& request) = 0;
+};
+
+/// "AccountPrompt.clsAccountPrompt": the login and change-password dialogs.
+class AccountPrompt : public Component {
+public:
+    /// True if the user confirmed; then the texts hold what was typed.
+    virtual bool Login(std::string& id, std::string& password) = 0;
+    virtual bool ChangePassword(const std::string& oldPassword, std::string& newPassword) = 0;
+};
+
+/// "PostalLookup.clsPostalLookup": the postal code search dialog; left and top in twips.
+class PostalLookup : public Component {
+public:
+    virtual bool ZipCode(std::string& url, std::string& juso, std::string& zip, std::int32_t& left, std::int32_t& top) = 0;
+};
+
+/// "EatGuideEditor": the editor of the dosage sheet. True if the user accepted.
+class EatGuideEditor : public Component {
+public:
+    virtual bool edit(void* conSQL, std::string& patientName, std::string& sheetRtf, std::string& hospitalName,
+                      std::string& phoneNo) = 0;
+};
+
+/// "Scripting.FileSystemObject": text files of the clinic's machine. All but folderExists throw Fault.
+class FileSystemObject : public Component {
+public:
+    /// Path of a fixed folder of this system ("zelvo"), in the user's data folder.
+    virtual std::string fixedFolder(std::string_view name) = 0;
+    virtual bool folderExists(const std::string& path) = 0;
+    virtual void createFolder(const std::string& path) = 0;
+    /// Makes the file, or empties it, and writes the whole text; the file is whole on the disk when this returns.
+    virtual void writeTextFile(const std::string& path, std::string_view text) = 0;
+};
+
+/// The factory by class name. A host may register its own component under a name.
+class Components {
+public:
+    using Maker = std::function<std::unique_ptr<Component>()>;
+    void add(std::string className, Maker maker) { makers_[std::move(className)] = std::move(maker); }
+
+    /// A fresh object. Throws Fault when the class is not there or is another kind of thing.
+    template <class Kind>
+    std::unique_ptr<Kind> make(const std::string& className) const {
+        std::unique_ptr<Component> made = create(className);
+        if (auto* kind = dynamic_cast<Kind*>(made.get())) {
+            made.release();
+            return std::unique_ptr<Kind>(kind);
+        }
+        throw basics::Fault(missing(className));
+    }
+
+private:
+    std::unique_ptr<Component> create(const std::string& className) const;
+    static std::string missing(const std::string& className);
+
+    std::map<std::string, Maker> makers_;
+};
+
+}  // namespace zelvo::screen

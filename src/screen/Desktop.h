@@ -1,0 +1,108 @@
+#pragma once
+
+#include <chrono>
+#include <deque>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "screen/Components.h"
+#include "screen/Key.h"
+
+namespace zelvo::screen {
+
+class Window;
+
+enum class BoxIcon { Information, Critical, Question };
+enum class BoxButtons { Ok, YesNo };
+enum class Answer { Ok, Yes, No };
+
+struct MessageBox {
+    std::string text, caption;
+    BoxIcon icon = BoxIcon::Information;
+    BoxButtons buttons = BoxButtons::Ok;
+    Answer defaultAnswer = Answer::Ok;
+};
+
+enum class Pointer { Normal, Busy };
+
+/// Per-user settings: string values under application, section and key.
+class SettingsStore {
+public:
+    virtual ~SettingsStore() = default;
+    virtual std::string read(std::string_view application, std::string_view section, std::string_view key,
+                             std::string_view absent) const = 0;
+    /// Throws Fault when the value can't be stored.
+    virtual void write(std::string_view application, std::string_view section, std::string_view key,
+                       std::string_view value) = 0;
+};
+
+/// The services that the logic asks of a screen. A toolkit implements what is virtual; the short forms and the queue of
+/// injected keys are the same for all.
+class Desktop {
+public:
+    virtual ~Desktop() = default;
+
+    /// Shows a box and returns the answer.
+    virtual Answer messageBox(const MessageBox& box) = 0;
+    void inform(std::string_view text, std::string_view caption);
+    void alarm(std::string_view text, std::string_view caption);
+    /// True for Yes.
+    bool ask(std::string_view text, std::string_view caption, Answer defaultAnswer = Answer::Yes);
+
+    virtual void setPointer(Pointer pointer) = 0;
+    virtual Pointer pointer() const = 0;
+
+    /// Queues "{TAB}", "{END}" or "{end}": delivered to the window in front after the running event. While no window is
+    /// shown there is nobody to get them, and they are dropped.
+    void sendKeys(std::string_view keys);
+    /// For toolkits: delivers what is queued to the window in front; called when an event has ended, before the next key.
+    void deliverKeys();
+
+    /// Lets pending events run. Time-sliced: works when some 10 ms have passed since the last time, and without the
+    /// user's input.
+    void yield();
+    /// Lets pending events run once, now; with the user's input if asked for.
+    virtual void processEvents(bool userInput) = 0;
+    /// Waits a moment for something to happen, letting events run with the user's input.
+    virtual void waitForEvents(std::chrono::milliseconds atMost) = 0;
+
+    /// Screen size in twips.
+    virtual double screenWidth() const = 0;
+    virtual double screenHeight() const = 0;
+
+    /// Runs a window until window.leaving(); called by Window::showModal only.
+    virtual void runModal(Window& window) = 0;
+    /// The window in front, nullptr when none is shown.
+    Window* front() const { return shown_.empty() ? nullptr : shown_.back(); }
+
+    virtual SettingsStore& settings() = 0;
+    /// Starts the system's browser at an address; throws Fault when there is none.
+    virtual void openBrowser(std::string_view address) = 0;
+    Components& components() { return components_; }
+
+private:
+    friend class Window;
+    void opened(Window& window);
+    void closed(Window& window);
+
+    std::vector<Window*> shown_;
+    std::deque<Key> keys_;
+    std::chrono::steady_clock::time_point lastYield_{};
+    Components components_;
+};
+
+/// The busy pointer for as long as it lives.
+class BusyPointer {
+public:
+    explicit BusyPointer(Desktop& desktop) : desktop_(desktop) { desktop_.setPointer(Pointer::Busy); }
+    ~BusyPointer() { desktop_.setPointer(Pointer::Normal); }
+    BusyPointer(const BusyPointer&) = delete;
+    BusyPointer& operator=(const BusyPointer&) = delete;
+
+private:
+    Desktop& desktop_;
+};
+
+}  // namespace zelvo::screen

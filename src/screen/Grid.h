@@ -1,0 +1,157 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "basics/Pictures.h"
+#include "screen/Field.h"
+#include "tables/GridSource.h"
+
+namespace zelvo::screen {
+
+struct GridColumn {
+    std::string caption;
+    /// Field of a record set; "" for an array, whose column has the grid column's number.
+    std::string field = {};
+    bool shown = true;
+    /// The cursor stops here.
+    bool stops = true;
+    bool editable = false;
+    bool button = false;
+    bool alignRight = false;
+    std::optional<basics::NumberPicture> format = std::nullopt;
+    /// Design width in twips; shown columns keep its proportions.
+    double width = 1000;
+    /// Characters that the cell editor takes; 0 is no limit.
+    std::size_t maxLength = 0;
+};
+
+/// Shows a GridSource live. It owns the current row and column and the open edit of a cell. Rows and columns count from 0; the
+/// current row is -1 when there is none.
+class Grid : public Field {
+public:
+    Grid(Window& window, std::string name, Place place, std::vector<GridColumn> columns);
+
+    /// Binds the rows (nullptr: none) and refreshes. The source must outlive the binding.
+    void bind(tables::GridSource* source);
+    /// Takes the row count anew. Where no row was current, or all rows were replaced, row 0 becomes current and onRowChange
+    /// runs with no previous row (-1, -1); while the grid can't be seen in its window, that event is held until it can.
+    void refresh();
+    void refreshRow(int row);
+    /// Rows as of the last refresh.
+    int rowCount() const { return rows_; }
+
+    const std::string& caption() const { return caption_; }
+    void setCaption(std::string_view caption);
+    int columnCount() const { return static_cast<int>(columns_.size()); }
+    const GridColumn& column(int index) const { return columns_.at(static_cast<std::size_t>(index)); }
+    void setColumnShown(int index, bool shown);
+    void setColumnWidth(int index, double twips);
+    /// Column by caption; -1 when there is none.
+    int columnOf(std::string_view caption) const;
+    /// Whether the user may change cells of editable columns and delete rows (the Delete key is not the grid's own).
+    bool allowsUpdate = true;
+    /// What a toolkit may say in grey while there are no rows.
+    std::string emptyHint;
+
+    int currentRow() const { return row_; }
+    int currentColumn() const { return column_; }
+    bool onRow() const { return row_ >= 0 && row_ < rows_; }
+    /// Makes a row current; onRowChange runs when row or column really change. Pending editing is committed first.
+    void setCurrentRow(int row);
+    void setCurrentColumn(int column);
+    void moveFirst();
+    /// One row on; behind the last row the grid stands at its end.
+    void moveNext();
+    bool atEnd() const { return row_ < 0 || row_ >= rows_; }
+    /// Position of the current row on the glass, from 0; told by the toolkit, else the row itself. -1 without a current row.
+    int visibleRow() const;
+
+    /// Value of a column in the current row, or in a given row, as it is stored; "" where there is none.
+    std::string value(int column) const;
+    std::string value(std::string_view caption) const;
+    std::string valueAt(int row, int column) const;
+    /// Stores a value in the current row. No onCellAccepted: that is for what the user types.
+    void setValue(int column, std::string_view text);
+    void setValue(std::string_view caption, std::string_view text);
+    /// The cell as it is shown: display format, then onCellShow.
+    std::string shownText(int row, int column);
+    /// The row's named style, "" for none.
+    std::string rowStyle(int row);
+
+    /// Named row styles and their text colours.
+    void addStyle(std::string name, Color textColor);
+    void dropStyles();
+    const Color* style(std::string_view name) const;
+
+    /// Ends the open edit of a cell: a value that changed is stored, then onCellAccepted runs with its column.
+    void commitEdit();
+    /// Drops the open edit; the cell keeps its value.
+    void cancelEdit();
+    bool editing() const { return edit_.has_value(); }
+    const std::string& editText() const;
+    /// Sends the current row's changes to where the rows came from. False when the database refused.
+    bool writeCurrentRow();
+    /// Removes the current row from the source, then onRowDeleted runs. False when the source refused.
+    bool deleteCurrentRow();
+
+    /// Row height in twips; left edge of a column and top of the first row, told by the toolkit, 0 in the console.
+    double rowHeight = 0;
+    std::vector<double> columnLefts;
+    double columnLeft(int column) const;
+
+    /// What the user does.
+    void userRow(int row);                                  ///< clicks a row
+    bool userCell(int row, int column);                     ///< puts the cursor into a cell; false where it doesn't stop
+    bool userType(int column, std::string_view text);       ///< types over the cell of the current row and leaves it
+    bool userCellButton(int column);                        ///< presses the cell's button in the current row
+    void userHead(int column);                              ///< clicks a column's head
+    /// The toolkit's own editor: the text as it stands in the open cell. Begins the edit where none is open; false where the
+    /// cell can't be changed.
+    bool userEdit(std::string_view text);
+    void applyKey(const Key& key) override;
+    void leave() override { commitEdit(); }
+    /// Runs the row event that was held while the grid could not be seen. For windows and toolkits.
+    void releaseHeldEvent();
+
+    Event<int> onCellAccepted;            ///< column
+    Event<int> onEditBegin;               ///< column; the user begins to change the cell
+    Event<> onRowDeleted;
+    Event<int> onCellButton;              ///< column
+    Event<int, int> onRowChange;          ///< previous row and column, -1 for none
+    Event<int> onHeadClick;               ///< column
+    Event<int, std::string&> onRowStyle;  ///< row, style name to fill in
+    Event<int, int, std::string&> onCellShow;  ///< row, column, text to rewrite
+
+private:
+    struct Edit {
+        int row, column;
+        std::string text;
+        bool selected;  ///< the next character replaces the whole text
+    };
+    struct Style {
+        std::string name;
+        Color textColor;
+    };
+    int sourceColumn(int column) const;
+    bool canEdit(int column) const;
+    bool beginEdit(std::string text);
+    void moveTo(int row, int column);
+    void stepRight();
+    void stepSideways(int direction);
+    void typeCharacter(char32_t character);
+    void announceFirstRow();
+
+    tables::GridSource* source_ = nullptr;
+    std::vector<GridColumn> columns_;
+    std::vector<Style> styles_;
+    std::string caption_;
+    std::optional<Edit> edit_;
+    std::uint64_t generation_ = 0;
+    int rows_ = 0, row_ = -1, column_ = 0;
+    bool held_ = false;
+};
+
+}  // namespace zelvo::screen

@@ -1,0 +1,91 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+#include "screen/Field.h"
+
+namespace zelvo::screen {
+
+/// What text fields and rich text fields have in common: a text, a caret with a selection (in characters), typing.
+class EditField : public Field {
+public:
+    const std::string& text() const { return text_; }
+    /// Stores the text and runs onChange, at once and inside the call, when and only when it differs. The caret stays behind
+    /// the text if it stood there, else where it was as far as the new text reaches.
+    virtual void setText(std::string_view text);
+
+    std::size_t selectionStart() const { return selectionStart_; }
+    std::size_t selectionLength() const { return selectionLength_; }
+    /// In characters; cut to the text.
+    void select(std::size_t start, std::size_t length);
+    void caretToEnd();
+
+    /// Locked: the user's keys arrive, but the text stays.
+    bool readOnly() const { return readOnly_; }
+    void setReadOnly(bool readOnly);
+    /// At most so many characters by typing and pasting; 0 is no limit. The program may set more.
+    std::size_t maxLength() const { return maxLength_; }
+    void setMaxLength(std::size_t characters) { maxLength_ = characters; }
+    /// A multi-line field takes Enter as a line break (CR LF).
+    bool multiLine() const { return multiLine_; }
+    void setMultiLine(bool multiLine) { multiLine_ = multiLine; }
+    /// Whether the input method goes to Hangul when the field gets the focus.
+    bool hangul() const { return hangul_; }
+    void setHangul(bool hangul) { hangul_ = hangul; }
+
+    /// The user's text replaces the selection at once, without keys (a paste, a finished composition). A single-line field
+    /// takes the first line of it only.
+    void userInsert(std::string_view text);
+    void applyKey(const Key& key) override;
+
+    Event<> onChange;
+
+protected:
+    EditField(Window& window, std::string name, FieldKind kind, Place place);
+
+private:
+    void replaceSelection(std::string_view with);
+    void removeBehindCaret();
+    void removeBeforeCaret();
+    void moveCaret(int code);
+
+    std::string text_;
+    std::size_t selectionStart_ = 0, selectionLength_ = 0, maxLength_ = 0;
+    bool readOnly_ = false, multiLine_ = false, hangul_ = false;
+};
+
+class TextField : public EditField {
+public:
+    TextField(Window& window, std::string name, Place place = {});
+    /// A one-word state that the logic keeps at the field.
+    const std::string& tag() const { return tag_; }
+    void setTag(std::string_view tag) { tag_ = tag; }
+    /// Whether what is typed is shown as dots.
+    bool masked = false;
+    /// Whether the text stands at the right (numbers and money).
+    bool alignRight = false;
+
+private:
+    std::string tag_;
+};
+
+/// A rich text: the RTF form and the plain text of the same content.
+class RichTextField : public EditField {
+public:
+    RichTextField(Window& window, std::string name, Place place = {});
+    /// The content as RTF; "" while the field is empty.
+    const std::string& rtf() const { return rtf_; }
+    /// Takes RTF, or a plain text where it doesn't begin as RTF does; onChange runs when the content differs.
+    void setRtf(std::string_view rtf);
+    /// Takes a plain text; its RTF form is written from it.
+    void setText(std::string_view text) override;
+    bool locked() const { return readOnly(); }
+    void setLocked(bool locked) { setReadOnly(locked); }
+
+private:
+    std::string rtf_;
+};
+
+}  // namespace zelvo::screen

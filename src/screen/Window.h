@@ -1,0 +1,133 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "screen/Desktop.h"
+#include "screen/Field.h"
+
+namespace zelvo::screen {
+
+/// A screen with named fields. It is made, loaded at its first touch, shown modally, hidden or unloaded; an unloaded window
+/// is not shown again. It owns the tab order, the focus and the count of its running actions.
+class Window {
+public:
+    /// `name` is the class name ("frmMessage"); width and height in twips.
+    Window(Desktop& desktop, std::string name, double width, double height);
+    virtual ~Window();
+    Window(const Window&) = delete;
+    Window& operator=(const Window&) = delete;
+
+    const std::string& name() const { return name_; }
+    Desktop& desktop() const { return desktop_; }
+    const std::string& caption() const { return caption_; }
+    void setCaption(std::string_view caption);
+
+    /// Runs onLoad once, at the first touch.
+    void touch();
+    Event<> onLoad;
+
+    /// Field by name, nullptr when there is none. Names are told apart by case.
+    Field* field(std::string_view name) const;
+    const std::vector<Field*>& fields() const { return fields_; }
+    /// The named fields first, in this order, then all others in the order of their making.
+    void setTabOrder(const std::vector<std::string>& names);
+    const std::vector<Field*>& tabOrder() const { return tabOrder_; }
+
+    Field* focus() const { return focus_; }
+    /// A Tab move from the field that has the focus: the next field that takes the focus and is reachable, or would be with its
+    /// page of a tab control inside the main tab in front (which then comes forward). Wraps around.
+    void moveFocus(bool backward = false);
+    /// The tab control whose pages a Tab move never turns.
+    void setMainTabs(const Field* tabs) { mainTabs_ = tabs; }
+
+    /// Shows the window modally; returns when it has been hidden or unloaded and none of its actions runs.
+    void showModal();
+    bool shown() const { return shown_; }
+    /// Ends the modal run; the window can still be read by its caller.
+    void hide();
+    /// Ends the modal run, or the life of a window that was never shown or only hidden; onUnload runs once, when no action
+    /// of the window runs any more.
+    void unload();
+    bool unloaded() const { return unloaded_; }
+    Event<> onUnload;
+    /// True when the modal run is to end: something asked for it, and no action runs.
+    bool leaving() const;
+
+    /// The size changed, by the user or the toolkit (twips); onResize runs.
+    void userResize(double width, double height);
+    Event<> onResize;
+    /// Sees a key before the fields do; setting it to 0 swallows it.
+    Event<int&> onKeyPreview;
+    /// A field, or the window itself (nullptr), has something new to show.
+    Event<Field*> onTouched;
+
+    double left = 0, top = 0;
+    double width() const { return width_; }
+    double height() const { return height_; }
+
+    /// What the user does goes through here: it runs as an action of the window. While another action runs, it waits until
+    /// that one has ended (unless the running one takes input, as the wait for a notice's page does).
+    void userInput(std::function<void()> input);
+    /// A key of the user or an injected one, for the field that has the focus.
+    void userKey(const Key& key);
+    /// The user moves the focus to a field.
+    void userFocus(Field& field);
+    /// The user wants the window closed.
+    void userClose();
+
+    /// Counts a running action for as long as it lives. A window is not closed, and takes no further input, before the
+    /// count is zero.
+    class Action {
+    public:
+        explicit Action(Window& window);
+        ~Action();
+        Action(const Action&) = delete;
+        Action& operator=(const Action&) = delete;
+
+    private:
+        Window& window_;
+    };
+    bool busy() const { return actions_ > 0; }
+    /// While it lives, the running action lets the user's input in.
+    class InputAllowed {
+    public:
+        explicit InputAllowed(Window& window);
+        ~InputAllowed();
+        InputAllowed(const InputAllowed&) = delete;
+        InputAllowed& operator=(const InputAllowed&) = delete;
+
+    private:
+        Window& window_;
+    };
+
+private:
+    friend class Field;
+    void registerField(Field& field);
+    void forget(Field& field);
+    void touched(Field* field) { onTouched(field); }
+    void giveFocus(Field& field);
+    void endAction();
+    void finishUnload();
+    bool canMoveTo(const Field& field) const;
+    void bringForward(const Field& field);
+
+    enum class Leaving { No, Hide, Unload };
+
+    Desktop& desktop_;
+    std::string name_, caption_;
+    double width_, height_;
+    std::vector<Field*> fields_, tabOrder_;
+    std::unordered_map<std::string, Field*> byName_;
+    Field* focus_ = nullptr;
+    const Field* mainTabs_ = nullptr;
+    std::vector<std::function<void()>> waiting_;
+    int actions_ = 0, inputAllowed_ = 0;
+    bool loaded_ = false, shown_ = false, unloaded_ = false;
+    Leaving leaving_ = Leaving::No;
+};
+
+}  // namespace zelvo::screen
