@@ -1,0 +1,56 @@
+#pragma once
+
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include "screen/Desktop.h"
+#include "screen/Grid.h"
+#include "screen/Window.h"
+
+namespace zelvo::console {
+
+/// Something that a user could not do: no such field, not reachable, a cell where the cursor does not stop …
+class ActionError : public std::runtime_error {
+public:
+    using std::runtime_error::runtime_error;
+};
+
+/// What a user does to the window in front, field by field, with the keys that it takes. Injected keys are delivered after each
+/// event. All but `find` throw ActionError for what a user could not do. Columns are numbers from 0 or captions.
+class UserActions {
+public:
+    explicit UserActions(screen::Desktop& desktop) : desktop_(desktop) {}
+
+    void type(const std::string& field, const std::string& text);
+    void key(const std::string& field, const std::vector<std::string>& names);
+    void paste(const std::string& field, const std::string& text);
+    void focus(const std::string& field);
+    void choose(const std::string& field, const std::string& entry);
+    void check(const std::string& field, bool on);
+    void press(const std::string& field);
+    void tab(const std::string& field, int page);
+    void date(const std::string& field, const std::string& yyyymmdd);
+    void row(const std::string& grid, int row);
+    void cell(const std::string& grid, const std::string& column, const std::string& text);
+    void cellKey(const std::string& grid, const std::string& column, const std::string& key);
+    void cellButton(const std::string& grid, const std::string& column);
+    void head(const std::string& grid, const std::string& column);
+    void resize();
+    void close();
+
+    /// The window in front; an error when there is none.
+    screen::Window& front() const;
+    /// A field of the window in front; an error when it has none of that name.
+    screen::Field& find(const std::string& field) const;
+    /// A column by number, or by caption; an error when there is none.
+    static int columnIn(const screen::Grid& grid, const std::string& column);
+
+private:
+    screen::Field& reach(const std::string& field) const;
+    void run(screen::Window& window, const std::function<void()>& event);
+
+    screen::Desktop& desktop_;
+};
+
+}  // namespace zelvo::console
