@@ -1,0 +1,70 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "data/Connection.h"
+
+namespace zelvo::testing {
+
+/// A pharmacy of its own for one test: a SQLite file made from demo/pharmacy/*.sql, gone with the object. Which rows it
+/// holds is the demo's affair; a test that needs certain rows writes them itself.
+class TestDatabase {
+public:
+    /// `withCatalogue` false gives the bare tables.
+    explicit TestDatabase(bool withCatalogue = true);
+    ~TestDatabase();
+    TestDatabase(const TestDatabase&) = delete;
+    TestDatabase& operator=(const TestDatabase&) = delete;
+
+    std::string path() const { return path_; }
+    /// What the host hands over as the server: "sqlite:" and the path.
+    std::string address() const { return "sqlite:" + path_; }
+    std::unique_ptr<data::Connection> connect() const;
+
+    /// Behind the client's back, on a connection of its own: several statements at once, and what one statement gives.
+    void run(const std::string& statements) const;
+    std::string value(const std::string& query) const;
+    std::vector<std::vector<std::string>> rows(const std::string& query) const;
+
+private:
+    std::string path_;
+};
+
+/// A connection that fails on purpose and remembers what was asked of it.
+class FaultyConnection : public data::Connection {
+public:
+    explicit FaultyConnection(std::unique_ptr<data::Connection> inner);
+
+    /// The N-th call from now on fails (from 1; begin, commit, execute and open count alike); 0: none does.
+    void failAt(int call) { countdown_ = call; }
+    /// From the failing call on everything fails, as on a line that is gone.
+    bool staysBroken = false;
+    /// What the next commit comes to, in place of what it is.
+    std::optional<data::CommitOutcome> nextCommit;
+    /// Called before each call with its statement ("BEGIN", "COMMIT", "ROLLBACK" for those).
+    std::function<void(const std::string&)> before;
+    std::vector<std::string> statements;
+    bool inTransaction = false;
+
+    bool isOpen() const override;
+    void close() override;
+    void execute(const std::string& statement) override;
+    void open(data::RecordSet& set, const std::string& statement, data::Cursor cursor,
+              const data::UpdateTarget& target = {}) override;
+    void begin() override;
+    data::CommitOutcome commit() override;
+    void rollback() override;
+
+private:
+    void count(const std::string& statement);
+
+    std::unique_ptr<data::Connection> inner_;
+    int countdown_ = 0;
+    bool broken_ = false;
+};
+
+}  // namespace zelvo::testing
