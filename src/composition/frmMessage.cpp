@@ -1,0 +1,53 @@
+#include "composition/frmMessage.h"
+
+#include "basics/Text.h"
+
+namespace zelvo::composition {
+
+namespace {
+constexpr double twipsPerPixel = 15;
+}
+
+frmMessage::frmMessage(screen::Desktop& desktop)
+    : Window(desktop, "frmMessage", 480 * twipsPerPixel, 320 * twipsPerPixel),
+      sspMessage(*this, "sspMessage", {}, " 창 닫기 = Esc 키"),
+      rtxMessage(*this, "rtxMessage", sspMessage.inside()),
+      cmdReg(*this, "cmdReg", sspMessage.inside(), "저장") {
+    rtxMessage.setMultiLine(true);
+    rtxMessage.setLocked(true);
+    rtxMessage.setLabel("내용");
+    cmdReg.setVisible(false);
+
+    rtxMessage.onFocus.add([this] { rtxMessage.caretToEnd(); });
+    cmdReg.onPress.add([this] {
+        m_Note = rtxMessage.text();
+        hide();
+    });
+    onKeyPreview.add([this](int& code) {
+        if (code != screen::keys::escape) return;
+        code = screen::keys::none;
+        unload();
+    });
+}
+
+void frmMessage::placeBeside(const screen::Panel& panel) {
+    left = panel.window().left + panel.left + 150;
+    top = panel.window().top + panel.top + 650;
+}
+
+void frmMessage::read(std::string_view caption, std::string_view text) {
+    setCaption(caption);
+    rtxMessage.setText(text);
+    showModal();
+    unload();
+}
+
+std::string frmMessage::BigoInfo() {
+    m_Note = rtxMessage.text();
+    rtxMessage.setLocked(false);
+    cmdReg.setVisible(true);
+    showModal();
+    return basics::trim(m_Note);
+}
+
+}  // namespace zelvo::composition
