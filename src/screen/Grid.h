@@ -28,16 +28,17 @@ struct GridColumn {
     std::size_t maxLength = 0;
 };
 
-/// Shows a GridSource live. It owns the current row and column and the open edit of a cell. Rows and columns count from 0; the
-/// current row is -1 when there is none.
+/// Shows a GridSource live. It owns the current row and column and the open edit of a cell. Rows and columns
+/// count from 0; the current row is -1 when there is none.
 class Grid : public Field {
 public:
     Grid(Window& window, std::string name, Place place, std::vector<GridColumn> columns);
 
     /// Binds the rows (nullptr: none) and refreshes. The source must outlive the binding.
     void bind(tables::GridSource* source);
-    /// Takes the row count anew. Where no row was current, or all rows were replaced, row 0 becomes current and onRowChange
-    /// runs with no previous row (-1, -1); while the grid can't be seen in its window, that event is held until it can.
+    /// Takes the row count anew. Where no row was current, or all rows were replaced, row 0 becomes current
+    /// and onRowChange runs with no previous row (-1, -1); while the grid can't be seen in its window, that
+    /// event is held until it can.
     void refresh();
     void refreshRow(int row);
     /// Rows as of the last refresh.
@@ -51,7 +52,8 @@ public:
     void setColumnWidth(int index, double twips);
     /// Column by caption; -1 when there is none.
     int columnOf(std::string_view caption) const;
-    /// Whether the user may change cells of editable columns and delete rows (the Delete key is not the grid's own).
+    /// Whether the user may change cells of editable columns and delete rows (the Delete key is not the
+    /// grid's own).
     bool allowsUpdate = true;
     /// What a toolkit may say in grey while there are no rows.
     std::string emptyHint;
@@ -59,14 +61,18 @@ public:
     int currentRow() const { return row_; }
     int currentColumn() const { return column_; }
     bool onRow() const { return row_ >= 0 && row_ < rows_; }
-    /// Makes a row current; onRowChange runs when row or column really change. Pending editing is committed first.
+    /// Makes a row current; onRowChange runs when row or column really change. Pending editing is committed
+    /// first.
     void setCurrentRow(int row);
     void setCurrentColumn(int column);
     void moveFirst();
     /// One row on; behind the last row the grid stands at its end.
     void moveNext();
     bool atEnd() const { return row_ < 0 || row_ >= rows_; }
-    /// Position of the current row on the glass, from 0; told by the toolkit, else the row itself. -1 without a current row.
+    /// First row on the glass; told by the toolkit.
+    int topRow = 0;
+    /// Position of the current row on the glass, from 0; told by the toolkit, else the row itself. -1 without
+    /// a current row.
     int visibleRow() const;
 
     /// Value of a column in the current row, or in a given row, as it is stored; "" where there is none.
@@ -86,7 +92,8 @@ public:
     void dropStyles();
     const Color* style(std::string_view name) const;
 
-    /// Ends the open edit of a cell: a value that changed is stored, then onCellAccepted runs with its column.
+    /// Ends the open edit of a cell: a value that changed is stored, then onCellAccepted runs with its
+    /// column.
     void commitEdit();
     /// Drops the open edit; the cell keeps its value.
     void cancelEdit();
@@ -97,39 +104,42 @@ public:
     /// Removes the current row from the source, then onRowDeleted runs. False when the source refused.
     bool deleteCurrentRow();
 
-    /// Row height in twips; left edge of a column and top of the first row, told by the toolkit, 0 in the console.
+    /// Row height in twips; left edge of a column and top of the first row, told by the toolkit, 0 in the
+    /// console.
     double rowHeight = 0;
     std::vector<double> columnLefts;
     double columnLeft(int column) const;
 
     /// What the user does.
-    void userRow(int row);                                  ///< clicks a row
-    bool userCell(int row, int column);                     ///< puts the cursor into a cell; false where it doesn't stop
-    bool userType(int column, std::string_view text);       ///< types over the cell of the current row and leaves it
-    bool userCellButton(int column);                        ///< presses the cell's button in the current row
-    void userHead(int column);                              ///< clicks a column's head
-    /// The toolkit's own editor: the text as it stands in the open cell. Begins the edit where none is open; false where the
-    /// cell can't be changed.
+    void userRow(int row);               ///< clicks a row
+    bool userCell(int row, int column);  ///< puts the cursor into a cell; false where it doesn't stop
+    /// Types over the cell of the current row, key by key, and leaves it; "" empties it. False where the cell
+    /// can't be changed.
+    bool userType(int column, std::string_view text);
+    bool userCellButton(
+        int column);            ///< presses the cell's button in the current row; false where there is none
+    void userHead(int column);  ///< clicks a column's head
+    /// The toolkit's own editor: the text as it stands in the open cell. Begins the edit where none is open;
+    /// false where the cell can't be changed.
     bool userEdit(std::string_view text);
     void applyKey(const Key& key) override;
     void leave() override { commitEdit(); }
     /// Runs the row event that was held while the grid could not be seen. For windows and toolkits.
     void releaseHeldEvent();
 
-    Event<int> onCellAccepted;            ///< column
-    Event<int> onEditBegin;               ///< column; the user begins to change the cell
+    Event<int> onCellAccepted;  ///< column
+    Event<int> onEditBegin;     ///< column; the user begins to change the cell
     Event<> onRowDeleted;
-    Event<int> onCellButton;              ///< column
-    Event<int, int> onRowChange;          ///< previous row and column, -1 for none
-    Event<int> onHeadClick;               ///< column
-    Event<int, std::string&> onRowStyle;  ///< row, style name to fill in
+    Event<int> onCellButton;                   ///< column
+    Event<int, int> onRowChange;               ///< previous row and column, -1 for none
+    Event<int> onHeadClick;                    ///< column
+    Event<int, std::string&> onRowStyle;       ///< row, style name to fill in
     Event<int, int, std::string&> onCellShow;  ///< row, column, text to rewrite
 
 private:
     struct Edit {
         int row, column;
         std::string text;
-        bool selected;  ///< the next character replaces the whole text
     };
     struct Style {
         std::string name;
@@ -138,13 +148,18 @@ private:
     int sourceColumn(int column) const;
     bool canEdit(int column) const;
     bool beginEdit(std::string text);
+    void setEditText(std::string text);
+    std::string editedText() const;
+    bool inView() const;
+    bool stopsAt(int column) const;
+    int nextStop(int from, int direction) const;
     void moveTo(int row, int column);
-    void stepRight();
-    void stepSideways(int direction);
+    void applyCode(int code);
     void typeCharacter(char32_t character);
-    void announceFirstRow();
+    void announce(int previousRow, int previousColumn);
 
     tables::GridSource* source_ = nullptr;
+    bool rebound_ = false;
     std::vector<GridColumn> columns_;
     std::vector<Style> styles_;
     std::string caption_;
@@ -152,6 +167,7 @@ private:
     std::uint64_t generation_ = 0;
     int rows_ = 0, row_ = -1, column_ = 0;
     bool held_ = false;
+    Event<Field*>::Subscription whenTouched_;
 };
 
 }  // namespace zelvo::screen
