@@ -49,6 +49,8 @@ public:
     void set(int row, int column, bool value);
     void set(int row, int column, std::int32_t value);
     void set(int row, int column, std::int64_t value);
+    /// A single-precision value stands as the decimal that it says: 17.1, not 17.1000003.
+    void set(int row, int column, float value);
     void set(int row, int column, double value);
     void setNothing(int row, int column);
 
