@@ -1,0 +1,32 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "doctorzelvo/DoctorZELVO.hpp"
+
+namespace chart {
+
+/// What the command line says: whom the window is for and what the chart hands over. A text not given is empty, a number 0.
+struct ChartCall {
+    bool nurse = false, console = false;
+    std::string script, server, account;
+    std::int32_t patientPk = 0;
+    std::string patientName, patientJumin;
+    std::int16_t patientAge = 0, patientSex = 0;
+    std::string patientCell, patientTel, patientEmail, patientZip, patientAddress;
+    std::string hospitalName, doctorName, hospitalTel, doctorCell, hospitalZip, hospitalAddress;
+
+    /// Makes the call and returns when the window has closed.
+    void make(doctorzelvo::clsZELVOInterface& component) const;
+};
+
+/// Reads the words behind the program's name; false with the reason in `error` when they can't be read. A word that stands
+/// twice counts as given the second time.
+bool readChartCall(const std::vector<std::string>& words, ChartCall& call, std::string& error);
+
+/// How the program is called.
+std::string chartUsage();
+
+}  // namespace chart

@@ -1,0 +1,97 @@
+#!/usr/bin/env bash
+# Builds DoctorZELVO, starts the demo pharmacy and sends an order from a chart's call to the database and back.
+set -euo pipefail
+cd "$(dirname "${BASH_SOURCE[0]}")"
+
+usage() {
+  cat <<'TEXT'
+usage: ./run.sh [--fresh]                     a whole order in the console, on the demo pharmacy
+       ./run.sh doctor --console [OPTION...]  a doctor's session by hand (or --script FILE)
+       ./run.sh nurse --console [OPTION...]   a nurse's session by hand
+       ./run.sh --build-only                  builds build/bin/zelvo and build/bin/zelvo-pharmacy
+       ./run.sh --help
+
+Installs what is missing (Debian 12), builds incrementally into build/. The demo pharmacy's database stands in the user's
+data folder and lasts from run to run; --fresh, before anything else, makes it anew. Options of a session, such as
+--patient-name 김하늘, are those of `build/bin/zelvo --help`; the demo's own values stand in for those not given.
+TEXT
+}
+
+fresh=()
+mode=scenario
+case "${1-}" in
+  --help|-h) usage; exit 0 ;;
+  --fresh) fresh=(--fresh); shift ;;
+esac
+case "${1-}" in
+  '') ;;
+  --build-only) mode=build ;;
+  doctor|nurse) mode=$1; shift ;;
+  *) usage >&2; exit 2 ;;
+esac
+
+# shellcheck source=tools/packages.sh
+. tools/packages.sh
+need "${build_packages[@]}" "${run_packages[@]}"
+
+# The configuration is made once; the build system itself sees when it has to be made again.
+[ -f build/build.ninja ] || cmake -S . -B build -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo -DZELVO_TESTS=OFF >&2
+ninja -C build --quiet zelvo zelvo-pharmacy >&2
+[ "$mode" = build ] && exit 0
+
+data="${XDG_DATA_HOME:-$HOME/.local/share}/zelvo"
+db="$data/pharmacy.db"
+mkdir -p "$data"
+build/bin/zelvo-pharmacy --db "$db" init "${fresh[@]}" >&2
+
+ready=$(mktemp)
+build/bin/zelvo-pharmacy --db "$db" serve --parent $$ --ready-file "$ready" >&2 &
+server=$!
+trap 'kill "$server" 2>/dev/null || true; wait "$server" 2>/dev/null || true; rm -f "$ready"' EXIT
+for _ in $(seq 100); do
+  [ -s "$ready" ] && break
+  kill -0 "$server" 2>/dev/null || { echo "The demo pharmacy did not start." >&2; exit 1; }
+  sleep 0.05
+done
+
+chart_values() {
+  # Options that stand twice count as given the second time, so the user's own follow.
+  printf '%s\n' --server "sqlite:$db"
+  if [ "$1" = nurse ]; then
+    printf '%s\n' --account 'doctor1/$/pass1#$#doctor2/$/pass2#$#doctor3/$/pass3'
+  else
+    printf '%s\n' --account 'doctor1/$/pass1' \
+      --patient-pk 1024 --patient-name 김하늘 --patient-jumin 850312-2345678 --patient-age 41 --patient-sex 2 \
+      --patient-cell 010-1234-5678 --patient-tel 02-123-4567 --patient-email haneul@example.kr \
+      --patient-zip 06236 --patient-address '서울특별시 강남구 테헤란로 152' \
+      --hospital-name 하늘한의원 --doctor-name 이정민 --hospital-tel 02-555-0123 --doctor-cell 010-8765-4321 \
+      --hospital-zip 03045 --hospital-address '서울특별시 종로구 효자로 12'
+  fi
+}
+
+if [ "$mode" != scenario ]; then
+  mapfile -t values < <(chart_values "$mode")
+  status=0
+  build/bin/zelvo "$mode" "${values[@]}" "$@" || status=$?
+  exit "$status"
+fi
+
+mapfile -t values < <(chart_values doctor)
+before=$(sqlite3 "$db" 'SELECT COALESCE(MAX(CBJ_PK), 0) FROM t_ChubangJun')
+build/bin/zelvo doctor --console --script demo/scenarios/first-order.zs "${values[@]}"
+show() {
+  echo
+  echo "$1"
+  sqlite3 -header -column "$db" "$2"
+}
+show "The order as it now stands at the pharmacy (t_ChubangJun)" \
+  "SELECT CBJ_PK, DTR_PK, Patient_Name, CBJ_Chubsu, CBJ_PouchTotal, CBJ_DrugCost, CBJ_PayMethod, CBJ_State, CBJ_RegDate
+   FROM t_ChubangJun WHERE CBJ_PK > $before"
+show "Its herbs (t_CBJDetail)" \
+  "SELECT DET_Order, DGL_CallSign, DET_Weight, DET_Danga, DET_Money FROM t_CBJDetail WHERE CBJ_PK > $before ORDER BY DET_Order"
+show "Its mileage (t_Stock)" "SELECT CBJ_PK, STK_Money, STK_Date, STK_Note FROM t_Stock WHERE CBJ_PK > $before"
+show "Its notes and its sheet" \
+  "SELECT c.CCD_DrugCost, c.CCD_BesongCost, e.HospName, e.PhoneNo
+   FROM t_CBJcostDetail c JOIN t_EatGuide e ON e.CBJ_PK = c.CBJ_PK WHERE c.CBJ_PK > $before"
+echo
+echo "The log of the send: $(ls -t "$data"/zelvo_*.htm | head -1)"

@@ -1,0 +1,111 @@
+#include "host/DoctorLogin.h"
+
+#include "basics/Fault.h"
+#include "basics/Numbers.h"
+#include "basics/Text.h"
+#include "data/Words.h"
+#include "screen/Desktop.h"
+#include "screen/Window.h"
+
+namespace zelvo::host {
+
+namespace {
+
+constexpr const char* loginCaption = "한약국 로그인";
+constexpr std::string_view partSeparator = "/$/";
+constexpr std::string_view accountSeparator = "#$#";
+
+}  // namespace
+
+DoctorLogin::DoctorLogin(screen::Window& form, screen::Place noticeTab, session::Session& session, DoctorViews views)
+    : ssrLogIN(form, "ssrLogIN", noticeTab, "로그인"), form_(form), session_(session), views_(views) {}
+
+std::int16_t DoctorLogin::Load_DoctorInfo(LoginJob job, std::int32_t& DTRPK) {
+    try {
+        if (job == LoginJob::Nurse) {
+            listNurseDoctors();
+            return 1;
+        }
+        return loadDoctor(job, DTRPK);
+    } catch (const basics::Fault& fault) {
+        form_.desktop().alarm(fault.what(), loginCaption);
+        return -1;
+    }
+}
+
+std::int16_t DoctorLogin::loadDoctor(LoginJob job, std::int32_t& DTRPK) {
+    data::DoctorRecord doctor;
+    std::int16_t kind = 2;
+    if (job == LoginJob::Initialize) {
+        if (session_.m_DoctorIDPWD.find(partSeparator) == std::string::npos) return -1;
+        const auto parts = basics::split(session_.m_DoctorIDPWD, partSeparator);
+        doctor.DTR_ID = basics::trim(parts[0]);
+        doctor.DTR_PWD = basics::trim(parts[1]);
+        kind = 1;
+    } else {
+        doctor.DTR_PK = DTRPK;
+    }
+    DTRPK = 0;
+    const std::int16_t result = data::clsZELVORecordSet().RecordSet_DoctorInfo(session_.connection(), kind, doctor);
+    if (result == -1) {
+        form_.desktop().alarm("Doctor 정보를 가져오는 중 오류 발생. [한약국 서버 연결 확인]", loginCaption);
+        return -1;
+    }
+    if (result == 0) {
+        form_.desktop().inform("입력된 아이디와 암호에 대한 Doctor 정보를 찾을 수 없습니다. [한약국 서버 연결 확인]",
+                               loginCaption);
+        return 0;
+    }
+    showDoctor(job, doctor);
+    DTRPK = doctor.DTR_PK;
+    return 1;
+}
+
+// Blanks count here: a nurse's accounts are compared as the chart wrote them.
+void DoctorLogin::listNurseDoctors() {
+    for (const std::string& account : basics::split(session_.m_DoctorIDPWD, accountSeparator)) {
+        const std::size_t cut = account.find(partSeparator);
+        if (cut == std::string::npos) continue;
+        data::DoctorRecord doctor;
+        doctor.DTR_ID = account.substr(0, cut);
+        doctor.DTR_PWD = account.substr(cut + partSeparator.size());
+        if (data::clsZELVORecordSet().RecordSet_DoctorInfo(session_.connection(), 1, doctor) != 1) continue;
+        views_.cbodtrList.addEntry(basics::decimalText(std::int64_t{doctor.DTR_PK}) + "/" + doctor.DTR_Name);
+    }
+}
+
+void DoctorLogin::showDoctor(LoginJob job, const data::DoctorRecord& doctor) {
+    Clear_DoctorInfo();
+    if (job == LoginJob::Login) {
+        views_.sender.txtHospitalName.setText(basics::trim(doctor.DTR_HosName));
+        views_.sender.txtDoctor.setText(basics::trim(doctor.DTR_Name));
+        views_.sender.txtDoctorCell.setText(basics::trim(doctor.DTR_Cell));
+        views_.sender.txtHospitalTel.setText(basics::trim(doctor.DTR_HosTel));
+        views_.sender.txtBalsongZip.setText(basics::trim(doctor.DTR_HosZip));
+        views_.sender.txtBalsongJuso.setText(basics::trim(doctor.DTR_Address));
+    }
+    const std::string id = basics::trim(doctor.DTR_ID);
+    views_.stbMain.setPanel(2, " 현재 접속 ID : " + id);
+    form_.setCaption("ZEL-VO 메인 윈도우 - 한의사(현재 접속 ID : " + id + ")");
+    views_.profile.show(doctor);
+    showPayMethods(doctor.DTR_ValidPay);
+}
+
+void DoctorLogin::showPayMethods(const std::string& validPay) {
+    screen::ComboList& methods = views_.payment.cboPaymentMethod;
+    methods.clear();
+    const account::ValidPay valid = account::validPay(validPay);
+    if (valid.deposit) methods.addEntry(data::pay::deposit);
+    if (valid.later) methods.addEntry(data::pay::later);
+    if (valid.settled) methods.addEntry(data::pay::settled);
+    if (methods.entryCount() > 0) methods.select(0);
+}
+
+void DoctorLogin::Clear_DoctorInfo() {
+    views_.sender.clear();
+    views_.stbMain.setPanel(2, "");
+    views_.profile.clear();
+    views_.payment.cboPaymentMethod.clear();
+}
+
+}  // namespace zelvo::host

@@ -1,0 +1,27 @@
+#include "host/OrderTab.h"
+
+namespace zelvo::host {
+
+OrderTab::OrderTab(screen::Window& form, screen::Place tab, session::Session& session, account::BalanceView& balance)
+    : frames(form, tab),
+      gate(form, frames),
+      options(form, frames, session, gate),
+      herbs(form, frames, session, gate),
+      dose(form, frames, session, herbs, gate),
+      patient(form, frames, gate),
+      sender(form, frames),
+      payment(form, frames, gate),
+      sheet(form, frames, session, patient.txtPatientName, gate),
+      draft{session, herbs, dose, options, patient, sender, payment, sheet},
+      cost(form, frames, draft, gate),
+      send(form, draft, gate, cost, balance) {}
+
+void OrderTab::Form_Load() {
+    gate.Set_CostConfirmed(false);
+    herbs.Form_Load();
+    options.Form_Load();
+    cost.Form_Load();
+    patient.Form_Load();
+}
+
+}  // namespace zelvo::host

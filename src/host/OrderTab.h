@@ -1,0 +1,38 @@
+#pragma once
+
+#include "composition/DosageSheet.h"
+#include "composition/DoseFields.h"
+#include "composition/HerbTable.h"
+#include "composition/OrderFrames.h"
+#include "composition/OrderOptions.h"
+#include "composition/PatientDelivery.h"
+#include "composition/PaymentChoice.h"
+#include "composition/SenderBlock.h"
+#include "ordering/CostConfirmation.h"
+#include "ordering/OrderDraft.h"
+#include "ordering/OrderSend.h"
+#include "ordering/SendGate.h"
+
+namespace zelvo::host {
+
+/// The tab on which a new order is composed, priced and sent: its panes and flows, in the order of their building.
+struct OrderTab {
+    OrderTab(screen::Window& form, screen::Place tab, session::Session& session, account::BalanceView& balance);
+
+    void Form_Load();
+
+    composition::OrderFrames frames;
+    ordering::SendGate gate;
+    composition::OrderOptions options;
+    composition::HerbTable herbs;
+    composition::DoseFields dose;
+    composition::PatientDelivery patient;
+    composition::SenderBlock sender;
+    composition::PaymentChoice payment;
+    composition::DosageSheet sheet;
+    ordering::OrderDraft draft;
+    ordering::CostConfirmation cost;
+    ordering::OrderSend send;
+};
+
+}  // namespace zelvo::host

@@ -1,0 +1,101 @@
+#include "host/frmDoctorOCSmain.h"
+
+#include "basics/Fault.h"
+#include "input/TabOrder.h"
+
+namespace zelvo::host {
+
+namespace {
+
+// A window of 1280 by 800 points at 15 twips a point.
+constexpr double designWidth = 19200, designHeight = 12000;
+
+// The window's end can't be stopped by a broken line: a step that fails is passed over.
+template <class Step>
+void regardless(Step step) {
+    try {
+        step();
+    } catch (const basics::Fault&) {
+    }
+}
+
+}  // namespace
+
+frmDoctorOCSmain::frmDoctorOCSmain(screen::Desktop& desktop, session::Session& session)
+    : Window(desktop, "frmDoctorOCSmain", designWidth, designHeight),
+      c1eMain(*this, "c1eMain"),
+      c1tMain(*this, "c1tMain", {"한약국 공지사항", "처방전 작성 및 전송", "처방전 관리", "MY OCS"}, c1eMain.inside()),
+      stbMain(*this, "stbMain"),
+      notices(*this, c1tMain.page(noticeTab), session),
+      search(*this, c1tMain.page(managementTab)),
+      detail(*this, c1tMain.page(managementTab)),
+      profile(*this, c1tMain.page(myOcsTab)),
+      balance(*this, c1tMain.page(myOcsTab), session),
+      order(*this, c1tMain.page(orderTab), session, balance),
+      login(*this, c1tMain.page(noticeTab), session,
+            {stbMain, profile, order.sender, order.payment, search.cbodtrList}),
+      session_(session),
+      rules_(*this) {
+    setCaption("ZEL-VO 메인 윈도우");
+    setMainTabs(&c1tMain);
+    setTabOrder(input::tabOrder());
+    onLoad.add([this] { Form_Load(); });
+    onResize.add([this] { Form_Resize(); });
+    onUnload.add([this] { Form_Unload(); });
+    c1tMain.onClick.add([this] { c1tMain_Click(); });
+}
+
+void frmDoctorOCSmain::Form_Load() {
+    order.Form_Load();
+    detail.Form_Load();
+    search.Form_Load();
+    profile.Form_Load();
+}
+
+void frmDoctorOCSmain::Form_Resize() { c1tMain_Click(); }
+
+void frmDoctorOCSmain::c1tMain_Click() {
+    order.gate.Set_CostConfirmed(false);
+    detail.ssrCBJmCancel.height = 225;
+}
+
+void frmDoctorOCSmain::Form_Unload() {
+    regardless([this] { releaseArrays(); });
+    regardless([this] { releaseConnections(); });
+    regardless([this] { releaseRecordSets(); });
+    regardless([this] { releaseStyles(); });
+}
+
+void frmDoctorOCSmain::releaseArrays() {
+    for (tables::XArrayDB* array : {&order.options.m_xaJobList, &session_.g_xaDrug, &order.options.m_xaTJML,
+                                    &order.options.m_xaTJAL, &search.m_xaCBJ, &order.cost.m_xaCostConfirm,
+                                    &detail.m_xaCBJmCost}) {
+        array->reDim(-1, -1);
+    }
+}
+
+void frmDoctorOCSmain::releaseConnections() {
+    if (session_.g_conYakGuk) {
+        regardless([this] {
+            if (session_.g_conYakGuk->isOpen()) session_.g_conYakGuk->close();
+        });
+        session_.g_conYakGuk.reset();
+    }
+    session_.g_conChart = nullptr;
+}
+
+void frmDoctorOCSmain::releaseRecordSets() {
+    for (data::RecordSet* set : {&notices.m_rsGongJi, &balance.m_rsInStock, &balance.m_rsUsedStock, &balance.m_rsMileage,
+                                 &detail.m_rsCBJmDGL}) {
+        if (set->isOpen()) set->close();
+    }
+}
+
+void frmDoctorOCSmain::releaseStyles() {
+    for (screen::Grid* grid : {&order.herbs.tdbDGL, &order.options.tdbJobList, &order.options.tdbTJML,
+                               &order.options.tdbTJAL, &order.cost.tdbCostConfirm, &detail.tdbCBJmCost}) {
+        grid->dropStyles();
+    }
+}
+
+}  // namespace zelvo::host

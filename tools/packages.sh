@@ -1,0 +1,23 @@
+# Sourced by run.sh, test.sh and .ci/run: installs what is missing of a list of Debian packages, and nothing when all is there.
+# Usage: need PACKAGE...
+need() {
+  local missing=() package
+  for package in "$@"; do
+    dpkg-query -W -f='${Status}' "$package" 2>/dev/null | grep -q 'ok installed' || missing+=("$package")
+  done
+  [ ${#missing[@]} -eq 0 ] && return 0
+  echo "Installing: ${missing[*]}" >&2
+  local apt=(apt-get)
+  if [ "$(id -u)" -ne 0 ]; then
+    command -v sudo >/dev/null || { echo "These packages are missing and need root to install: ${missing[*]}" >&2; return 1; }
+    apt=(sudo apt-get)
+  fi
+  export DEBIAN_FRONTEND=noninteractive
+  "${apt[@]}" update -qq >&2
+  "${apt[@]}" install -y -qq --no-install-recommends "${missing[@]}" >&2
+}
+
+build_packages=(g++ cmake ninja-build ccache libsqlite3-dev libcurl4-openssl-dev libcpp-httplib-dev)
+run_packages=(sqlite3 ca-certificates)
+test_packages=(libgtest-dev)
+check_packages=(clang-format clang-tidy)
