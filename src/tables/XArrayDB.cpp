@@ -124,7 +124,6 @@ void XArrayDB::Rows::openGap(std::size_t at, std::size_t size) {
 
 void XArrayDB::Rows::addBlock() {
     const auto first = static_cast<std::uint32_t>(blocks.size() * rowsPerBlock);
-    freeRows.reserve(freeRows.size() + rowsPerBlock);
     blocks.push_back(std::make_unique_for_overwrite<Cell[]>(rowsPerBlock * columns));
     for (std::uint32_t i = rowsPerBlock; i > 0; --i) freeRows.push_back(first + i - 1);
 }
@@ -143,7 +142,6 @@ void XArrayDB::Rows::insert(std::size_t row, std::size_t number) {
 void XArrayDB::Rows::erase(std::size_t row, std::size_t number) {
     if (number == 0) return;
     openGap(row, 0);
-    freeRows.reserve(freeRows.size() + number);
     for (; number > 0; --number) {
         Cell* cells = block(order[gapEnd]);
         for (std::size_t column = 0; column < columns; ++column) assign(cells[column], Cell{});
