@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -16,8 +17,15 @@ public:
     using std::runtime_error::runtime_error;
 };
 
-/// What a user does to the window in front, field by field, with the keys that it takes. Injected keys are delivered after each
-/// event. All but `find` throw ActionError for what a user could not do. Columns are numbers from 0 or captions.
+/// A request that can't be read (no such key, no such day) or names no field.
+class UnreadableError : public ActionError {
+public:
+    using ActionError::ActionError;
+};
+
+/// What a user does to the window in front, field by field, with the keys that it takes. Injected keys are
+/// delivered after each event. All but `find` throw ActionError for what a user could not do. Columns are
+/// numbers from 0 or captions.
 class UserActions {
 public:
     explicit UserActions(screen::Desktop& desktop) : desktop_(desktop) {}
@@ -47,7 +55,11 @@ public:
     static int columnIn(const screen::Grid& grid, const std::string& column);
 
 private:
+    template <class Kind>
+    Kind& reachAs(const std::string& field, const char* kind) const;
     screen::Field& reach(const std::string& field) const;
+    bool enter(screen::Field& field);
+    bool stillIn(const screen::Window& window) const;
     void run(screen::Window& window, const std::function<void()>& event);
 
     screen::Desktop& desktop_;
