@@ -1,0 +1,26 @@
+#!/usr/bin/env bash
+# Runs one console script on a demo pharmacy of its own: run.sh BIN_DIR SCRIPT.
+# A line "# call: ..." in the script gives the words behind `zelvo`; "# exit: N" the exit code it comes to (0 without it).
+set -euo pipefail
+bin=$1
+script=$2
+scratch=$(mktemp -d)
+server=
+trap '[ -z "$server" ] || kill "$server" 2>/dev/null || true; rm -rf "$scratch"' EXIT
+export XDG_DATA_HOME="$scratch/data" XDG_CONFIG_HOME="$scratch/config"
+db="$scratch/pharmacy.db"
+"$bin/zelvo-pharmacy" --db "$db" init >/dev/null
+"$bin/zelvo-pharmacy" --db "$db" serve --parent $$ --ready-file "$scratch/port" >/dev/null &
+server=$!
+for _ in $(seq 200); do
+  [ -s "$scratch/port" ] && break
+  sleep 0.05
+done
+call=$(sed -n 's/^# call: //p' "$script" | head -1)
+expected=$(sed -n 's/^# exit: //p' "$script" | head -1)
+[ -n "$call" ] || call="doctor --account doctor1/\$/pass1 --patient-pk 1024 --patient-name 김하늘 --patient-age 41 --patient-sex 2 --patient-cell 01012345678 --patient-zip 06236 --patient-address 서울특별시_강남구_테헤란로_152 --hospital-name 하늘한의원 --doctor-name 이정민 --hospital-tel 025550123 --hospital-zip 03045 --hospital-address 서울특별시_종로구_효자로_12"
+read -r -a words <<<"$call"
+words=("${words[@]//_/ }")
+status=0
+"$bin/zelvo" "${words[@]}" --console --server "sqlite:$db" --script "$script" || status=$?
+[ "$status" -eq "${expected:-0}" ] || { echo "exit $status, expected ${expected:-0}" >&2; exit 1; }
