@@ -14,15 +14,20 @@
 namespace zelvo::tables {
 namespace {
 
-enum class Kind : std::uint8_t { Nothing, ShortText, LongText, Whole, Float, Bool };
+enum class Kind : std::uint8_t { Nothing, LongText, Whole, Float, Bool, ShortText };
 
 /// One cell. All zero bytes are an empty cell, so a row is cleared in one go.
 struct Cell {
-    static constexpr std::size_t capacity = 14;
+    static constexpr std::size_t capacity = 15;  // five Hangul
 
     std::array<char, capacity> bytes{};
-    std::uint8_t length = 0;
-    Kind kind = Kind::Nothing;
+    std::uint8_t tag = 0;  // the kind; for a short text its length is added
+
+    Kind kind() const { return static_cast<Kind>(std::min(tag, static_cast<std::uint8_t>(Kind::ShortText))); }
+    bool isText() const { return kind() == Kind::ShortText || kind() == Kind::LongText; }
+    std::string_view shortText() const {
+        return {bytes.data(), tag - static_cast<std::size_t>(Kind::ShortText)};
+    }
 
     template <class Value>
     Value get() const {
@@ -34,8 +39,14 @@ struct Cell {
     static Cell of(Kind kind, const Value& value) {
         static_assert(sizeof value <= capacity);
         Cell cell;
-        cell.kind = kind;
+        cell.tag = static_cast<std::uint8_t>(kind);
         std::memcpy(cell.bytes.data(), &value, sizeof value);
+        return cell;
+    }
+    static Cell ofShort(std::string_view text) {
+        Cell cell;
+        cell.tag = static_cast<std::uint8_t>(static_cast<std::size_t>(Kind::ShortText) + text.size());
+        if (!text.empty()) std::memcpy(cell.bytes.data(), text.data(), text.size());
         return cell;
     }
 };
@@ -155,31 +166,24 @@ void XArrayDB::Rows::erase(std::size_t row, std::size_t number) {
 }
 
 void XArrayDB::Rows::assign(Cell& target, const Cell& value) {
-    if (target.kind == Kind::LongText) texts.letGo(target.get<TextStore::Place>());
+    if (target.kind() == Kind::LongText) texts.letGo(target.get<TextStore::Place>());
     target = value;
 }
 
 void XArrayDB::Rows::assignText(Cell& target, std::string_view text) {
     // The text may stand in this very array: the new cell is whole before the old one goes.
-    Cell made;
-    if (text.size() <= Cell::capacity) {
-        made.kind = Kind::ShortText;
-        made.length = static_cast<std::uint8_t>(text.size());
-        if (!text.empty()) std::memcpy(made.bytes.data(), text.data(), text.size());
-    } else {
-        made = Cell::of(Kind::LongText, texts.put(text));
-    }
-    assign(target, made);
+    const bool fits = text.size() <= Cell::capacity;
+    assign(target, fits ? Cell::ofShort(text) : Cell::of(Kind::LongText, texts.put(text)));
 }
 
 std::string_view XArrayDB::Rows::textOf(const Cell& value) const {
-    if (value.kind == Kind::ShortText) return {value.bytes.data(), value.length};
-    if (value.kind == Kind::LongText) return texts.at(value.get<TextStore::Place>());
+    if (value.kind() == Kind::ShortText) return value.shortText();
+    if (value.kind() == Kind::LongText) return texts.at(value.get<TextStore::Place>());
     return {};
 }
 
 std::string XArrayDB::Rows::fullTextOf(const Cell& value) const {
-    switch (value.kind) {
+    switch (value.kind()) {
         case Kind::Whole:
             return basics::decimalText(value.get<std::int64_t>());
         case Kind::Float:
@@ -203,7 +207,7 @@ void XArrayDB::Rows::compactTexts() {
     for (std::size_t row = 0; row < count(); ++row) {
         Cell* cells = rowAt(row);
         for (std::size_t column = 0; column < columns; ++column) {
-            if (cells[column].kind != Kind::LongText) continue;
+            if (cells[column].kind() != Kind::LongText) continue;
             cells[column] = Cell::of(Kind::LongText, fresh.put(textOf(cells[column])));
         }
     }
@@ -252,7 +256,7 @@ int XArrayDB::upperColumn() const {
 }
 
 bool XArrayDB::isNothing(int row, int column) const {
-    return rows_->cell(row, column).kind == Kind::Nothing;
+    return rows_->cell(row, column).kind() == Kind::Nothing;
 }
 
 std::string XArrayDB::text(int row, int column) const {
@@ -265,7 +269,7 @@ std::string_view XArrayDB::textView(int row, int column) const {
 
 bool XArrayDB::isTrue(int row, int column) const {
     const Cell& cell = rows_->cell(row, column);
-    switch (cell.kind) {
+    switch (cell.kind()) {
         case Kind::Nothing:
             return false;
         case Kind::Bool:
@@ -317,8 +321,7 @@ int XArrayDB::find(int fromRow, int column, std::string_view text) const {
     if (basics::isBlank(text)) return -1;
     for (int row = fromRow; row <= upperRow(); ++row) {
         const Cell& cell = rows_->cell(row, column);
-        const bool isText = cell.kind == Kind::ShortText || cell.kind == Kind::LongText;
-        if (isText ? rows_->textOf(cell) == text : rows_->fullTextOf(cell) == text) return row;
+        if (cell.isText() ? rows_->textOf(cell) == text : rows_->fullTextOf(cell) == text) return row;
     }
     return -1;
 }
