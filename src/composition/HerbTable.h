@@ -10,7 +10,8 @@
 
 namespace zelvo::composition {
 
-/// The table in which the doctor lists the herbs of one packet: tdbDGL over g_xaDrug, and the buttons around it.
+/// The table in which the doctor lists the herbs of one packet: tdbDGL over g_xaDrug, and the buttons around
+/// it.
 class HerbTable {
 public:
     HerbTable(screen::Window& form, OrderFrames& frames, session::Session& session, OrderWatch& watch);
@@ -19,31 +20,44 @@ public:
     screen::TwoStateButton ssrYakGukDrug;
     screen::Button sscCBJRead, sscDrugDelete, sscDrugReset, sscMyChubangReg;
 
+    /// The table's three row styles.
+    void Form_Load();
     /// Makes g_xaDrug with its eleven columns and binds it to the table.
     void Init_DrugGrids();
-    /// Appends the rows of a grid of herb lines ("약재명", "한약국약재PK", "용량(g)", "비고") at today's prices; into a filled
-    /// table it merges by pharmacy herb, the larger amount wins.
+    /// Appends the rows of a grid of herb lines ("약재명", "한약국약재PK", "용량(g)", "비고") at today's
+    /// prices; into a filled table it merges by pharmacy herb, the larger amount wins. The caller refreshes
+    /// the table.
     void Load_DrugFromGrid(screen::Grid& detail);
     /// The caption with the row count, or the plain one for an empty table.
     void showRowCount();
-    /// A herb line came, went or changed in a way that the packets' price depends on: packets and herb price are to be emptied.
+    /// A herb line came, went or changed in a way that the packets' price depends on: packets and herb price
+    /// are to be emptied.
     screen::Event<> onCompositionChanged;
 
 private:
+    void listen();
+    // What the user does in the cells (HerbTable.cpp).
+    void editBegins();
     void cellChanged(int column);
-    void reactToColumn(int column, int row);
-    void keyDown(int& code);
-    void keyPress(char32_t& character);
+    void cellEmptied(int column, int row);
+    void keyDown(int code);
+    void keyPress(char32_t& character) const;
     void pickHerb();
+    void placeUnderCell(screen::Window& picker) const;
     void addOrMove();
-    void addFirstRow();
     void editNote(int column);
+    void rowStyle(int row, std::string& style) const;
+    // The buttons around the table.
     void deleteRow();
+    void rowDeleted();
     void resetTable();
     void browse();
-    void rowStyle(int row, std::string& style) const;
-    void mergeRow(int& row);
+    // Rows from elsewhere (HerbMerge.cpp).
     void lookUpHerb(const screen::Grid& detail, int row);
+    int mergeRow(int row);
+
+    void showCount();
+    int rowCount() const;
 
     screen::Window& form_;
     OrderFrames& frames_;

@@ -2,24 +2,39 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 
+#include "basics/Pictures.h"
 #include "screen/Desktop.h"
 #include "tables/XArrayDB.h"
 
 namespace zelvo::composition {
 
+/// Columns of the composition and of its table, and what the row's state and merge mark say.
+namespace herb {
+inline constexpr int blank = 0, name = 1, pharmacyName = 2, key = 3, grams = 4, price = 5, amount = 6,
+                     order = 7, state = 8, merged = 9, note = 10, lastColumn = 10;
+inline constexpr const char *complete = "0", *incomplete = "-1", *mergedMark = "1";
+}  // namespace herb
+
 /// The herb procedures of the composition: rules on the array of herb lines. Rows count from 0.
 namespace modHanYakGuk {
 
-/// 0, the 1-based number of another row with the same text in the column, or -1 on failure (shown). With keepCell 0 the cell of
-/// the given row is blanked when there is one; with -1 it stays.
-std::int16_t Find_DuplicateDrug(screen::Desktop& desktop, tables::XArrayDB& herbs, int row, int column, std::int16_t keepCell);
-/// Reaction of a row to a change of column 1, 2 or 4 (the mode). 0, the duplicate's row number, or -1 on failure (shown).
+/// 0, the 1-based number of another row with the same text in the column, or -1 on failure (shown). With
+/// keepCell 0 the cell of the given row is blanked when there is one; with -1 it stays.
+std::int16_t Find_DuplicateDrug(screen::Desktop& desktop, tables::XArrayDB& herbs, int row, int column,
+                                std::int16_t keepCell);
+/// Reaction of a row to a change of column 1, 2 or 4 (the mode). 0, the duplicate's row number, or -1 on
+/// failure (shown).
 std::int16_t Update_DrugCell(screen::Desktop& desktop, int mode, int row, tables::XArrayDB& herbs);
 /// Writes the row's state, column 8: "0" complete, "-1" not. 0, or -1 on failure.
 std::int16_t Check_DrugRow(screen::Desktop& desktop, tables::XArrayDB& herbs, int row);
 /// Numbers the rows in column 7 from 1. 0, or -1 on failure.
 std::int16_t Renumber_DrugRows(screen::Desktop& desktop, tables::XArrayDB& herbs);
+
+/// What a packet's grams of a herb cost in won, in single precision, through a picture. Throws Fault when one
+/// of the two is no number or the amount has no place.
+std::string amountText(std::string_view grams, std::string_view price, basics::NumberPicture picture);
 
 /// The order's keys and texts as the cost page and the order row take them.
 struct CostFields {
@@ -30,8 +45,9 @@ struct CostFields {
 };
 
 /// 0 on success, -1 on a fault (no order type selected, say).
-std::int16_t Build_CostFields(const tables::XArrayDB& jobList, const tables::XArrayDB& herbs, const tables::XArrayDB& methods,
-                              const tables::XArrayDB& addOns, CostFields& fields);
+std::int16_t Build_CostFields(const tables::XArrayDB& jobList, const tables::XArrayDB& herbs,
+                              const tables::XArrayDB& methods, const tables::XArrayDB& addOns,
+                              CostFields& fields);
 
 }  // namespace modHanYakGuk
 

@@ -1,0 +1,93 @@
+#include <cstdint>
+
+#include "basics/Fault.h"
+#include "basics/Numbers.h"
+#include "basics/Text.h"
+#include "composition/HerbTable.h"
+#include "composition/modHanYakGuk.h"
+#include "data/clsZELVORecordSet.h"
+
+namespace zelvo::composition {
+
+namespace {
+
+/// The amount at a price of whole won. Stored grams or a price that are no number leave it blank, and the row
+/// red.
+std::string amountAtWholePrice(const std::string& grams, const std::string& price) {
+    try {
+        const std::string whole = basics::decimalText(std::int64_t{basics::toInt32(price)});
+        return modHanYakGuk::amountText(grams, whole, basics::NumberPicture::Plain);
+    } catch (const basics::Fault&) {
+        return {};
+    }
+}
+
+float gramsOf(const std::string& text) {
+    return basics::IsNumeric(text) ? basics::toSingle(text) : 0.0F;
+}
+
+}  // namespace
+
+void HerbTable::Load_DrugFromGrid(screen::Grid& detail) {
+    tables::XArrayDB& herbs = session_.g_xaDrug;
+    screen::Desktop& desktop = form_.desktop();
+    const bool merging = !herbs.empty();
+    const screen::BusyPointer busy(desktop);
+
+    for (detail.moveFirst(); !detail.atEnd(); detail.moveNext()) {
+        desktop.yield();
+        int row = rowCount();
+        herbs.insertRows(row);
+        lookUpHerb(detail, row);
+        herbs.set(row, herb::merged, merging ? herb::mergedMark : "");
+        if (merging) row = mergeRow(row);
+        modHanYakGuk::Check_DrugRow(desktop, herbs, row);
+    }
+    detail.moveFirst();
+    modHanYakGuk::Renumber_DrugRows(desktop, herbs);
+}
+
+/// Fills a new row from the current one of `detail`, with today's name and price of the pharmacy's herb.
+void HerbTable::lookUpHerb(const screen::Grid& detail, int row) {
+    tables::XArrayDB& herbs = session_.g_xaDrug;
+    const std::string key = detail.value("한약국약재PK"), grams = detail.value("용량(g)");
+    herbs.set(row, herb::name, detail.value("약재명"));
+    herbs.set(row, herb::key, key);
+    herbs.set(row, herb::note, detail.value("비고"));
+
+    std::string name, price;
+    const bool offered = session_.g_conYakGuk && data::clsZELVORecordSet().RecordSet_HapBang(
+                                                     *session_.g_conYakGuk, key, name, price) != -1;
+    if (!offered) {
+        herbs.set(row, herb::key, "");
+        herbs.set(row, herb::grams, grams);
+    } else if (basics::isBlank(name) || basics::isBlank(price)) {
+        herbs.set(row, herb::key, "");
+    } else {
+        herbs.set(row, herb::pharmacyName, name);
+        herbs.set(row, herb::price, price);
+        herbs.set(row, herb::grams, grams);
+        herbs.set(row, herb::amount, amountAtWholePrice(grams, price));
+    }
+}
+
+/// Of two rows with one pharmacy herb the larger amount stays, the older one if they are equal. Gives the row
+/// that stays.
+int HerbTable::mergeRow(int row) {
+    tables::XArrayDB& herbs = session_.g_xaDrug;
+    const int older =
+        modHanYakGuk::Find_DuplicateDrug(form_.desktop(), herbs, row, herb::pharmacyName, -1) - 1;
+    if (older < 0) return row;
+
+    const std::string olderGrams = herbs.text(older, herb::grams);
+    if (basics::IsNumeric(olderGrams) &&
+        basics::toSingle(olderGrams) >= gramsOf(herbs.text(row, herb::grams))) {
+        herbs.set(older, herb::merged, herb::mergedMark);
+        herbs.deleteRows(row);
+        return older;
+    }
+    herbs.deleteRows(older);
+    return row - 1;
+}
+
+}  // namespace zelvo::composition
