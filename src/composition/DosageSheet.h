@@ -8,12 +8,13 @@
 
 namespace zelvo::composition {
 
-/// The sheet that tells the patient how to take the medicine, and the order's message to the pharmacy: the two pages of c1tCBJmsg.
+/// The sheet that tells the patient how to take the medicine, and the order's message to the pharmacy: the
+/// two pages of c1tCBJmsg.
 class DosageSheet {
 public:
     /// `patientName` is handed to the editor of the sheet.
-    DosageSheet(screen::Window& form, OrderFrames& frames, session::Session& session, screen::TextField& patientName,
-                OrderWatch& watch);
+    DosageSheet(screen::Window& form, OrderFrames& frames, session::Session& session,
+                screen::TextField& patientName, OrderWatch& watch);
 
     screen::RichTextField rtxEatGuide;
     screen::TextField txtEatGuideHosName, txtEatGuideCall;
@@ -24,12 +25,21 @@ public:
     void loadDefaults();
 
 private:
-    void editSheet();
     void saveDefaults();
 
     screen::Window& form_;
-    session::Session& session_;
-    screen::TextField& patientName_;
 };
+
+/// Where a dosage sheet stands on the glass.
+struct SheetFields {
+    const screen::TextField& patientName;
+    screen::RichTextField& sheet;
+    screen::TextField& hospitalName;
+    screen::TextField& phoneNo;
+};
+
+/// Lets the user edit a sheet in the clinic's editor; the fields take over what was accepted there, the
+/// patient's name excepted. An editor that can't be made, or fails, is told in a box and changes nothing.
+void editSheet(screen::Desktop& desktop, const session::Session& session, const SheetFields& fields);
 
 }  // namespace zelvo::composition

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 
 #include "composition/HerbTable.h"
@@ -13,17 +14,22 @@ namespace zelvo::composition {
 /// The six quantities of an order and how they drive each other.
 class DoseFields {
 public:
-    DoseFields(screen::Window& form, OrderFrames& frames, session::Session& session, HerbTable& herbs, OrderWatch& watch);
+    DoseFields(screen::Window& form, OrderFrames& frames, session::Session& session, HerbTable& herbs,
+               OrderWatch& watch);
 
     screen::TextField txtChubsu, txtDrugPrice;                                   // c1eDrug
     screen::TextField txtDayTuyak, txtTuyakilsu, txtPouchTotal, txtPouchAmount;  // c1eTangJun
 
 private:
+    void dressFields();
     void Chubsu_Changed();
+    void priceHerbs();
     bool sumHerbs(std::int32_t& sum);
     void Chubsu_Focus();
+    void emptyPrice();
     void pouchFactorChanged(screen::TextField& field, const screen::TextField& other, const char* message);
     void pouchFieldChanged(screen::TextField& field, std::string& last, const char* message);
+    void refuse(screen::TextField& field, const char* message, const char* caption);
 
     screen::Window& form_;
     session::Session& session_;

@@ -8,8 +8,8 @@
 
 namespace zelvo::composition {
 
-/// Order type, decoction method and form changes: three small grids over the pharmacy's catalogue. Column 0 of each array is the
-/// Boolean selection mark.
+/// Order type, decoction method and form changes: three small grids over the pharmacy's catalogue. Column 0
+/// of each array is the Boolean selection mark.
 class OrderOptions {
 public:
     OrderOptions(screen::Window& form, OrderFrames& frames, session::Session& session, OrderWatch& watch);
@@ -17,12 +17,15 @@ public:
     screen::Grid tdbJobList, tdbTJML, tdbTJAL;
     tables::XArrayDB m_xaJobList, m_xaTJML, m_xaTJAL;
 
+    /// Makes the style in which a selected row is drawn, on each grid.
+    void Form_Load();
     /// The reads of the session's start; an array that can't be read stays empty.
     void Load_JobList();
     void Load_TangJun();
     void Load_TangJunAdd();
 
-    /// A press on a button cell of the current row, by the user or by the program (column 0 selects, any other explains).
+    /// A press on a button cell of the current row, by the user or by the program (column 0 selects, any
+    /// other explains).
     void pressJobList(int column);
     void pressTJML(int column);
     void pressTJAL(int column);
@@ -32,7 +35,9 @@ public:
 
 private:
     void selectOnly(screen::Grid& grid, tables::XArrayDB& options);
-    void explain(screen::Grid& grid, const screen::Panel& beside);
+    void unselectSameType(int pressed);
+    void remember(int row, int& last);
+    void explain(const screen::Grid& grid, const screen::Panel& beside);
 
     screen::Window& form_;
     OrderFrames& frames_;

@@ -29,6 +29,7 @@ public:
     void Form_Load();
 
 private:
+    void labelFields();
     void methodSelected();
     void resetPatient();
 

@@ -15,6 +15,7 @@ public:
     screen::TwoStateButton ssrZipCode1;
     screen::TextField txtBalsongJuso;
 
+    /// Empties the six fields.
     void clear();
 };
 

@@ -1,0 +1,191 @@
+#include "composition/OrderOptions.h"
+
+#include <string>
+
+#include "composition/frmMessage.h"
+#include "data/clsZELVORecordSet.h"
+
+namespace zelvo::composition {
+
+namespace {
+
+constexpr int selectedColumn = 0, nameColumn = 2, messageColumn = 4;
+constexpr int drugVisibleColumn = 5, tangJunVisibleColumn = 6;  // of an order type
+constexpr int typeColumn = 6;                                   // of a form change
+constexpr screen::Color darkBlue{0, 0, 192};
+
+using Columns = std::vector<screen::GridColumn>;
+
+screen::GridColumn shownColumn(const char* caption, double width, bool button = false) {
+    return {.caption = caption, .button = button, .width = width};
+}
+
+screen::GridColumn hiddenColumn(const char* caption) {
+    return {.caption = caption, .shown = false, .stops = false};
+}
+
+using Read = std::int16_t (data::clsZELVORecordSet::*)(data::Connection&, data::RecordSet&, tables::XArrayDB&,
+                                                       std::int16_t);
+
+/// Fills an array from the catalogue and shows it. False when it can't be read: then it is empty.
+bool load(session::Session& session, screen::Grid& grid, tables::XArrayDB& options, Read read,
+          std::int16_t upperColumn) {
+    options.reDim(-1, upperColumn);
+    grid.bind(&options);
+    data::RecordSet rows;
+    data::clsZELVORecordSet records;
+    const bool done = (records.*read)(session.connection(), rows, options, upperColumn) != -1;
+    if (rows.isOpen()) rows.close();
+    if (!done) {
+        options.reDim(-1, upperColumn);
+        return false;
+    }
+    grid.refresh();
+    return true;
+}
+
+void useStyle(screen::Grid& grid, const tables::XArrayDB& options, const char* name) {
+    grid.onRowStyle.add([&options, name](int row, std::string& style) {
+        // Between two refreshes the grid may ask for a row that is gone.
+        if (row <= options.upperRow() && options.isTrue(row, selectedColumn)) style = name;
+    });
+}
+
+bool standsOnRow(const screen::Grid& grid, const tables::XArrayDB& options) {
+    return grid.onRow() && grid.currentRow() <= options.upperRow();
+}
+
+}  // namespace
+
+OrderOptions::OrderOptions(screen::Window& form, OrderFrames& frames, session::Session& session,
+                           OrderWatch& watch)
+    : tdbJobList(form, "tdbJobList", frames.c1eDrug.place(),
+                 Columns{shownColumn("선택", 1323, true), hiddenColumn("PK"),
+                         shownColumn("처방전(주문서)구분", 8758), shownColumn("자세히", 529, true),
+                         hiddenColumn("메세지"), hiddenColumn("약재Visiable"), hiddenColumn("탕전Visiable"),
+                         hiddenColumn("Order")}),
+      tdbTJML(form, "tdbTJML", frames.c1eTangJun.inside(),
+              Columns{shownColumn("선택", 1402, true), hiddenColumn("PK"), shownColumn("탕전 방식", 3122),
+                      shownColumn("자세히", 529, true), hiddenColumn("메세지"), hiddenColumn("Order")}),
+      tdbTJAL(form, "tdbTJAL", frames.c1eTangJun.inside(),
+              Columns{shownColumn("선택", 1402, true), hiddenColumn("PK"), shownColumn("제형 변화", 2910),
+                      shownColumn("자세히", 529, true), hiddenColumn("메세지"), hiddenColumn("Slot"),
+                      hiddenColumn("Type"), hiddenColumn("Order")}),
+      form_(form),
+      frames_(frames),
+      session_(session),
+      watch_(watch) {
+    tdbJobList.setCaption(" 처방전의 주문서를 선택하여 주십시오");
+    tdbJobList.setLabel("처방전(주문서)구분");
+    tdbTJML.setLabel("탕전 방식");
+    tdbTJAL.setLabel("제형 변화");
+    for (screen::Grid* grid : {&tdbJobList, &tdbTJML, &tdbTJAL}) {
+        grid->allowsUpdate = false;
+        grid->emptyHint = "한약국의 목록을 읽지 못하였습니다.";
+    }
+    tdbJobList.onCellButton.add([this](int column) { pressJobList(column); });
+    tdbTJML.onCellButton.add([this](int column) { pressTJML(column); });
+    tdbTJAL.onCellButton.add([this](int column) { pressTJAL(column); });
+    useStyle(tdbJobList, m_xaJobList, "styCBJselect");
+    useStyle(tdbTJML, m_xaTJML, "styTJMLselect");
+    useStyle(tdbTJAL, m_xaTJAL, "styTJALselect");
+}
+
+void OrderOptions::Form_Load() {
+    tdbJobList.addStyle("styCBJselect", darkBlue);
+    tdbTJML.addStyle("styTJMLselect", darkBlue);
+    tdbTJAL.addStyle("styTJALselect", darkBlue);
+}
+
+void OrderOptions::Load_JobList() {
+    if (load(session_, tdbJobList, m_xaJobList, &data::clsZELVORecordSet::RecordSet_JobList, 7))
+        pressJobList(0);
+}
+
+void OrderOptions::Load_TangJun() {
+    load(session_, tdbTJML, m_xaTJML, &data::clsZELVORecordSet::RecordSet_TangJun, 5);
+}
+
+void OrderOptions::Load_TangJunAdd() {
+    load(session_, tdbTJAL, m_xaTJAL, &data::clsZELVORecordSet::RecordSet_TangJunADD, 7);
+}
+
+void OrderOptions::pressJobList(int column) {
+    if (!standsOnRow(tdbJobList, m_xaJobList)) return;
+    if (column != selectedColumn) {
+        explain(tdbJobList, frames_.c1ePatient);
+        return;
+    }
+    selectOnly(tdbJobList, m_xaJobList);
+    const int row = tdbJobList.currentRow();
+    frames_.c1eDrug.setVisible(m_xaJobList.isTrue(row, drugVisibleColumn));
+    frames_.c1eTangJun.setVisible(m_xaJobList.isTrue(row, tangJunVisibleColumn));
+    tdbJobList.commitEdit();
+    remember(row, m_LastJobRow);
+}
+
+void OrderOptions::pressTJML(int column) {
+    if (!standsOnRow(tdbTJML, m_xaTJML)) return;
+    if (column != selectedColumn) {
+        explain(tdbTJML, frames_.c1eCostConfirm);
+        return;
+    }
+    selectOnly(tdbTJML, m_xaTJML);
+    tdbTJML.commitEdit();
+    remember(tdbTJML.currentRow(), m_LastTJMLRow);
+}
+
+void OrderOptions::pressTJAL(int column) {
+    if (!standsOnRow(tdbTJAL, m_xaTJAL)) return;
+    if (column != selectedColumn) {
+        explain(tdbTJAL, frames_.c1eCostConfirm);
+        return;
+    }
+    const int pressed = tdbTJAL.currentRow();
+    const bool selected = m_xaTJAL.isTrue(pressed, selectedColumn);
+    m_xaTJAL.set(pressed, selectedColumn, !selected);
+    if (!selected) unselectSameType(pressed);
+    tdbTJAL.refresh();
+    watch_.priceOutdated();
+    tdbTJAL.commitEdit();
+}
+
+int OrderOptions::selectedRow(const tables::XArrayDB& options) {
+    for (int row = options.lowerRow(); row <= options.upperRow(); ++row) {
+        if (options.isTrue(row, selectedColumn)) return row;
+    }
+    return -1;
+}
+
+void OrderOptions::selectOnly(screen::Grid& grid, tables::XArrayDB& options) {
+    for (int row = options.lowerRow(); row <= options.upperRow(); ++row) {
+        options.set(row, selectedColumn, false);
+        form_.desktop().yield();
+    }
+    grid.refresh();
+    options.set(grid.currentRow(), selectedColumn, true);
+    grid.refreshRow(grid.currentRow());
+}
+
+void OrderOptions::unselectSameType(int pressed) {
+    const std::string type = m_xaTJAL.text(pressed, typeColumn);
+    for (int row = m_xaTJAL.lowerRow(); row <= m_xaTJAL.upperRow(); ++row) {
+        if (row != pressed && m_xaTJAL.text(row, typeColumn) == type)
+            m_xaTJAL.set(row, selectedColumn, false);
+        form_.desktop().yield();
+    }
+}
+
+void OrderOptions::remember(int row, int& last) {
+    if (row == last) return;
+    last = row;
+    watch_.priceOutdated();
+}
+
+void OrderOptions::explain(const screen::Grid& grid, const screen::Panel& beside) {
+    frmMessage message(form_.desktop());
+    message.placeBeside(beside);
+    message.read(grid.value(nameColumn), grid.value(messageColumn));
+}
+
+}  // namespace zelvo::composition
