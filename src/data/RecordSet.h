@@ -5,11 +5,14 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "tables/GridSource.h"
 
 namespace zelvo::data {
+
+class PackedCell;
 
 /// Cursor of a result set: Keyset takes row updates and deletes, Static is read-only.
 enum class Cursor { Keyset, Static };
@@ -33,6 +36,8 @@ public:
 /// A result set, fetched whole when it opens, with a position. A grid can show it live. The owner makes it, an operation
 /// opens it, the owner closes it. NULL reads as "" (text) and 0 (numbers); isNull tells the difference.
 class RecordSet : public tables::GridSource {
+    struct Rows;
+
 public:
     RecordSet();
     ~RecordSet() override;
@@ -62,7 +67,7 @@ public:
     const std::vector<std::string>& fields() const;
 
     /// Client-side sort by a text such as "UCB_Name DESC " (surplus blanks allowed); numbers by value, texts by the
-    /// server's order; stable. Throws Fault for an unknown column.
+    /// server's order; stable. Then stands on the first row. Throws Fault for an unknown column.
     void sort(std::string_view order);
     /// Moves to the first row that fulfils "DGL_PK = 17"; at the end when none does. Throws Fault when it can't be read.
     void find(std::string_view condition);
@@ -78,27 +83,34 @@ public:
     std::uint64_t generation() const override;
 
     /// For drivers: begins a new result, appends its cells row by row, and ends it. Until `finish` the former rows stay, so
-    /// that a failed open leaves the set as it was.
+    /// that a failed open leaves the set as it was. Every driver hands over what it fetched in its native type; the texts
+    /// are made here, so that all of them say "4", "0.1", "True".
     class Filler {
     public:
         Filler(RecordSet& set, std::vector<std::string> fields);
         ~Filler();
         Filler(const Filler&) = delete;
         Filler& operator=(const Filler&) = delete;
-        /// The next cell, from left to right.
+        /// The next cell, from left to right. Bytes that are not UTF-8 are replaced.
         void add(std::string_view text);
+        void addNumber(std::int64_t value);
+        void addNumber(double value);
+        void addFlag(bool value) { add(value ? "True" : "False"); }
         void addNull();
         void finish(Cursor cursor, UpdateTarget target, std::unique_ptr<RowWriter> writer);
 
     private:
         RecordSet& set_;
-        struct Rows;
         std::unique_ptr<Rows> rows_;
     };
 
 private:
-    struct Rows;
+    const PackedCell& current(int column) const;
+    const PackedCell* cell(std::size_t row, int column) const;
+
     std::unique_ptr<Rows> rows_;
+    std::size_t position_ = 0;
+    std::uint64_t generation_ = 0;
 };
 
 }  // namespace zelvo::data

@@ -1,0 +1,71 @@
+#include "session/YakGukConnection.h"
+
+#include <cstdlib>
+#include <exception>
+
+// The pieces of the database's password: what a build is given, and what the environment says instead.
+#ifndef ZELVO_DB_PASSWORD_1
+#define ZELVO_DB_PASSWORD_1 ""
+#endif
+#ifndef ZELVO_DB_PASSWORD_2
+#define ZELVO_DB_PASSWORD_2 ""
+#endif
+#ifndef ZELVO_DB_PASSWORD_3
+#define ZELVO_DB_PASSWORD_3 ""
+#endif
+#ifndef ZELVO_DB_PASSWORD_4
+#define ZELVO_DB_PASSWORD_4 ""
+#endif
+
+namespace zelvo::session {
+namespace {
+
+std::string configured(const char* variable, const char* built) {
+    const char* set = std::getenv(variable);
+    return set ? set : built;
+}
+
+std::string secondPiece() {
+    return configured("ZELVO_DB_PASSWORD_2", ZELVO_DB_PASSWORD_2);
+}
+std::string fourthPiece() {
+    return configured("ZELVO_DB_PASSWORD_4", ZELVO_DB_PASSWORD_4);
+}
+
+/// Joined anew for each opening: the password is never kept whole.
+std::string BuildYakGukPassword() {
+    const std::string first = configured("ZELVO_DB_PASSWORD_1", ZELVO_DB_PASSWORD_1);
+    const std::string third = configured("ZELVO_DB_PASSWORD_3", ZELVO_DB_PASSWORD_3);
+    return first + secondPiece() + third + fourthPiece();
+}
+
+std::unique_ptr<data::Connection> opened(screen::Desktop& desktop, const data::ConnectionOpener& open,
+                                         const std::string& ServerAddress) {
+    const screen::BusyPointer busy(desktop);
+    std::unique_ptr<data::Connection> connection;
+    try {
+        connection = open({ServerAddress, "zelvo", "zelvo", BuildYakGukPassword()});
+    } catch (const std::exception&) {
+        return nullptr;
+    }
+    if (connection) desktop.processEvents(false);
+    return connection;
+}
+
+}  // namespace
+
+bool ConnectYakGukServer(Session& session, screen::Desktop& desktop, const data::ConnectionOpener& open,
+                         const std::string& ServerAddress) {
+    session.g_conYakGuk.reset();
+    std::unique_ptr<data::Connection> connection = opened(desktop, open, ServerAddress);
+    if (!connection) {
+        desktop.alarm("한약국 DB서버 [" + ServerAddress + "] 접속에 실패 하였습니다.",
+                      "한약국서버 연결 실패");
+        return false;
+    }
+    connection->yield = [&desktop] { desktop.yield(); };
+    session.g_conYakGuk = std::move(connection);
+    return true;
+}
+
+}  // namespace zelvo::session
