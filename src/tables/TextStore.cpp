@@ -10,7 +10,7 @@ namespace zelvo::tables {
 
 namespace {
 constexpr std::size_t smallestBlock = 1024;
-constexpr std::size_t largestBlock = std::size_t{256} * 1024;
+constexpr std::size_t largestBlock = std::size_t{64} * 1024;
 }  // namespace
 
 TextStore::Place TextStore::put(std::string_view text) {
