@@ -1,0 +1,118 @@
+#include "platform/sqlite/Dialect.h"
+
+#include <algorithm>
+#include <cstddef>
+
+#include "basics/Utf8.h"
+
+namespace zelvo::sqlite {
+namespace {
+
+bool isNameStart(char c) {
+    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_';
+}
+bool isDigit(char c) {
+    return c >= '0' && c <= '9';
+}
+bool isBlank(char c) {
+    return c == ' ' || c == '\t' || c == '\r' || c == '\n';
+}
+
+bool isWord(std::string_view word, std::string_view lowerCase) {
+    return word.size() == lowerCase.size() && basics::foldCase(word) == lowerCase;
+}
+
+/// A whole number as it is written when it is stored as one: no sign, no leading zero, within 64 bits.
+bool isPlainNumber(std::string_view text) {
+    return !text.empty() && text.size() <= 18 && std::all_of(text.begin(), text.end(), isDigit) &&
+           (text.front() != '0' || text.size() == 1);
+}
+
+class Translator {
+public:
+    explicit Translator(std::string_view text) : text_(text) { result_.reserve(text.size() + 64); }
+
+    std::string run() {
+        while (at_ < text_.size()) {
+            const char c = text_[at_];
+            if (c == '\'')
+                copyTo(literalEnd(at_));
+            else if (isNameStart(c) || static_cast<unsigned char>(c) >= 0x80)
+                word();
+            else if (c == '=' && inConditions_ && !isComparison(at_))
+                equals();
+            else
+                copyTo(at_ + 1);
+        }
+        return std::move(result_);
+    }
+
+private:
+    void copyTo(std::size_t end) {
+        result_.append(text_, at_, end - at_);
+        at_ = end;
+    }
+
+    /// Behind the closing quote of the literal that opens at `from`.
+    std::size_t literalEnd(std::size_t from) const {
+        for (std::size_t quote = text_.find('\'', from + 1); quote != std::string_view::npos;
+             quote = text_.find('\'', quote + 2)) {
+            if (quote + 1 >= text_.size() || text_[quote + 1] != '\'') return quote + 1;
+        }
+        return text_.size();
+    }
+
+    std::size_t skipBlanks(std::size_t from) const {
+        while (from < text_.size() && isBlank(text_[from])) ++from;
+        return from;
+    }
+
+    /// The = of "<=", ">=" and "!=".
+    bool isComparison(std::size_t equals) const {
+        return equals > 0 && std::string_view("<>!=").find(text_[equals - 1]) != std::string_view::npos;
+    }
+
+    void word() {
+        std::size_t end = at_;
+        while (end < text_.size() && (isNameStart(text_[end]) || isDigit(text_[end]) ||
+                                      static_cast<unsigned char>(text_[end]) >= 0x80)) {
+            ++end;
+        }
+        const std::string_view word = text_.substr(at_, end - at_);
+        if (isWord(word, "where")) inConditions_ = true;
+        const std::size_t next = skipBlanks(end);
+        if (isWord(word, "left") && next < text_.size() && text_[next] == '(') {
+            result_ += "\"left\"";
+            at_ = end;
+        } else {
+            copyTo(end);
+        }
+    }
+
+    void equals() {
+        const std::size_t open = skipBlanks(at_ + 1);
+        if (open >= text_.size() || text_[open] != '\'') return copyTo(at_ + 1);
+        const std::size_t end = literalEnd(open);
+        const std::string_view literal = text_.substr(open, end - open);
+        const std::string_view content = literal.size() < 2 ? "" : literal.substr(1, literal.size() - 2);
+        if (isPlainNumber(content)) {
+            result_.append("IN (").append(literal).append(", ").append(content).append(")");
+        } else {
+            result_.append("= ").append(literal).append(" COLLATE ").append(serverCollation);
+        }
+        at_ = end;
+    }
+
+    std::string_view text_;
+    std::size_t at_ = 0;
+    bool inConditions_ = false;
+    std::string result_;
+};
+
+}  // namespace
+
+std::string toSqlite(std::string_view statement) {
+    return Translator(statement).run();
+}
+
+}  // namespace zelvo::sqlite

@@ -1,0 +1,202 @@
+#include "platform/sqlite/SqliteConnection.h"
+
+#include <sqlite3.h>
+
+#include <utility>
+#include <vector>
+
+#include "basics/Fault.h"
+#include "basics/Text.h"
+#include "basics/Utf8.h"
+#include "data/Statement.h"
+#include "platform/sqlite/Dialect.h"
+#include "platform/sqlite/Functions.h"
+
+namespace zelvo::sqlite {
+
+using basics::Fault;
+
+namespace {
+
+constexpr int busyMilliseconds = 5000;
+
+struct Finalizer {
+    void operator()(sqlite3_stmt* statement) const { sqlite3_finalize(statement); }
+};
+using Prepared = std::unique_ptr<sqlite3_stmt, Finalizer>;
+
+/// One statement, made ready. Text behind it is a Fault: nothing of the system sends two at once.
+Prepared prepare(sqlite3* database, std::string_view text) {
+    sqlite3_stmt* raw = nullptr;
+    const char* rest = nullptr;
+    const int result = sqlite3_prepare_v2(database, text.data(), static_cast<int>(text.size()), &raw, &rest);
+    Prepared statement(raw);
+    if (result != SQLITE_OK) throw Fault(sqlite3_errmsg(database));
+    const std::string_view behind = text.substr(static_cast<std::size_t>(rest - text.data()));
+    if (!statement || behind.find_first_not_of(" \t\r\n;") != std::string_view::npos) {
+        throw Fault("not one statement: " + std::string(text));
+    }
+    return statement;
+}
+
+/// True when a row came, false at the end.
+bool step(sqlite3* database, sqlite3_stmt* statement) {
+    const int result = sqlite3_step(statement);
+    if (result == SQLITE_ROW) return true;
+    if (result != SQLITE_DONE) throw Fault(sqlite3_errmsg(database));
+    return false;
+}
+
+void run(sqlite3* database, std::string_view text) {
+    const Prepared statement = prepare(database, text);
+    while (step(database, statement.get())) {
+    }
+}
+
+/// Columns that hold true and false; SQLite knows it by the declared type alone.
+bool isFlag(sqlite3_stmt* statement, int column) {
+    const char* declared = sqlite3_column_decltype(statement, column);
+    if (!declared) return false;
+    const std::string type = basics::foldCase(declared);
+    return type == "bit" || type == "bool" || type == "boolean";
+}
+
+void addCell(data::RecordSet::Filler& filler, sqlite3_stmt* statement, int column, bool flag) {
+    switch (sqlite3_column_type(statement, column)) {
+        case SQLITE_NULL:
+            return filler.addNull();
+        case SQLITE_INTEGER: {
+            const sqlite3_int64 value = sqlite3_column_int64(statement, column);
+            return flag ? filler.addFlag(value != 0) : filler.addNumber(std::int64_t{value});
+        }
+        case SQLITE_FLOAT:
+            return filler.addNumber(sqlite3_column_double(statement, column));
+        default: {
+            const auto* bytes = reinterpret_cast<const char*>(sqlite3_column_text(statement, column));
+            const auto size = static_cast<std::size_t>(sqlite3_column_bytes(statement, column));
+            return filler.add(bytes ? std::string_view(bytes, size) : std::string_view());
+        }
+    }
+}
+
+/// Rows of an updatable result set go back by statements of their own, keyed by the set's key column.
+class KeyedWriter : public data::RowWriter {
+public:
+    explicit KeyedWriter(std::weak_ptr<sqlite3> database) : database_(std::move(database)) {}
+
+    void update(const data::UpdateTarget& target, std::string_view keyValue,
+                const std::vector<std::pair<std::string, std::string>>& changed) override {
+        std::vector<std::string> assignments;
+        for (const auto& [field, value] : changed) assignments.push_back(name(field) + " = " + quoted(value));
+        write("UPDATE " + name(target.table) + " SET " + basics::join(assignments, ", "), target, keyValue);
+    }
+
+    void remove(const data::UpdateTarget& target, std::string_view keyValue) override {
+        write("DELETE FROM " + name(target.table), target, keyValue);
+    }
+
+private:
+    static std::string name(std::string_view text) {
+        return '"' + basics::replaceAll(text, "\"", "\"\"") + '"';
+    }
+    static std::string quoted(std::string_view text) {
+        return data::Statement("'[Value]'").fill("[Value]", text).text();
+    }
+
+    void write(const std::string& change, const data::UpdateTarget& target, std::string_view keyValue) {
+        const std::shared_ptr<sqlite3> database = database_.lock();
+        if (!database) throw Fault("the connection is closed");
+        run(database.get(), change + toSqlite(" WHERE " + name(target.key) + " = " + quoted(keyValue)));
+        if (sqlite3_changes(database.get()) == 0) throw Fault("the row is gone");
+    }
+
+    std::weak_ptr<sqlite3> database_;
+};
+
+/// SQLite opens any file, and finds out at the first read whether it is a database.
+void probe(sqlite3* database) {
+    if (sqlite3_db_readonly(database, "main") != 0) throw Fault("the file can't be written");
+    const Prepared tables = prepare(database, "SELECT count(*) FROM sqlite_master");
+    if (!step(database, tables.get()) || sqlite3_column_int64(tables.get(), 0) == 0)
+        throw Fault("the file holds no tables");
+}
+
+}  // namespace
+
+SqliteConnection::SqliteConnection(const std::string& path) {
+    sqlite3* raw = nullptr;
+    const int result =
+        sqlite3_open_v2(path.c_str(), &raw, SQLITE_OPEN_READWRITE | SQLITE_OPEN_EXRESCODE, nullptr);
+    std::shared_ptr<sqlite3> opened(raw, [](sqlite3* database) { sqlite3_close_v2(database); });
+    if (result != SQLITE_OK) throw Fault(raw ? sqlite3_errmsg(raw) : "out of memory");
+    sqlite3_busy_timeout(raw, busyMilliseconds);
+    registerServerFunctions(raw);
+    probe(raw);
+    run(raw, "PRAGMA synchronous = FULL");
+    database_ = std::move(opened);
+}
+
+SqliteConnection::~SqliteConnection() = default;
+
+void SqliteConnection::close() {
+    database_.reset();
+}
+
+sqlite3* SqliteConnection::database() const {
+    if (!database_) throw Fault("the connection is closed");
+    return database_.get();
+}
+
+void SqliteConnection::execute(const std::string& statement) {
+    run(database(), toSqlite(statement));
+}
+
+void SqliteConnection::open(data::RecordSet& set, const std::string& statement, data::Cursor cursor,
+                            const data::UpdateTarget& target) {
+    sqlite3* const opened = database();
+    const Prepared prepared = prepare(opened, toSqlite(statement));
+    const int columns = sqlite3_column_count(prepared.get());
+    std::vector<std::string> fields;
+    std::vector<bool> flags;
+    for (int column = 0; column < columns; ++column) {
+        fields.emplace_back(sqlite3_column_name(prepared.get(), column));
+        flags.push_back(isFlag(prepared.get(), column));
+    }
+    data::RecordSet::Filler filler(set, std::move(fields));
+    while (step(opened, prepared.get())) {
+        for (int column = 0; column < columns; ++column) {
+            addCell(filler, prepared.get(), column, flags[static_cast<std::size_t>(column)]);
+        }
+    }
+    filler.finish(cursor, target, std::make_unique<KeyedWriter>(database_));
+}
+
+// Immediate: a read followed by a write would fail when somebody else wrote in between.
+void SqliteConnection::begin() {
+    run(database(), "BEGIN IMMEDIATE");
+}
+
+data::CommitOutcome SqliteConnection::commit() {
+    try {
+        run(database(), "COMMIT");
+        return data::CommitOutcome::Done;
+    } catch (const Fault&) {
+        return data::CommitOutcome::Refused;
+    }
+}
+
+void SqliteConnection::rollback() {
+    // Some failures (a full disk, say) have rolled back already.
+    if (sqlite3_get_autocommit(database()) == 0) run(database(), "ROLLBACK");
+}
+
+bool isFileAddress(std::string_view address) {
+    return basics::foldCase(address.substr(0, addressPrefix.size())) == addressPrefix;
+}
+
+std::unique_ptr<data::Connection> openFile(const data::ServerLogin& login) {
+    if (!isFileAddress(login.address)) throw Fault("not the address of a file: " + login.address);
+    return std::make_unique<SqliteConnection>(login.address.substr(addressPrefix.size()));
+}
+
+}  // namespace zelvo::sqlite

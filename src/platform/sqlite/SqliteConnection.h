@@ -1,0 +1,49 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "data/Connection.h"
+
+struct sqlite3;
+
+namespace zelvo::sqlite {
+
+/// The pharmacy's database in a file of this machine. Any SQLite file with the system's tables and columns
+/// will do, whatever types they were declared with.
+class SqliteConnection : public data::Connection {
+public:
+    /// Opens the file for reading and writing. Throws Fault when there is none, it can't be written, or it is
+    /// no database.
+    explicit SqliteConnection(const std::string& path);
+    ~SqliteConnection() override;
+
+    bool isOpen() const override { return database_ != nullptr; }
+    void close() override;
+
+    void execute(const std::string& statement) override;
+    void open(data::RecordSet& set, const std::string& statement, data::Cursor cursor,
+              const data::UpdateTarget& target = {}) override;
+
+    void begin() override;
+    /// Durable when it says Done: the file has been synchronised.
+    data::CommitOutcome commit() override;
+    void rollback() override;
+
+private:
+    sqlite3* database() const;
+
+    // Shared with the row writers of its result sets, which only watch it: they may outlive the connection.
+    std::shared_ptr<sqlite3> database_;
+};
+
+/// The address that means a file: "sqlite:" and its path.
+inline constexpr std::string_view addressPrefix = "sqlite:";
+bool isFileAddress(std::string_view address);
+
+/// Opens what a file address asks for; the user and the password of a login mean nothing to a file. Throws
+/// Fault.
+std::unique_ptr<data::Connection> openFile(const data::ServerLogin& login);
+
+}  // namespace zelvo::sqlite
