@@ -38,8 +38,8 @@ public:
                        std::string_view value) = 0;
 };
 
-/// The services that the logic asks of a screen. A toolkit implements what is virtual; the short forms and the queue of
-/// injected keys are the same for all.
+/// The services that the logic asks of a screen. A toolkit implements what is virtual; the short forms and
+/// the queue of injected keys are the same for all.
 class Desktop {
 public:
     virtual ~Desktop() = default;
@@ -54,14 +54,15 @@ public:
     virtual void setPointer(Pointer pointer) = 0;
     virtual Pointer pointer() const = 0;
 
-    /// Queues "{TAB}", "{END}" or "{end}": delivered to the window in front after the running event. While no window is
-    /// shown there is nobody to get them, and they are dropped.
+    /// Queues "{TAB}", "{END}" or "{end}": delivered to the window in front after the running event. While no
+    /// window is shown there is nobody to get them, and they are dropped.
     void sendKeys(std::string_view keys);
-    /// For toolkits: delivers what is queued to the window in front; called when an event has ended, before the next key.
+    /// For toolkits: delivers what is queued to the window in front; called when an event has ended, before
+    /// the next key.
     void deliverKeys();
 
-    /// Lets pending events run. Time-sliced: works when some 10 ms have passed since the last time, and without the
-    /// user's input.
+    /// Lets pending events run. Time-sliced: works when some 10 ms have passed since the last time, and
+    /// without the user's input.
     void yield();
     /// Lets pending events run once, now; with the user's input if asked for.
     virtual void processEvents(bool userInput) = 0;
@@ -82,6 +83,10 @@ public:
     virtual void openBrowser(std::string_view address) = 0;
     Components& components() { return components_; }
 
+protected:
+    /// Every yield works, whatever time has passed: for a desktop that wants to see them all.
+    void yieldAlways() { yieldsAlways_ = true; }
+
 private:
     friend class Window;
     void opened(Window& window);
@@ -90,6 +95,8 @@ private:
     std::vector<Window*> shown_;
     std::deque<Key> keys_;
     std::chrono::steady_clock::time_point lastYield_{};
+    unsigned yields_ = 0;
+    bool yieldsAlways_ = false;
     Components components_;
 };
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 
 #include "screen/Event.h"
@@ -11,7 +12,22 @@ class Window;
 class Field;
 
 enum class FieldKind {
-    Text, Label, Combo, List, Check, Option, Button, TwoState, Panel, Tabs, Status, Grid, Date, RichText, Web, Picture
+    Text,
+    Label,
+    Combo,
+    List,
+    Check,
+    Option,
+    Button,
+    TwoState,
+    Panel,
+    Tabs,
+    Status,
+    Grid,
+    Date,
+    RichText,
+    Web,
+    Picture
 };
 
 /// Where a field stands: in the window itself, in a panel, or on a page of a tab control.
@@ -25,8 +41,8 @@ struct Color {
     bool operator==(const Color&) const = default;
 };
 
-/// A named field of a window. It holds its state itself and needs no toolkit: a toolkit draws what it holds (told by
-/// Window::onTouched) and feeds it what the user does (the user... operations).
+/// A named field of a window. It holds its state itself and needs no toolkit: a toolkit draws what it holds
+/// (told by Window::onTouched) and feeds it what the user does (the user... operations).
 class Field {
 public:
     /// Registers the field with its window under its name ("txtChubsu", "ssoSex(0)").
@@ -50,27 +66,30 @@ public:
     /// True when the user can reach it: shown, itself and all holders enabled.
     bool reachable() const;
 
-    /// Gives the field the focus as the logic does: the pages that it stands on come forward, the former field is
-    /// left, onFocus runs once the field has it. Nothing happens for a field that has it or that can't take it.
+    /// Gives the field the focus as the logic does: the pages that it stands on come forward, the former
+    /// field is left, onFocus runs once the field has it. Nothing happens for a field that has it or that
+    /// can't take it.
     void setFocus();
     bool hasFocus() const;
-    /// Whether a Tab move stops here. Labels, panels, tab controls, pictures and the status bar never take the focus.
+    /// Whether a Tab move stops here. Labels, panels, tab controls, pictures and the status bar never take
+    /// the focus.
     virtual bool takesFocus() const;
     bool tabStop() const { return tabStop_; }
     void setTabStop(bool stop) { tabStop_ = stop; }
 
     const std::string& tipText() const { return tipText_; }
-    void setTipText(std::string text) { tipText_ = std::move(text); }
+    void setTipText(std::string text);
     /// The words that name the field for a reader of the screen; the label in front of it.
     const std::string& label() const { return label_; }
-    void setLabel(std::string label) { label_ = std::move(label); }
+    void setLabel(std::string label);
 
     /// Place on the glass in twips, fed back by the toolkit; 0 in the console.
     double left = 0, top = 0, width = 0, height = 0;
 
     Event<> onFocus;
     Event<> onLostFocus;
-    /// A key goes down (its code), then is typed (its character; Enter 13, Backspace 8, Esc 27). Setting it to 0 swallows it.
+    /// A key goes down (its code), then is typed (its character; Enter 13, Backspace 8, Esc 27). Setting it
+    /// to 0 swallows it.
     Event<int&> onKeyDown;
     Event<char32_t&> onKeyPress;
 
@@ -82,8 +101,13 @@ public:
 protected:
     /// Tells the toolkit that something it shows has changed.
     void touch();
+    /// The user clicks the field: it takes the focus, then `act` runs, unless the focus went elsewhere or the
+    /// field can't be reached any more. One action of the window.
+    void userClicks(std::function<void()> act);
 
 private:
+    bool onPageInFront() const;
+
     Window& window_;
     std::string name_;
     FieldKind kind_;

@@ -1,12 +1,14 @@
 #pragma once
 
 #include <array>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "basics/Dates.h"
 #include "screen/Field.h"
+#include "screen/Index.h"
 
 namespace zelvo::screen {
 
@@ -28,11 +30,11 @@ public:
     /// Empties the list; nothing is selected then and no event runs.
     void clear();
     int entryCount() const { return static_cast<int>(entries_.size()); }
-    const std::string& entry(int index) const { return entries_.at(static_cast<std::size_t>(index)); }
+    const std::string& entry(int index) const { return entries_[checkedIndex(index, entries_.size())]; }
     int selectedIndex() const { return selected_; }
     std::string text() const;
-    /// Selects an entry, by the user or the program alike: onSelect runs, also for the entry that was selected. -1 selects
-    /// none, without an event.
+    /// Selects an entry, by the user or the program alike: onSelect runs, also for the entry that was
+    /// selected. -1 selects none, without an event.
     void select(int index);
     /// The user picks an entry: it takes the focus first.
     void userSelect(int index);
@@ -45,20 +47,22 @@ private:
     int selected_ = -1;
 };
 
-/// Items with text and a check mark each. Items count from 0.
+/// Items with text and a check mark each. Items count from 0; an index that counts none throws Fault, as in
+/// all lists.
 class ItemList : public Field {
 public:
     ItemList(Window& window, std::string name, Place place = {});
     void addItem(std::string_view text);
     void clear();
     int itemCount() const { return static_cast<int>(items_.size()); }
-    const std::string& item(int index) const { return items_.at(static_cast<std::size_t>(index)).text; }
-    bool itemChecked(int index) const { return items_.at(static_cast<std::size_t>(index)).checked; }
+    const std::string& item(int index) const { return items_[checkedIndex(index, items_.size())].text; }
+    bool itemChecked(int index) const { return items_[checkedIndex(index, items_.size())].checked; }
     void setItemChecked(int index, bool checked);
     int selectedIndex() const { return selected_; }
     void select(int index);
     /// The user clicks an item: it is selected, and onItemClick runs.
     void userClick(int index);
+    void applyKey(const Key& key) override;
 
     Event<int> onItemClick;
 
@@ -103,7 +107,10 @@ public:
     Event<> onClick;
 
 private:
-    std::string group() const;
+    /// The name of its array.
+    std::string_view group() const;
+    void unsetOthers();
+
     std::string caption_;
     bool value_ = false;
 };
@@ -148,8 +155,8 @@ private:
     bool value_ = false;
 };
 
-/// Uses a two-state button as a press button: `act` runs on the way down only, after the button has been released and
-/// repainted, so that the change of value can't run it twice.
+/// Uses a two-state button as a press button: `act` runs on the way down only, after the button has been
+/// released and repainted, so that the change of value can't run it twice.
 void usePressed(TwoStateButton& button, std::function<void()> act);
 
 class Panel : public Field {
@@ -166,16 +173,18 @@ private:
     Color backColor_{240, 240, 240};
 };
 
-/// Pages count from 0. onClick is the user's click on a tab, also on the one in front; a page that the program selects
-/// brings no click.
+/// Pages count from 0. onClick is the user's click on a tab, also on the one in front; a page that the
+/// program selects brings no click.
 class TabControl : public Field {
 public:
     TabControl(Window& window, std::string name, std::vector<std::string> captions, Place place = {});
     int pageCount() const { return static_cast<int>(pages_.size()); }
-    const std::string& pageCaption(int page) const { return pages_.at(static_cast<std::size_t>(page)).caption; }
+    const std::string& pageCaption(int page) const {
+        return pages_[checkedIndex(page, pages_.size())].caption;
+    }
     int current() const { return current_; }
     void select(int page);
-    bool selectable(int page) const { return pages_.at(static_cast<std::size_t>(page)).selectable; }
+    bool selectable(int page) const { return pages_[checkedIndex(page, pages_.size())].selectable; }
     void setSelectable(int page, bool selectable);
     Place page(int index) { return {this, index}; }
     /// The user clicks a tab; false when it is not selectable.
@@ -196,7 +205,7 @@ private:
 class StatusBar : public Field {
 public:
     StatusBar(Window& window, std::string name, Place place = {});
-    const std::string& panel(int number) const { return panels_.at(static_cast<std::size_t>(number - 1)); }
+    const std::string& panel(int number) const { return panels_[checkedIndex(number - 1, panels_.size())]; }
     void setPanel(int number, std::string_view text);
 
 private:

@@ -8,13 +8,14 @@
 
 namespace zelvo::screen {
 
-/// What text fields and rich text fields have in common: a text, a caret with a selection (in characters), typing.
+/// What text fields and rich text fields have in common: a text, a caret with a selection (in characters),
+/// typing.
 class EditField : public Field {
 public:
     const std::string& text() const { return text_; }
-    /// Stores the text and runs onChange, at once and inside the call, when and only when it differs. The caret stays behind
-    /// the text if it stood there, else where it was as far as the new text reaches.
-    virtual void setText(std::string_view text);
+    /// Stores the text and runs onChange, at once and inside the call, when and only when it differs. The
+    /// caret stays behind the text if it stood there, else where it was as far as the new text reaches.
+    void setText(std::string_view text);
 
     std::size_t selectionStart() const { return selectionStart_; }
     std::size_t selectionLength() const { return selectionLength_; }
@@ -35,8 +36,8 @@ public:
     bool hangul() const { return hangul_; }
     void setHangul(bool hangul) { hangul_ = hangul; }
 
-    /// The user's text replaces the selection at once, without keys (a paste, a finished composition). A single-line field
-    /// takes the first line of it only.
+    /// The user's text replaces the selection at once, without keys (a paste, a finished composition). A
+    /// single-line field takes the first line of it only.
     void userInsert(std::string_view text);
     void applyKey(const Key& key) override;
 
@@ -44,9 +45,15 @@ public:
 
 protected:
     EditField(Window& window, std::string name, FieldKind kind, Place place);
+    /// Stores text and caret (in characters), then runs onChange if the text differs, or its form does.
+    void change(std::string text, std::size_t caret, bool formChanged = false);
+    /// A new text stands in the field; onChange comes next.
+    virtual void stored() {}
 
 private:
     void replaceSelection(std::string_view with);
+    std::size_t stepForward(std::size_t position) const;
+    std::size_t stepBackward(std::size_t position) const;
     void removeBehindCaret();
     void removeBeforeCaret();
     void moveCaret(int code);
@@ -71,7 +78,8 @@ private:
     std::string tag_;
 };
 
-/// A rich text: the RTF form and the plain text of the same content.
+/// A rich text: the RTF form and the plain text of the same content. A plain text that is set or typed has
+/// its RTF form written from it.
 class RichTextField : public EditField {
 public:
     RichTextField(Window& window, std::string name, Place place = {});
@@ -79,13 +87,13 @@ public:
     const std::string& rtf() const { return rtf_; }
     /// Takes RTF, or a plain text where it doesn't begin as RTF does; onChange runs when the content differs.
     void setRtf(std::string_view rtf);
-    /// Takes a plain text; its RTF form is written from it.
-    void setText(std::string_view text) override;
     bool locked() const { return readOnly(); }
     void setLocked(bool locked) { setReadOnly(locked); }
 
 private:
-    std::string rtf_;
+    void stored() override;
+
+    std::string rtf_, incoming_;
 };
 
 }  // namespace zelvo::screen

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <deque>
 #include <functional>
 #include <string>
 #include <string_view>
@@ -11,8 +12,8 @@
 
 namespace zelvo::screen {
 
-/// A screen with named fields. It is made, loaded at its first touch, shown modally, hidden or unloaded; an unloaded window
-/// is not shown again. It owns the tab order, the focus and the count of its running actions.
+/// A screen with named fields. It is made, loaded at its first touch, shown modally, hidden or unloaded; an
+/// unloaded window is not shown again. It owns the tab order, the focus and the count of its running actions.
 class Window {
 public:
     /// `name` is the class name ("frmMessage"); width and height in twips.
@@ -38,24 +39,30 @@ public:
     const std::vector<Field*>& tabOrder() const { return tabOrder_; }
 
     Field* focus() const { return focus_; }
-    /// A Tab move from the field that has the focus: the next field that takes the focus and is reachable, or would be with its
-    /// page of a tab control inside the main tab in front (which then comes forward). Wraps around.
+    /// A Tab move from the field that has the focus: the next field that takes the focus and is reachable, or
+    /// would be with its page of a tab control inside the main tab in front (which then comes forward). Wraps
+    /// around.
     void moveFocus(bool backward = false);
     /// The tab control whose pages a Tab move never turns.
     void setMainTabs(const Field* tabs) { mainTabs_ = tabs; }
 
     /// Shows the window modally; returns when it has been hidden or unloaded and none of its actions runs.
+    /// The focus goes to the field that it was given before, else to the first of the tab order. Does nothing
+    /// for an unloaded window.
     void showModal();
     bool shown() const { return shown_; }
     /// Ends the modal run; the window can still be read by its caller.
     void hide();
-    /// Ends the modal run, or the life of a window that was never shown or only hidden; onUnload runs once, when no action
-    /// of the window runs any more.
+    /// Ends the modal run, or the life of a window that was never shown or only hidden; onUnload runs once,
+    /// when no action of the window runs any more.
     void unload();
     bool unloaded() const { return unloaded_; }
     Event<> onUnload;
     /// True when the modal run is to end: something asked for it, and no action runs.
     bool leaving() const;
+    /// True as soon as something asked for that: a wait inside an action looks here. No input is taken any
+    /// more.
+    bool closing() const { return leaving_ != Leaving::No; }
 
     /// The size changed, by the user or the toolkit (twips); onResize runs.
     void userResize(double width, double height);
@@ -69,8 +76,9 @@ public:
     double width() const { return width_; }
     double height() const { return height_; }
 
-    /// What the user does goes through here: it runs as an action of the window. While another action runs, it waits until
-    /// that one has ended (unless the running one takes input, as the wait for a notice's page does).
+    /// What the user does goes through here: it runs as an action of the window. While another action runs,
+    /// it waits until that one has ended (unless the running one takes input, as the wait for a notice's page
+    /// does).
     void userInput(std::function<void()> input);
     /// A key of the user or an injected one, for the field that has the focus.
     void userKey(const Key& key);
@@ -79,17 +87,18 @@ public:
     /// The user wants the window closed.
     void userClose();
 
-    /// Counts a running action for as long as it lives. A window is not closed, and takes no further input, before the
-    /// count is zero.
+    /// Counts a running action for as long as it lives. A window is not closed, and takes no further input,
+    /// before the count is zero.
     class Action {
     public:
         explicit Action(Window& window);
-        ~Action();
+        ~Action() noexcept(false);
         Action(const Action&) = delete;
         Action& operator=(const Action&) = delete;
 
     private:
         Window& window_;
+        int unwinding_;
     };
     bool busy() const { return actions_ > 0; }
     /// While it lives, the running action lets the user's input in.
@@ -106,16 +115,21 @@ public:
 
 private:
     friend class Field;
+    enum class Leaving { No, Hide, Unload };
+    class InputTurn;
+    class ModalRun;
+
     void registerField(Field& field);
     void forget(Field& field);
+    bool has(const Field& field) const;
     void touched(Field* field) { onTouched(field); }
-    void giveFocus(Field& field);
-    void endAction();
+    void open();
+    void runWaiting();
     void finishUnload();
-    bool canMoveTo(const Field& field) const;
-    void bringForward(const Field& field);
-
-    enum class Leaving { No, Hide, Unload };
+    void dispatch(const Key& key);
+    void giveFocus(Field& field);
+    bool canMoveTo(const Field& field, bool turnsMainTabs) const;
+    static void bringForward(const Field& field);
 
     Desktop& desktop_;
     std::string name_, caption_;
@@ -123,8 +137,10 @@ private:
     std::vector<Field*> fields_, tabOrder_;
     std::unordered_map<std::string, Field*> byName_;
     Field* focus_ = nullptr;
+    bool entered_ = false;  ///< onFocus has run for the field that has the focus
+    unsigned focusTurn_ = 0;
     const Field* mainTabs_ = nullptr;
-    std::vector<std::function<void()>> waiting_;
+    std::deque<std::function<void()>> waiting_;
     int actions_ = 0, inputAllowed_ = 0;
     bool loaded_ = false, shown_ = false, unloaded_ = false;
     Leaving leaving_ = Leaving::No;

@@ -1,0 +1,14 @@
+#include "screen/Components.h"
+
+namespace zelvo::screen {
+
+std::unique_ptr<Component> Components::create(const std::string& className) const {
+    const auto maker = makers_.find(className);
+    return maker == makers_.end() || !maker->second ? nullptr : maker->second();
+}
+
+std::string Components::missing(const std::string& className) {
+    return "구성 요소 " + className + "을(를) 만들 수 없습니다.";
+}
+
+}  // namespace zelvo::screen

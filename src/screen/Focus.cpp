@@ -1,0 +1,78 @@
+#include <algorithm>
+#include <utility>
+
+#include "screen/Fields.h"
+#include "screen/Window.h"
+
+// The focus of a window and its tab order.
+namespace zelvo::screen {
+
+void Window::setTabOrder(const std::vector<std::string>& names) {
+    std::vector<Field*> order;
+    const auto append = [&order](Field* next) {
+        if (next && std::find(order.begin(), order.end(), next) == order.end()) order.push_back(next);
+    };
+    for (const std::string& name : names) append(field(name));
+    for (Field* other : fields_) append(other);
+    tabOrder_ = std::move(order);
+}
+
+void Window::moveFocus(bool backward) {
+    const std::size_t count = tabOrder_.size();
+    const auto at = std::find(tabOrder_.begin(), tabOrder_.end(), focus_);
+    // Without a focus the move comes in from outside: on to the first field, or back to the last.
+    std::size_t position = static_cast<std::size_t>(at - tabOrder_.begin());
+    if (at == tabOrder_.end()) position = backward ? 0 : count - 1;
+    for (std::size_t step = 0; step < count; ++step) {
+        position = (position + (backward ? count - 1 : 1)) % count;
+        Field& next = *tabOrder_[position];
+        if (!next.tabStop() || !next.takesFocus() || !canMoveTo(next, false)) continue;
+        giveFocus(next);
+        return;
+    }
+}
+
+/// Whether the focus can go to a field: it and its holders visible and enabled, its pages in front or to be
+/// turned to.
+bool Window::canMoveTo(const Field& field, bool turnsMainTabs) const {
+    for (const Field* at = &field; at; at = at->place().holder) {
+        if (!at->visible() || !at->enabled()) return false;
+        const auto [holder, page] = at->place();
+        if (!holder || holder->kind() != FieldKind::Tabs || page < 0) continue;
+        const auto* tabs = static_cast<const TabControl*>(holder);
+        if (tabs->current() == page) continue;
+        if ((tabs == mainTabs_ && !turnsMainTabs) || !tabs->selectable(page)) return false;
+    }
+    return true;
+}
+
+void Window::bringForward(const Field& field) {
+    for (const Field* at = &field; at->place().holder; at = at->place().holder) {
+        const auto [holder, page] = at->place();
+        if (holder->kind() == FieldKind::Tabs && page >= 0) static_cast<TabControl*>(holder)->select(page);
+    }
+}
+
+/// The new field has the focus before the former one is told, so that a handler's own move, made at any point
+/// of this, is the later one and stands.
+void Window::giveFocus(Field& field) {
+    if ((focus_ == &field && (entered_ || !shown_)) || !field.takesFocus() || !canMoveTo(field, true)) return;
+    if (shown_ && closing()) return;
+    Field* const former = std::exchange(focus_, &field);
+    const bool formerEntered = std::exchange(entered_, false) && former;
+    const unsigned turn = ++focusTurn_;
+    const auto stands = [&] { return turn == focusTurn_ && focus_ == &field && !closing(); };
+    if (formerEntered) {
+        touched(former);
+        former->leave();
+        if (focus_ != former && has(*former)) former->onLostFocus();
+        if (!stands()) return;
+    }
+    bringForward(field);
+    touched(&field);
+    if (!shown_ || !stands()) return;
+    entered_ = true;
+    field.onFocus.runWhile(stands);
+}
+
+}  // namespace zelvo::screen

@@ -1,0 +1,227 @@
+#include "screen/Window.h"
+
+#include <algorithm>
+#include <exception>
+#include <utility>
+
+namespace zelvo::screen {
+
+/// One input of the user being worked off: an action, during which no other input comes in unless it lets it
+/// itself.
+class Window::InputTurn {
+public:
+    explicit InputTurn(Window& window) : window_(window), allowed_(std::exchange(window.inputAllowed_, 0)) {
+        ++window_.actions_;
+    }
+    ~InputTurn() {
+        --window_.actions_;
+        window_.inputAllowed_ = allowed_;
+    }
+    InputTurn(const InputTurn&) = delete;
+    InputTurn& operator=(const InputTurn&) = delete;
+
+private:
+    Window& window_;
+    int allowed_;
+};
+
+/// A window on the screen. Actions that already ran when it was shown neither hold it open nor keep its input
+/// out.
+class Window::ModalRun {
+public:
+    explicit ModalRun(Window& window)
+        : window_(window),
+          actions_(std::exchange(window.actions_, 0)),
+          allowed_(std::exchange(window.inputAllowed_, 0)) {
+        window_.shown_ = true;
+        window_.desktop_.opened(window_);
+    }
+    ~ModalRun() {
+        window_.desktop_.closed(window_);
+        window_.shown_ = false;
+        window_.entered_ = false;
+        window_.waiting_.clear();
+        if (window_.leaving_ == Leaving::Hide) window_.leaving_ = Leaving::No;
+        window_.actions_ += actions_;
+        window_.inputAllowed_ += allowed_;
+    }
+    ModalRun(const ModalRun&) = delete;
+    ModalRun& operator=(const ModalRun&) = delete;
+
+private:
+    Window& window_;
+    int actions_, allowed_;
+};
+
+Window::Window(Desktop& desktop, std::string name, double width, double height)
+    : desktop_(desktop), name_(std::move(name)), width_(width), height_(height) {}
+
+Window::~Window() {
+    if (shown_) desktop_.closed(*this);
+}
+
+void Window::setCaption(std::string_view caption) {
+    if (caption == caption_) return;
+    caption_ = caption;
+    touched(nullptr);
+}
+
+void Window::touch() {
+    if (std::exchange(loaded_, true)) return;
+    onLoad();
+}
+
+Field* Window::field(std::string_view name) const {
+    const auto found = byName_.find(std::string(name));
+    return found == byName_.end() ? nullptr : found->second;
+}
+
+void Window::registerField(Field& field) {
+    if (!byName_.emplace(field.name(), &field).second)
+        throw basics::Fault(name_ + ": " + field.name() + " 필드가 이미 있습니다.");
+    fields_.push_back(&field);
+    tabOrder_.push_back(&field);
+}
+
+void Window::forget(Field& field) {
+    std::erase(fields_, &field);
+    std::erase(tabOrder_, &field);
+    byName_.erase(field.name());
+    if (focus_ == &field) focus_ = nullptr;
+    if (mainTabs_ == &field) mainTabs_ = nullptr;
+}
+
+bool Window::has(const Field& field) const {
+    return std::find(fields_.begin(), fields_.end(), &field) != fields_.end();
+}
+
+void Window::showModal() {
+    if (shown_ || unloaded_) return;
+    touch();
+    if (!closing()) {
+        try {
+            const ModalRun run(*this);
+            open();
+            if (!leaving()) desktop_.runModal(*this);
+            if (!closing()) leaving_ = Leaving::Unload;  // the toolkit itself came to its end
+        } catch (...) {
+            leaving_ = Leaving::Unload;
+            finishUnload();
+            throw;
+        }
+    }
+    finishUnload();
+}
+
+void Window::open() {
+    const Action opening(*this);
+    touched(nullptr);
+    Field* first = focus_ && focus_->reachable() ? focus_ : nullptr;
+    for (auto next = tabOrder_.begin(); !first && next != tabOrder_.end(); ++next) {
+        if ((*next)->takesFocus() && (*next)->tabStop() && (*next)->reachable()) first = *next;
+    }
+    if (first) giveFocus(*first);
+}
+
+void Window::hide() {
+    if (!shown_ || closing()) return;
+    leaving_ = Leaving::Hide;
+    waiting_.clear();
+}
+
+void Window::unload() {
+    if (unloaded_) return;
+    leaving_ = Leaving::Unload;
+    waiting_.clear();
+    finishUnload();
+}
+
+bool Window::leaving() const {
+    return closing() && actions_ == 0;
+}
+
+/// Ends the life of a window that is to be unloaded, once nothing shows it and nothing runs in it.
+void Window::finishUnload() {
+    if (leaving_ != Leaving::Unload || shown_ || actions_ > 0 || std::exchange(unloaded_, true)) return;
+    onUnload();
+}
+
+Window::Action::Action(Window& window) : window_(window), unwinding_(std::uncaught_exceptions()) {
+    ++window_.actions_;
+}
+
+Window::Action::~Action() noexcept(false) {
+    --window_.actions_;
+    if (std::uncaught_exceptions() == unwinding_) window_.runWaiting();
+}
+
+Window::InputAllowed::InputAllowed(Window& window) : window_(window) {
+    ++window_.inputAllowed_;
+    window_.runWaiting();
+}
+
+Window::InputAllowed::~InputAllowed() {
+    --window_.inputAllowed_;
+}
+
+void Window::userInput(std::function<void()> input) {
+    if (closing()) return;
+    waiting_.push_back(std::move(input));
+    runWaiting();
+}
+
+/// Works off the user's input in its order, as far as nothing stands in its way.
+void Window::runWaiting() {
+    while (!waiting_.empty() && (actions_ == 0 || inputAllowed_ > 0)) {
+        const std::function<void()> input = std::move(waiting_.front());
+        waiting_.pop_front();
+        const InputTurn turn(*this);
+        input();
+    }
+    finishUnload();
+}
+
+void Window::userKey(const Key& key) {
+    userInput([this, key] { dispatch(key); });
+}
+
+/// A key belongs to the field that had the focus when it went down; it ends where a listener swallows it, or
+/// where the window or the field is no longer there to take it.
+void Window::dispatch(const Key& key) {
+    Field* const field = focus_;
+    int code = key.code;
+    onKeyPreview(code);
+    const auto goesOn = [&] { return code != keys::none && !closing(); };
+    const auto takesIt = [&] { return field && has(*field) && field->reachable(); };
+    if (!goesOn()) return;
+    if (takesIt()) field->onKeyDown(code);
+    if (!goesOn()) return;
+    if (code == keys::tab) {
+        moveFocus();
+        return;
+    }
+    char32_t character = key.character;
+    if (character != 0 && takesIt()) {
+        field->onKeyPress(character);
+        if (character == 0 || closing()) return;
+    }
+    if (takesIt()) field->applyKey({code, character});
+}
+
+void Window::userFocus(Field& field) {
+    userInput([&field] {
+        if (field.reachable()) field.setFocus();
+    });
+}
+
+void Window::userClose() {
+    if (shown_) unload();
+}
+
+void Window::userResize(double width, double height) {
+    width_ = width;
+    height_ = height;
+    userInput([this] { onResize(); });
+}
+
+}  // namespace zelvo::screen
