@@ -102,6 +102,7 @@ void Window::showModal() {
         try {
             const ModalRun run(*this);
             open();
+            desktop_.deliverKeys();
             if (!leaving()) desktop_.runModal(*this);
             if (!closing()) leaving_ = Leaving::Unload;  // the toolkit itself came to its end
         } catch (...) {

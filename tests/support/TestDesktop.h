@@ -15,7 +15,7 @@ namespace zelvo::testing {
 /// never used, a box that nobody looked at, and a script that never ran fail the test when the desktop goes.
 class TestDesktop : public screen::Desktop {
 public:
-    TestDesktop() = default;
+    TestDesktop() { yieldAlways(); }
     ~TestDesktop() override;
 
     /// The next box gets this answer; several queue up. A box without one gets its default.
@@ -36,9 +36,8 @@ public:
     /// Shows `window` modally with this script.
     void show(screen::Window& window, std::function<void()> script);
 
-    /// Runs at every pass of the event loop.
+    /// Runs at every pass of the event loop: at every yield, whatever time has passed.
     std::function<void()> onEvents;
-    /// Every yield works, whatever time has passed, when set (default): a test wants to see them all.
     int passes = 0;
     std::vector<std::string> browsed;
     std::vector<std::string> pointerHistory;
