@@ -12,8 +12,8 @@ OrderTab::OrderTab(screen::Window& form, screen::Place tab, session::Session& se
       sender(form, frames),
       payment(form, frames, gate),
       sheet(form, frames, session, patient.txtPatientName, gate),
-      draft{session, herbs, dose, options, patient, sender, payment, sheet},
-      cost(form, frames, draft, gate),
+      draft{session, frames, herbs, dose, options, patient, sender, payment, sheet},
+      cost(form, draft, gate),
       send(form, draft, gate, cost, balance) {}
 
 void OrderTab::Form_Load() {

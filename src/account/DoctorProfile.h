@@ -1,0 +1,47 @@
+#pragma once
+
+#include <string_view>
+
+#include "data/clsZELVORecordSet.h"
+#include "screen/Fields.h"
+#include "screen/TextField.h"
+
+namespace zelvo::account {
+
+/// What a doctor may pay with.
+struct ValidPay {
+    bool deposit = false, later = false, settled = false;
+    bool operator==(const ValidPay&) const = default;
+};
+
+/// Reads DTR_ValidPay: the first, the second and the last character, each "1" for yes.
+ValidPay validPay(std::string_view flags);
+
+/// The doctor's own record. The first eight fields may be changed, all others belong to the pharmacy.
+class DoctorProfile {
+public:
+    /// `place` is the page "MY OCS".
+    DoctorProfile(screen::Window& form, screen::Place place);
+
+    screen::TextField txtDTRname, txtDTRlicense, txtDTRcell, txtDTREmail, txtDTRhostel, txtDTRhosname,
+        txtDTRhoszip;
+    screen::TwoStateButton ssrZipCode4;
+    screen::TextField txtDTRaddress;
+    screen::TwoStateButton ssrDTRchang;
+    screen::TextField txtDTRid, txtDTRpass;
+    screen::TwoStateButton ssrPWDchang;
+    screen::TextField txtDTRdiscount, txtDTRmileage, txtDTRregdate;
+    screen::ItemList ListVpayment;
+    screen::TextField txtDTRpouch, txtDTRbox, txtDTRuseform, txtDTRvip;
+
+    /// The three pay methods of the list.
+    void Form_Load();
+    /// Shows a doctor's record, texts trimmed. What the record fills outside of this tab is the login's.
+    void show(const data::DoctorRecord& doctor);
+    void clear();
+
+private:
+    void checkPayments(const ValidPay& flags);
+};
+
+}  // namespace zelvo::account

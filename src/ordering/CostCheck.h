@@ -1,0 +1,43 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "screen/Desktop.h"
+#include "tables/XArrayDB.h"
+
+namespace zelvo::ordering {
+
+/// The texts of an order that are checked before its price is asked for, as they stand in their fields.
+struct CostInput {
+    std::string PatientName, PatientCell, PatientTel;
+    std::string BesongMethod, BesongZip, BesongJuso;
+    std::string Doctor, DoctorCell, HospitalTel, BalsongZip, BalsongJuso;
+    std::string Chubsu, DrugPrice, PouchAmount, PouchTotal;
+    std::string CBJmsg, PaymentMethod;
+};
+
+/// Where an order is at fault.
+enum class CheckResult : std::int16_t {
+    Fault = -1,  ///< the check itself failed
+    Passed = 0,
+    Patient = 1,  ///< patient or delivery address
+    SetDelivery = 2,
+    Sender = 3,
+    OrderType = 4,
+    Herbs = 5,
+    Decoction = 6,
+    Message = 8,
+    PayMethod = 9,
+};
+
+/// Columns of the order types that say which sections an order has.
+inline constexpr int jobHasDrug = 5, jobHasTangJun = 6;
+
+/// The one check of an order before its price: shows the first fault that it meets and says where it lies.
+/// The last question (the delivery method still open) is asked here too. Changes nothing else.
+CheckResult Check_CostInput(screen::Desktop& desktop, const CostInput& input,
+                            const tables::XArrayDB& m_xaJobList, const tables::XArrayDB& g_xaDrug,
+                            const tables::XArrayDB& m_xaTJML);
+
+}  // namespace zelvo::ordering

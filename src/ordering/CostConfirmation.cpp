@@ -1,0 +1,246 @@
+#include "ordering/CostConfirmation.h"
+
+#include <array>
+#include <exception>
+
+#include "basics/Numbers.h"
+#include "basics/Pictures.h"
+#include "composition/frmMessage.h"
+#include "data/Words.h"
+
+namespace zelvo::ordering {
+
+using composition::modHanYakGuk::CostFields;
+
+namespace {
+
+constexpr const char* caption = "처방전 비용확인";
+constexpr const char* selectedStyle = "styCostConfirmselect";
+
+constexpr std::array<std::string_view, cost::lastRow + 1> labels = {"             [ 합계비용 ]",
+                                                                    " 조제비용",
+                                                                    " 약재비용",
+                                                                    " 탕전비용",
+                                                                    " 제형변화비용",
+                                                                    " 파우치비용",
+                                                                    " 박스비용",
+                                                                    " 복용법용지비용",
+                                                                    " 택배비용",
+                                                                    " 부가세",
+                                                                    " 기타"};
+
+std::vector<screen::GridColumn> costColumns() {
+    return {{.caption = "비용 항목", .width = 2400},
+            {.caption = "비용(원)", .alignRight = true, .width = 1400},
+            {.caption = "자세히", .button = true, .width = 700},
+            {.caption = "비용세부항목", .shown = false, .stops = false}};
+}
+
+std::string wonText(std::int32_t won) {
+    return basics::formatNumber(won, basics::NumberPicture::SeparatedZero);
+}
+
+std::string zeroIfEmpty(const std::string& text) {
+    return text.empty() ? "0" : text;
+}
+
+/// While the price is being asked for: the waiting text in place of the cost lines, and no way to the send
+/// controls.
+class WaitingView {
+public:
+    WaitingView(screen::Desktop& desktop, composition::OrderFrames& frames, CostConfirmation& pane)
+        : desktop_(desktop), frames_(frames), pane_(pane) {
+        pane_.txtCOMcost.setText(
+            "\r\n\r\n잠시만 기다려 주십시오.\r\n\r\n처방전 비용을 계산 중입니다.\r\n\r\n감사합니다.");
+        pane_.txtCOMcost.setVisible(true);
+        desktop_.processEvents(false);
+        pane_.tdbCostConfirm.setVisible(false);
+        frames_.c1eSendmain.setEnabled(false);
+    }
+    ~WaitingView() {
+        frames_.c1eSendmain.setEnabled(true);
+        pane_.txtCOMcost.setVisible(false);
+        desktop_.processEvents(false);
+        pane_.tdbCostConfirm.setVisible(true);
+    }
+    WaitingView(const WaitingView&) = delete;
+    WaitingView& operator=(const WaitingView&) = delete;
+
+private:
+    screen::Desktop& desktop_;
+    composition::OrderFrames& frames_;
+    CostConfirmation& pane_;
+};
+
+}  // namespace
+
+CostConfirmation::CostConfirmation(screen::Window& form, OrderDraft& draft, SendGate& gate)
+    : ssrCostConfirm(form, "ssrCostConfirm", draft.frames.c1eSendmain.inside(), "비용확인"),
+      tdbCostConfirm(form, "tdbCostConfirm", draft.frames.c1eCostConfirm.inside(), costColumns()),
+      txtCOMcost(form, "txtCOMcost", draft.frames.c1eCostConfirm.inside()),
+      lblSumcost(form, "lblSumcost", draft.frames.c1eSendmain.inside(), "0"),
+      lblMileageMoney(form, "lblMileageMoney", draft.frames.c1eSendmain.inside(), "0"),
+      lblCBJcostAspURL(form, "lblCBJcostAspURL", draft.frames.c1eSendmain.inside(), "비용계산URL"),
+      lblCBJcostUpAspURL(form, "lblCBJcostUpAspURL", draft.frames.c1eSendmain.inside(), "비용수정URL"),
+      form_(form),
+      draft_(draft),
+      gate_(gate) {
+    for (screen::Label* variable : {&lblSumcost, &lblMileageMoney, &lblCBJcostAspURL, &lblCBJcostUpAspURL}) {
+        variable->setVisible(false);
+    }
+    txtCOMcost.setVisible(false);
+    txtCOMcost.setReadOnly(true);
+    txtCOMcost.setMultiLine(true);
+    txtCOMcost.setTabStop(false);
+    tdbCostConfirm.allowsUpdate = false;
+    tdbCostConfirm.emptyHint = "[비용확인]을 누르면 항목별 비용이 여기에 표시됩니다.";
+    tdbCostConfirm.bind(&m_xaCostConfirm);
+
+    screen::usePressed(ssrCostConfirm, [this] { Confirm_Cost(); });
+    tdbCostConfirm.onCellButton.add([this](int column) {
+        if (column == cost::button) showNote();
+    });
+    tdbCostConfirm.onRowStyle.add([this](int row, std::string& style) {
+        if (row == tdbCostConfirm.currentRow()) style = selectedStyle;
+    });
+}
+
+void CostConfirmation::Form_Load() {
+    tdbCostConfirm.addStyle(selectedStyle, {0, 0, 192});
+}
+
+void CostConfirmation::Confirm_Cost() {
+    screen::Desktop& desktop = form_.desktop();
+    if (draft_.session.m_DTRPK == 0) {
+        desktop.inform("로그인 후에 사용 하십시오.(m_DTRPK = 0)", "비용확인");
+        return;
+    }
+    const screen::BusyPointer busy(desktop);
+    if (!currentHerbIsSound()) {
+        desktop.inform("[약재정보]를 다시 확인바랍니다.", "비용확인");
+        return;
+    }
+    const CheckResult result = Check_CostInput(desktop, draft_.checkedTexts(), draft_.options.m_xaJobList,
+                                               draft_.lines(), draft_.options.m_xaTJML);
+    if (result != CheckResult::Passed) {
+        gate_.Set_CostConfirmed(false);
+        focusFault(result);
+        return;
+    }
+    gate_.checksPassed();
+    lblMileageMoney.setCaption("0");
+    lblSumcost.setCaption("0");
+    const WaitingView waiting(desktop, draft_.frames, *this);
+    const bool priced = Request_Cost();
+    // A change that came while the page was asked has taken the flag back: the price no longer fits.
+    gate_.Set_CostConfirmed(priced && gate_.costConfirmed());
+}
+
+/// False only when the check of the row that is being edited failed; an incomplete row is found by the
+/// checks.
+bool CostConfirmation::currentHerbIsSound() {
+    if (!draft_.hasHerbs() || draft_.lines().empty()) return true;
+    screen::Grid& herbs = draft_.herbs.tdbDGL;
+    herbs.commitEdit();
+    if (!herbs.onRow()) return true;
+    return composition::modHanYakGuk::Check_DrugRow(form_.desktop(), draft_.lines(), herbs.currentRow()) !=
+           -1;
+}
+
+void CostConfirmation::focusFault(CheckResult result) {
+    switch (result) {
+        case CheckResult::Patient:
+            return draft_.patient.txtPatientName.setFocus();
+        case CheckResult::SetDelivery:
+            return draft_.patient.cboBesongMethod.setFocus();
+        case CheckResult::Sender:
+            return draft_.sender.txtHospitalName.setFocus();
+        case CheckResult::OrderType:
+            return draft_.options.tdbJobList.setFocus();
+        case CheckResult::Herbs:
+            return draft_.herbs.tdbDGL.setFocus();
+        case CheckResult::Decoction:
+            return draft_.dose.txtDayTuyak.setFocus();
+        case CheckResult::Message:
+            return draft_.sheet.txtCBJmsg.setFocus();
+        case CheckResult::PayMethod:
+            return draft_.payment.cboPaymentMethod.setFocus();
+        case CheckResult::Fault:
+        case CheckResult::Passed:
+            return;
+    }
+}
+
+/// True when the price is on the screen; every failure has been shown.
+bool CostConfirmation::Request_Cost() {
+    screen::Desktop& desktop = form_.desktop();
+    try {
+        CostFields fields;
+        if (draft_.costFields(fields) == -1) {
+            desktop.alarm("[비용확인]을 다시 실행해 주십시오.(COM+ 비용계산 항목구성 중 에러 발생)", caption);
+            return false;
+        }
+        clearCosts();
+        const CostAnswer answer = readCostAnswer(askPage(fields));
+        if (answer.reading == CostReading::Good) {
+            showCosts(answer);
+            return true;
+        }
+        desktop.alarm(answer.reason, answer.reading == CostReading::Fault ? "처방전 비용확인 에러" : caption);
+    } catch (const std::exception& fault) {
+        desktop.alarm(fault.what(), "처방전 비용확인 에러");
+    }
+    return false;
+}
+
+std::string CostConfirmation::askPage(const CostFields& fields) const {
+    screen::OrderCostText::CostRequest request;
+    request.url = lblCBJcostAspURL.caption();
+    request.doctorKey = basics::decimalText(std::int64_t{draft_.session.m_DTRPK});
+    request.besongMethod =
+        basics::decimalText(std::int64_t{data::delivery::code(draft_.patient.cboBesongMethod.text())});
+    request.besongZip = draft_.patient.txtBesongZip.text();
+    request.besongJuso = draft_.patient.txtBesongJuso.text();
+    request.jobListKey = zeroIfEmpty(fields.JobListKey);
+    request.drugText = fields.DrugText;
+    request.chubsu = zeroIfEmpty(fields.Chubsu);
+    request.drugPrice = zeroIfEmpty(fields.DrugPrice);
+    request.tjmlKey = zeroIfEmpty(fields.TJMLKey);
+    request.tjalSlot = fields.TJALSlot;
+    request.pouchAmount = zeroIfEmpty(fields.PouchAmount);
+    request.pouchTotal = zeroIfEmpty(fields.PouchTotal);
+    request.payMethod =
+        basics::decimalText(std::int64_t{data::pay::code(draft_.payment.cboPaymentMethod.text())});
+    const auto page =
+        form_.desktop().components().make<screen::OrderCostText>("OrderCostText.clsOrderCostText");
+    return page->ChubangJunCost(request);
+}
+
+/// The former price goes before the new one is asked for: a request that fails leaves no figure standing.
+void CostConfirmation::clearCosts() {
+    m_xaCostConfirm.reDim(cost::lastRow, cost::note);
+    tdbCostConfirm.setCaption("");
+    tdbCostConfirm.bind(&m_xaCostConfirm);
+}
+
+void CostConfirmation::showCosts(const CostAnswer& answer) {
+    lblMileageMoney.setCaption(basics::decimalText(std::int64_t{answer.mileage}));
+    for (int row = 0; row <= cost::lastRow; ++row) {
+        const CostLine& line = row == 0 ? answer.total : answer.lines.at(static_cast<std::size_t>(row - 1));
+        m_xaCostConfirm.set(row, cost::label, labels[static_cast<std::size_t>(row)]);
+        m_xaCostConfirm.set(row, cost::amount, wonText(line.amount));
+        m_xaCostConfirm.set(row, cost::note, line.note);
+    }
+    lblSumcost.setCaption(basics::decimalText(std::int64_t{answer.total.amount}));
+    tdbCostConfirm.setCaption("합계 비용 = " + wonText(answer.total.amount));
+    tdbCostConfirm.bind(&m_xaCostConfirm);
+}
+
+void CostConfirmation::showNote() {
+    if (!tdbCostConfirm.onRow()) return;
+    composition::frmMessage message(form_.desktop());
+    message.placeBeside(draft_.frames.c1eCBJMsg);
+    message.read(tdbCostConfirm.value(cost::label), tdbCostConfirm.value(cost::note));
+}
+
+}  // namespace zelvo::ordering

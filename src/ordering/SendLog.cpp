@@ -1,0 +1,135 @@
+#include "ordering/SendLog.h"
+
+#include <exception>
+#include <vector>
+
+#include "basics/Text.h"
+#include "ordering/CostConfirmation.h"
+
+namespace zelvo::ordering {
+
+namespace {
+
+constexpr const char* blankLine = "\r\n\r\n";
+constexpr const char* table = "<table border=1 cellspacing=0 cellpadding=2>";
+constexpr int optionName = 2;
+
+std::string style() {
+    return "<style type=text/css>"
+           "<!--"
+           "body {font-size:9pt; font-family:돋움;}"
+           "td {font-size:9pt; font-family:돋움;}"
+           "a:link {font-size:9pt; text-decoration:none; color:darkblue}"
+           "a:visited {text-decoration:none; color:darkblue}"
+           "a:hover {text-decoration:underline; color:red}"
+           " //-->"
+           "</style>";
+}
+
+std::string title(const std::string& serverTime) {
+    return "<font color=red>[" + serverTime + "] 전송한 처방전 입니다. </font>" + blankLine;
+}
+
+std::string people(const composition::PatientDelivery& patient, const composition::SenderBlock& sender) {
+    const std::string wanted = patient.chkBesongDate.value() ? patient.dtpBesongDate.text() : "..";
+    return "[환자NO]= " + patient.lblPatientPK.caption() + ", [환자이름]= " + patient.txtPatientName.text() +
+           " [환자주소]= " + patient.txtBesongZip.text() + " " + patient.txtBesongJuso.text() + blankLine +
+           "[배송방식]= " + patient.cboBesongMethod.text() + ", [받을날짜]= " + wanted + blankLine +  //
+           "[한의원명]= " + sender.txtHospitalName.text() + ", [한의사]= " + sender.txtDoctor.text() +
+           " [발송주소]= " + sender.txtBalsongZip.text() + " " + sender.txtBalsongJuso.text() + blankLine;
+}
+
+std::string tableRow(const std::vector<std::string>& cells) {
+    std::string text = "<tr>";
+    for (const std::string& cell : cells) text += "<td>" + cell + "&nbsp;</td>";
+    return text + "</tr>";
+}
+
+std::string herbs(screen::Desktop& desktop, const OrderDraft& draft) {
+    if (!draft.hasHerbs()) return std::string("[약재정보]") + blankLine;
+    const tables::XArrayDB& lines = draft.lines();
+    std::string text = std::string("[약재정보]\r\n") + table +
+                       "<tr><td>약재명</td><td>한약국약재</td><td>용량(g)</td><td>단가</td><td>금액(원)</td>"
+                       "<td>비고</td></tr>";
+    for (int row = 0; row <= lines.upperRow(); ++row) {
+        text += tableRow({lines.text(row, 1), lines.text(row, 2), lines.text(row, 4), lines.text(row, 5),
+                          lines.text(row, 6), lines.text(row, 10)});
+        desktop.yield();
+    }
+    return text + "</table>\r\n[첩수]= " + draft.dose.txtChubsu.text() +
+           ", [약재가격]= " + draft.dose.txtDrugPrice.text() + blankLine;
+}
+
+std::string addOnNames(const tables::XArrayDB& addOns) {
+    std::vector<std::string> names;
+    for (int row = addOns.find(0, 0, "-1"); row >= 0;) {
+        names.push_back(addOns.text(row, optionName));
+        row = row < addOns.upperRow() ? addOns.find(row + 1, 0, "-1") : -1;
+    }
+    return basics::join(names, ", ");
+}
+
+std::string decoction(const OrderDraft& draft) {
+    if (!draft.hasDecoction()) return std::string("[탕전정보]\r\n[제형변화]") + blankLine;
+    const tables::XArrayDB& methods = draft.options.m_xaTJML;
+    const composition::DoseFields& dose = draft.dose;
+    return "[탕전정보]= " + methods.text(composition::OrderOptions::selectedRow(methods), optionName) +
+           "\r\n" + "[제형변화]= " + addOnNames(draft.options.m_xaTJAL) + "\r\n" +
+           "[1일 복용팩수]= " + dose.txtDayTuyak.text() + ", [복용일]= " + dose.txtTuyakilsu.text() +
+           ", [총파우치]= " + dose.txtPouchTotal.text() + ", [1팩용량]= " + dose.txtPouchAmount.text() +
+           blankLine;
+}
+
+std::string boxed(const std::string& heading, const std::string& text) {
+    return heading + "\r\n" + table + "<tr><td>" + text + "</td></tr></table>\r\n";
+}
+
+/// A note shows without its last line; one of a single line shows as an empty cell.
+std::string shownNote(const std::string& note) {
+    const std::size_t lastBreak = note.rfind(basics::lineBreak);
+    return lastBreak == std::string::npos ? std::string() : note.substr(0, lastBreak);
+}
+
+std::string costTable(screen::Desktop& desktop, const tables::XArrayDB& costs) {
+    std::string text = table;
+    for (int row = 0; row <= costs.upperRow(); ++row) {
+        text += tableRow({basics::trim(costs.text(row, cost::label)), costs.text(row, cost::amount),
+                          shownNote(costs.text(row, cost::note))});
+        desktop.yield();
+    }
+    return text + "</table>";
+}
+
+std::string fileName(const std::string& serverTime) {
+    return "zelvo_" + basics::removeAll(basics::removeAll(basics::removeBlanks(serverTime), "-"), ":") +
+           ".htm";
+}
+
+}  // namespace
+
+std::string sendLogText(screen::Desktop& desktop, const OrderDraft& draft, const tables::XArrayDB& costs,
+                        const std::string& serverTime) {
+    const std::string text =
+        style() + title(serverTime) + people(draft.patient, draft.sender) +
+        "[처방전 주문서]= " + draft.options.m_xaJobList.text(draft.jobRow(), optionName) + blankLine +
+        herbs(desktop, draft) + decoction(draft) + boxed("[처방메세지]", draft.sheet.txtCBJmsg.text()) +
+        boxed("[복용법]", draft.sheet.rtxEatGuide.rtf()) +
+        "[지불방식]= " + draft.payment.cboPaymentMethod.text() + blankLine + costTable(desktop, costs);
+    return basics::replaceAll(text, basics::lineBreak, "<BR>");
+}
+
+bool Write_SendLog(screen::Desktop& desktop, const OrderDraft& draft, const tables::XArrayDB& costs,
+                   const std::string& serverTime) {
+    try {
+        const std::string text = sendLogText(desktop, draft, costs, serverTime);
+        const auto files = desktop.components().make<screen::FileSystemObject>("Scripting.FileSystemObject");
+        const std::string folder = files->fixedFolder("zelvo");
+        if (!files->folderExists(folder)) files->createFolder(folder);
+        files->writeTextFile(folder + "/" + fileName(serverTime), text);
+        return true;
+    } catch (const std::exception&) {
+        return false;
+    }
+}
+
+}  // namespace zelvo::ordering
