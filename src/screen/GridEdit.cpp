@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include "basics/Utf8.h"
 #include "screen/Grid.h"
 #include "screen/Window.h"
@@ -131,30 +133,25 @@ void Grid::applyCode(int code) {
 }
 
 void Grid::userRow(int row) {
-    window().userInput([this, row] {
-        setFocus();
-        if (row == row_) return;
-        moveTo(row, stopsAt(column_) ? column_ : std::max(0, nextStop(-1, 1)));
+    userClicks([this, row] {
+        if (row != row_) moveTo(row, stopsAt(column_) ? column_ : std::max(0, nextStop(-1, 1)));
     });
 }
 
 bool Grid::userCell(int row, int column) {
     if (!stopsAt(column)) return false;
-    window().userInput([this, row, column] {
-        setFocus();
-        moveTo(row, column);
-    });
+    userClicks([this, row, column] { moveTo(row, column); });
     return true;
 }
 
 bool Grid::userType(int column, std::string_view text) {
     if (!canEdit(column) || !userCell(row_, column)) return false;
     const int row = row_;
-    if (text.empty()) window().userKey({keys::remove, 0});
-    for (std::size_t at = 0; at < text.size();) {
+    const auto stays = [&] { return hasFocus() && row_ == row && column_ == column; };
+    if (text.empty() && stays()) window().userKey({keys::remove, 0});
+    for (std::size_t at = 0; at < text.size() && stays();) {
         const char32_t character = basics::characterAt(text, at);
         at += basics::toUtf8(character).size();
-        if (!hasFocus() || row_ != row || column_ != column) break;
         window().userKey(Key::typed(character));
         window().desktop().deliverKeys();
     }
@@ -166,8 +163,7 @@ bool Grid::userCellButton(int column) {
     if (!onRow() || column < 0 || column >= columnCount()) return false;
     const GridColumn& pressed = columns_[static_cast<std::size_t>(column)];
     if (!pressed.button || !pressed.shown) return false;
-    window().userInput([this, column] {
-        setFocus();
+    userClicks([this, column] {
         moveTo(row_, stopsAt(column) ? column : column_);
         onCellButton(column);
     });
@@ -175,8 +171,7 @@ bool Grid::userCellButton(int column) {
 }
 
 void Grid::userHead(int column) {
-    window().userInput([this, column] {
-        setFocus();
+    userClicks([this, column] {
         commitEdit();
         onHeadClick(column);
     });

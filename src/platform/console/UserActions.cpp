@@ -99,7 +99,7 @@ int UserActions::columnIn(const Grid& grid, const std::string& column) {
     return number;
 }
 
-void UserActions::run(Window&, const std::function<void()>& event) {
+void UserActions::run(const std::function<void()>& event) {
     event();
     desktop_.deliverKeys();
 }
@@ -112,7 +112,7 @@ bool UserActions::stillIn(const Window& window) const {
 bool UserActions::enter(Field& field) {
     Window& window = field.window();
     if (!field.takesFocus()) throw ActionError(field.name() + " does not take the focus");
-    if (!field.hasFocus()) run(window, [&] { window.userFocus(field); });
+    if (!field.hasFocus()) run([&] { window.userFocus(field); });
     return stillIn(window) && field.hasFocus();
 }
 
@@ -122,7 +122,7 @@ void UserActions::type(const std::string& field, const std::string& text) {
     if (!enter(target)) return;
     for (const Key& key : keysOf(text)) {
         if (!stillIn(window) || !target.hasFocus()) return;
-        run(window, [&] { window.userKey(key); });
+        run([&] { window.userKey(key); });
     }
 }
 
@@ -134,14 +134,14 @@ void UserActions::key(const std::string& field, const std::vector<std::string>& 
     if (!enter(target)) return;
     for (const Key& next : pressed) {
         if (!stillIn(window)) return;
-        run(window, [&] { window.userKey(next); });
+        run([&] { window.userKey(next); });
     }
 }
 
 void UserActions::paste(const std::string& field, const std::string& text) {
     auto& target = reachAs<screen::EditField>(field, "text field");
     if (!enter(target)) return;
-    run(target.window(), [&] { target.userInsert(text); });
+    run([&] { target.userInsert(text); });
 }
 
 void UserActions::focus(const std::string& field) {
@@ -150,14 +150,13 @@ void UserActions::focus(const std::string& field) {
 
 void UserActions::choose(const std::string& field, const std::string& entry) {
     Field& target = reach(field);
-    Window& window = target.window();
     if (auto* combo = dynamic_cast<screen::ComboList*>(&target)) {
         for (int i = 0; i < combo->entryCount(); ++i) {
-            if (combo->entry(i) == entry) return run(window, [&] { combo->userSelect(i); });
+            if (combo->entry(i) == entry) return run([&] { combo->userSelect(i); });
         }
     } else if (auto* list = dynamic_cast<screen::ItemList*>(&target)) {
         for (int i = 0; i < list->itemCount(); ++i) {
-            if (list->item(i) == entry) return run(window, [&] { list->userClick(i); });
+            if (list->item(i) == entry) return run([&] { list->userClick(i); });
         }
     } else {
         throw ActionError(field + " is no combo and no list");
@@ -169,7 +168,7 @@ void UserActions::check(const std::string& field, bool on) {
     Field& target = reach(field);
     const auto clickUntil = [&](auto& button) {
         for (int clicks = 0; clicks < 2 && button.value() != on; ++clicks) {
-            run(button.window(), [&] { button.userClick(); });
+            run([&] { button.userClick(); });
         }
         if (button.value() != on)
             throw ActionError(field + (on ? " stays off" : " stays on") + " when it is clicked");
@@ -186,9 +185,9 @@ void UserActions::check(const std::string& field, bool on) {
 void UserActions::press(const std::string& field) {
     Field& target = reach(field);
     if (auto* button = dynamic_cast<screen::Button*>(&target)) {
-        run(target.window(), [&] { button->userPress(); });
+        run([&] { button->userPress(); });
     } else if (auto* twoState = dynamic_cast<screen::TwoStateButton*>(&target)) {
-        run(target.window(), [&] { twoState->userPress(); });
+        run([&] { twoState->userPress(); });
     } else {
         throw ActionError(field + " is no button");
     }
@@ -199,7 +198,7 @@ void UserActions::tab(const std::string& field, int page) {
     if (page < 0 || page >= tabs.pageCount())
         throw ActionError(field + " has no page " + std::to_string(page));
     bool clicked = false;
-    run(tabs.window(), [&] { clicked = tabs.userClick(page); });
+    run([&] { clicked = tabs.userClick(page); });
     if (!clicked) throw ActionError("page " + std::to_string(page) + " of " + field + " is not selectable");
 }
 
@@ -207,7 +206,7 @@ void UserActions::date(const std::string& field, const std::string& yyyymmdd) {
     const auto day = basics::parseDate(yyyymmdd);
     if (!day) throw UnreadableError(yyyymmdd + " is no day");
     auto& target = reachAs<screen::DateField>(field, "date field");
-    run(target.window(), [&] { target.userSetValue(*day); });
+    run([&] { target.userSetValue(*day); });
 }
 
 void UserActions::row(const std::string& grid, int row) {
@@ -216,7 +215,7 @@ void UserActions::row(const std::string& grid, int row) {
         throw ActionError(grid + " has no row " + std::to_string(row) + ", only " +
                           std::to_string(target.rowCount()));
     }
-    run(target.window(), [&] { target.userRow(row); });
+    run([&] { target.userRow(row); });
 }
 
 void UserActions::cell(const std::string& grid, const std::string& column, const std::string& text) {
@@ -225,7 +224,7 @@ void UserActions::cell(const std::string& grid, const std::string& column, const
     needRow(target);
     needStop(target, number);
     bool changed = false;
-    run(target.window(), [&] { changed = target.userType(number, text); });
+    run([&] { changed = target.userType(number, text); });
     if (!changed) throw ActionError(grid + " does not let column " + column + " be changed");
 }
 
@@ -235,9 +234,9 @@ void UserActions::cellKey(const std::string& grid, const std::string& column, co
     Window& window = target.window();
     const int number = columnIn(target, column);
     needStop(target, number);
-    run(window, [&] { target.userCell(target.currentRow(), number); });
+    run([&] { target.userCell(target.currentRow(), number); });
     if (!stillIn(window) || !target.hasFocus()) return;
-    run(window, [&] { window.userKey(pressed); });
+    run([&] { window.userKey(pressed); });
 }
 
 void UserActions::cellButton(const std::string& grid, const std::string& column) {
@@ -245,7 +244,7 @@ void UserActions::cellButton(const std::string& grid, const std::string& column)
     const int number = columnIn(target, column);
     needRow(target);
     bool pressed = false;
-    run(target.window(), [&] { pressed = target.userCellButton(number); });
+    run([&] { pressed = target.userCellButton(number); });
     if (!pressed) throw ActionError(grid + " has no button in column " + column);
 }
 
@@ -253,17 +252,17 @@ void UserActions::head(const std::string& grid, const std::string& column) {
     auto& target = reachAs<Grid>(grid, "grid");
     const int number = columnIn(target, column);
     if (!target.column(number).shown) throw ActionError("column " + column + " of " + grid + " is hidden");
-    run(target.window(), [&] { target.userHead(number); });
+    run([&] { target.userHead(number); });
 }
 
 void UserActions::resize() {
     Window& window = front();
-    run(window, [&] { window.userResize(window.width(), window.height()); });
+    run([&] { window.userResize(window.width(), window.height()); });
 }
 
 void UserActions::close() {
     Window& window = front();
-    run(window, [&] { window.userClose(); });
+    run([&] { window.userClose(); });
 }
 
 }  // namespace zelvo::console

@@ -60,7 +60,7 @@ private:
     screen::Field& reach(const std::string& field) const;
     bool enter(screen::Field& field);
     bool stillIn(const screen::Window& window) const;
-    void run(screen::Window& window, const std::function<void()>& event);
+    void run(const std::function<void()>& event);
 
     screen::Desktop& desktop_;
 };

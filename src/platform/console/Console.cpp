@@ -1,0 +1,28 @@
+#include "platform/console/Console.h"
+
+#include <unistd.h>
+
+#include <fstream>
+
+namespace zelvo::console {
+
+int runConsole(const ConsoleOptions& options, const std::function<void(ConsoleDesktop&)>& session) {
+    const bool fromFile = !options.script.empty();
+    std::ifstream file;
+    if (fromFile) {
+        file.open(options.script, std::ios::binary);
+        if (!file) {
+            options.errors << options.script << ": can't be read\n";
+            return exits::unreadable;
+        }
+    }
+    const bool person = !fromFile && &options.in == &std::cin && isatty(STDIN_FILENO) == 1;
+    Script script(fromFile ? file : options.in, fromFile ? options.script : "stdin",
+                  person ? &options.errors : nullptr);
+    ConsoleDesktop desktop({script, options.out, options.errors, options.settings, options.pharmacy});
+    session(desktop);
+    if (desktop.exitCode() == exits::done && !person) desktop.readRest();
+    return desktop.exitCode();
+}
+
+}  // namespace zelvo::console

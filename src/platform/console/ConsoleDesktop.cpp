@@ -1,0 +1,217 @@
+#include "platform/console/ConsoleDesktop.h"
+
+#include <array>
+#include <cstdlib>
+#include <thread>
+
+#include "platform/console/Commands.h"
+#include "platform/console/Expectations.h"
+#include "platform/console/Texts.h"
+
+namespace zelvo::console {
+
+using screen::Answer;
+using screen::Window;
+
+namespace {
+
+/// Names of the nine values, and whether each is a text.
+struct EventValue {
+    const char* name;
+    bool text;
+};
+constexpr std::array<EventValue, 9> eventValues{{{"strJob", true},
+                                                 {"intChupSu", false},
+                                                 {"intPouchAmount", false},
+                                                 {"sglDayTuYak", false},
+                                                 {"intTuyakilsu", false},
+                                                 {"intPouchTotal", false},
+                                                 {"strMessage", true},
+                                                 {"lngSumCost", false},
+                                                 {"strxDrugList", true}}};
+
+constexpr double widthInTwips = 19200;
+constexpr double heightInTwips = 12000;
+
+/// The queued answer if the box has such a button, else its default.
+Answer pressable(Answer wanted, const screen::MessageBox& box) {
+    const bool hasIt = (box.buttons == screen::BoxButtons::Ok) == (wanted == Answer::Ok);
+    return hasIt ? wanted : box.defaultAnswer;
+}
+
+}  // namespace
+
+ConsoleDesktop::ConsoleDesktop(ConsoleParts parts) : parts_(std::move(parts)), user_(*this) {}
+
+void ConsoleDesktop::record(const std::string& line) {
+    parts_.out << line << "\n" << std::flush;
+}
+
+void ConsoleDesktop::sent(const std::vector<std::string>& values) {
+    ++events_;
+    lastEvent_ = values;
+    std::string line = "Send2Chart";
+    for (std::size_t i = 0; i < eventValues.size() && i < values.size(); ++i) {
+        line += std::string(" ") + eventValues[i].name + "=";
+        line += eventValues[i].text ? quoted(values[i]) : values[i];
+    }
+    record(line);
+}
+
+Answer ConsoleDesktop::messageBox(const screen::MessageBox& box) {
+    Answer answer = box.defaultAnswer;
+    if (!answers_.empty()) {
+        answer = pressable(answers_.front(), box);
+        answers_.pop_front();
+    }
+    boxes_.push_back(box);
+    record(boxText(box) + " -> " + answerName(answer));
+    return answer;
+}
+
+double ConsoleDesktop::screenWidth() const {
+    return widthInTwips;
+}
+
+double ConsoleDesktop::screenHeight() const {
+    return heightInTwips;
+}
+
+void ConsoleDesktop::openBrowser(std::string_view address) {
+    record("browser " + escaped(address));
+}
+
+int ConsoleDesktop::runPharmacy(const std::vector<std::string>& words) {
+    parts_.out << std::flush;
+    return parts_.pharmacy(words);
+}
+
+void ConsoleDesktop::runModal(Window& window) {
+    const bool main = window.name() == parts_.mainWindow;
+    if (main) {
+        mainWas_ = true;
+    } else {
+        record("window " + window.name() + " " + quoted(window.caption()));
+    }
+    runs_.push_back(&window);
+    hangPages(window);
+    deliverKeys();
+    deliverPages();
+    while (!window.leaving()) {
+        std::optional<Line> line;
+        if (!endedOpen_) line = parts_.script.next();
+        if (!line) {
+            closeAtEnd(window);
+            break;
+        }
+        obey(*line);
+        deliverPages();
+    }
+    dropPages(window);
+    runs_.pop_back();
+    record("closed " + window.name());
+}
+
+void ConsoleDesktop::readRest() {
+    while (const auto line = parts_.script.next()) obey(*line);
+}
+
+int ConsoleDesktop::exitCode() const {
+    if (!mainWas_) return exits::noConnection;
+    return endedOpen_ ? exits::failed : exits::done;
+}
+
+/// The script is over and the window stands: it is closed as a user would, and so are those below it.
+void ConsoleDesktop::closeAtEnd(Window& window) {
+    const int lastLine = parts_.script.lineNumber();
+    if (!endedOpen_) {
+        parts_.out << std::flush;
+        parts_.errors << parts_.script.name() << ":" << lastLine
+                      << ": expected the window to be closed at the end of the script, found "
+                      << window.name() << " open\n"
+                      << std::flush;
+    }
+    endedOpen_ = true;
+    window.userClose();
+    if (window.leaving()) return;
+    parts_.errors << parts_.script.name() << ":" << lastLine << ": expected " << window.name()
+                  << " to close, found it open\n"
+                  << std::flush;
+    std::_Exit(exits::failed);
+}
+
+void ConsoleDesktop::obey(const Line& line) {
+    try {
+        runCommand(*this, line.text);
+    } catch (const UnreadableError& error) {
+        fail(line, exits::unreadable, error.what());
+    } catch (const ExpectationError& error) {
+        fail(line, exits::failed, error.what());
+    } catch (const ActionError& error) {
+        fail(line, exits::failed, "expected that a user can " + line.text + ", found that " + error.what());
+    } catch (const std::exception& fault) {
+        fail(line, exits::failed,
+             "expected " + line.text + " to run, found the fault " + escaped(fault.what()));
+    }
+}
+
+/// Says what went wrong. A script ends here, with the program: a handler up the stack would go on and commit
+/// an order.
+void ConsoleDesktop::fail(const Line& line, int code, const std::string& what) {
+    parts_.out << std::flush;
+    parts_.errors << parts_.script.name() << ":" << line.number << ": " << what << "\n" << std::flush;
+    if (!parts_.script.interactive()) std::_Exit(code);
+}
+
+void ConsoleDesktop::processEvents(bool) {
+    if (front() && front() != hung_) hangPages(*front());
+    deliverPages();
+}
+
+void ConsoleDesktop::waitForEvents(std::chrono::milliseconds atMost) {
+    if (front() && front() != hung_) hangPages(*front());
+    if (!deliverPages()) std::this_thread::sleep_for(atMost);
+}
+
+/// The console stands behind the window's web views: it writes where they go and says what came of it.
+void ConsoleDesktop::hangPages(Window& window) {
+    hung_ = &window;
+    for (screen::Field* field : window.fields()) {
+        auto* view = dynamic_cast<screen::WebView*>(field);
+        if (!view) continue;
+        view->driveNavigation = [this, view](const std::string& address) { navigated(*view, address); };
+        view->driveStop = [this, view] {
+            std::erase_if(pages_, [&](const Page& page) { return page.view == view; });
+        };
+    }
+}
+
+void ConsoleDesktop::navigated(screen::WebView& view, const std::string& address) {
+    record("navigate " + escaped(address));
+    std::erase_if(pages_, [&](const Page& page) { return page.view == &view; });
+    PageOutcome outcome = PageOutcome::Finished;
+    if (!outcomes_.empty()) {
+        outcome = outcomes_.front();
+        outcomes_.pop_front();
+    }
+    if (outcome != PageOutcome::Never) pages_.push_back({&view, outcome});
+}
+
+void ConsoleDesktop::dropPages(const Window& window) {
+    std::erase_if(pages_, [&](const Page& page) { return &page.view->window() == &window; });
+    if (hung_ == &window) hung_ = nullptr;
+}
+
+/// Tells the web views what came of their pages; false when there was nothing to tell. A browser that can't
+/// open a page shows one of its own, which is then finished.
+bool ConsoleDesktop::deliverPages() {
+    if (pages_.empty()) return false;
+    const Page page = pages_.front();
+    pages_.pop_front();
+    const Window::Action telling(page.view->window());
+    if (page.outcome == PageOutcome::Failed) page.view->onFailed();
+    page.view->onFinished();
+    return true;
+}
+
+}  // namespace zelvo::console
