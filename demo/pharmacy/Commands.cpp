@@ -90,7 +90,7 @@ void expectWords(const Words& words, std::size_t count) {
 
 std::string databasePath(const Words& words) {
     const auto given = words.options.find("--db");
-    const auto path = given == words.options.end() ? defaultDatabasePath() : given->second;
+    auto path = given == words.options.end() ? defaultDatabasePath() : given->second;
     if (path.empty()) throw UsageError{"no data folder of the user is known: name the database with --db"};
     return path;
 }

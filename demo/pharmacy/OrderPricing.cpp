@@ -11,32 +11,32 @@ namespace zelvo::pharmacy {
 namespace {
 
 struct MethodPrice {
-    int key;
     const char* name;
+    int key;
     int wonPerPouch;
 };
-constexpr MethodPrice methodPrices[] = {{1, "일반탕전", 150},
-                                        {2, "무압력탕전", 200},
-                                        {3, "압력탕전", 180},
-                                        {4, "증류탕전", 350},
-                                        {5, "2차탕전", 260}};
+constexpr MethodPrice methodPrices[] = {{"일반탕전", 1, 150},
+                                        {"무압력탕전", 2, 200},
+                                        {"압력탕전", 3, 180},
+                                        {"증류탕전", 4, 350},
+                                        {"2차탕전", 5, 260}};
 
 struct AddOnPrice {
-    int slot;
     const char* name;
+    int slot;
     int base, wonPerPacket, wonPerPouch;
 };
-constexpr AddOnPrice addOnPrices[] = {{1, "환(丸)", 20000, 500, 0},
-                                      {2, "산(散)", 10000, 300, 0},
-                                      {3, "고(膏)", 30000, 600, 0},
-                                      {4, "연조엑스", 25000, 400, 0},
-                                      {10, "녹용 추가(러시아산)", 110000, 0, 0},
-                                      {11, "녹용 추가(뉴질랜드산)", 56000, 0, 0},
-                                      {20, "스파우트 파우치", 0, 0, 120},
-                                      {21, "어린이 파우치", 0, 0, 40},
-                                      {40, "보냉 포장", 3500, 0, 0},
-                                      {41, "선물 포장", 7000, 0, 0},
-                                      {64, "한의원 라벨", 0, 0, 30}};
+constexpr AddOnPrice addOnPrices[] = {{"환(丸)", 1, 20000, 500, 0},
+                                      {"산(散)", 2, 10000, 300, 0},
+                                      {"고(膏)", 3, 30000, 600, 0},
+                                      {"연조엑스", 4, 25000, 400, 0},
+                                      {"녹용 추가(러시아산)", 10, 110000, 0, 0},
+                                      {"녹용 추가(뉴질랜드산)", 11, 56000, 0, 0},
+                                      {"스파우트 파우치", 20, 0, 0, 120},
+                                      {"어린이 파우치", 21, 0, 0, 40},
+                                      {"보냉 포장", 40, 3500, 0, 0},
+                                      {"선물 포장", 41, 7000, 0, 0},
+                                      {"한의원 라벨", 64, 0, 0, 30}};
 
 constexpr int compoundingPerPacket = 150;
 constexpr int compoundingLeast = 3000;

@@ -18,7 +18,7 @@ namespace {
 constexpr auto host = "127.0.0.1";
 constexpr auto html = "text/html; charset=utf-8";
 constexpr auto plain = "text/plain; charset=utf-8";
-constexpr std::size_t largestBody = 1024 * 1024;
+constexpr std::size_t largestBody = std::size_t{1024} * 1024;
 constexpr std::size_t threads = 4;
 constexpr int httpNotFound = 404;
 constexpr int httpTooLarge = 413;
