@@ -155,6 +155,9 @@ void SqliteConnection::open(data::RecordSet& set, const std::string& statement, 
                             const data::UpdateTarget& target) {
     sqlite3* const opened = database();
     const Prepared prepared = prepare(opened, toSqlite(statement));
+    // The first step prepares anew when a table has changed since the last statement; only then the columns
+    // are sure.
+    bool more = step(opened, prepared.get());
     const int columns = sqlite3_column_count(prepared.get());
     std::vector<std::string> fields;
     std::vector<bool> flags;
@@ -163,7 +166,7 @@ void SqliteConnection::open(data::RecordSet& set, const std::string& statement, 
         flags.push_back(isFlag(prepared.get(), column));
     }
     data::RecordSet::Filler filler(set, std::move(fields));
-    while (step(opened, prepared.get())) {
+    for (; more; more = step(opened, prepared.get())) {
         for (int column = 0; column < columns; ++column) {
             addCell(filler, prepared.get(), column, flags[static_cast<std::size_t>(column)]);
         }
