@@ -1,0 +1,79 @@
+// The component as a chart loads it: one window at a time, whoever calls.
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include <cstdio>
+#include <fstream>
+#include <thread>
+
+#include "doctorzelvo/DoctorZELVO.hpp"
+#include "support/TestDatabase.h"
+
+namespace {
+
+bool call(doctorzelvo::clsZELVOInterface& component, const std::string& server) {
+    return component.ZELVOInterface(nullptr, server, "doctor1/$/pass1", 7, "김하늘", "", 41, 2, "", "", "", "", "", "", "", "", "",
+                                    "", "");
+}
+
+// A pipe for the window's commands, so that the test decides when the window closes.
+class CommandPipe {
+public:
+    CommandPipe() : path_(::testing::TempDir() + "zelvo-commands-" + std::to_string(getpid())) {
+        std::remove(path_.c_str());
+        mkfifo(path_.c_str(), 0600);
+    }
+    ~CommandPipe() { std::remove(path_.c_str()); }
+    CommandPipe(const CommandPipe&) = delete;
+    CommandPipe& operator=(const CommandPipe&) = delete;
+    const std::string& path() const { return path_; }
+
+private:
+    std::string path_;
+};
+
+TEST(Component, turnsASecondCallAwayAndLeavesTheOpenWindowAlone) {
+    const zelvo::testing::TestDatabase database;
+    const CommandPipe commands;
+    bool second = true;
+    std::string refusal;
+    std::thread user([&] {
+        std::ofstream out(commands.path());
+        out << "expect window frmDoctorOCSmain\n" << std::flush;
+        for (int wait = 0; wait < 200 && refusal.empty(); ++wait) {
+            doctorzelvo::clsZELVOInterface other;
+            second = call(other, "sqlite:/nowhere");
+            refusal = other.errorText();
+        }
+        out << "expect txtPatientName 김하늘\nclose\n";
+    });
+    std::string error = "not called";
+    const int code = doctorzelvo::runInTerminal(commands.path(), [&](doctorzelvo::clsZELVOInterface& component) {
+        EXPECT_FALSE(call(component, database.address()));
+        error = component.errorText();
+    });
+    user.join();
+    EXPECT_EQ(code, 0);
+    EXPECT_EQ(error, "");
+    EXPECT_FALSE(second);
+    EXPECT_FALSE(refusal.empty());
+}
+
+TEST(Component, worksTwiceInOneProcess) {
+    const zelvo::testing::TestDatabase database;
+    for (int round = 0; round < 2; ++round) {
+        const std::string script = ::testing::TempDir() + "zelvo-twice-" + std::to_string(getpid()) + ".zs";
+        std::ofstream(script) << "expect txtPatientName 김하늘\nclose\nexpect window none\nexpect events 0\n";
+        EXPECT_EQ(doctorzelvo::runInTerminal(script, [&](doctorzelvo::clsZELVOInterface& component) { call(component, database.address()); }), 0);
+        std::remove(script.c_str());
+    }
+}
+
+TEST(Component, tellsTheExitCodeOfAnUnreachableServer) {
+    const std::string script = ::testing::TempDir() + "zelvo-none-" + std::to_string(getpid()) + ".zs";
+    std::ofstream(script) << "no command at all\n";
+    EXPECT_EQ(doctorzelvo::runInTerminal(script, [](doctorzelvo::clsZELVOInterface& component) { call(component, "sqlite:/nowhere/at-all.db"); }), 3);
+    std::remove(script.c_str());
+}
+
+}  // namespace
