@@ -1,0 +1,100 @@
+#include "platform/http/Charset.h"
+
+#include <iconv.h>
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <optional>
+
+#include "basics/Text.h"
+#include "basics/Utf8.h"
+
+namespace zelvo::http {
+namespace {
+
+/// The "charset" parameter of a content type in lower case, "" if there is none.
+std::string charsetOf(std::string_view contentType) {
+    const auto parameters = basics::split(basics::foldCase(contentType), ";");
+    for (std::size_t i = 1; i < parameters.size(); ++i) {
+        const auto equals = parameters[i].find('=');
+        if (equals == std::string::npos || basics::trim(parameters[i].substr(0, equals)) != "charset")
+            continue;
+        return basics::trim(basics::removeAll(parameters[i].substr(equals + 1), "\""));
+    }
+    return {};
+}
+
+bool isUtf8Name(const std::string& charset) {
+    return charset.empty() || charset == "utf-8" || charset == "utf8";
+}
+
+/// The converter's name for a charset. Pages that call themselves EUC-KR are written with code page 949,
+/// which has every character of EUC-KR and 8,822 Hangul more.
+std::string converterName(const std::string& charset) {
+    constexpr std::array<std::string_view, 16> korean{
+        "euc-kr",   "euckr",   "ks_c_5601-1987", "ks_c_5601-1989", "ks_c_5601",
+        "ksc_5601", "ksc5601", "ks_c_5601_1987", "iso-ir-149",     "csksc56011987",
+        "cp949",    "ms949",   "windows-949",    "x-windows-949",  "uhc",
+        "korean"};
+    if (std::find(korean.begin(), korean.end(), charset) != korean.end()) return "CP949";
+    // A name from outside must not bring options with it ("//IGNORE").
+    return charset.find('/') == std::string::npos ? charset : "";
+}
+
+class Converter {
+public:
+    explicit Converter(const std::string& charset) : handle_(iconv_open("UTF-8", charset.c_str())) {}
+    ~Converter() {
+        if (known()) iconv_close(handle_);
+    }
+    Converter(const Converter&) = delete;
+    Converter& operator=(const Converter&) = delete;
+
+    bool known() const { return handle_ != reinterpret_cast<iconv_t>(-1); }
+
+    std::string convert(std::string bytes) {
+        std::string text;
+        char* in = bytes.data();
+        std::size_t left = bytes.size();
+        while (left > 0) {
+            std::array<char, 4096> buffer{};
+            char* out = buffer.data();
+            std::size_t room = buffer.size();
+            const bool stuck = iconv(handle_, &in, &left, &out, &room) == static_cast<std::size_t>(-1);
+            const int reason = errno;
+            text.append(buffer.data(), out);
+            if (!stuck || reason == E2BIG) continue;
+            text += "\uFFFD";
+            if (reason == EINVAL) break;  // the page ends within a character
+            ++in;
+            --left;
+        }
+        return text;
+    }
+
+private:
+    iconv_t handle_;
+};
+
+std::optional<std::string> converted(std::string_view bytes, const std::string& charset) {
+    const std::string name = converterName(charset);
+    if (name.empty()) return std::nullopt;
+    Converter converter(name);
+    if (!converter.known()) return std::nullopt;
+    return converter.convert(std::string(bytes));
+}
+
+}  // namespace
+
+std::string decodePage(std::string_view bytes, std::string_view contentType) {
+    const std::string charset = charsetOf(contentType);
+    std::optional<std::string> text;
+    if (!isUtf8Name(charset)) text = converted(bytes, charset);
+    std::string clean = basics::cleanUtf8(text ? std::string_view(*text) : bytes);
+    constexpr std::string_view mark = "\uFEFF";
+    if (clean.starts_with(mark)) clean.erase(0, mark.size());
+    return clean;
+}
+
+}  // namespace zelvo::http

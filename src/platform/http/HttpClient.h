@@ -1,0 +1,39 @@
+#pragma once
+
+#include <chrono>
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+#include "platform/http/Form.h"
+
+namespace zelvo::http {
+
+/// Asks the pharmacy's web pages. One request a call, which blocks until the page is there whole. Whatever
+/// goes wrong is a Fault with one plain sentence: no connection, a certificate that doesn't check, a status
+/// other than 200, a limit.
+class HttpClient {
+public:
+    struct Limits {
+        std::chrono::milliseconds connect = std::chrono::seconds(10);
+        /// For the whole request, redirects included.
+        std::chrono::milliseconds total = std::chrono::seconds(60);
+        std::size_t bytes = std::size_t{1024} * 1024;
+        int redirects = 5;
+        /// A file of certificate authorities to trust in place of the machine's.
+        std::string authorities;
+    };
+
+    HttpClient() = default;
+    explicit HttpClient(Limits limits) : limits_(std::move(limits)) {}
+
+    /// Sends the fields as a form and gives the page's text as UTF-8.
+    std::string post(std::string_view address, const FormFields& fields) const;
+    /// The page's text as UTF-8.
+    std::string get(std::string_view address) const;
+
+private:
+    Limits limits_;
+};
+
+}  // namespace zelvo::http

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/http/HttpClient.h"
+
+namespace zelvo::http {
+
+struct PostalHit {
+    std::string zip, address;
+};
+
+/// Asks the pharmacy's postal search page for the addresses that match a text, in the page's order. Nothing
+/// found gives none. Throws Fault when the page can't be had.
+std::vector<PostalHit> findPostalCodes(const HttpClient& client, std::string_view page,
+                                       std::string_view text);
+
+}  // namespace zelvo::http
