@@ -1,0 +1,183 @@
+#include "composition/HerbDesk.h"
+
+namespace zelvo::composition {
+namespace {
+
+using testing::HerbDesk;
+
+constexpr const char *angelica = "당귀|토당귀|2|4|320|1280|1|0||", *peony = "작약|작약(국산)|3|4|18|72|2|0||";
+
+auto pick(const char* key) {
+    return [key](HerbDesk& desk) {
+        desk.desktop.whenShown("frmYakGukDrug",
+                               [&](screen::Window&) { desk.user.key("tdbYakgukDrug", {key}); });
+        desk.user.cellKey("tdbDGL", "약재명", "Enter");
+    };
+}
+
+TEST(HerbTable, IsComposedByTheKeyboard) {
+    HerbDesk desk;
+    console::UserActions& user = desk.user;
+    screen::Grid& grid = desk.table.tdbDGL;
+    desk.desktop.show(desk.form, [&] {
+        user.key("tdbDGL", {"Enter"});
+        EXPECT_EQ(desk.lines(), "|||||||||");
+        EXPECT_EQ(grid.currentColumn(), 1);
+        user.key("tdbDGL", {"Enter"});  // no name, no picker
+        user.cell("tdbDGL", "약재명", "당귀");
+        pick("Enter")(desk);
+        EXPECT_EQ(desk.lines(), "당귀|토당귀|2||320||1|-1||");
+        EXPECT_EQ(grid.rowStyle(0), "styDGLStateRed");
+        user.key("tdbDGL", {"4", "Enter"});
+        EXPECT_EQ(desk.lines(), angelica);
+        EXPECT_EQ(grid.shownText(0, 6), "1,280");
+        EXPECT_EQ(grid.rowStyle(0), "styDGLStateBlack");
+        EXPECT_EQ(grid.caption(), " 1첩 기준의 약재 구성 [1]");
+
+        user.key("tdbDGL", {"Enter"});
+        EXPECT_EQ(grid.currentRow(), 1);
+        EXPECT_EQ(grid.currentColumn(), 1);
+        user.cell("tdbDGL", "약재명", "당");
+        pick("Enter")(desk);
+        desk.desktop.expectBox("약재구성", "이미 [1] 번째 레코드에 같은 한약국약재가 존재 합니다.");
+        EXPECT_EQ(desk.lines(), std::string(angelica) + "\n당귀||2||320||2|-1||");
+
+        user.row("tdbDGL", 0);
+        user.cellKey("tdbDGL", "비고", "Enter");
+        EXPECT_EQ(grid.currentRow(), 1);
+        EXPECT_EQ(grid.rowCount(), 2);
+    });
+}
+
+TEST(HerbTable, AChangedCellTellsOn) {
+    struct Case {
+        const char* label;
+        std::function<void(HerbDesk&)> gesture;
+        std::string line;
+        int changed, outdated;
+    };
+    const auto cell = [](const char* column, const char* text) {
+        return [=](HerbDesk& desk) { desk.user.cell("tdbDGL", column, text); };
+    };
+    const auto note = [](const char* key) {
+        return [key](HerbDesk& desk) {
+            desk.desktop.whenShown("frmMessage", [&](screen::Window& window) {
+                EXPECT_EQ(window.caption(), "당귀");
+                desk.user.type("rtxMessage", "술에 씻어");
+                if (*key) desk.user.key("rtxMessage", {key});
+                if (!*key) desk.user.press("cmdReg");
+            });
+            desk.user.cellButton("tdbDGL", "비고");
+        };
+    };
+    const std::vector<Case> cases = {
+        {"another name", cell("약재명", "인삼"), "인삼||||||1|-1||", 2, 1},
+        {"no name", cell("약재명", ""), "|토당귀|2|4|320|1280|1|-1||", 1, 1},
+        {"grams", cell("용량(g)", "5.5"), "당귀|토당귀|2|5.5|320|1760|1|0||", 2, 1},
+        {"no grams", cell("용량(g)", ""), "당귀|토당귀|2||320||1|-1||", 1, 1},
+        {"keys that grams don't take", cell("용량(g)", "1-.g 2.3"), "당귀|토당귀|2|1.23|320|394|1|0||", 2, 1},
+        {"seven characters at most", cell("용량(g)", "000000012"), "당귀|토당귀|2|0000000|320||1|-1||", 2, 1},
+        {"the same grams", cell("용량(g)", "4"), angelica, 1, 1},
+        {"a note", cell("비고", "술"), std::string(angelica) + "술", 1, 1},
+        {"a note by its button", note(""), std::string(angelica) + "술에 씻어", 0, 0},
+        {"a note left by Esc", note("Esc"), angelica, 0, 0},
+        {"a herb for the same grams", pick("Enter"), "당귀|토당귀|2|4|320|1,280|1|0||", 1, 0},
+        {"a pick left by Esc", pick("Esc"), angelica, 0, 0},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.label);
+        HerbDesk desk;
+        desk.add(angelica);
+        desk.desktop.show(desk.form, [&] { c.gesture(desk); });
+        EXPECT_EQ(desk.lines(), c.line);
+        EXPECT_EQ(desk.changed, c.changed);
+        EXPECT_EQ(desk.watch.outdated, c.outdated);
+    }
+}
+
+TEST(HerbTable, RowsAreDeletedAndResetOnlyAfterYes) {
+    HerbDesk desk;
+    const char *deletion = "선택된 약재를 삭제하시겠습니까?", *reset = "약재정보를 초기화하시겠습니까?";
+    const auto press = [&](const char* button, screen::Answer answer, const char* caption, const char* text) {
+        desk.changed = desk.watch.outdated = 0;
+        desk.desktop.answer(answer);
+        desk.user.press(button);
+        desk.desktop.expectQuestion(caption, text);
+        EXPECT_EQ(desk.changed, answer == screen::Answer::Yes);
+        EXPECT_EQ(desk.watch.outdated, desk.changed);
+    };
+    desk.desktop.show(desk.form, [&] {
+        desk.user.press("sscDrugDelete");
+        desk.user.press("sscDrugReset");
+        desk.add(angelica);
+        desk.add(peony);
+        press("sscDrugDelete", screen::Answer::No, "처방약재삭제", deletion);
+        press("sscDrugReset", screen::Answer::No, "처방약재 초기화", reset);
+        EXPECT_EQ(desk.table.tdbDGL.rowCount(), 2);
+        press("sscDrugDelete", screen::Answer::Yes, "처방약재삭제", deletion);
+        EXPECT_EQ(desk.lines(), "작약|작약(국산)|3|4|18|72|1|0||");
+        EXPECT_EQ(desk.table.tdbDGL.caption(), " 1첩 기준의 약재 구성 [1]");
+        press("sscDrugReset", screen::Answer::Yes, "처방약재 초기화", reset);
+        EXPECT_EQ(desk.table.tdbDGL.rowCount(), 0);
+        EXPECT_EQ(desk.table.tdbDGL.caption(), " 1첩 기준의 약재 구성");
+    });
+}
+
+TEST(HerbMerge, BringsStoredHerbsToTodaysCatalogue) {
+    struct Case {
+        const char* label;
+        std::vector<std::string> before, stored;  // stored: name, key, grams, note
+        std::vector<std::string> after;
+        int failAt = 0;
+    };
+    const std::vector<Case> cases = {
+        {"a plain copy keeps what repeats",
+         {},
+         {"당귀|2|4|", "당귀|2|6|술"},
+         {angelica, "당귀|토당귀|2|6|320|1920|2|0||술"}},
+        {"herbs that are not to be had come in red",
+         {},
+         {"감초|4|1|구워", "천궁|5|2|", "녹각|6|3|", "모름||3|", "당귀|2||"},
+         {"감초|||1|||1|-1||구워", "천궁|||2|||2|-1||", "녹각||||||3|-1||", "모름|||3|||4|-1||",
+          "당귀|토당귀|2||320||5|-1||"}},
+        {"less than half a won is no price", {}, {"계피|7|4|"}, {"계피|계피(베트남)|7|4|0.02||1|-1||"}},
+        {"the larger older amount stays",
+         {angelica, peony},
+         {"참당귀|2|3.9|"},
+         {"당귀|토당귀|2|4|320|1280|1|0|1|", peony}},
+        {"so does an equal one", {angelica}, {"참당귀|2|4.0|"}, {"당귀|토당귀|2|4|320|1280|1|0|1|"}},
+        {"the larger new amount goes to the end",
+         {angelica, peony},
+         {"참당귀|2|10|"},
+         {"작약|작약(국산)|3|4|18|72|1|0||", "참당귀|토당귀|2|10|320|3200|2|0|1|"}},
+        {"an older line without grams gives way",
+         {"당귀|토당귀|2||320"},
+         {"당귀|2|4|"},
+         {"당귀|토당귀|2|4|320|1280|1|0|1|"}},
+        {"others are added",
+         {angelica},
+         {"감초|4|1|", "작약|3|4|"},
+         {angelica, "감초|||1|||2|-1|1|", "작약|작약(국산)|3|4|18|72|3|0|1|"}},
+        {"no date from the database", {}, {"당귀|2|4|"}, {"당귀|||4|||1|-1||"}, 1},
+        {"no price from the database", {}, {"당귀|2|4|"}, {"당귀|||4|||1|-1||"}, 2},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.label);
+        HerbDesk desk;
+        for (const std::string& row : c.before) desk.add(row);
+        tables::XArrayDB rows;
+        rows.reDim(-1, 3);
+        for (const std::string& row : c.stored) testing::addRow(rows, 0, row);
+        screen::Grid detail(desk.form, "tdbDetail", {},
+                            {{"약재명"}, {"한약국약재PK"}, {"용량(g)"}, {"비고"}});
+        detail.bind(&rows);
+        desk.connection->failAt(c.failAt);
+        desk.table.Load_DrugFromGrid(detail);
+        EXPECT_EQ(desk.lines(), basics::join(c.after, "\n"));
+        EXPECT_EQ(detail.currentRow(), 0);
+        EXPECT_EQ(desk.desktop.pointerHistory, (std::vector<std::string>{"busy", "normal"}));
+    }
+}
+
+}  // namespace
+}  // namespace zelvo::composition
