@@ -1,0 +1,238 @@
+// The statement layer against bare SQLite: the walk of an order search, and the writing of an order.
+#include <sqlite3.h>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+#include <stdexcept>
+
+#include "Measure.h"
+#include "data/clsZELVORecordSet.h"
+#include "platform/sqlite/SqliteConnection.h"
+
+namespace {
+
+using namespace zelvo;
+using bench::Comparison;
+namespace fs = std::filesystem;
+
+constexpr int orders = 100'000, herbs = 30, runs = 9;
+constexpr double mostMegabytes = 60;
+
+class BareDatabase {
+public:
+    explicit BareDatabase(const std::string& path) {
+        if (sqlite3_open(path.c_str(), &database_) != SQLITE_OK)
+            throw std::runtime_error("can't open " + path);
+        run("PRAGMA synchronous = FULL");
+    }
+    ~BareDatabase() { sqlite3_close(database_); }
+    BareDatabase(const BareDatabase&) = delete;
+    BareDatabase& operator=(const BareDatabase&) = delete;
+
+    void run(const std::string& statements) {
+        if (sqlite3_exec(database_, statements.c_str(), nullptr, nullptr, nullptr) != SQLITE_OK) {
+            throw std::runtime_error(sqlite3_errmsg(database_));
+        }
+    }
+
+    /// Steps through a result and reads every column as text; gives the number of bytes.
+    std::size_t readAll(const std::string& query) {
+        sqlite3_stmt* statement = nullptr;
+        sqlite3_prepare_v2(database_, query.c_str(), -1, &statement, nullptr);
+        std::size_t bytes = 0;
+        while (sqlite3_step(statement) == SQLITE_ROW) {
+            for (int i = 0; i < sqlite3_column_count(statement); ++i) {
+                if (sqlite3_column_text(statement, i))
+                    bytes += static_cast<std::size_t>(sqlite3_column_bytes(statement, i));
+            }
+        }
+        sqlite3_finalize(statement);
+        return bytes;
+    }
+
+private:
+    sqlite3* database_ = nullptr;
+};
+
+/// A connection that keeps the texts of what it is asked for.
+class Recorder : public data::Connection {
+public:
+    explicit Recorder(data::Connection& inner) : inner_(inner) {}
+
+    std::vector<std::string> statements;
+
+    bool isOpen() const override { return inner_.isOpen(); }
+    void close() override { inner_.close(); }
+    void execute(const std::string& statement) override {
+        statements.push_back(statement);
+        inner_.execute(statement);
+    }
+    void open(data::RecordSet& set, const std::string& statement, data::Cursor cursor,
+              const data::UpdateTarget& target) override {
+        statements.push_back(statement);
+        inner_.open(set, statement, cursor, target);
+    }
+    void begin() override { inner_.begin(); }
+    data::CommitOutcome commit() override { return inner_.commit(); }
+    void rollback() override { inner_.rollback(); }
+
+private:
+    data::Connection& inner_;
+};
+
+std::string readFile(const fs::path& path) {
+    std::ifstream file(path);
+    std::ostringstream text;
+    text << file.rdbuf();
+    return text.str();
+}
+
+/// The pharmacy's tables with many orders of one doctor.
+void makeDatabase(const std::string& path) {
+    BareDatabase database(path);
+    database.run("BEGIN");
+    database.run(readFile(fs::path(ZELVO_SOURCE_DIR) / "demo" / "pharmacy" / "schema.sql"));
+    database.run(
+        "INSERT INTO t_Doctor (DTR_PK, DTR_Name, DTR_ID, DTR_PWD) VALUES (1, '김보원', 'kim', 'pw');"
+        "INSERT INTO t_JobList VALUES (1, '첩약 + 탕전', '', 1, 1, 1, 1), (2, '첩약', '', 1, 0, 2, 1);"
+        "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < " +
+        std::to_string(orders) +
+        ") "
+        "INSERT INTO t_ChubangJun (DTR_PK, Patient_Name, Patient_Jumin, CBJ_JobList_PK, CBJ_RegDate, CBJ_Msg) "
+        "SELECT 1, '환자' || i, printf('%06d-1234567', i), 1 + i % 2, datetime('2024-01-01', '+' || (i * 7919 % 1000000) || ' minutes'),"
+        " 'message of the order' FROM n;"
+        "COMMIT");
+}
+
+const std::string search =
+    "SELECT a.CBJ_PK, a.CBJ_RegDate, a.Patient_Name, a.Patient_Jumin, b.JL_Prompt, c.DTR_Name "
+    "FROM t_ChubangJun a, t_JobList b, t_Doctor c "
+    "WHERE a.CBJ_JobList_PK = b.JL_PK AND a.DTR_PK = c.DTR_PK AND a.DTR_PK = 1 AND a.CBJ_IsCanceled = 0 "
+    "Order by a.CBJ_RegDate DESC ";
+
+void walk(data::Connection& connection, data::RecordSet& set, tables::XArrayDB& array) {
+    if (data::clsZELVORecordSet().RecordSet_CBJmInfo(connection, set, array, 99, 1, "", "", "") != 1) {
+        throw std::runtime_error("the search failed");
+    }
+}
+
+/// Peak of a walk's memory in MB, measured in a process of its own.
+double walkMegabytes(const std::string& path) {
+    int ends[2];
+    if (pipe(ends) != 0) throw std::runtime_error("no pipe");
+    const pid_t child = fork();
+    if (child == 0) {
+        const auto peak = [] {
+            rusage usage{};
+            getrusage(RUSAGE_SELF, &usage);
+            return static_cast<double>(usage.ru_maxrss) / 1024;
+        };
+        sqlite::SqliteConnection connection(path);
+        data::RecordSet set;
+        tables::XArrayDB array;
+        array.reDim(-1, 6);
+        const double before = peak();
+        walk(connection, set, array);
+        const double megabytes = peak() - before;
+        const bool written = write(ends[1], &megabytes, sizeof megabytes) == sizeof megabytes;
+        _exit(written ? 0 : 1);
+    }
+    double megabytes = 1e9;
+    if (read(ends[0], &megabytes, sizeof megabytes) != sizeof megabytes) megabytes = 1e9;
+    waitpid(child, nullptr, 0);
+    close(ends[0]);
+    close(ends[1]);
+    return megabytes;
+}
+
+bool compareWalks(const std::string& path) {
+    const double megabytes = walkMegabytes(path);
+    std::printf("%-28s %6.1f MB   (at most %.0f)\n", "walk_memory", megabytes, mostMegabytes);
+
+    sqlite::SqliteConnection connection(path);
+    BareDatabase bare(path);
+    Comparison whole("walk_100000_rows", 2.5), again("walk_in_front_of_100000", 1.1);
+    std::size_t bytes = 0;
+    for (int run = 0; run < runs; ++run) {
+        data::RecordSet first, second;
+        tables::XArrayDB array;
+        array.reDim(-1, 6);
+        whole.floor([&] { bytes += bare.readAll(search); });
+        const auto intoEmpty = [&] { walk(connection, first, array); };
+        double milliseconds = 0;
+        whole.measured([&] { milliseconds = bench::milliseconds(intoEmpty); });
+        first.close();
+        again.floorIs(milliseconds);
+        again.measured([&] { walk(connection, second, array); });
+        if (array.rowCount() != 2 * orders) throw std::runtime_error("rows are missing");
+    }
+    if (bytes == 0) throw std::runtime_error("nothing was read");
+    const bool fast = whole.report();
+    return again.report() && fast && megabytes <= mostMegabytes;
+}
+
+void sendOrder(data::Connection& connection) {
+    data::clsZELVORecordSet operations;
+    data::ChubangJun order;
+    order.DTR_PK = 1;
+    order.Patient_Name = "김환자";
+    order.CBJ_Msg = "잘 부탁드립니다.";
+    order.CBJ_RegDate = "2024-05-06 09:08:07";
+    const std::int32_t key = operations.Insert_ChubangJun(connection, order);
+    operations.Insert_ChubangJun_Mileage(connection, 1, key, 560, order.CBJ_RegDate);
+    data::CostNotes notes;
+    notes.CCD_DrugCost = "20첩 x 2,600원";
+    operations.Insert_ChubangJun_CostDetail(connection, key, notes);
+    for (std::int16_t i = 0; i < herbs; ++i) {
+        operations.Insert_ChubangJun_Detail(connection, key, {i, "당귀", 4.5F, 12.5F, 56, "술에 씻어", i});
+    }
+    operations.Insert_ChubangJun_EatGuide(connection, key, "식후 30분에 드십시오.", "보원한의원",
+                                          "02-123-4567");
+}
+
+bool compareSends(const std::string& path) {
+    sqlite::SqliteConnection connection(path);
+    BareDatabase bare(path);
+    Comparison send("send_30_herbs", 1.3);
+    for (int run = 0; run < 3 * runs; ++run) {
+        // The statements of the next order, keys and all.
+        Recorder recorder(connection);
+        {
+            const data::Transaction dropped(recorder);
+            sendOrder(recorder);
+        }
+        send.floor([&] {
+            bare.run("BEGIN IMMEDIATE");
+            for (const std::string& statement : recorder.statements) bare.run(statement);
+            bare.run("COMMIT");
+        });
+        send.measured([&] {
+            data::Transaction transaction(connection);
+            sendOrder(connection);
+            if (transaction.commit() != data::CommitOutcome::Done)
+                throw std::runtime_error("the commit failed");
+        });
+    }
+    return send.report();
+}
+
+}  // namespace
+
+int main() {
+    const std::string path =
+        (fs::temp_directory_path() / ("zelvo-bench-" + std::to_string(getpid()) + ".db")).string();
+    bool within = false;
+    try {
+        makeDatabase(path);
+        within = compareWalks(path);
+        within = compareSends(path) && within;
+    } catch (const std::exception& fault) {
+        std::fprintf(stderr, "%s\n", fault.what());
+    }
+    fs::remove(path);
+    return within ? 0 : 1;
+}
