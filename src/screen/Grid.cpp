@@ -99,13 +99,19 @@ void Grid::moveFirst() {
 }
 
 void Grid::moveNext() {
-    if (!atEnd()) moveTo(row_ + 1, column_);
+    commitEdit();
+    if (!atEnd()) place(row_ + 1, column_);
 }
 
-/// The one way of the cursor. Commits first; what the reaction to that has left of the rows is what counts.
+/// Commits first; what the reaction to that has left of the rows is what counts.
 void Grid::moveTo(int row, int column) {
     commitEdit();
-    row = std::clamp(row, -1, rows_);
+    place(std::min(row, rows_ - 1), column);
+}
+
+/// The one way of the cursor.
+void Grid::place(int row, int column) {
+    row = std::max(row, -1);
     column = std::clamp(column, 0, std::max(0, columnCount() - 1));
     if (row == row_ && column == column_) return;
     const int previousRow = std::exchange(row_, row);

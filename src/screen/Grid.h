@@ -154,6 +154,7 @@ private:
     bool stopsAt(int column) const;
     int nextStop(int from, int direction) const;
     void moveTo(int row, int column);
+    void place(int row, int column);
     void applyCode(int code);
     void typeCharacter(char32_t character);
     void announce(int previousRow, int previousColumn);
