@@ -10,12 +10,16 @@
 
 namespace zelvo::testing {
 
-/// Rows of an array or back, a text a row with its cells between "|", from a column on.
-inline void addRow(tables::XArrayDB& array, int firstColumn, const std::string& cells) {
-    const int row = array.upperRow() + 1;
-    array.insertRows(row);
-    for (int column = firstColumn; const std::string& cell : basics::split(cells, "|"))
-        array.set(row, column++, cell);
+/// Appends rows to an array, a line of text a row with its cells between "|", from a column on; and reads
+/// them back.
+inline void addRows(tables::XArrayDB& array, int firstColumn, const std::string& rows) {
+    for (const std::string& cells : basics::split(rows, "\n")) {
+        if (rows.empty()) return;
+        const int row = array.upperRow() + 1;
+        array.insertRows(row);
+        for (int column = firstColumn; const std::string& cell : basics::split(cells, "|"))
+            array.set(row, column++, cell);
+    }
 }
 inline std::string rowsOf(const tables::XArrayDB& array, int firstColumn) {
     std::string all;
@@ -54,9 +58,9 @@ public:
         table.onCompositionChanged.add([this] { ++changed; });
     }
 
-    /// Appends a line, from its name on.
-    void add(const std::string& cells) {
-        addRow(session.g_xaDrug, 1, cells);
+    /// Appends lines, from their names on.
+    void add(const std::string& rows) {
+        addRows(session.g_xaDrug, 1, rows);
         table.tdbDGL.refresh();
     }
     std::string lines() const { return rowsOf(session.g_xaDrug, 1); }

@@ -55,36 +55,18 @@ TEST(HerbPicker, GivesWhatWasCurrentUnlessLeftByEsc) {
 }
 
 TEST(HerbPicker, AFailedSearchLeavesTheListAsItWas) {
-    HerbDesk desk;
-    const auto failed = [&] {
-        desk.desktop.expectBox("데이터베이스 접속 오류", "데이터베이스 접속에 오류가 발생했습니다.");
-    };
     for (const int call : {1, 2}) {
-        desk.connection->failAt(call);
-        EXPECT_EQ(open(desk, "당귀", -1, [&](frmYakGukDrug&) { failed(); }), "-1|-1|||");
+        HerbDesk desk;
         const std::string pick = open(desk, "당귀", -1, [&](frmYakGukDrug& picker) {
             desk.connection->failAt(call);
             desk.user.press("cmdFind");
-            failed();
+            desk.desktop.expectBox("데이터베이스 접속 오류", "데이터베이스 접속에 오류가 발생했습니다.");
             EXPECT_EQ(picker.tdbYakgukDrug.rowCount(), 2);
         });
         EXPECT_EQ(pick, "1|2|당귀|토당귀|320");
+        desk.connection->failAt(call);
+        EXPECT_EQ(open(desk, "당귀", -1, [&](frmYakGukDrug&) { desk.desktop.takeBox(); }), "-1|-1|||");
     }
-}
-
-TEST(HerbPicker, LookingAroundStartsEmptyAndChangesNothing) {
-    HerbDesk desk;
-    desk.desktop.show(desk.form, [&] {
-        desk.desktop.whenShown("frmYakGukDrug", [&](screen::Window& window) {
-            EXPECT_EQ(desk.connection->statements.size(), 0U);
-            desk.user.press("cmdFind");
-            EXPECT_EQ(dynamic_cast<frmYakGukDrug&>(window).tdbYakgukDrug.rowCount(), 5);
-            desk.user.key(list, {"Enter"});
-        });
-        desk.user.press("ssrYakGukDrug");
-    });
-    EXPECT_EQ(desk.lines(), "");
-    EXPECT_EQ(desk.changed, 0);
 }
 
 }  // namespace

@@ -5,7 +5,7 @@ namespace {
 
 using testing::HerbDesk;
 
-constexpr const char *angelica = "당귀|토당귀|2|4|320|1280|1|0||", *peony = "작약|작약(국산)|3|4|18|72|2|0||";
+const std::string angelica = "당귀|토당귀|2|4|320|1280|1|0||", peony = "작약|작약(국산)|3|4|18|72|2|0||";
 
 auto pick(const char* key) {
     return [key](HerbDesk& desk) {
@@ -40,7 +40,7 @@ TEST(HerbTable, IsComposedByTheKeyboard) {
         user.cell("tdbDGL", "약재명", "당");
         pick("Enter")(desk);
         desk.desktop.expectBox("약재구성", "이미 [1] 번째 레코드에 같은 한약국약재가 존재 합니다.");
-        EXPECT_EQ(desk.lines(), std::string(angelica) + "\n당귀||2||320||2|-1||");
+        EXPECT_EQ(desk.lines(), angelica + "\n당귀||2||320||2|-1||");
 
         user.row("tdbDGL", 0);
         user.cellKey("tdbDGL", "비고", "Enter");
@@ -70,6 +70,14 @@ TEST(HerbTable, AChangedCellTellsOn) {
             desk.user.cellButton("tdbDGL", "비고");
         };
     };
+    const auto lookAround = [](HerbDesk& desk) {
+        desk.desktop.whenShown("frmYakGukDrug", [&](screen::Window&) {
+            EXPECT_EQ(desk.connection->statements.size(), 0U);
+            desk.user.press("cmdFind");
+            desk.user.key("tdbYakgukDrug", {"Down", "Enter"});
+        });
+        desk.user.press("ssrYakGukDrug");
+    };
     const std::vector<Case> cases = {
         {"another name", cell("약재명", "인삼"), "인삼||||||1|-1||", 2, 1},
         {"no name", cell("약재명", ""), "|토당귀|2|4|320|1280|1|-1||", 1, 1},
@@ -78,11 +86,12 @@ TEST(HerbTable, AChangedCellTellsOn) {
         {"keys that grams don't take", cell("용량(g)", "1-.g 2.3"), "당귀|토당귀|2|1.23|320|394|1|0||", 2, 1},
         {"seven characters at most", cell("용량(g)", "000000012"), "당귀|토당귀|2|0000000|320||1|-1||", 2, 1},
         {"the same grams", cell("용량(g)", "4"), angelica, 1, 1},
-        {"a note", cell("비고", "술"), std::string(angelica) + "술", 1, 1},
-        {"a note by its button", note(""), std::string(angelica) + "술에 씻어", 0, 0},
+        {"a note", cell("비고", "술"), angelica + "술", 1, 1},
+        {"a note by its button", note(""), angelica + "술에 씻어", 0, 0},
         {"a note left by Esc", note("Esc"), angelica, 0, 0},
         {"a herb for the same grams", pick("Enter"), "당귀|토당귀|2|4|320|1,280|1|0||", 1, 0},
         {"a pick left by Esc", pick("Esc"), angelica, 0, 0},
+        {"a look around", lookAround, angelica, 0, 0},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.label);
@@ -126,54 +135,40 @@ TEST(HerbTable, RowsAreDeletedAndResetOnlyAfterYes) {
 TEST(HerbMerge, BringsStoredHerbsToTodaysCatalogue) {
     struct Case {
         const char* label;
-        std::vector<std::string> before, stored;  // stored: name, key, grams, note
-        std::vector<std::string> after;
+        std::string before, stored, after;  // stored: name, key, grams, note
         int failAt = 0;
     };
+    const std::string merged = "당귀|토당귀|2|4|320|1280|1|0|1|";
     const std::vector<Case> cases = {
-        {"a plain copy keeps what repeats",
-         {},
-         {"당귀|2|4|", "당귀|2|6|술"},
-         {angelica, "당귀|토당귀|2|6|320|1920|2|0||술"}},
-        {"herbs that are not to be had come in red",
-         {},
-         {"감초|4|1|구워", "천궁|5|2|", "녹각|6|3|", "모름||3|", "당귀|2||"},
-         {"감초|||1|||1|-1||구워", "천궁|||2|||2|-1||", "녹각||||||3|-1||", "모름|||3|||4|-1||",
-          "당귀|토당귀|2||320||5|-1||"}},
-        {"less than half a won is no price", {}, {"계피|7|4|"}, {"계피|계피(베트남)|7|4|0.02||1|-1||"}},
-        {"the larger older amount stays",
-         {angelica, peony},
-         {"참당귀|2|3.9|"},
-         {"당귀|토당귀|2|4|320|1280|1|0|1|", peony}},
-        {"so does an equal one", {angelica}, {"참당귀|2|4.0|"}, {"당귀|토당귀|2|4|320|1280|1|0|1|"}},
-        {"the larger new amount goes to the end",
-         {angelica, peony},
-         {"참당귀|2|10|"},
-         {"작약|작약(국산)|3|4|18|72|1|0||", "참당귀|토당귀|2|10|320|3200|2|0|1|"}},
-        {"an older line without grams gives way",
-         {"당귀|토당귀|2||320"},
-         {"당귀|2|4|"},
-         {"당귀|토당귀|2|4|320|1280|1|0|1|"}},
-        {"others are added",
-         {angelica},
-         {"감초|4|1|", "작약|3|4|"},
-         {angelica, "감초|||1|||2|-1|1|", "작약|작약(국산)|3|4|18|72|3|0|1|"}},
-        {"no date from the database", {}, {"당귀|2|4|"}, {"당귀|||4|||1|-1||"}, 1},
-        {"no price from the database", {}, {"당귀|2|4|"}, {"당귀|||4|||1|-1||"}, 2},
+        {"a plain copy", "", "당귀|2|4|\n당귀|2|6|술", angelica + "\n당귀|토당귀|2|6|320|1920|2|0||술"},
+        {"no longer sold", "", "감초|4|1|구워", "감초|||1|||1|-1||구워"},
+        {"without a price today", "", "천궁|5|2|", "천궁|||2|||1|-1||"},
+        {"without a pharmacy name", "", "녹각|6|3|", "녹각||||||1|-1||"},
+        {"without a key", "", "모름||3|", "모름|||3|||1|-1||"},
+        {"without grams", "", "당귀|2||", "당귀|토당귀|2||320||1|-1||"},
+        {"less than half a won", "", "계피|7|4|", "계피|계피(베트남)|7|4|0.02||1|-1||"},
+        {"a larger older one", angelica + "\n" + peony, "참당귀|2|3.9|", merged + "\n" + peony},
+        {"an equal one", angelica, "참당귀|2|4.0|", merged},
+        {"a larger new one", angelica, "참당귀|2|10|", "참당귀|토당귀|2|10|320|3200|1|0|1|"},
+        {"an older one without grams", "당귀|토당귀|2||320", "당귀|2|4|", merged},
+        {"others", angelica, "감초|4|1|\n작약|3|4|",
+         angelica + "\n감초|||1|||2|-1|1|\n작약|작약(국산)|3|4|18|72|3|0|1|"},
+        {"no date from the database", "", "당귀|2|4|", "당귀|||4|||1|-1||", 1},
+        {"no price from the database", "", "당귀|2|4|", "당귀|||4|||1|-1||", 2},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.label);
         HerbDesk desk;
-        for (const std::string& row : c.before) desk.add(row);
+        desk.add(c.before);
         tables::XArrayDB rows;
         rows.reDim(-1, 3);
-        for (const std::string& row : c.stored) testing::addRow(rows, 0, row);
+        testing::addRows(rows, 0, c.stored);
         screen::Grid detail(desk.form, "tdbDetail", {},
                             {{"약재명"}, {"한약국약재PK"}, {"용량(g)"}, {"비고"}});
         detail.bind(&rows);
         desk.connection->failAt(c.failAt);
         desk.table.Load_DrugFromGrid(detail);
-        EXPECT_EQ(desk.lines(), basics::join(c.after, "\n"));
+        EXPECT_EQ(desk.lines(), c.after);
         EXPECT_EQ(detail.currentRow(), 0);
         EXPECT_EQ(desk.desktop.pointerHistory, (std::vector<std::string>{"busy", "normal"}));
     }

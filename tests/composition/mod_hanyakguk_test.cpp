@@ -5,14 +5,14 @@
 namespace zelvo::composition {
 namespace {
 
-using testing::addRow;
+using testing::addRows;
 using testing::rowsOf;
 using testing::TestDesktop;
 
-tables::XArrayDB herbsOf(const std::vector<std::string>& rows) {
+tables::XArrayDB herbsOf(const std::string& rows) {
     tables::XArrayDB herbs;
     herbs.reDim(-1, herb::lastColumn);
-    for (const std::string& row : rows) addRow(herbs, herb::name, row);
+    addRows(herbs, herb::name, rows);
     return herbs;
 }
 
@@ -35,7 +35,7 @@ TEST(HerbRules, ACellChangesItsRow) {
     for (const Case& c : cases) {
         SCOPED_TRACE(c.name);
         TestDesktop desktop;
-        tables::XArrayDB herbs = herbsOf({c.before});
+        tables::XArrayDB herbs = herbsOf(c.before);
         EXPECT_EQ(modHanYakGuk::Update_DrugCell(desktop, c.mode, 0, herbs), 0);
         EXPECT_EQ(rowsOf(herbs, herb::name), c.after);
     }
@@ -43,14 +43,13 @@ TEST(HerbRules, ACellChangesItsRow) {
 
 TEST(HerbRules, ADuplicateIsAnyOtherRowWithTheSameText) {
     struct Case {
-        const char* name;
-        std::vector<std::string> rows;
+        const char *name, *rows;
         int row, answer;
     };
     const Case cases[] = {
-        {"a table of one row", {"|작약"}, 0, 0},        {"none", {"|작약", "|당귀"}, 1, 0},
-        {"before", {"|작약", "|당귀", "|작약"}, 2, 1},  {"behind", {"|당귀", "|작약", "|작약"}, 1, 3},
-        {"blanks are no duplicates", {"|", "|"}, 1, 0},
+        {"a table of one row", "|작약", 0, 0},      {"none", "|작약\n|당귀", 1, 0},
+        {"before", "|작약\n|당귀\n|작약", 2, 1},    {"behind", "|당귀\n|작약\n|작약", 1, 3},
+        {"blanks are no duplicates", "|\n|", 1, 0},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.name);
@@ -66,7 +65,7 @@ TEST(HerbRules, ADuplicateIsAnyOtherRowWithTheSameText) {
 
 TEST(HerbRules, AFaultIsShownAndAnswersMinusOne) {
     TestDesktop desktop;
-    tables::XArrayDB herbs = herbsOf({"당귀|토당귀|2|9999999|99999999999999999999999999999999999999|5||0"});
+    tables::XArrayDB herbs = herbsOf("당귀|토당귀|2|9999999|99999999999999999999999999999999999999|5");
     EXPECT_EQ(modHanYakGuk::Update_DrugCell(desktop, 4, 0, herbs), -1);
     const screen::MessageBox box = desktop.takeBox();
     EXPECT_EQ(box.caption, "처방전 약재구성 에러");
@@ -80,42 +79,33 @@ TEST(CostFields, HoldTheSectionsThatTheOrderTypeHas) {
     std::string both = none, third = none;
     both[2] = both[63] = third[2] = '1';
     struct Case {
-        const char *name, *job, *method;
-        std::vector<std::string> addOns;  // mark and slot
-        std::int16_t status;
+        const char *name, *sections, *method, *addOns;  // add-ons: mark and slot
         std::string fields;  // job, method, slots, packets, price, millilitres, pouches, cells of the herbs
     };
     const Case cases[] = {
-        {"both", "-1|-1", "-1", {"-1|3", "0|4", "-1|64"}, 0, "12|3|" + both + "|20|500|120|42|11"},
-        {"no add-on", "-1|-1", "-1", {}, 0, "12|3|" + none + "|20|500|120|42|11"},
-        {"the first add-on without a slot ends them",
-         "-1|-1",
-         "-1",
-         {"-1|3", "-1|", "-1|64"},
-         0,
+        {"both", "-1|-1", "-1", "-1|3\n0|4\n-1|64", "12|3|" + both + "|20|500|120|42|11"},
+        {"no add-on", "-1|-1", "-1", "", "12|3|" + none + "|20|500|120|42|11"},
+        {"an add-on without a slot", "-1|-1", "-1", "-1|3\n-1|\n-1|64",
          "12|3|" + third + "|20|500|120|42|11"},
-        {"herbs only", "-1|0", "0", {"-1|3"}, 0, "12|||20|500|||11"},
-        {"decoction only", "0|-1", "-1", {}, 0, "12|3|" + none + "|||120|42|1"},
-        {"a slot that there is not", "-1|-1", "-1", {"-1|65"}, -1, ""},
-        {"slots count from one", "-1|-1", "-1", {"-1|0"}, -1, ""},
-        {"no method chosen", "-1|-1", "0", {}, -1, ""},
+        {"herbs only", "-1|0", "0", "-1|3", "12|||20|500|||11"},
+        {"decoction only", "0|-1", "-1", "", "12|3|" + none + "|||120|42|1"},
+        {"a slot that there is not", "-1|-1", "-1", "-1|65", "fault"},
+        {"slots count from one", "-1|-1", "-1", "-1|0", "fault"},
+        {"no method chosen", "-1|-1", "0", "", "fault"},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.name);
         tables::XArrayDB jobs, methods, addOns;
         for (tables::XArrayDB* options : {&jobs, &methods, &addOns}) options->reDim(-1, 7);
-        addRow(jobs, 0, "0|11||||0|0");
-        addRow(jobs, 0, std::string("-1|12||||") + c.job);
-        addRow(methods, 0, std::string(c.method) + "|3");
-        for (const std::string& addOn : c.addOns) addRow(addOns, 0, basics::replaceAll(addOn, "|", "|||||"));
+        addRows(jobs, 0, std::string("0|11||||0|0\n-1|12||||") + c.sections);
+        addRows(methods, 0, std::string(c.method) + "|3");
+        addRows(addOns, 0, basics::replaceAll(c.addOns, "|", "|||||"));
         modHanYakGuk::CostFields f{{}, {}, {}, {}, "20", "500", "120", "42", false};
-        EXPECT_EQ(modHanYakGuk::Build_CostFields(jobs, herbsOf({"당귀"}), methods, addOns, f), c.status);
-        if (c.status == -1) continue;
+        const bool built = modHanYakGuk::Build_CostFields(jobs, herbsOf("당귀"), methods, addOns, f) == 0;
         const auto cells = std::to_string(basics::split(f.DrugText, cellSeparator).size());
-        EXPECT_EQ(basics::join({f.JobListKey, f.TJMLKey, f.TJALSlot, f.Chubsu, f.DrugPrice, f.PouchAmount,
-                                f.PouchTotal, cells},
-                               "|"),
-                  c.fields);
+        const std::vector<std::string> fields = {f.JobListKey, f.TJMLKey,     f.TJALSlot,   f.Chubsu,
+                                                 f.DrugPrice,  f.PouchAmount, f.PouchTotal, cells};
+        EXPECT_EQ(built ? basics::join(fields, "|") : "fault", c.fields);
     }
 }
 

@@ -24,24 +24,19 @@ TEST(XArrayString, WritesCellsAndRowsWithTheirSeparatorsBetween) {
 
 TEST(XArrayString, ReadsBack) {
     struct Case {
-        const char *name, *text;
-        std::int16_t columns;
+        const char *text, *writtenAgain;
         int rows, lastColumn;
-        const char* writtenAgain;
-    };
-    const Case cases[] = {
-        {"nothing", "", 3, 0, 2, ""},
-        {"more columns than cells", "a,b;c,d", 3, 2, 2, "a,b,;c,d,"},
-        {"more cells than columns", "a,b,c", 2, 1, 2, "a,b,c"},
-        {"a longer later row is cut", "a;b,c", 1, 2, 0, "a;b"},
     };
     tables::XArrayDB array;
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.name);
+    for (const Case& c : {Case{"", "", 0, 1},
+                          {"a;b", "a,;b,", 2, 1},
+                          {"a,b,c", "a,b,c", 1, 2},
+                          {"a,b;c,d,e", "a,b;c,d", 2, 1}}) {
+        SCOPED_TRACE(c.text);
         std::string text;
-        EXPECT_EQ(clsXArrayString().String2XArrayDB(c.text, array, ";", ",", c.columns), c.rows);
+        EXPECT_EQ(clsXArrayString().String2XArrayDB(c.text, array, ";", ",", 2), c.rows);
         EXPECT_EQ(array.upperColumn(), c.lastColumn);
-        EXPECT_EQ(clsXArrayString().XArrayDB2String(array, text, ";", ","), c.rows);
+        clsXArrayString().XArrayDB2String(array, text, ";", ",");
         EXPECT_EQ(text, c.writtenAgain);
     }
     EXPECT_THROW(clsXArrayString().String2XArrayDB("a,b;c", array, ";", ",", 2), basics::Fault);
