@@ -1,0 +1,77 @@
+#include "screen/Event.h"
+
+#include <gtest/gtest.h>
+
+namespace zelvo::screen {
+namespace {
+
+TEST(Event, BearsListenersThatComeAndGoWhileItRuns) {
+    Event<> event;
+    std::string log;
+    Event<>::Subscription self, later;
+    self = event.listen([&, kept = std::string(100, 'x')] {
+        self.end();
+        later.end();
+        event.add([&] { log += "new "; });
+        log += kept.substr(0, 1) + " ";
+    });
+    event.add([&] { log += "stays "; });
+    later = event.listen([&] { log += "gone "; });
+    event();
+    EXPECT_EQ(log, "x stays ");
+    event();
+    EXPECT_EQ(log, "x stays stays new ");
+}
+
+TEST(Event, BearsThatItsOwnerGoesAway) {
+    auto event = std::make_unique<Event<std::string>>();
+    std::string log;
+    event->add([&, kept = std::string(100, 'y')](const std::string&) {
+        event.reset();
+        log += kept.substr(0, 1);
+    });
+    event->add([&](const std::string& text) { log += text; });
+    (*event)("z");
+    EXPECT_EQ(log, "yz");
+}
+
+TEST(Event, ForgetsEndedListenersAndCopesWithFaults) {
+    Event<> event;
+    int runs = 0;
+    for (int i = 0; i < 3; ++i) {
+        const auto subscription = event.listen([&] {
+            ++runs;
+            throw 1;
+        });
+        EXPECT_ANY_THROW(event());
+    }
+    event();
+    EXPECT_EQ(runs, 3);
+
+    std::weak_ptr<int> held;
+    {
+        const auto value = std::make_shared<int>(1);
+        held = value;
+        const auto subscription = event.listen([value] {});
+    }
+    event.add([] {});
+    EXPECT_TRUE(held.expired()) << "what an ended listener held is given back";
+}
+
+TEST(Event, ASubscriptionMovesAndOutlivesTheEvent) {
+    Event<>::Subscription kept;
+    int runs = 0;
+    {
+        Event<> event;
+        auto first = event.listen([&] { ++runs; });
+        kept = std::move(first);
+        event();
+        kept = event.listen([&] { runs += 10; });
+        event();
+    }
+    kept.end();
+    EXPECT_EQ(runs, 11);
+}
+
+}  // namespace
+}  // namespace zelvo::screen
