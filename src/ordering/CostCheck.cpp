@@ -78,7 +78,7 @@ bool decoctionAtFault(const CostInput& input, const XArrayDB& methods) {
 
 /// A flag of an order type, -1 or 0. A cell that holds no whole number is a Fault.
 std::int16_t typeFlag(const XArrayDB& jobList, int row, int column) {
-    return basics::toInt16(std::string_view(jobList.text(row, column)));
+    return basics::toInt16(jobList.text(row, column));
 }
 
 Checked checkSections(const CostInput& input, const XArrayDB& jobList, const XArrayDB& herbs,

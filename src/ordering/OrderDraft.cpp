@@ -17,7 +17,7 @@ bool OrderDraft::hasDecoction() const {
 }
 
 bool OrderDraft::typeHas(int column) const {
-    return jobRow() >= 0 && options.m_xaJobList.text(jobRow(), column) == "-1";
+    return jobRow() >= 0 && options.m_xaJobList.isTrue(jobRow(), column);
 }
 
 CostInput OrderDraft::checkedTexts() const {

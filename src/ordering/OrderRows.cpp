@@ -17,7 +17,7 @@ std::string tight(const screen::TextField& field) {
 }
 
 std::int16_t shortOrZero(const std::string& text) {
-    return basics::IsNumeric(text) ? basics::toInt16(std::string_view(text)) : std::int16_t{0};
+    return basics::IsNumeric(text) ? basics::toInt16(text) : std::int16_t{0};
 }
 float singleOrZero(const std::string& text) {
     return basics::IsNumeric(text) ? basics::toSingle(text) : 0.0F;
@@ -26,7 +26,7 @@ float singleOrZero(const std::string& text) {
 /// The amount of a cost line in won, 0 for an empty cell.
 std::int32_t won(const tables::XArrayDB& costs, int row) {
     const std::string text = basics::removeAll(costs.text(row, cost::amount), ",");
-    return text.empty() ? 0 : basics::toInt32(std::string_view(text));
+    return text.empty() ? 0 : basics::toInt32(text);
 }
 
 void fillCosts(data::ChubangJun& row, const tables::XArrayDB& costs) {
@@ -43,7 +43,7 @@ void fillCosts(data::ChubangJun& row, const tables::XArrayDB& costs) {
 }
 
 void fillPatient(data::ChubangJun& row, const composition::PatientDelivery& patient) {
-    row.Patient_PK = basics::toInt32(std::string_view(patient.lblPatientPK.caption()));
+    row.Patient_PK = basics::toInt32(patient.lblPatientPK.caption());
     row.Patient_Name = tight(patient.txtPatientName);
     row.Patient_Age = shortOrZero(basics::removeBlanks(patient.txtPatientAge.text()));
     row.Patient_Sex = patient.ssoSex0.value() ? 1 : 0;
@@ -108,13 +108,13 @@ data::CostNotes costNotes(const tables::XArrayDB& costs) {
 
 data::HerbLine herbLine(const tables::XArrayDB& herbs, int row) {
     const auto cell = [&herbs, row](int column) { return herbs.text(row, column); };
-    return {.DGL_PK = basics::toInt32(std::string_view(cell(3))),
+    return {.DGL_PK = basics::toInt32(cell(3)),
             .DGL_CallSign = cell(1),
             .DET_Weight = basics::toSingle(cell(4)),
             .DET_Danga = basics::toSingle(cell(5)),
-            .DET_Money = basics::toInt16(std::string_view(cell(6))),
+            .DET_Money = basics::toInt16(cell(6)),
             .DET_Note = cell(10),
-            .DET_Order = basics::toInt16(std::string_view(cell(7)))};
+            .DET_Order = basics::toInt16(cell(7))};
 }
 
 }  // namespace zelvo::ordering

@@ -93,9 +93,9 @@ bool OrderSend::depositCovers() {
     std::int64_t usable = 0, total = 0;
     try {
         if (!balance_.Load_StockMoney("", "")) throw basics::Fault("");
-        usable = basics::toInt32(std::string_view(basics::removeAll(balance_.txtUsableStock.text(), ",")));
+        usable = basics::toInt32(basics::removeAll(balance_.txtUsableStock.text(), ","));
         const std::string& sum = price_.lblSumcost.caption();
-        total = basics::IsNumeric(sum) ? basics::toInt32(std::string_view(sum)) : 0;
+        total = basics::IsNumeric(sum) ? basics::toInt32(sum) : 0;
     } catch (const std::exception&) {
         desktop.alarm("처방전비용과 적립금을 확인하는중 에러발생.", costCaption);
         return false;
@@ -210,8 +210,7 @@ bool OrderSend::Send_InsertOrder(std::int32_t& CBJ_PK) {
         }
         const std::string& mileage = price_.lblMileageMoney.caption();
         if (!basics::IsNumeric(mileage) || basics::toNumber(mileage) <= 0) return true;
-        return Send_InsertMileage(row.DTR_PK, CBJ_PK, basics::toInt32(std::string_view(mileage)),
-                                  lblsvrTime.caption()) == 1;
+        return Send_InsertMileage(row.DTR_PK, CBJ_PK, basics::toInt32(mileage), lblsvrTime.caption()) == 1;
     });
 }
 
