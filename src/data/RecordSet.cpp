@@ -7,31 +7,31 @@
 #include "basics/Numbers.h"
 #include "basics/Text.h"
 #include "basics/Utf8.h"
-#include "data/PackedCell.h"
+#include "data/PackedRows.h"
 
 namespace zelvo::data {
 
 using basics::Fault;
 
 struct RecordSet::Rows {
+    explicit Rows(std::vector<std::string> names) : fields(std::move(names)), cells(fields.size()) {
+        for (const std::string& field : fields) foldedFields.push_back(basics::foldCase(field));
+    }
+
     std::vector<std::string> fields, foldedFields;
-    std::vector<PackedCell> cells;
-    tables::TextStore store;
+    PackedRows cells;
     UpdateTarget target;
     std::unique_ptr<RowWriter> writer;
 
-    std::size_t width() const { return fields.size(); }
-    std::size_t count() const { return fields.empty() ? 0 : cells.size() / fields.size(); }
-    PackedCell* row(std::size_t index) { return cells.data() + index * width(); }
     int find(std::string_view field) const {
         const std::string folded = basics::foldCase(field);
         const auto found = std::find(foldedFields.begin(), foldedFields.end(), folded);
         return found == foldedFields.end() ? -1 : static_cast<int>(found - foldedFields.begin());
     }
-    std::string_view keyOf(std::size_t index) {
+    std::string_view keyOf(std::size_t row) const {
         const int key = find(target.key);
         if (key < 0) throw Fault("결과에 키 [" + target.key + "] 항목이 없습니다.");
-        return row(index)[key].text(store);
+        return cells.text(row, static_cast<std::size_t>(key));
     }
 };
 
@@ -68,17 +68,14 @@ void RecordSet::moveTo(std::size_t row) {
     position_ = std::min(row, rowCount());
 }
 
-const PackedCell& RecordSet::current(int column) const {
-    const PackedCell* found = cell(position_, column);
-    if (found) return *found;
-    if (atEnd()) throw Fault("현재 행이 없습니다.");
-    throw Fault("결과에 " + basics::decimalText(static_cast<std::int64_t>(column)) + "번째 항목이 없습니다.");
+bool RecordSet::holds(std::size_t row, int column) const {
+    return row < rowCount() && column >= 0 && static_cast<std::size_t>(column) < rows_->cells.width();
 }
 
-const PackedCell* RecordSet::cell(std::size_t row, int column) const {
-    if (!rows_ || row >= rows_->count() || column < 0 || static_cast<std::size_t>(column) >= rows_->width())
-        return nullptr;
-    return rows_->row(row) + column;
+void RecordSet::requireCurrent(int column) const {
+    if (holds(position_, column)) return;
+    if (atEnd()) throw Fault("현재 행이 없습니다.");
+    throw Fault("결과에 " + basics::decimalText(static_cast<std::int64_t>(column)) + "번째 항목이 없습니다.");
 }
 
 std::string RecordSet::text(std::string_view field) const {
@@ -90,11 +87,15 @@ std::string RecordSet::text(int column) const {
 bool RecordSet::isNull(std::string_view field) const {
     return isNull(column(field));
 }
+
 bool RecordSet::isNull(int column) const {
-    return current(column).isNull();
+    requireCurrent(column);
+    return rows_->cells.kind(position_, static_cast<std::size_t>(column)) == PackedRows::Kind::Null;
 }
+
 std::string_view RecordSet::view(int column) const {
-    return current(column).text(rows_->store);
+    requireCurrent(column);
+    return rows_->cells.text(position_, static_cast<std::size_t>(column));
 }
 
 int RecordSet::column(std::string_view field) const {
@@ -119,16 +120,17 @@ struct SortKey {
 /// server's order. NULL comes first.
 class SortColumn {
 public:
-    SortColumn(std::vector<const PackedCell*> cells, const tables::TextStore& store, bool descending)
-        : descending_(descending), cells_(std::move(cells)) {
-        numeric_ = std::all_of(cells_.begin(), cells_.end(), [](const PackedCell* cell) {
-            return cell->isNull() || cell->kind() == PackedCell::Kind::Number;
-        });
-        for (const PackedCell* cell : cells_) {
+    SortColumn(const PackedRows& cells, SortKey key) : descending_(key.descending) {
+        const auto column = static_cast<std::size_t>(key.column);
+        for (std::size_t row = 0; row < cells.count(); ++row) {
+            nulls_.push_back(cells.kind(row, column) == PackedRows::Kind::Null);
+            numeric_ = numeric_ && cells.kind(row, column) != PackedRows::Kind::Text;
+        }
+        for (std::size_t row = 0; row < cells.count(); ++row) {
             if (numeric_)
-                numbers_.push_back(basics::numberFromStart(cell->text(store)));
+                numbers_.push_back(basics::numberFromStart(cells.text(row, column)));
             else
-                texts_.push_back(basics::foldCase(cell->text(store)));
+                texts_.push_back(basics::foldCase(cells.text(row, column)));
         }
     }
 
@@ -140,15 +142,14 @@ public:
 
 private:
     int ascending(std::size_t a, std::size_t b) const {
-        const bool nullA = cells_[a]->isNull(), nullB = cells_[b]->isNull();
-        if (nullA || nullB) return static_cast<int>(nullB) - static_cast<int>(nullA);
+        if (nulls_[a] || nulls_[b]) return static_cast<int>(nulls_[b]) - static_cast<int>(nulls_[a]);
         if (numeric_)
             return static_cast<int>(numbers_[a] > numbers_[b]) - static_cast<int>(numbers_[a] < numbers_[b]);
         return texts_[a].compare(texts_[b]);
     }
 
-    bool descending_, numeric_ = false;
-    std::vector<const PackedCell*> cells_;
+    bool descending_, numeric_ = true;
+    std::vector<bool> nulls_;
     std::vector<double> numbers_;
     std::vector<std::string> texts_;
 };
@@ -170,12 +171,8 @@ SortKey readSortKey(const RecordSet& set, std::string_view item) {
 void RecordSet::sort(std::string_view order) {
     if (!rows_) throw Fault("결과가 열려 있지 않습니다.");
     std::vector<SortColumn> columns;
-    for (const std::string& item : basics::split(order, ",")) {
-        const SortKey key = readSortKey(*this, item);
-        std::vector<const PackedCell*> cells(rowCount());
-        for (std::size_t row = 0; row < cells.size(); ++row) cells[row] = cell(row, key.column);
-        columns.emplace_back(std::move(cells), rows_->store, key.descending);
-    }
+    for (const std::string& item : basics::split(order, ","))
+        columns.emplace_back(rows_->cells, readSortKey(*this, item));
     std::vector<std::size_t> places(rowCount());
     std::iota(places.begin(), places.end(), std::size_t{0});
     std::stable_sort(places.begin(), places.end(), [&](std::size_t a, std::size_t b) {
@@ -184,13 +181,7 @@ void RecordSet::sort(std::string_view order) {
         }
         return false;
     });
-    std::vector<PackedCell> sorted;
-    sorted.reserve(rows_->cells.size());
-    for (const std::size_t place : places) {
-        const PackedCell* row = rows_->row(place);
-        sorted.insert(sorted.end(), row, row + rows_->width());
-    }
-    rows_->cells = std::move(sorted);
+    rows_->cells.arrange(places);
     position_ = 0;
     ++generation_;
 }
@@ -199,7 +190,7 @@ void RecordSet::find(std::string_view condition) {
     const std::size_t equals = condition.find('=');
     if (equals == std::string_view::npos)
         throw Fault("찾을 조건을 알 수 없습니다: " + std::string(condition));
-    const int wantedColumn = column(basics::trim(condition.substr(0, equals)));
+    const auto wantedColumn = static_cast<std::size_t>(column(basics::trim(condition.substr(0, equals))));
     std::string wanted = basics::trim(condition.substr(equals + 1));
     const bool quoted = wanted.size() >= 2 && wanted.front() == '\'' && wanted.back() == '\'';
     if (quoted)
@@ -209,19 +200,16 @@ void RecordSet::find(std::string_view condition) {
 
     const double number = quoted ? 0 : basics::toNumber(wanted);
     const std::string folded = basics::foldCase(wanted);
-    const auto fulfils = [&](const PackedCell& found) {
-        if (found.isNull()) return false;
-        if (quoted) return basics::foldCase(found.text(rows_->store)) == folded;
-        return basics::IsNumeric(found.text(rows_->store)) &&
-               basics::toNumber(found.text(rows_->store)) == number;
+    const auto fulfils = [&](std::size_t row) {
+        const std::string_view text = rows_->cells.text(row, wantedColumn);
+        if (quoted) return basics::foldCase(text) == folded;
+        return basics::IsNumeric(text) && basics::toNumber(text) == number;
     };
-    for (position_ = 0; !atEnd(); ++position_) {
-        if (fulfils(current(wantedColumn))) return;
-    }
+    for (position_ = 0; !atEnd() && !fulfils(position_);) ++position_;
 }
 
 std::size_t RecordSet::rowCount() const {
-    return rows_ ? rows_->count() : 0;
+    return rows_ ? rows_->cells.count() : 0;
 }
 int RecordSet::columnCount() const {
     return static_cast<int>(fields().size());
@@ -231,15 +219,13 @@ int RecordSet::columnOf(std::string_view field) const {
 }
 
 std::string RecordSet::cellText(std::size_t row, int column) const {
-    const PackedCell* found = cell(row, column);
-    return found ? std::string(found->text(rows_->store)) : std::string();
+    return holds(row, column) ? std::string(rows_->cells.text(row, static_cast<std::size_t>(column)))
+                              : std::string();
 }
 
 bool RecordSet::setCellText(std::size_t row, int column, std::string_view text) {
-    if (!cell(row, column) || !rows_->writer || column == rows_->find(rows_->target.key)) return false;
-    PackedCell& place = rows_->row(row)[column];
-    place = PackedCell(basics::cleanUtf8(text), PackedCell::Kind::Text, rows_->store);
-    place.setChanged(true);
+    if (!holds(row, column) || !rows_->writer || column == rows_->find(rows_->target.key)) return false;
+    rows_->cells.change(row, static_cast<std::size_t>(column), basics::cleanUtf8(text));
     return true;
 }
 
@@ -250,18 +236,16 @@ bool RecordSet::removeRow(std::size_t row) {
     } catch (const Fault&) {
         return false;
     }
-    const auto first = rows_->cells.begin() + static_cast<std::ptrdiff_t>(row * rows_->width());
-    rows_->cells.erase(first, first + static_cast<std::ptrdiff_t>(rows_->width()));
+    rows_->cells.erase(row);
     if (position_ > row) --position_;
     return true;
 }
 
 bool RecordSet::writeRow(std::size_t row) {
     if (row >= rowCount()) return true;
-    PackedCell* cells = rows_->row(row);
     std::vector<std::pair<std::string, std::string>> changed;
-    for (std::size_t i = 0; i < rows_->width(); ++i) {
-        if (cells[i].changed()) changed.emplace_back(rows_->fields[i], cells[i].text(rows_->store));
+    for (std::size_t i = 0; i < rows_->cells.width(); ++i) {
+        if (rows_->cells.isChanged(row, i)) changed.emplace_back(rows_->fields[i], rows_->cells.text(row, i));
     }
     if (changed.empty()) return true;
     try {
@@ -269,7 +253,7 @@ bool RecordSet::writeRow(std::size_t row) {
     } catch (const Fault&) {
         return false;
     }
-    for (std::size_t i = 0; i < rows_->width(); ++i) cells[i].setChanged(false);
+    rows_->cells.forgetChanges(row);
     return true;
 }
 
@@ -278,31 +262,28 @@ std::uint64_t RecordSet::generation() const {
 }
 
 RecordSet::Filler::Filler(RecordSet& set, std::vector<std::string> fields)
-    : set_(set), rows_(std::make_unique<Rows>()) {
-    for (const std::string& field : fields) rows_->foldedFields.push_back(basics::foldCase(field));
-    rows_->fields = std::move(fields);
-}
+    : set_(set), rows_(std::make_unique<Rows>(std::move(fields))) {}
 
 RecordSet::Filler::~Filler() = default;
 
 void RecordSet::Filler::add(std::string_view text) {
-    if (basics::isUtf8(text) && text.find('\0') == std::string_view::npos) {
-        rows_->cells.emplace_back(text, PackedCell::Kind::Text, rows_->store);
-    } else {
-        rows_->cells.emplace_back(basics::cleanUtf8(text), PackedCell::Kind::Text, rows_->store);
-    }
+    const bool clean = basics::isUtf8(text) && text.find('\0') == std::string_view::npos;
+    if (clean)
+        rows_->cells.add(text, PackedRows::Kind::Text);
+    else
+        rows_->cells.add(basics::cleanUtf8(text), PackedRows::Kind::Text);
 }
 
 void RecordSet::Filler::addNumber(std::int64_t value) {
-    rows_->cells.emplace_back(basics::decimalText(value), PackedCell::Kind::Number, rows_->store);
+    rows_->cells.add(basics::decimalText(value), PackedRows::Kind::Number);
 }
 
 void RecordSet::Filler::addNumber(double value) {
-    rows_->cells.emplace_back(basics::decimalText(value), PackedCell::Kind::Number, rows_->store);
+    rows_->cells.add(basics::decimalText(value), PackedRows::Kind::Number);
 }
 
 void RecordSet::Filler::addNull() {
-    rows_->cells.emplace_back();
+    rows_->cells.add({}, PackedRows::Kind::Null);
 }
 
 void RecordSet::Filler::finish(Cursor cursor, UpdateTarget target, std::unique_ptr<RowWriter> writer) {

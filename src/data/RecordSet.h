@@ -12,8 +12,6 @@
 
 namespace zelvo::data {
 
-class PackedCell;
-
 /// Cursor of a result set: Keyset takes row updates and deletes, Static is read-only.
 enum class Cursor { Keyset, Static };
 
@@ -33,8 +31,9 @@ public:
     virtual void remove(const UpdateTarget& target, std::string_view keyValue) = 0;
 };
 
-/// A result set, fetched whole when it opens, with a position. A grid can show it live. The owner makes it, an operation
-/// opens it, the owner closes it. NULL reads as "" (text) and 0 (numbers); isNull tells the difference.
+/// A result set, fetched whole when it opens, with a position. A grid can show it live. The owner makes it,
+/// an operation opens it, the owner closes it. NULL reads as "" (text) and 0 (numbers); isNull tells the
+/// difference.
 class RecordSet : public tables::GridSource {
     struct Rows;
 
@@ -55,7 +54,8 @@ public:
     void moveNext();
     void moveTo(std::size_t row);
 
-    /// A column of the current row by name (any case) or position from 0. Throw Fault for an unknown column or at the end.
+    /// A column of the current row by name (any case) or position from 0. Throw Fault for an unknown column
+    /// or at the end.
     std::string text(std::string_view field) const;
     std::string text(int column) const;
     bool isNull(std::string_view field) const;
@@ -66,10 +66,11 @@ public:
     int column(std::string_view field) const;
     const std::vector<std::string>& fields() const;
 
-    /// Client-side sort by a text such as "UCB_Name DESC " (surplus blanks allowed); numbers by value, texts by the
-    /// server's order; stable. Then stands on the first row. Throws Fault for an unknown column.
+    /// Client-side sort by a text such as "UCB_Name DESC " (surplus blanks allowed); numbers by value, texts
+    /// by the server's order; stable. Then stands on the first row. Throws Fault for an unknown column.
     void sort(std::string_view order);
-    /// Moves to the first row that fulfils "DGL_PK = 17"; at the end when none does. Throws Fault when it can't be read.
+    /// Moves to the first row that fulfils "DGL_PK = 17"; at the end when none does. Throws Fault when it
+    /// can't be read.
     void find(std::string_view condition);
 
     std::size_t rowCount() const override;
@@ -82,9 +83,9 @@ public:
     bool writeRow(std::size_t row) override;
     std::uint64_t generation() const override;
 
-    /// For drivers: begins a new result, appends its cells row by row, and ends it. Until `finish` the former rows stay, so
-    /// that a failed open leaves the set as it was. Every driver hands over what it fetched in its native type; the texts
-    /// are made here, so that all of them say "4", "0.1", "True".
+    /// For drivers: begins a new result, appends its cells row by row, and ends it. Until `finish` the former
+    /// rows stay, so that a failed open leaves the set as it was. Every driver hands over what it fetched in
+    /// its native type; the texts are made here, so that all of them say "4", "0.1", "True".
     class Filler {
     public:
         Filler(RecordSet& set, std::vector<std::string> fields);
@@ -105,8 +106,9 @@ public:
     };
 
 private:
-    const PackedCell& current(int column) const;
-    const PackedCell* cell(std::size_t row, int column) const;
+    bool holds(std::size_t row, int column) const;
+    /// Throws Fault when there is no current row or no such column.
+    void requireCurrent(int column) const;
 
     std::unique_ptr<Rows> rows_;
     std::size_t position_ = 0;

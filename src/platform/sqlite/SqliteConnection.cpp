@@ -19,6 +19,8 @@ using basics::Fault;
 namespace {
 
 constexpr int busyMilliseconds = 5000;
+// A connection is used on one thread, so SQLite needs no lock of its own.
+constexpr int openFlags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE;
 
 struct Finalizer {
     void operator()(sqlite3_stmt* statement) const { sqlite3_finalize(statement); }
@@ -125,8 +127,7 @@ void probe(sqlite3* database) {
 
 SqliteConnection::SqliteConnection(const std::string& path) {
     sqlite3* raw = nullptr;
-    const int result =
-        sqlite3_open_v2(path.c_str(), &raw, SQLITE_OPEN_READWRITE | SQLITE_OPEN_EXRESCODE, nullptr);
+    const int result = sqlite3_open_v2(path.c_str(), &raw, openFlags, nullptr);
     std::shared_ptr<sqlite3> opened(raw, [](sqlite3* database) { sqlite3_close_v2(database); });
     if (result != SQLITE_OK) throw Fault(raw ? sqlite3_errmsg(raw) : "out of memory");
     sqlite3_busy_timeout(raw, busyMilliseconds);
