@@ -1,7 +1,7 @@
 #include "assembly/Component.h"
 
 #include "basics/Fault.h"
-#include "platform/files/clsFileSystemObject.h"
+#include "platform/files/FileSystemObject.h"
 #include "platform/http/clsOrderCostText.h"
 #include "platform/sqlite/SqliteConnection.h"
 
@@ -19,7 +19,7 @@ std::unique_ptr<data::Connection> openPharmacy(const data::ServerLogin& login) {
 
 void registerComponents(screen::Components& components) {
     components.add("OrderCostText.clsOrderCostText", [] { return std::make_unique<http::clsOrderCostText>(); });
-    components.add("Scripting.FileSystemObject", [] { return std::make_unique<files::clsFileSystemObject>(); });
+    components.add("Scripting.FileSystemObject", [] { return std::make_unique<files::FileSystemObject>(); });
 }
 
 }  // namespace zelvo::assembly
