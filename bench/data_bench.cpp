@@ -91,19 +91,26 @@ std::string readFile(const fs::path& path) {
     return text.str();
 }
 
-/// The pharmacy's tables with many orders of one doctor.
+/// The demo's pharmacy, and doctor 1001 with many orders.
 void makeDatabase(const std::string& path) {
     BareDatabase database(path);
+    const fs::path folder = fs::path(ZELVO_SOURCE_DIR) / "demo" / "pharmacy";
+    std::vector<fs::path> scripts;
+    for (const auto& entry : fs::directory_iterator(folder)) {
+        if (entry.path().extension() == ".sql" && entry.path().stem() != "schema")
+            scripts.push_back(entry.path());
+    }
+    std::sort(scripts.begin(), scripts.end());
+    scripts.insert(scripts.begin(), folder / "schema.sql");
     database.run("BEGIN");
-    database.run(readFile(fs::path(ZELVO_SOURCE_DIR) / "demo" / "pharmacy" / "schema.sql"));
+    for (const fs::path& script : scripts) database.run(readFile(script));
     database.run(
-        "INSERT INTO t_Doctor (DTR_PK, DTR_Name, DTR_ID, DTR_PWD) VALUES (1, '김보원', 'kim', 'pw');"
-        "INSERT INTO t_JobList VALUES (1, '첩약 + 탕전', '', 1, 1, 1, 1), (2, '첩약', '', 1, 0, 2, 1);"
+        "INSERT INTO t_Doctor (DTR_PK, DTR_Name, DTR_ID, DTR_PWD) VALUES (1001, '김보원', 'bench', 'pw');"
         "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < " +
         std::to_string(orders) +
         ") "
         "INSERT INTO t_ChubangJun (DTR_PK, Patient_Name, Patient_Jumin, CBJ_JobList_PK, CBJ_RegDate, CBJ_Msg) "
-        "SELECT 1, '환자' || i, printf('%06d-1234567', i), 1 + i % 2, datetime('2024-01-01', '+' || (i * 7919 % 1000000) || ' minutes'),"
+        "SELECT 1001, '환자' || i, printf('%06d-1234567', i), 1 + i % 2, datetime('2024-01-01', '+' || i || ' minutes'),"
         " 'message of the order' FROM n;"
         "COMMIT");
 }
@@ -111,11 +118,11 @@ void makeDatabase(const std::string& path) {
 const std::string search =
     "SELECT a.CBJ_PK, a.CBJ_RegDate, a.Patient_Name, a.Patient_Jumin, b.JL_Prompt, c.DTR_Name "
     "FROM t_ChubangJun a, t_JobList b, t_Doctor c "
-    "WHERE a.CBJ_JobList_PK = b.JL_PK AND a.DTR_PK = c.DTR_PK AND a.DTR_PK = 1 AND a.CBJ_IsCanceled = 0 "
+    "WHERE a.CBJ_JobList_PK = b.JL_PK AND a.DTR_PK = c.DTR_PK AND a.DTR_PK = 1001 AND a.CBJ_IsCanceled = 0 "
     "Order by a.CBJ_RegDate DESC ";
 
 void walk(data::Connection& connection, data::RecordSet& set, tables::XArrayDB& array) {
-    if (data::clsZELVORecordSet().RecordSet_CBJmInfo(connection, set, array, 99, 1, "", "", "") != 1) {
+    if (data::clsZELVORecordSet().RecordSet_CBJmInfo(connection, set, array, 99, 1001, "", "", "") != 1) {
         throw std::runtime_error("the search failed");
     }
 }
@@ -178,12 +185,12 @@ bool compareWalks(const std::string& path) {
 void sendOrder(data::Connection& connection) {
     data::clsZELVORecordSet operations;
     data::ChubangJun order;
-    order.DTR_PK = 1;
+    order.DTR_PK = 1001;
     order.Patient_Name = "김환자";
     order.CBJ_Msg = "잘 부탁드립니다.";
     order.CBJ_RegDate = "2024-05-06 09:08:07";
     const std::int32_t key = operations.Insert_ChubangJun(connection, order);
-    operations.Insert_ChubangJun_Mileage(connection, 1, key, 560, order.CBJ_RegDate);
+    operations.Insert_ChubangJun_Mileage(connection, 1001, key, 560, order.CBJ_RegDate);
     data::CostNotes notes;
     notes.CCD_DrugCost = "20첩 x 2,600원";
     operations.Insert_ChubangJun_CostDetail(connection, key, notes);
@@ -220,6 +227,49 @@ bool compareSends(const std::string& path) {
     return send.report();
 }
 
+/// What a session reads before its window shows.
+void startSession(data::Connection& connection) {
+    data::clsZELVORecordSet operations;
+    data::RecordSet info, notices, types, methods, addOns, orderList, money, used, mileage;
+    tables::XArrayDB array;
+    data::DoctorRecord doctor;
+    doctor.DTR_ID = "bench";
+    doctor.DTR_PWD = "pw";
+    operations.RecordSet_DoctorInfo(connection, 1, doctor);
+    connection.open(info, "SELECT * FROM t_PxInfo ", data::Cursor::Static);
+    operations.RecordSet_GongJi(connection, notices);
+    array.reDim(-1, 7);
+    operations.RecordSet_JobList(connection, types, array, 7);
+    operations.RecordSet_TangJun(connection, methods, array, 5);
+    operations.RecordSet_TangJunADD(connection, addOns, array, 7);
+    operations.RecordSet_CBJmInfo(connection, orderList, array, 4, 1, "", "", "");
+    operations.RecordSet_StockMoneyIN(connection, money, doctor.DTR_PK, "", "");
+    operations.RecordSet_StockMoneyUsed(connection, used, doctor.DTR_PK, "", "");
+    operations.RecordSet_StockMileage(connection, mileage, doctor.DTR_PK, "", "");
+}
+
+bool compareSessionStarts(const std::string& path) {
+    std::vector<std::string> statements;
+    {
+        sqlite::SqliteConnection connection(path);
+        Recorder recorder(connection);
+        startSession(recorder);
+        statements = recorder.statements;
+    }
+    Comparison start("session_start", 1.5);
+    for (int run = 0; run < 5 * runs; ++run) {
+        start.floor([&] {
+            BareDatabase bare(path);
+            for (const std::string& statement : statements) bare.readAll(statement);
+        });
+        start.measured([&] {
+            sqlite::SqliteConnection connection(path);
+            startSession(connection);
+        });
+    }
+    return start.report();
+}
+
 }  // namespace
 
 int main() {
@@ -230,6 +280,7 @@ int main() {
         makeDatabase(path);
         within = compareWalks(path);
         within = compareSends(path) && within;
+        within = compareSessionStarts(path) && within;
     } catch (const std::exception& fault) {
         std::fprintf(stderr, "%s\n", fault.what());
     }
