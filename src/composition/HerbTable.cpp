@@ -131,12 +131,8 @@ void HerbTable::cellChanged(int column) {
         cellEmptied(column, row);
         return;
     }
-    const std::int16_t duplicate =
-        modHanYakGuk::Update_DrugCell(form_.desktop(), column, row, session_.g_xaDrug);
-    if (column == herb::pharmacyName) {
-        tdbDGL.refresh();
-        if (duplicate > 0) tdbDGL.setValue("한약국약재", "");
-    }
+    modHanYakGuk::Update_DrugCell(form_.desktop(), column, row, session_.g_xaDrug);
+    if (column == herb::pharmacyName) tdbDGL.refresh();
     modHanYakGuk::Renumber_DrugRows(form_.desktop(), session_.g_xaDrug);
     tdbDGL.refreshRow(row);
     showRowCount();
