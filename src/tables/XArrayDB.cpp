@@ -229,22 +229,24 @@ XArrayDB& XArrayDB::operator=(XArrayDB&& other) noexcept {
 void XArrayDB::reDim(int lastRow, int lastColumn) {
     if (lastRow < -1 || lastColumn < -1) throwOutside();
     rows_->clear();
-    rows_->columns = static_cast<std::size_t>(lastColumn + 1);
+    rows_->columns = static_cast<std::size_t>(lastColumn) + 1;
     ++rows_->generation;
-    rows_->insert(0, static_cast<std::size_t>(lastRow + 1));
+    rows_->insert(0, static_cast<std::size_t>(lastRow) + 1);
 }
 
 void XArrayDB::insertRows(int row, int count) {
-    if (row < 0 || static_cast<std::size_t>(row) > rows_->count() || count < 0) throwOutside();
-    rows_->insert(static_cast<std::size_t>(row), static_cast<std::size_t>(count));
+    if (row < 0 || count < 0) throwOutside();
+    const auto first = static_cast<std::size_t>(row);
+    if (first > rows_->count()) throwOutside();
+    rows_->insert(first, static_cast<std::size_t>(count));
 }
 
 void XArrayDB::deleteRows(int row, int count) {
-    if (row < 0 || count < 0 ||
-        static_cast<std::size_t>(row) + static_cast<std::size_t>(count) > rows_->count()) {
-        throwOutside();
-    }
-    rows_->erase(static_cast<std::size_t>(row), static_cast<std::size_t>(count));
+    if (row < 0 || count < 0) throwOutside();
+    const auto first = static_cast<std::size_t>(row);
+    const auto number = static_cast<std::size_t>(count);
+    if (first + number > rows_->count()) throwOutside();
+    rows_->erase(first, number);
 }
 
 int XArrayDB::upperRow() const {

@@ -53,7 +53,7 @@ private:
 std::string directHosts() {
     const char* lower = std::getenv("no_proxy");
     const char* named = lower != nullptr ? lower : std::getenv("NO_PROXY");
-    const std::string hosts = basics::trim(named != nullptr ? named : "");
+    std::string hosts = basics::trim(named != nullptr ? named : "");
     if (hosts == "*") return hosts;  // libcurl knows the star only when it stands alone
     return (hosts.empty() ? "" : hosts + ",") + "localhost,127.0.0.1,127.0.0.0/8,::1";
 }
