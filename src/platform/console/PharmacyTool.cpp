@@ -45,6 +45,7 @@ int runPharmacyTool(const std::string& serverAddress, const std::vector<std::str
                                        address.substr(embedded.size())};
     arguments.insert(arguments.end(), words.begin(), words.end());
     std::vector<char*> pointers;
+    pointers.reserve(arguments.size() + 1);
     for (std::string& argument : arguments) pointers.push_back(argument.data());
     pointers.push_back(nullptr);
 

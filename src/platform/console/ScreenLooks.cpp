@@ -49,9 +49,7 @@ void event(Look& look) {
 void pointer(Look& look) {
     const bool busy = look.lastEither("busy", "normal");
     const bool found = look.desktop.pointer() == screen::Pointer::Busy;
-    if (busy != found)
-        throw ExpectationError(busy ? "the busy pointer" : "the normal pointer",
-                               found ? "it busy" : "it normal");
+    compare("pointer", busy ? "busy" : "normal", found ? "busy" : "normal");
 }
 
 void window(Look& look) {

@@ -128,6 +128,7 @@ void UserActions::type(const std::string& field, const std::string& text) {
 
 void UserActions::key(const std::string& field, const std::vector<std::string>& names) {
     std::vector<Key> pressed;
+    pressed.reserve(names.size());
     for (const std::string& name : names) pressed.push_back(keyNamed(name));
     Field& target = reach(field);
     Window& window = target.window();
