@@ -19,5 +19,5 @@ need() {
 
 build_packages=(g++ cmake ninja-build ccache libsqlite3-dev libcurl4-openssl-dev libcpp-httplib-dev)
 run_packages=(sqlite3 ca-certificates)
-test_packages=(libgtest-dev)
+test_packages=(libgtest-dev openssl)
 check_packages=(clang-format clang-tidy)

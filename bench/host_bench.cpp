@@ -1,0 +1,177 @@
+// A whole session's start against its statements run bare, and a keystroke in the packets against the sum it makes.
+#include <sqlite3.h>
+#include <unistd.h>
+
+#include <filesystem>
+#include <fstream>
+#include <numeric>
+#include <sstream>
+#include <stdexcept>
+#include <vector>
+
+#include "BareDesktop.h"
+#include "Measure.h"
+#include "basics/Numbers.h"
+#include "host/clsZELVOInterface.h"
+#include "platform/sqlite/SqliteConnection.h"
+
+namespace {
+
+using namespace zelvo;
+using bench::BareDesktop;
+using bench::Comparison;
+namespace fs = std::filesystem;
+
+constexpr int startRuns = 15, keyRuns = 200, herbs = 100;
+
+void runBare(sqlite3* database, const std::string& statements) {
+    if (sqlite3_exec(database, statements.c_str(), nullptr, nullptr, nullptr) != SQLITE_OK) {
+        throw std::runtime_error(sqlite3_errmsg(database));
+    }
+}
+
+void makePharmacy(const std::string& path) {
+    sqlite3* database = nullptr;
+    if (sqlite3_open(path.c_str(), &database) != SQLITE_OK) throw std::runtime_error("can't make " + path);
+    for (const char* file : {"schema", "herbs", "prices", "options", "prescriptions", "doctors", "orders", "notices"}) {
+        std::ifstream in(std::string(ZELVO_SOURCE_DIR) + "/demo/pharmacy/" + file + ".sql");
+        std::ostringstream text;
+        text << in.rdbuf();
+        runBare(database, text.str());
+    }
+    sqlite3_close(database);
+}
+
+/// Keeps the texts of what a session's start asks for.
+class Recorder : public data::Connection {
+public:
+    Recorder(std::unique_ptr<data::Connection> inner, std::vector<std::string>& statements)
+        : inner_(std::move(inner)), statements_(statements) {}
+    bool isOpen() const override { return inner_->isOpen(); }
+    void close() override { inner_->close(); }
+    void execute(const std::string& statement) override { inner_->execute(statement); }
+    void open(data::RecordSet& set, const std::string& statement, data::Cursor cursor,
+              const data::UpdateTarget& target) override {
+        statements_.push_back(statement);
+        inner_->open(set, statement, cursor, target);
+    }
+    void begin() override { inner_->begin(); }
+    data::CommitOutcome commit() override { return inner_->commit(); }
+    void rollback() override { inner_->rollback(); }
+
+private:
+    std::unique_ptr<data::Connection> inner_;
+    std::vector<std::string>& statements_;
+};
+
+host::HostArguments chartCall(const std::string& path) {
+    host::HostArguments call;
+    call.YakGukIP = "sqlite:" + path;
+    call.DoctorIDPWD = "doctor1/$/pass1";
+    call.PatientPK = 1024;
+    call.PatientName = "김하늘";
+    call.PatientCell = "010-1234-5678";
+    call.HospitalName = "하늘한의원";
+    return call;
+}
+
+/// One session on a window that closes at once, or after what is to be done in it.
+void runSession(const std::string& path, const data::ConnectionOpener& open,
+                std::function<void(screen::Window&, session::Session&)> work = {}) {
+    BareDesktop desktop;
+    session::Session session;
+    desktop.inWindow = [&](screen::Window& window) {
+        if (work) work(window, session);
+    };
+    host::clsZELVOInterface(desktop, session, open).ZELVOInterface(chartCall(path));
+    if (desktop.boxes > 0) throw std::runtime_error("a box stood in the way");
+}
+
+void openAndRead(const std::string& path, const std::vector<std::string>& statements) {
+    sqlite3* database = nullptr;
+    sqlite3_open_v2(path.c_str(), &database, SQLITE_OPEN_READWRITE, nullptr);
+    for (const std::string& text : statements) {
+        sqlite3_stmt* statement = nullptr;
+        if (sqlite3_prepare_v2(database, text.c_str(), -1, &statement, nullptr) != SQLITE_OK) {
+            throw std::runtime_error(sqlite3_errmsg(database));
+        }
+        std::size_t bytes = 0;
+        while (sqlite3_step(statement) == SQLITE_ROW) {
+            for (int i = 0; i < sqlite3_column_count(statement); ++i) {
+                if (sqlite3_column_text(statement, i)) bytes += static_cast<std::size_t>(sqlite3_column_bytes(statement, i));
+            }
+        }
+        sqlite3_finalize(statement);
+    }
+    sqlite3_close(database);
+}
+
+bool compareStarts(const std::string& path) {
+    std::vector<std::string> statements;
+    runSession(path, [&](const data::ServerLogin& login) {
+        return std::make_unique<Recorder>(sqlite::openFile(login), statements);
+    });
+    Comparison start("window_start", 1.5);
+    for (int run = 0; run < startRuns; ++run) {
+        start.floor([&] { openAndRead(path, statements); });
+        start.measured([&] { runSession(path, sqlite::openFile); });
+    }
+    return start.report();
+}
+
+void fillHerbs(tables::XArrayDB& rows, std::vector<std::string>& amounts) {
+    rows.insertRows(0, herbs);
+    for (int row = 0; row < herbs; ++row) {
+        amounts.push_back(basics::decimalText(std::int64_t{row * 37 + 11}));
+        for (int column = 1; column <= 5; ++column) rows.set(row, column, "1");
+        rows.set(row, 6, amounts.back());
+        rows.set(row, 8, "0");
+    }
+}
+
+// A keystroke and its floor are each too short for the clock: a hundred of them are one measurement.
+bool compareKeystrokes(const std::string& path) {
+    bool within = false;
+    runSession(path, sqlite::openFile, [&](screen::Window& window, session::Session& session) {
+        std::vector<std::string> amounts;
+        fillHerbs(session.g_xaDrug, amounts);
+        auto* packets = dynamic_cast<screen::EditField*>(window.field("txtChubsu"));
+        window.userFocus(*packets);
+        Comparison keystroke("keystroke_100_herbs", 3);
+        volatile std::int32_t keep = 0;
+        for (int run = 0; run < keyRuns; ++run) {
+            keystroke.floor([&] {
+                for (int i = 0; i < 100; ++i) {
+                    std::int32_t sum = 0;
+                    for (const std::string& amount : amounts) sum = basics::addChecked(sum, basics::toInt32(amount));
+                    keep = keep + sum;
+                }
+            });
+            keystroke.measured([&] {
+                for (int i = 0; i < 100; ++i) {
+                    packets->select(0, 3);
+                    window.userKey(screen::Key::typed(i % 2 == 0 ? U'2' : U'3'));
+                }
+            });
+        }
+        if (packets->text() != "3") throw std::runtime_error("the keys went astray");
+        within = keystroke.report();
+    });
+    return within;
+}
+
+}  // namespace
+
+int main() {
+    const std::string path = (fs::temp_directory_path() / ("zelvo-host-bench-" + std::to_string(getpid()) + ".db")).string();
+    bool within = false;
+    try {
+        makePharmacy(path);
+        within = compareStarts(path);
+        within = compareKeystrokes(path) && within;
+    } catch (const std::exception& fault) {
+        std::fprintf(stderr, "%s\n", fault.what());
+    }
+    fs::remove(path);
+    return within ? 0 : 1;
+}
