@@ -78,7 +78,7 @@ public:
     std::unique_ptr<Kind> make(const std::string& className) const {
         std::unique_ptr<Component> made = create(className);
         if (auto* kind = dynamic_cast<Kind*>(made.get())) {
-            made.release();
+            static_cast<void>(made.release());  // the same object, from here on its own kind
             return std::unique_ptr<Kind>(kind);
         }
         throw basics::Fault(missing(className));

@@ -107,11 +107,11 @@ void Window::showModal() {
             if (!closing()) leaving_ = Leaving::Unload;  // the toolkit itself came to its end
         } catch (...) {
             leaving_ = Leaving::Unload;
-            finishUnload();
+            finish();
             throw;
         }
     }
-    finishUnload();
+    finish();
 }
 
 void Window::open() {
@@ -128,23 +128,29 @@ void Window::hide() {
     if (!shown_ || closing()) return;
     leaving_ = Leaving::Hide;
     waiting_.clear();
+    finish();
 }
 
 void Window::unload() {
     if (unloaded_) return;
     leaving_ = Leaving::Unload;
     waiting_.clear();
-    finishUnload();
+    finish();
 }
 
 bool Window::leaving() const {
     return closing() && actions_ == 0;
 }
 
-/// Ends the life of a window that is to be unloaded, once nothing shows it and nothing runs in it.
-void Window::finishUnload() {
-    if (leaving_ != Leaving::Unload || shown_ || actions_ > 0 || std::exchange(unloaded_, true)) return;
-    onUnload();
+/// Once nothing runs in a window that is to go: tells the toolkit that its run ends, or ends the life of one
+/// that nothing shows any more.
+void Window::finish() {
+    if (!leaving()) return;
+    if (shown_) {
+        touched(nullptr);
+    } else if (leaving_ == Leaving::Unload && !std::exchange(unloaded_, true)) {
+        onUnload();
+    }
 }
 
 Window::Action::Action(Window& window) : window_(window), unwinding_(std::uncaught_exceptions()) {
@@ -179,7 +185,7 @@ void Window::runWaiting() {
         const InputTurn turn(*this);
         input();
     }
-    finishUnload();
+    finish();
 }
 
 void Window::userKey(const Key& key) {

@@ -69,7 +69,8 @@ public:
     Event<> onResize;
     /// Sees a key before the fields do; setting it to 0 swallows it.
     Event<int&> onKeyPreview;
-    /// A field, or the window itself (nullptr), has something new to show.
+    /// A field, or the window itself (nullptr), has something new to show; the latter also when the modal run
+    /// is to end.
     Event<Field*> onTouched;
 
     double left = 0, top = 0;
@@ -125,7 +126,7 @@ private:
     void touched(Field* field) { onTouched(field); }
     void open();
     void runWaiting();
-    void finishUnload();
+    void finish();
     void dispatch(const Key& key);
     void giveFocus(Field& field);
     bool canMoveTo(const Field& field, bool turnsMainTabs) const;
