@@ -175,7 +175,7 @@ bool compareWalks(const std::string& path) {
         first.close();
         again.floorIs(milliseconds);
         again.measured([&] { walk(connection, second, array); });
-        if (array.rowCount() != 2 * orders) throw std::runtime_error("rows are missing");
+        if (array.rowCount() != std::size_t{2} * orders) throw std::runtime_error("rows are missing");
     }
     if (bytes == 0) throw std::runtime_error("nothing was read");
     const bool fast = whole.report();

@@ -11,13 +11,15 @@ namespace zelvo::data {
 /// What a commit came to. Unknown: the line broke between the request and its answer.
 enum class CommitOutcome { Done, Refused, Unknown };
 
-/// What the statement layer asks of a database client. One connection lives for a session; all of it is used on one
-/// thread. Every failure of the database is a Fault that bears the driver's own words, for a developer's eyes.
+/// What the statement layer asks of a database client. One connection lives for a session; all of it is used
+/// on one thread. Every failure of the database is a Fault that bears the driver's own words, for a
+/// developer's eyes.
 class Connection {
 public:
     virtual ~Connection() = default;
 
-    /// Lets the event loop work; a walk calls it once a row. The session sets it when it opens the connection.
+    /// Lets the event loop work; a walk calls it once a row. The session sets it when it opens the
+    /// connection.
     std::function<void()> yield = [] {};
 
     virtual bool isOpen() const = 0;
@@ -26,14 +28,16 @@ public:
     /// Runs a statement and drops what it returns.
     virtual void execute(const std::string& statement) = 0;
     /// Opens `set` on a statement: its rows come whole to the client. On a Fault the set stays as it was.
-    virtual void open(RecordSet& set, const std::string& statement, Cursor cursor, const UpdateTarget& target = {}) = 0;
+    virtual void open(RecordSet& set, const std::string& statement, Cursor cursor,
+                      const UpdateTarget& target = {}) = 0;
 
     virtual void begin() = 0;
     virtual CommitOutcome commit() = 0;
     virtual void rollback() = 0;
 };
 
-/// A unit of work: begun by the constructor (a Fault when it can't be), rolled back by the destructor unless committed.
+/// A unit of work: begun by the constructor (a Fault when it can't be), rolled back by the destructor unless
+/// committed.
 class Transaction {
 public:
     explicit Transaction(Connection& connection);
@@ -56,7 +60,8 @@ struct ServerLogin {
     std::string address, database, user, password;
 };
 
-/// Opens the connection that an address asks for; given to the session by the assembly. Throws Fault when it can't be opened.
+/// Opens the connection that an address asks for; given to the session by the assembly. Throws Fault when it
+/// can't be opened.
 using ConnectionOpener = std::function<std::unique_ptr<Connection>(const ServerLogin&)>;
 
 }  // namespace zelvo::data

@@ -58,10 +58,11 @@ bool PackedRows::isChanged(std::size_t row, std::size_t column) const {
 
 void PackedRows::change(std::size_t row, std::size_t column, std::string_view text) {
     for (std::size_t i = 0; i < width_; ++i) {
-        if (i == column)
+        if (i == column) {
             put(text, Kind::Text, true);
-        else
+        } else {
             put(this->text(row, i), kind(row, i), isChanged(row, i));
+        }
     }
     rows_[row] = finished();
 }

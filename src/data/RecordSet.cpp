@@ -127,10 +127,11 @@ public:
             numeric_ = numeric_ && cells.kind(row, column) != PackedRows::Kind::Text;
         }
         for (std::size_t row = 0; row < cells.count(); ++row) {
-            if (numeric_)
+            if (numeric_) {
                 numbers_.push_back(basics::numberFromStart(cells.text(row, column)));
-            else
+            } else {
                 texts_.push_back(basics::foldCase(cells.text(row, column)));
+            }
         }
     }
 
@@ -143,8 +144,9 @@ public:
 private:
     int ascending(std::size_t a, std::size_t b) const {
         if (nulls_[a] || nulls_[b]) return static_cast<int>(nulls_[b]) - static_cast<int>(nulls_[a]);
-        if (numeric_)
+        if (numeric_) {
             return static_cast<int>(numbers_[a] > numbers_[b]) - static_cast<int>(numbers_[a] < numbers_[b]);
+        }
         return texts_[a].compare(texts_[b]);
     }
 
@@ -188,15 +190,17 @@ void RecordSet::sort(std::string_view order) {
 
 void RecordSet::find(std::string_view condition) {
     const std::size_t equals = condition.find('=');
-    if (equals == std::string_view::npos)
+    if (equals == std::string_view::npos) {
         throw Fault("찾을 조건을 알 수 없습니다: " + std::string(condition));
+    }
     const auto wantedColumn = static_cast<std::size_t>(column(basics::trim(condition.substr(0, equals))));
     std::string wanted = basics::trim(condition.substr(equals + 1));
     const bool quoted = wanted.size() >= 2 && wanted.front() == '\'' && wanted.back() == '\'';
-    if (quoted)
+    if (quoted) {
         wanted = basics::replaceAll(std::string_view(wanted).substr(1, wanted.size() - 2), "''", "'");
-    else if (!basics::IsNumeric(wanted))
+    } else if (!basics::IsNumeric(wanted)) {
         throw Fault("찾을 조건을 알 수 없습니다: " + std::string(condition));
+    }
 
     const double number = quoted ? 0 : basics::toNumber(wanted);
     const std::string folded = basics::foldCase(wanted);
@@ -268,10 +272,11 @@ RecordSet::Filler::~Filler() = default;
 
 void RecordSet::Filler::add(std::string_view text) {
     const bool clean = basics::isUtf8(text) && text.find('\0') == std::string_view::npos;
-    if (clean)
+    if (clean) {
         rows_->cells.add(text, PackedRows::Kind::Text);
-    else
+    } else {
         rows_->cells.add(basics::cleanUtf8(text), PackedRows::Kind::Text);
+    }
 }
 
 void RecordSet::Filler::addNumber(std::int64_t value) {

@@ -13,7 +13,8 @@ std::int16_t code(std::string_view word);
 }  // namespace pay
 
 namespace delivery {
-inline constexpr std::string_view undecided = "미정", parcel = "택배(환자)", courier = "퀵(환자)", clinic = "한의원";
+inline constexpr std::string_view undecided = "미정", parcel = "택배(환자)", courier = "퀵(환자)",
+                                  clinic = "한의원";
 /// 1 미정, 2 택배(환자), 3 퀵(환자), 4 for any other text.
 std::int16_t code(std::string_view word);
 }  // namespace delivery

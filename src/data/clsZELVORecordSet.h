@@ -16,8 +16,8 @@ struct ChubangJun {
     std::string Patient_Jumin, Patient_Email;
     std::int16_t CBJ_IsCanceled = 0, CBJ_IsPaid = 0, CBJ_JobList_PK = 0, CBJ_TJML_PK = 0;
     std::string CBJ_TJAL_Slot;
-    std::int32_t CBJ_JojeCost = 0, CBJ_DrugCost = 0, CBJ_TJMLCost = 0, CBJ_TJALCost = 0, CBJ_PouchCost = 0, CBJ_BoxCost = 0,
-                 CBJ_FormCost = 0, CBJ_BesongCost = 0, CBJ_VATCost = 0, CBJ_ElseCost = 0;
+    std::int32_t CBJ_JojeCost = 0, CBJ_DrugCost = 0, CBJ_TJMLCost = 0, CBJ_TJALCost = 0, CBJ_PouchCost = 0,
+                 CBJ_BoxCost = 0, CBJ_FormCost = 0, CBJ_BesongCost = 0, CBJ_VATCost = 0, CBJ_ElseCost = 0;
     std::int16_t CBJ_Chubsu = 0;
     float CBJ_PouchAmount = 0;
     std::int16_t CBJ_PouchTotal = 0;
@@ -31,8 +31,8 @@ struct ChubangJun {
 
 /// The ten notes of an order's cost lines.
 struct CostNotes {
-    std::string CCD_JojeCost, CCD_DrugCost, CCD_TJMLcost, CCD_TJALCost, CCD_PouchCost, CCD_BoxCost, CCD_FormCost, CCD_BesongCost,
-        CCD_VATCost, CCD_ElseCost;
+    std::string CCD_JojeCost, CCD_DrugCost, CCD_TJMLcost, CCD_TJALCost, CCD_PouchCost, CCD_BoxCost,
+        CCD_FormCost, CCD_BesongCost, CCD_VATCost, CCD_ElseCost;
 };
 
 /// A herb line of an order.
@@ -58,8 +58,8 @@ struct DoctorRecord {
     std::string DTR_ValidPay, DTR_Refer;
 };
 
-/// Every statement of the system on the pharmacy's tables, but for the sums of the ledger. Holds nothing between calls. No
-/// operation raises or shows anything: a status is 1 or -1, a flag true or false.
+/// Every statement of the system on the pharmacy's tables, but for the sums of the ledger. Holds nothing
+/// between calls. No operation raises or shows anything: a status is 1 or -1, a flag true or false.
 class clsZELVORecordSet {
 public:
     // New orders (OrderWrites.cpp). All run inside the caller's transaction and roll nothing back.
@@ -69,40 +69,46 @@ public:
     std::int16_t Insert_ChubangJun_Detail(Connection& Conn, std::int32_t CBJ_PK, const HerbLine& line);
     std::int16_t Insert_ChubangJun_EatGuide(Connection& Conn, std::int32_t CBJ_PK, const std::string& BogYak,
                                             const std::string& HospName, const std::string& PhoneNo);
-    std::int16_t Insert_ChubangJun_Mileage(Connection& Conn, std::int32_t DTR_PK, std::int32_t CBJ_PK, std::int32_t STK_Money,
-                                           const std::string& STK_Date);
+    std::int16_t Insert_ChubangJun_Mileage(Connection& Conn, std::int32_t DTR_PK, std::int32_t CBJ_PK,
+                                           std::int32_t STK_Money, const std::string& STK_Date);
 
     // The server's clock and the catalogue (CatalogueReads.cpp).
     /// The server's date and time as the driver says it, or "-1".
     std::string RecordSet_SvrGetdate(Connection& Conn);
     /// Reads into `Array` from row 0 on; `Rs` stays open. Flags of an order type arrive as Booleans.
-    std::int16_t RecordSet_TangJunADD(Connection& Conn, RecordSet& Rs, tables::XArrayDB& Array, std::int16_t upperColumn);
-    std::int16_t RecordSet_TangJun(Connection& Conn, RecordSet& Rs, tables::XArrayDB& Array, std::int16_t upperColumn);
-    std::int16_t RecordSet_JobList(Connection& Conn, RecordSet& Rs, tables::XArrayDB& Array, std::int16_t upperColumn);
+    std::int16_t RecordSet_TangJunADD(Connection& Conn, RecordSet& Rs, tables::XArrayDB& Array,
+                                      std::int16_t upperColumn);
+    std::int16_t RecordSet_TangJun(Connection& Conn, RecordSet& Rs, tables::XArrayDB& Array,
+                                   std::int16_t upperColumn);
+    std::int16_t RecordSet_JobList(Connection& Conn, RecordSet& Rs, tables::XArrayDB& Array,
+                                   std::int16_t upperColumn);
     std::int16_t RecordSet_GongJi(Connection& Conn, RecordSet& Rs);
     /// Herbs on sale today whose name holds the word, recommended ones first.
     std::int16_t RecordSet_YakGukDrugList(Connection& Conn, RecordSet& Rs, const std::string& Word);
     /// Name and price of one herb today; -1 with both "" when there is none.
-    std::int16_t RecordSet_HapBang(Connection& Conn, const std::string& DGL_PK, std::string& DGL_Internal, std::string& DGD_Danga);
+    std::int16_t RecordSet_HapBang(Connection& Conn, const std::string& DGL_PK, std::string& DGL_Internal,
+                                   std::string& DGD_Danga);
 
     // Orders read back (OrderReads.cpp).
-    /// The order search: running number, CBJ_PK, CBJ_RegDate, Patient_Name, six characters of Patient_Jumin, JL_Prompt, DTR_Name.
-    std::int16_t RecordSet_CBJmInfo(Connection& Conn, RecordSet& Rs, tables::XArrayDB& Array, std::int16_t Kind,
-                                    std::int32_t DTR_PK, const std::string& Word, const std::string& sDate,
-                                    const std::string& eDate);
+    /// The order search: running number, CBJ_PK, CBJ_RegDate, Patient_Name, six characters of Patient_Jumin,
+    /// JL_Prompt, DTR_Name.
+    std::int16_t RecordSet_CBJmInfo(Connection& Conn, RecordSet& Rs, tables::XArrayDB& Array,
+                                    std::int16_t Kind, std::int32_t DTR_PK, const std::string& Word,
+                                    const std::string& sDate, const std::string& eDate);
 
     // Doctors (Doctors.cpp).
     /// Kind 1 by id and password, 2 by key. 1 found, 0 no such doctor, -1 failure.
     std::int16_t RecordSet_DoctorInfo(Connection& Conn, std::int16_t Kind, DoctorRecord& doctor);
-    bool RecordSet_LoginCheck(Connection& Conn, const std::string& DTR_ID, const std::string& DTR_PWD, std::int32_t& DTR_PK);
+    bool RecordSet_LoginCheck(Connection& Conn, const std::string& DTR_ID, const std::string& DTR_PWD,
+                              std::int32_t& DTR_PK);
 
     // Ledger rows (Ledger.cpp): dates "yyyy-mm-dd", or "" for all.
-    std::int16_t RecordSet_StockMoneyIN(Connection& Conn, RecordSet& Rs, std::int32_t DTR_PK, const std::string& sDate,
-                                        const std::string& eDate);
-    std::int16_t RecordSet_StockMoneyUsed(Connection& Conn, RecordSet& Rs, std::int32_t DTR_PK, const std::string& sDate,
-                                          const std::string& eDate);
-    std::int16_t RecordSet_StockMileage(Connection& Conn, RecordSet& Rs, std::int32_t DTR_PK, const std::string& sDate,
-                                        const std::string& eDate);
+    std::int16_t RecordSet_StockMoneyIN(Connection& Conn, RecordSet& Rs, std::int32_t DTR_PK,
+                                        const std::string& sDate, const std::string& eDate);
+    std::int16_t RecordSet_StockMoneyUsed(Connection& Conn, RecordSet& Rs, std::int32_t DTR_PK,
+                                          const std::string& sDate, const std::string& eDate);
+    std::int16_t RecordSet_StockMileage(Connection& Conn, RecordSet& Rs, std::int32_t DTR_PK,
+                                        const std::string& sDate, const std::string& eDate);
 
 private:
     std::int32_t RecordSet_MaxCBJPK(Connection& Conn);

@@ -35,14 +35,15 @@ public:
     std::string run() {
         while (at_ < text_.size()) {
             const char c = text_[at_];
-            if (c == '\'')
+            if (c == '\'') {
                 copyTo(literalEnd(at_));
-            else if (isNameStart(c) || static_cast<unsigned char>(c) >= 0x80)
+            } else if (isNameStart(c) || static_cast<unsigned char>(c) >= 0x80) {
                 word();
-            else if (c == '=' && inConditions_ && !isComparison(at_))
+            } else if (c == '=' && inConditions_ && !isComparison(at_)) {
                 equals();
-            else
+            } else {
                 copyTo(at_ + 1);
+            }
         }
         return std::move(result_);
     }

@@ -89,6 +89,7 @@ public:
     void update(const data::UpdateTarget& target, std::string_view keyValue,
                 const std::vector<std::pair<std::string, std::string>>& changed) override {
         std::vector<std::string> assignments;
+        assignments.reserve(changed.size());
         for (const auto& [field, value] : changed) assignments.push_back(name(field) + " = " + quoted(value));
         write("UPDATE " + name(target.table) + " SET " + basics::join(assignments, ", "), target, keyValue);
     }
@@ -162,6 +163,7 @@ void SqliteConnection::open(data::RecordSet& set, const std::string& statement, 
     const int columns = sqlite3_column_count(prepared.get());
     std::vector<std::string> fields;
     std::vector<bool> flags;
+    fields.reserve(static_cast<std::size_t>(columns));
     for (int column = 0; column < columns; ++column) {
         fields.emplace_back(sqlite3_column_name(prepared.get(), column));
         flags.push_back(isFlag(prepared.get(), column));
