@@ -3,6 +3,7 @@
 
 #include <csignal>
 
+#include "basics/Text.h"
 #include "support/OrderWindow.h"
 
 namespace zelvo::ordering {
@@ -59,33 +60,12 @@ TEST_F(OrderSendTest, StoresTheOrderAndTellsTheChart) {
         " CBJ_TJAL_Slot, CBJ_DrugCost, CBJ_JojeCost, CBJ_Chubsu, CBJ_PouchAmount, CBJ_PouchTotal, CBJ_DayTuyak,"
         " CBJ_Tuyakilsu, CBJ_BesongMethod, CBJ_PayMethod, CBJ_Send_Hospital, CBJ_Send_Address, CBJ_Reci_Address,"
         " CBJ_Reci_Date, CBJ_Msg, CBJ_RegDate, CBJ_State FROM t_ChubangJun");
-    const std::vector<std::string> order = {"1",
-                                            "4711",
-                                            "김환자",
-                                            "42",
-                                            "1",
-                                            "0",
-                                            "5",
-                                            "2",
-                                            "001" + std::string(61, '0'),
-                                            "72040",
-                                            "0",
-                                            "20",
-                                            "100",
-                                            "21",
-                                            "3",
-                                            "7",
-                                            "2",
-                                            "2",
-                                            "우리한의원",
-                                            "서울 종로구 2",
-                                            "서울 강남 [CBJ_PK]",
-                                            "1900-01-01",
-                                            " 잘 부탁합니다 ",
-                                            time,
-                                            "0"};
     ASSERT_EQ(orders.size(), 1U);
-    EXPECT_EQ(orders[0], order);
+    EXPECT_EQ(
+        basics::join(orders[0], "|"),
+        "1|4711|김환자|42|1|0|5|2|001" + std::string(61, '0') +
+            "|72040|0|20|100|21|3|7|2|2|우리한의원|서울 종로구 2|서울 강남 [CBJ_PK]|1900-01-01| 잘 부탁합니다 |" +
+            time + "|0");
     EXPECT_EQ(window.patient.txtPatientAge.text(), "42");
     EXPECT_EQ(pharmacy.rows(
                   "SELECT DGL_PK, DGL_CallSign, DET_Weight, DET_Danga, DET_Money, DET_Note, DET_Order FROM"
@@ -99,14 +79,11 @@ TEST_F(OrderSendTest, StoresTheOrderAndTellsTheChart) {
 
     ASSERT_EQ(window.sent.size(), 1U);
     const ChartRecord& record = window.sent[0];
-    EXPECT_EQ(record.strJob, "탕전");
-    EXPECT_EQ(record.intChupSu, 20);
-    EXPECT_EQ(record.intPouchAmount, 100);
+    EXPECT_EQ(record.strJob + record.strMessage, "탕전잘 부탁합니다");
+    EXPECT_EQ((std::vector<int>{record.intChupSu, record.intPouchAmount, record.intTuyakilsu,
+                                record.intPouchTotal, record.lngSumCost}),
+              (std::vector<int>{20, 100, 7, 21, 72040}));
     EXPECT_EQ(record.sglDayTuYak, 3);
-    EXPECT_EQ(record.intTuyakilsu, 7);
-    EXPECT_EQ(record.intPouchTotal, 21);
-    EXPECT_EQ(record.strMessage, "잘 부탁합니다");
-    EXPECT_EQ(record.lngSumCost, 72040);
     EXPECT_EQ(record.strxDrugList, "당귀/$CD$/4/$RD$/작약/$CD$/3.5");
 }
 
