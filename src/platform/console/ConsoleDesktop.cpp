@@ -53,7 +53,7 @@ void ConsoleDesktop::sent(const std::vector<std::string>& values) {
     std::string line = "Send2Chart";
     for (std::size_t i = 0; i < eventValues.size() && i < values.size(); ++i) {
         line += std::string(" ") + eventValues[i].name + "=";
-        line += eventValues[i].text ? quoted(values[i]) : values[i];
+        line += eventValues[i].text ? inQuotes(values[i]) : values[i];
     }
     record(line);
 }
@@ -91,7 +91,7 @@ void ConsoleDesktop::runModal(Window& window) {
     if (main) {
         mainWas_ = true;
     } else {
-        record("window " + window.name() + " " + quoted(window.caption()));
+        record("window " + window.name() + " " + inQuotes(window.caption()));
     }
     runs_.push_back(&window);
     hangPages(window);

@@ -21,7 +21,8 @@ void caption(Look& look) {
         if (window->name() == name) return compare("caption of " + name, expected, window->caption());
     }
     const auto found = captionOf(look.desktop.user().find(name));
-    if (!found) throw ExpectationError("caption of " + name + " " + quoted(expected), "a field without one");
+    if (!found)
+        throw ExpectationError("caption of " + name + " " + inQuotes(expected), "a field without one");
     compare("caption of " + name, expected, *found);
 }
 
@@ -108,7 +109,7 @@ Entries entriesOf(const Field& field) {
 
 std::string listed(const std::vector<std::string>& entries) {
     std::string line;
-    for (const std::string& entry : entries) line += (line.empty() ? "" : " ") + quoted(entry);
+    for (const std::string& entry : entries) line += (line.empty() ? "" : " ") + inQuotes(entry);
     return line.empty() ? "none" : line;
 }
 
@@ -171,7 +172,7 @@ void plain(Look& look) {
 void text(Look& look, const std::string& field) {
     const std::string expected = look.words.lastWord("TEXT");
     const auto found = textOf(look.desktop.user().find(field));
-    if (!found) throw ExpectationError(field + " " + quoted(expected), "a field that has no text");
+    if (!found) throw ExpectationError(field + " " + inQuotes(expected), "a field that has no text");
     compare(field, expected, *found);
 }
 

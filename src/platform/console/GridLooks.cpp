@@ -30,7 +30,7 @@ Cell cellOf(Look& look) {
     std::string expected = look.lastText();
     std::string what = "row " + std::to_string(row) + ", column " + column + " of " + grid.name();
     if (row < 0 || row >= grid.rowCount()) {
-        throw ExpectationError(what + " " + quoted(expected), std::to_string(grid.rowCount()) + " rows");
+        throw ExpectationError(what + " " + inQuotes(expected), std::to_string(grid.rowCount()) + " rows");
     }
     return {grid, row, UserActions::columnIn(grid, column), std::move(expected), std::move(what)};
 }
@@ -53,7 +53,7 @@ void style(Look& look) {
     const std::string expected = look.lastText();
     const std::string what = "style of row " + std::to_string(row) + " of " + grid.name();
     if (row < 0 || row >= grid.rowCount()) {
-        throw ExpectationError(what + " " + quoted(expected), std::to_string(grid.rowCount()) + " rows");
+        throw ExpectationError(what + " " + inQuotes(expected), std::to_string(grid.rowCount()) + " rows");
     }
     compare(what, expected, grid.rowStyle(row));
 }

@@ -4,7 +4,7 @@
 namespace zelvo::console::looks {
 
 void compare(const std::string& what, const std::string& expected, const std::string& found) {
-    if (expected != found) throw ExpectationError(what + " " + quoted(expected), quoted(found));
+    if (expected != found) throw ExpectationError(what + " " + inQuotes(expected), inQuotes(found));
 }
 
 void compare(const std::string& what, int expected, int found) {
@@ -38,12 +38,12 @@ void events(Look& look) {
 void event(Look& look) {
     const int number = look.words.number("I");
     const std::string expected = look.lastText();
-    const std::string what = "value " + std::to_string(number) + " of the event " + quoted(expected);
+    const std::string what = "value " + std::to_string(number) + " of the event " + inQuotes(expected);
     const auto& values = look.desktop.lastEvent();
     if (number < 1 || number > 9) throw UnreadableError("an event has the values 1 to 9");
     if (values.empty()) throw ExpectationError(what, "no event");
     const std::string& found = values.at(static_cast<std::size_t>(number - 1));
-    if (found != expected) throw ExpectationError(what, quoted(found));
+    if (found != expected) throw ExpectationError(what, inQuotes(found));
 }
 
 void pointer(Look& look) {

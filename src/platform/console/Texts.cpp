@@ -52,7 +52,7 @@ std::string onOff(bool on) {
 }
 
 std::string gridState(const screen::Grid& grid) {
-    return quoted(grid.caption()) + " rows " + std::to_string(grid.rowCount()) + " current " +
+    return inQuotes(grid.caption()) + " rows " + std::to_string(grid.rowCount()) + " current " +
            std::to_string(grid.onRow() ? grid.currentRow() : -1) + " column " +
            std::to_string(grid.currentColumn());
 }
@@ -65,7 +65,7 @@ std::string escaped(std::string_view text) {
     return line;
 }
 
-std::string quoted(std::string_view text) {
+std::string inQuotes(std::string_view text) {
     std::string line = "\"";
     for (const char character : text) {
         if (character == '"') line += '\\';
@@ -140,17 +140,18 @@ std::string fieldLine(const Field& field) {
     if (const auto* grid = dynamic_cast<const screen::Grid*>(&field)) {
         line += " " + gridState(*grid);
     } else if (const auto* tabs = dynamic_cast<const screen::TabControl*>(&field)) {
-        line += " page " + std::to_string(tabs->current()) + " " + quoted(tabs->pageCaption(tabs->current()));
+        line +=
+            " page " + std::to_string(tabs->current()) + " " + inQuotes(tabs->pageCaption(tabs->current()));
     } else if (const auto* list = dynamic_cast<const screen::ItemList*>(&field)) {
         for (int i = 0; i < list->itemCount(); ++i) {
-            line += (list->itemChecked(i) ? " [x] " : " [ ] ") + quoted(list->item(i));
+            line += (list->itemChecked(i) ? " [x] " : " [ ] ") + inQuotes(list->item(i));
         }
     } else if (const auto* bar = dynamic_cast<const screen::StatusBar*>(&field)) {
-        for (int i = 1; i <= 3; ++i) line += " " + quoted(bar->panel(i));
+        for (int i = 1; i <= 3; ++i) line += " " + inQuotes(bar->panel(i));
     } else if (const auto text = textOf(field)) {
-        line += " " + quoted(*text);
+        line += " " + inQuotes(*text);
     } else if (const auto caption = captionOf(field)) {
-        line += " " + quoted(*caption);
+        line += " " + inQuotes(*caption);
     }
     if (!field.visible()) line += " hidden";
     if (!field.enabled()) line += " disabled";
@@ -164,7 +165,8 @@ void printGrid(std::ostream& out, screen::Grid& grid) {
         out << (row == grid.currentRow() ? ">" : " ") << row;
         for (int column = 0; column < grid.columnCount(); ++column) {
             if (!grid.column(column).shown) continue;
-            out << " " << escaped(grid.column(column).caption) << "=" << quoted(grid.shownText(row, column));
+            out << " " << escaped(grid.column(column).caption) << "="
+                << inQuotes(grid.shownText(row, column));
         }
         const std::string style = grid.rowStyle(row);
         if (!style.empty()) out << " " << style;
@@ -173,7 +175,7 @@ void printGrid(std::ostream& out, screen::Grid& grid) {
 }
 
 void printWindow(std::ostream& out, const screen::Window& window) {
-    out << window.name() << " " << quoted(window.caption()) << "\n";
+    out << window.name() << " " << inQuotes(window.caption()) << "\n";
     for (const Field* field : window.fields()) out << "  " << fieldLine(*field) << "\n";
 }
 

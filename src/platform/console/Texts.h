@@ -14,7 +14,7 @@ namespace zelvo::console {
 /// A text as a record of one line holds it: control characters as \r \n \t, any other as \x and two digits.
 std::string escaped(std::string_view text);
 /// The same in double quotes, a quote in it as \".
-std::string quoted(std::string_view text);
+std::string inQuotes(std::string_view text);
 
 /// What a field says: its text, caption, on or off, day. Nothing for a kind that says nothing of its own.
 std::optional<std::string> textOf(const screen::Field& field);
