@@ -96,8 +96,10 @@ std::string asTyped(std::string_view digits) {
     std::string text;
     std::size_t at = 0;
     // Once the number is full the rest follows as it comes, however long it is.
-    for (; at < digits.size() && text.find('~') == std::string::npos; ++at)
-        text = byLength(text + digits[at]);
+    for (; at < digits.size() && text.find('~') == std::string::npos; ++at) {
+        text += digits[at];
+        text = byLength(text);
+    }
     return text.append(digits.substr(at));
 }
 
@@ -124,13 +126,11 @@ void TelNum_KeyPress(screen::TextField& field, char32_t& key) {
     const bool tilde = holdsTilde(field.text());
     if (isDigit(key)) {
         field.setTag(tilde ? skip : "");
-    } else if (key == U'\b' || key == U'.') {
+    } else if (key == U'\b' || key == U'.' || (key == U'~' && !tilde && takesTilde(field.text()))) {
         field.setTag(skip);
     } else if (key == U'\r') {
         key = 0;
         field.window().desktop().sendKeys("{TAB}");
-    } else if (key == U'~' && !tilde && takesTilde(field.text())) {
-        field.setTag(skip);
     } else {
         key = 0;
         field.setTag("");
@@ -159,7 +159,7 @@ std::string formatted(std::string_view text) {
     if (digits.size() == number.size() && digits.size() >= wholeNumber && holdsOnly(digits, "0123456789")) {
         return asTyped(digits);
     }
-    const std::string result = byLength(number);
+    std::string result = byLength(number);
     if (basics::removeAll(basics::removeAll(result, "-"), "~") == digits) return result;
     return holdsOnly(digits, "0123456789") ? asTyped(digits) : std::string(text);
 }

@@ -27,20 +27,18 @@ TEST(DoseFields, PacketsMakeTheHerbPrice) {
 }
 
 TEST(DoseFields, PacketsThatCanNotBePriced) {
+    const std::string noNumber = "[첩수]를 숫자로 입력해 주십시오.", red = "약재정보를 다시 확인바랍니다.";
     const struct {
-        const char *name, *amount, *state, *pasted, *left, *focus, *caption, *text;
-    } cases[] = {
-        {"no number", "100", "0", "2a", "", "txtChubsu", "처방전 약재구성",
-         "[첩수]를 숫자로 입력해 주십시오."},
-        {"a red line", "100", "-1", "20", "", "tdbDGL", "처방전 약재구성", "약재정보를 다시 확인바랍니다."},
-        {"a line nobody has checked", "100", "", "20", "", "tdbDGL", "처방전 약재구성",
-         "약재정보를 다시 확인바랍니다."},
-        {"a sum out of range", "2147483647", "0", "20", "20", "txtChubsu", "약재가격 계산 오류", ""},
-        {"a product out of range", "1073741800", "0", "20", "20", "txtChubsu", "약재가격 계산 오류", ""},
-        {"an amount that is none", "백원", "0", "20", "20", "txtChubsu", "약재가격 계산 오류", ""},
-    };
+        const char *amount, *state, *pasted, *left, *focus, *caption;
+        std::string text;
+    } cases[] = {{"100", "0", "2a", "", "txtChubsu", "처방전 약재구성", noNumber},
+                 {"100", "-1", "20", "", "tdbDGL", "처방전 약재구성", red},
+                 {"100", "", "20", "", "tdbDGL", "처방전 약재구성", red},
+                 {"2147483647", "0", "20", "20", "txtChubsu", "약재가격 계산 오류", ""},  // the sum
+                 {"1073741800", "0", "20", "20", "txtChubsu", "약재가격 계산 오류", ""},  // the product
+                 {"백원", "0", "20", "20", "txtChubsu", "약재가격 계산 오류", ""}};
     for (const auto& c : cases) {
-        SCOPED_TRACE(c.name);
+        SCOPED_TRACE(std::string(c.amount) + " " + c.state + " " + c.pasted);
         OrderDesk desk;
         desk.addHerb("100");
         desk.addHerb(c.amount, c.state);
@@ -52,11 +50,11 @@ TEST(DoseFields, PacketsThatCanNotBePriced) {
         EXPECT_EQ(desk.text("txtChubsu"), c.left);
         EXPECT_EQ(desk.text("txtDrugPrice"), "");
         EXPECT_GT(desk.watch.outdated, 0);
-        EXPECT_EQ(desk.herbs.tdbDGL.currentRow(), c.focus == std::string("tdbDGL") ? 1 : 0);
+        EXPECT_EQ(desk.herbs.tdbDGL.currentRow(), c.text == red ? 1 : 0);
         const screen::MessageBox box = desk.desktop.takeBox();
         EXPECT_EQ(box.caption, c.caption);
-        EXPECT_EQ(box.text.substr(0, std::string(c.text).size()), c.text);
-        EXPECT_EQ(box.icon, c.name == std::string("no number") ? BoxIcon::Information : BoxIcon::Critical);
+        EXPECT_EQ(box.text.substr(0, c.text.size()), c.text);
+        EXPECT_EQ(box.icon, c.text == noNumber ? BoxIcon::Information : BoxIcon::Critical);
     }
 }
 
@@ -100,19 +98,17 @@ TEST(DoseFields, DaysTimesPacksMakeThePouches) {
 }
 
 TEST(DoseFields, WhatIsNoNumberIsRefused) {
-    const struct {
-        const char *field, *caption, *text;
-    } cases[] = {{"txtTuyakilsu", "탕전 정보", "[복용일]을 숫자로 입력해 주십시오."},
-                 {"txtDayTuyak", "탕전 정보", "[1일 복용 팩수]를 숫자로 입력해 주십시오."},
-                 {"txtPouchAmount", "탕전 정보", "[1팩 용량]을 숫자로 입력해 주십시오."},
-                 {"txtPouchTotal", "탕전 정보", "[총파우치]를 숫자로 입력해 주십시오."}};
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.field);
-        OrderDesk desk;
-        desk.desktop.show(desk.form, [&] { desk.user.paste(c.field, " 1x"); });
-        EXPECT_EQ(desk.text(c.field), "");
-        desk.desktop.expectBox(c.caption, c.text);
-    }
+    OrderDesk desk;
+    desk.desktop.show(desk.form, [&] {
+        using Case = std::pair<const char*, const char*>;
+        for (const auto& [field, told] :
+             {Case{"txtTuyakilsu", "[복용일]을"}, Case{"txtDayTuyak", "[1일 복용 팩수]를"},
+              Case{"txtPouchAmount", "[1팩 용량]을"}, Case{"txtPouchTotal", "[총파우치]를"}}) {
+            desk.user.paste(field, " 1x");
+            EXPECT_EQ(desk.text(field), "");
+            desk.desktop.expectBox("탕전 정보", std::string(told) + " 숫자로 입력해 주십시오.");
+        }
+    });
 }
 
 TEST(DoseFields, OnlyANewPouchTakesTheConfirmationBack) {
