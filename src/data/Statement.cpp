@@ -12,33 +12,37 @@ namespace zelvo::data {
 
 Statement& Statement::fill(std::string_view placeholder, std::string_view value) {
     const std::string clean = basics::cleanUtf8(value);
-    const std::string quoted = basics::replaceAll(clean, "'", "''");
-
-    // Between quotes is where an odd number of ' stands before; a doubled ' in a value already filled in
-    // keeps that so.
-    std::string filled;
+    // Between quotes is where an odd number of ' stands before; a doubled ' in a value that went in keeps
+    // that so.
     bool insideLiteral = false;
     std::size_t done = 0;
-    const std::string_view text = text_;
-    for (std::size_t next = text.find(placeholder); next != std::string_view::npos;
-         next = text.find(placeholder, done)) {
-        const std::string_view before = text.substr(done, next - done);
+    for (std::size_t at = text_.find(placeholder); at != std::string::npos;
+         at = text_.find(placeholder, done)) {
+        const std::string_view before = std::string_view(text_).substr(done, at - done);
         insideLiteral ^= std::count(before.begin(), before.end(), '\'') % 2 != 0;
-        filled.append(before).append(insideLiteral ? quoted : basics::bareNumber(clean));
-        done = next + placeholder.size();
+        const std::string safe =
+            insideLiteral ? basics::replaceAll(clean, "'", "''") : basics::bareNumber(clean);
+        text_.replace(at, placeholder.size(), safe);
+        done = at + safe.size();
     }
-    if (done > 0) text_ = std::move(filled.append(text.substr(done)));
     return *this;
 }
 
 Statement& Statement::fill(std::string_view placeholder, std::int32_t value) {
-    text_ = basics::replaceAll(text_, placeholder, basics::decimalText(static_cast<std::int64_t>(value)));
-    return *this;
+    return put(placeholder, basics::decimalText(std::int64_t{value}));
 }
 
 Statement& Statement::fill(std::string_view placeholder, float value) {
     if (!std::isfinite(value)) basics::throwOverflow();
-    text_ = basics::replaceAll(text_, placeholder, basics::decimalText(value));
+    return put(placeholder, basics::decimalText(value));
+}
+
+/// A number can't hurt, wherever its placeholder stands.
+Statement& Statement::put(std::string_view placeholder, std::string_view number) {
+    for (std::size_t at = text_.find(placeholder); at != std::string::npos;
+         at = text_.find(placeholder, at + number.size())) {
+        text_.replace(at, placeholder.size(), number);
+    }
     return *this;
 }
 

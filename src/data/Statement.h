@@ -30,6 +30,8 @@ public:
     const std::string& text() const { return text_; }
 
 private:
+    Statement& put(std::string_view placeholder, std::string_view number);
+
     std::string text_;
 };
 

@@ -135,6 +135,8 @@ SqliteConnection::SqliteConnection(const std::string& path) {
     registerServerFunctions(raw);
     probe(raw);
     run(raw, "PRAGMA synchronous = FULL");
+    // A doctor's searches come back to the same pages: room for 32 MB of them, taken only as a file needs it.
+    run(raw, "PRAGMA cache_size = -32768");
     database_ = std::move(opened);
 }
 
