@@ -30,8 +30,8 @@ case "${1-}" in
   *) usage >&2; exit 2 ;;
 esac
 
-# shellcheck source=tools/packages.sh
-. tools/packages.sh
+# shellcheck source=tools/setup.sh
+. tools/setup.sh
 need "${build_packages[@]}" "${run_packages[@]}"
 
 # The configuration is made once; the build system itself sees when it has to be made again.

@@ -34,7 +34,8 @@ public:
 private:
     class NoSettings : public screen::SettingsStore {
     public:
-        std::string read(std::string_view, std::string_view, std::string_view, std::string_view absent) const override {
+        std::string read(std::string_view, std::string_view, std::string_view,
+                         std::string_view absent) const override {
             return std::string(absent);
         }
         void write(std::string_view, std::string_view, std::string_view, std::string_view) override {}

@@ -1,4 +1,5 @@
-// A whole session's start against its statements run bare, and a keystroke in the packets against the sum it makes.
+// A whole session's start against its statements run bare, and a keystroke in the packets against the sum it
+// makes.
 #include <sqlite3.h>
 #include <unistd.h>
 
@@ -33,7 +34,8 @@ void runBare(sqlite3* database, const std::string& statements) {
 void makePharmacy(const std::string& path) {
     sqlite3* database = nullptr;
     if (sqlite3_open(path.c_str(), &database) != SQLITE_OK) throw std::runtime_error("can't make " + path);
-    for (const char* file : {"schema", "herbs", "prices", "options", "prescriptions", "doctors", "orders", "notices"}) {
+    for (const char* file :
+         {"schema", "herbs", "prices", "options", "prescriptions", "doctors", "orders", "notices"}) {
         std::ifstream in(std::string(ZELVO_SOURCE_DIR) + "/demo/pharmacy/" + file + ".sql");
         std::ostringstream text;
         text << in.rdbuf();
@@ -98,7 +100,8 @@ void openAndRead(const std::string& path, const std::vector<std::string>& statem
         std::size_t bytes = 0;
         while (sqlite3_step(statement) == SQLITE_ROW) {
             for (int i = 0; i < sqlite3_column_count(statement); ++i) {
-                if (sqlite3_column_text(statement, i)) bytes += static_cast<std::size_t>(sqlite3_column_bytes(statement, i));
+                if (sqlite3_column_text(statement, i))
+                    bytes += static_cast<std::size_t>(sqlite3_column_bytes(statement, i));
             }
         }
         sqlite3_finalize(statement);
@@ -143,7 +146,8 @@ bool compareKeystrokes(const std::string& path) {
             keystroke.floor([&] {
                 for (int i = 0; i < 100; ++i) {
                     std::int32_t sum = 0;
-                    for (const std::string& amount : amounts) sum = basics::addChecked(sum, basics::toInt32(amount));
+                    for (const std::string& amount : amounts)
+                        sum = basics::addChecked(sum, basics::toInt32(amount));
                     keep = keep + sum;
                 }
             });
@@ -163,7 +167,8 @@ bool compareKeystrokes(const std::string& path) {
 }  // namespace
 
 int main() {
-    const std::string path = (fs::temp_directory_path() / ("zelvo-host-bench-" + std::to_string(getpid()) + ".db")).string();
+    const std::string path =
+        (fs::temp_directory_path() / ("zelvo-host-bench-" + std::to_string(getpid()) + ".db")).string();
     bool within = false;
     try {
         makePharmacy(path);

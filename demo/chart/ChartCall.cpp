@@ -56,9 +56,9 @@ void ChartCall::make(doctorzelvo::clsZELVOInterface& component) const {
         component.ZELVOInterface_Nurse(nullptr, server, account);
         return;
     }
-    component.ZELVOInterface(nullptr, server, account, patientPk, patientName, patientJumin, patientAge, patientSex, patientCell,
-                             patientTel, patientEmail, patientZip, patientAddress, hospitalName, doctorName, hospitalTel,
-                             doctorCell, hospitalZip, hospitalAddress);
+    component.ZELVOInterface(nullptr, server, account, patientPk, patientName, patientJumin, patientAge,
+                             patientSex, patientCell, patientTel, patientEmail, patientZip, patientAddress,
+                             hospitalName, doctorName, hospitalTel, doctorCell, hospitalZip, hospitalAddress);
 }
 
 bool readChartCall(const std::vector<std::string>& words, ChartCall& call, std::string& error) {

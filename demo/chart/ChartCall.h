@@ -8,7 +8,8 @@
 
 namespace chart {
 
-/// What the command line says: whom the window is for and what the chart hands over. A text not given is empty, a number 0.
+/// What the command line says: whom the window is for and what the chart hands over. A text not given is
+/// empty, a number 0.
 struct ChartCall {
     bool nurse = false, console = false;
     std::string script, server, account;
@@ -22,8 +23,8 @@ struct ChartCall {
     void make(doctorzelvo::clsZELVOInterface& component) const;
 };
 
-/// Reads the words behind the program's name; false with the reason in `error` when they can't be read. A word that stands
-/// twice counts as given the second time.
+/// Reads the words behind the program's name; false with the reason in `error` when they can't be read. A
+/// word that stands twice counts as given the second time.
 bool readChartCall(const std::vector<std::string>& words, ChartCall& call, std::string& error);
 
 /// How the program is called.

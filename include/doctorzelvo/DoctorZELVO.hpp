@@ -16,19 +16,20 @@ namespace doctorzelvo {
 
 /// What Send2Chart brings, in its order.
 struct ChartRecord {
-    std::string strJob;                ///< name of the order type
-    std::int16_t intChupSu = 0;        ///< packets
-    std::int16_t intPouchAmount = 0;   ///< millilitres a pouch
-    float sglDayTuYak = 0;             ///< packs a day
-    std::int16_t intTuyakilsu = 0;     ///< days of treatment
-    std::int16_t intPouchTotal = 0;    ///< pouches in all
-    std::string strMessage;            ///< the note to the pharmacy
-    std::int32_t lngSumCost = 0;       ///< total, won
-    std::string strxDrugList;          ///< herbs: name "/$CD$/" grams, rows joined by "/$RD$/"
+    std::string strJob;               ///< name of the order type
+    std::int16_t intChupSu = 0;       ///< packets
+    std::int16_t intPouchAmount = 0;  ///< millilitres a pouch
+    float sglDayTuYak = 0;            ///< packs a day
+    std::int16_t intTuyakilsu = 0;    ///< days of treatment
+    std::int16_t intPouchTotal = 0;   ///< pouches in all
+    std::string strMessage;           ///< the note to the pharmacy
+    std::int32_t lngSumCost = 0;      ///< total, won
+    std::string strxDrugList;         ///< herbs: name "/$CD$/" grams, rows joined by "/$RD$/"
 };
 
-/// The one class that a chart calls. A call opens the window and returns when it has closed. One window at a time stands
-/// open in a process: a call that comes meanwhile returns at once with an errorText and leaves the open one alone.
+/// The one class that a chart calls. A call opens the window and returns when it has closed. One window at a
+/// time stands open in a process: a call that comes meanwhile returns at once with an errorText and leaves
+/// the open one alone.
 class DOCTORZELVO_API clsZELVOInterface {
 public:
     /// The window stands in the terminal of the process; its commands come from the standard input.
@@ -40,14 +41,18 @@ public:
     /// An order has been stored. Called inside the running call, on the caller's thread.
     std::function<void(const ChartRecord&)> Send2Chart;
 
-    /// Opens the window for a doctor. The result is False on every path: what was ordered comes by Send2Chart alone. An error
-    /// of the component's own leaves as a std::exception. `conSQL` is the chart's own connection, handed on untouched.
-    bool ZELVOInterface(void* conSQL, const std::string& YakGukIP, const std::string& DoctorIDPWD, std::int32_t PatientPK,
-                        const std::string& PatientName, const std::string& PatientJumin, std::int16_t PatientAge,
-                        std::int16_t PatientSex, const std::string& PatientCell, const std::string& PatientTel,
-                        const std::string& PatientEmail, const std::string& PatientZipCode, const std::string& PatientJuso,
-                        const std::string& HospitalName, const std::string& DoctorName, const std::string& HospitalTel,
-                        const std::string& DoctorCell, const std::string& HospitalZipCode, const std::string& HospitalJuso);
+    /// Opens the window for a doctor. The result is False on every path: what was ordered comes by Send2Chart
+    /// alone. An error of the component's own leaves as a std::exception. `conSQL` is the chart's own
+    /// connection, handed on untouched.
+    bool ZELVOInterface(void* conSQL, const std::string& YakGukIP, const std::string& DoctorIDPWD,
+                        std::int32_t PatientPK, const std::string& PatientName,
+                        const std::string& PatientJumin, std::int16_t PatientAge, std::int16_t PatientSex,
+                        const std::string& PatientCell, const std::string& PatientTel,
+                        const std::string& PatientEmail, const std::string& PatientZipCode,
+                        const std::string& PatientJuso, const std::string& HospitalName,
+                        const std::string& DoctorName, const std::string& HospitalTel,
+                        const std::string& DoctorCell, const std::string& HospitalZipCode,
+                        const std::string& HospitalJuso);
     /// Opens the window for a nurse: the accounts of her doctors, joined by "#$#".
     bool ZELVOInterface_Nurse(void* conSQL, const std::string& YakGukIP, const std::string& DoctorIDPWD);
 
@@ -55,14 +60,17 @@ public:
     const std::string& errorText() const;
 
 private:
-    friend DOCTORZELVO_API int runInTerminal(const std::string&, const std::function<void(clsZELVOInterface&)>&);
+    friend DOCTORZELVO_API int runInTerminal(const std::string&,
+                                             const std::function<void(clsZELVOInterface&)>&);
     struct Parts;
     explicit clsZELVOInterface(std::unique_ptr<Parts> parts);
     std::unique_ptr<Parts> parts_;
 };
 
-/// The component in a terminal: `chart` makes its call, the window's commands come from the script of this path ("": the
-/// standard input), and what is left of the script is read when the window has closed. Gives the exit code of the whole.
-DOCTORZELVO_API int runInTerminal(const std::string& script, const std::function<void(clsZELVOInterface&)>& chart);
+/// The component in a terminal: `chart` makes its call, the window's commands come from the script of this
+/// path ("": the standard input), and what is left of the script is read when the window has closed. Gives
+/// the exit code of the whole.
+DOCTORZELVO_API int runInTerminal(const std::string& script,
+                                  const std::function<void(clsZELVOInterface&)>& chart);
 
 }  // namespace doctorzelvo

@@ -18,7 +18,8 @@ std::unique_ptr<data::Connection> openPharmacy(const data::ServerLogin& login) {
 }
 
 void registerComponents(screen::Components& components) {
-    components.add("OrderCostText.clsOrderCostText", [] { return std::make_unique<http::clsOrderCostText>(); });
+    components.add("OrderCostText.clsOrderCostText",
+                   [] { return std::make_unique<http::clsOrderCostText>(); });
     components.add("Scripting.FileSystemObject", [] { return std::make_unique<files::FileSystemObject>(); });
 }
 

@@ -22,7 +22,8 @@ public:
     /// The right to open a window, for as long as it lives; whether it was given says `granted`.
     class Turn {
     public:
-        explicit Turn(Component& component) : component_(component), granted_(!component.taken_.exchange(true)) {}
+        explicit Turn(Component& component)
+            : component_(component), granted_(!component.taken_.exchange(true)) {}
         ~Turn() {
             if (granted_) component_.taken_ = false;
         }

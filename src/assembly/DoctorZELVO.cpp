@@ -16,8 +16,9 @@ using zelvo::basics::decimalText;
 using zelvo::console::ConsoleDesktop;
 
 ChartRecord toHost(const zelvo::ordering::ChartRecord& record) {
-    return {record.strJob,       record.intChupSu,     record.intPouchAmount, record.sglDayTuYak, record.intTuyakilsu,
-            record.intPouchTotal, record.strMessage,    record.lngSumCost,     record.strxDrugList};
+    return {record.strJob,      record.intChupSu,    record.intPouchAmount,
+            record.sglDayTuYak, record.intTuyakilsu, record.intPouchTotal,
+            record.strMessage,  record.lngSumCost,   record.strxDrugList};
 }
 
 std::vector<std::string> asTexts(const ChartRecord& record) {
@@ -47,29 +48,34 @@ int inTerminal(const std::string& script, const std::function<void(ConsoleDeskto
 }  // namespace
 
 struct clsZELVOInterface::Parts {
-    ConsoleDesktop* desktop = nullptr;  ///< the terminal that the caller has set up; nullptr: one for each call
+    ConsoleDesktop* desktop =
+        nullptr;  ///< the terminal that the caller has set up; nullptr: one for each call
     std::string error;
 
     using Call = std::function<void(zelvo::host::clsZELVOInterface&)>;
-    void run(const std::string& address, const std::function<void(const ChartRecord&)>& chart, const Call& call);
+    void run(const std::string& address, const std::function<void(const ChartRecord&)>& chart,
+             const Call& call);
 
 private:
-    void runOn(ConsoleDesktop& window, const std::function<void(const ChartRecord&)>& chart, const Call& call);
+    void runOn(ConsoleDesktop& window, const std::function<void(const ChartRecord&)>& chart,
+               const Call& call);
 };
 
-void clsZELVOInterface::Parts::run(const std::string& address, const std::function<void(const ChartRecord&)>& chart,
-                                   const Call& call) {
+void clsZELVOInterface::Parts::run(const std::string& address,
+                                   const std::function<void(const ChartRecord&)>& chart, const Call& call) {
     Component& component = Component::instance();
     const Component::Turn turn(component);
-    error = turn.granted() ? "" : "ZELVO 창이 이미 열려 있습니다. 열려 있는 창을 닫은 후에 다시 실행하여 주십시오.";
+    error = turn.granted()
+                ? ""
+                : "ZELVO 창이 이미 열려 있습니다. 열려 있는 창을 닫은 후에 다시 실행하여 주십시오.";
     if (!turn.granted()) return;
     component.serverAddress = address;
     if (desktop) return runOn(*desktop, chart, call);
     inTerminal("", [&](ConsoleDesktop& own) { runOn(own, chart, call); });
 }
 
-void clsZELVOInterface::Parts::runOn(ConsoleDesktop& window, const std::function<void(const ChartRecord&)>& chart,
-                                     const Call& call) {
+void clsZELVOInterface::Parts::runOn(ConsoleDesktop& window,
+                                     const std::function<void(const ChartRecord&)>& chart, const Call& call) {
     zelvo::host::clsZELVOInterface host(window, Component::instance().session, zelvo::assembly::openPharmacy);
     host.Send2Chart.add([&](const zelvo::ordering::ChartRecord& record) {
         const ChartRecord values = toHost(record);
@@ -87,25 +93,24 @@ const std::string& clsZELVOInterface::errorText() const {
     return parts_->error;
 }
 
-bool clsZELVOInterface::ZELVOInterface(void* conSQL, const std::string& YakGukIP, const std::string& DoctorIDPWD,
-                                       std::int32_t PatientPK, const std::string& PatientName,
-                                       const std::string& PatientJumin, std::int16_t PatientAge, std::int16_t PatientSex,
-                                       const std::string& PatientCell, const std::string& PatientTel,
-                                       const std::string& PatientEmail, const std::string& PatientZipCode,
-                                       const std::string& PatientJuso, const std::string& HospitalName,
-                                       const std::string& DoctorName, const std::string& HospitalTel,
-                                       const std::string& DoctorCell, const std::string& HospitalZipCode,
-                                       const std::string& HospitalJuso) {
-    zelvo::host::HostArguments arguments{conSQL,       YakGukIP,   DoctorIDPWD,  PatientPK,  PatientName,     PatientJumin,
-                                         PatientAge,   PatientSex, PatientCell,  PatientTel, PatientEmail,    PatientZipCode,
-                                         PatientJuso,  HospitalName, DoctorName, HospitalTel, DoctorCell,     HospitalZipCode,
-                                         HospitalJuso};
+bool clsZELVOInterface::ZELVOInterface(
+    void* conSQL, const std::string& YakGukIP, const std::string& DoctorIDPWD, std::int32_t PatientPK,
+    const std::string& PatientName, const std::string& PatientJumin, std::int16_t PatientAge,
+    std::int16_t PatientSex, const std::string& PatientCell, const std::string& PatientTel,
+    const std::string& PatientEmail, const std::string& PatientZipCode, const std::string& PatientJuso,
+    const std::string& HospitalName, const std::string& DoctorName, const std::string& HospitalTel,
+    const std::string& DoctorCell, const std::string& HospitalZipCode, const std::string& HospitalJuso) {
+    zelvo::host::HostArguments arguments{
+        conSQL,     YakGukIP,    DoctorIDPWD, PatientPK,       PatientName,    PatientJumin, PatientAge,
+        PatientSex, PatientCell, PatientTel,  PatientEmail,    PatientZipCode, PatientJuso,  HospitalName,
+        DoctorName, HospitalTel, DoctorCell,  HospitalZipCode, HospitalJuso};
     parts_->run(YakGukIP, Send2Chart,
                 [&arguments](zelvo::host::clsZELVOInterface& host) { host.ZELVOInterface(arguments); });
     return false;
 }
 
-bool clsZELVOInterface::ZELVOInterface_Nurse(void* conSQL, const std::string& YakGukIP, const std::string& DoctorIDPWD) {
+bool clsZELVOInterface::ZELVOInterface_Nurse(void* conSQL, const std::string& YakGukIP,
+                                             const std::string& DoctorIDPWD) {
     zelvo::host::HostArguments arguments;
     arguments.conSQL = conSQL;
     arguments.YakGukIP = YakGukIP;

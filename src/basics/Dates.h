@@ -24,7 +24,8 @@ DateTime now();
 bool isValid(const Date& date);
 /// Reads "yyyy-mm-dd"; nothing when the text is no such day.
 std::optional<Date> parseDate(std::string_view text);
-/// Reads "yyyy-mm-dd", "yyyy-mm-dd hh:mm:ss" (a fraction of a second is dropped), "yyyy/mm/dd ..." and a "T" between.
+/// Reads "yyyy-mm-dd", "yyyy-mm-dd hh:mm:ss" (a fraction of a second is dropped), "yyyy/mm/dd ..." and a "T"
+/// between.
 std::optional<DateTime> parseDateTime(std::string_view text);
 
 /// "yyyy-mm-dd"
@@ -34,7 +35,8 @@ std::string dateTimeText(const DateTime& value);
 /// The text of a date-time value as every driver says it: at midnight the date alone.
 std::string plainDateTimeText(const DateTime& value);
 
-/// A text through the pictures "yyyy-mm-dd" and "yyyy-mm-dd hh:mm:ss". Throws Fault for a text that is no date.
+/// A text through the pictures "yyyy-mm-dd" and "yyyy-mm-dd hh:mm:ss". Throws Fault for a text that is no
+/// date.
 std::string formatDate(std::string_view text);
 std::string formatDateTime(std::string_view text);
 

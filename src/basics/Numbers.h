@@ -6,17 +6,20 @@
 
 namespace zelvo::basics {
 
-/// True when the whole text is a decimal number: optional sign, decimal point, thousands separators, blanks around it.
+/// True when the whole text is a decimal number: optional sign, decimal point, thousands separators, blanks
+/// around it.
 bool IsNumeric(std::string_view text);
 
-/// The number at the start of the text, after leading blanks ("12abc" is 12, "1,234" is 1, "" and "abc" are 0).
-/// Never fails; what is out of the range of a double is the nearest bound.
+/// The number at the start of the text, after leading blanks ("12abc" is 12, "1,234" is 1, "" and "abc" are
+/// 0). Never fails; what is out of the range of a double is the nearest bound.
 double numberFromStart(std::string_view text);
 
-/// The number that a whole numeric text says, thousands separators allowed. Throws Fault when the text is no number.
+/// The number that a whole numeric text says, thousands separators allowed. Throws Fault when the text is no
+/// number.
 double toNumber(std::string_view text);
 
-/// Conversions of a whole numeric text; halves go to the even neighbour. Throw Fault for no number or out of range.
+/// Conversions of a whole numeric text; halves go to the even neighbour. Throw Fault for no number or out of
+/// range.
 std::int16_t toInt16(std::string_view text);
 std::int32_t toInt32(std::string_view text);
 float toSingle(std::string_view text);
@@ -25,12 +28,14 @@ float toSingle(std::string_view text);
 std::int16_t toInt16(double value);
 std::int32_t toInt32(double value);
 
-/// Nearest whole number, halves to the even neighbour, without a bound of its own (rounds 2.5 to 2, 3.5 to 4).
+/// Nearest whole number, halves to the even neighbour, without a bound of its own (rounds 2.5 to 2, 3.5 to
+/// 4).
 double roundHalfEven(double value);
 
 /// Decimal text: a leading minus if negative, no separators.
 std::string decimalText(std::int64_t value);
-/// Shortest decimal text that reads back as the same single-precision value: "0.1", "17.5", "4"; never an exponent.
+/// Shortest decimal text that reads back as the same single-precision value: "0.1", "17.5", "4"; never an
+/// exponent.
 std::string decimalText(float value);
 /// Shortest decimal text that reads back as the same double; never an exponent.
 std::string decimalText(double value);

@@ -7,7 +7,8 @@ namespace zelvo::basics {
 
 /// Number pictures. All round to the nearest whole number, halves upward (away from zero for negatives),
 /// with a leading minus if negative.
-/// "###": no separators, nothing for 0.  "###,###": separators, nothing for 0.  "###,##0": separators, "0" for 0.
+/// "###": no separators, nothing for 0.  "###,###": separators, nothing for 0.  "###,##0": separators, "0"
+/// for 0.
 enum class NumberPicture { Plain, Separated, SeparatedZero };
 
 std::string formatNumber(double value, NumberPicture picture);

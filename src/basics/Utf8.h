@@ -6,8 +6,8 @@
 
 namespace zelvo::basics {
 
-/// The text with every byte sequence that is not UTF-8 replaced by U+FFFD and U+0000 dropped. The way in for all
-/// texts from outside: the host, the database, the web.
+/// The text with every byte sequence that is not UTF-8 replaced by U+FFFD and U+0000 dropped. The way in for
+/// all texts from outside: the host, the database, the web.
 std::string cleanUtf8(std::string_view text);
 bool isUtf8(std::string_view text);
 

@@ -22,6 +22,11 @@ std::int32_t amountOf(const tables::XArrayDB& herbs, int row) {
     return text.empty() ? basics::toInt32(herbs.text(row, amountColumn)) : basics::toInt32(text);
 }
 
+/// A number that has only its point yet: the doctor is still typing.
+bool isBegun(const screen::TextField& field) {
+    return field.text() == ".";
+}
+
 bool isSound(const tables::XArrayDB& herbs, int row) {
     const std::string_view state = herbs.textView(row, stateColumn);
     return state.empty() ? herbs.text(row, stateColumn) == "0" : state == "0";
@@ -154,7 +159,7 @@ void DoseFields::pouchFactorChanged(screen::TextField& field, const screen::Text
                                     const char* message) {
     txtPouchTotal.setText("");
     removeBlanks(field);
-    if (field.text().empty()) return;
+    if (field.text().empty() || isBegun(field)) return;
     if (!basics::IsNumeric(field.text())) {
         refuse(field, message, "탕전 정보");
         return;
@@ -166,7 +171,7 @@ void DoseFields::pouchFactorChanged(screen::TextField& field, const screen::Text
 
 void DoseFields::pouchFieldChanged(screen::TextField& field, std::string& last, const char* message) {
     removeBlanks(field);
-    if (field.text().empty()) {
+    if (field.text().empty() || isBegun(field)) {
         watch_.priceOutdated();
         return;
     }

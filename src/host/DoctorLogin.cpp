@@ -17,7 +17,8 @@ constexpr std::string_view accountSeparator = "#$#";
 
 }  // namespace
 
-DoctorLogin::DoctorLogin(screen::Window& form, screen::Place noticeTab, session::Session& session, DoctorViews views)
+DoctorLogin::DoctorLogin(screen::Window& form, screen::Place noticeTab, session::Session& session,
+                         DoctorViews views)
     : ssrLogIN(form, "ssrLogIN", noticeTab, "로그인"), form_(form), session_(session), views_(views) {}
 
 std::int16_t DoctorLogin::Load_DoctorInfo(LoginJob job, std::int32_t& DTRPK) {
@@ -46,14 +47,16 @@ std::int16_t DoctorLogin::loadDoctor(LoginJob job, std::int32_t& DTRPK) {
         doctor.DTR_PK = DTRPK;
     }
     DTRPK = 0;
-    const std::int16_t result = data::clsZELVORecordSet().RecordSet_DoctorInfo(session_.connection(), kind, doctor);
+    const std::int16_t result =
+        data::clsZELVORecordSet().RecordSet_DoctorInfo(session_.connection(), kind, doctor);
     if (result == -1) {
         form_.desktop().alarm("Doctor 정보를 가져오는 중 오류 발생. [한약국 서버 연결 확인]", loginCaption);
         return -1;
     }
     if (result == 0) {
-        form_.desktop().inform("입력된 아이디와 암호에 대한 Doctor 정보를 찾을 수 없습니다. [한약국 서버 연결 확인]",
-                               loginCaption);
+        form_.desktop().inform(
+            "입력된 아이디와 암호에 대한 Doctor 정보를 찾을 수 없습니다. [한약국 서버 연결 확인]",
+            loginCaption);
         return 0;
     }
     showDoctor(job, doctor);

@@ -30,8 +30,8 @@ public:
 
     screen::TwoStateButton ssrLogIN;
 
-    /// 1 found and shown, 0 no such account, -1 failure or an account text without its separator. `DTRPK` brings the key at Login
-    /// and returns the record's, 0 if there is none; a nurse's list leaves it alone.
+    /// 1 found and shown, 0 no such account, -1 failure or an account text without its separator. `DTRPK`
+    /// brings the key at Login and returns the record's, 0 if there is none; a nurse's list leaves it alone.
     std::int16_t Load_DoctorInfo(LoginJob job, std::int32_t& DTRPK);
     /// Empties every field that the doctor's record fills.
     void Clear_DoctorInfo();

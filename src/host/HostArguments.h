@@ -5,7 +5,8 @@
 
 namespace zelvo::host {
 
-/// What a chart hands over when it opens the window for a doctor, in the order of the call. For a nurse only the first three count.
+/// What a chart hands over when it opens the window for a doctor, in the order of the call. For a nurse only
+/// the first three count.
 struct HostArguments {
     void* conSQL = nullptr;   ///< the chart's own connection; never touched, only handed on
     std::string YakGukIP;     ///< address of the pharmacy's database server

@@ -2,7 +2,8 @@
 
 namespace zelvo::host {
 
-OrderTab::OrderTab(screen::Window& form, screen::Place tab, session::Session& session, account::BalanceView& balance)
+OrderTab::OrderTab(screen::Window& form, screen::Place tab, session::Session& session,
+                   account::BalanceView& balance)
     : frames(form, tab),
       gate(form, frames),
       options(form, frames, session, gate),

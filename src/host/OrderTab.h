@@ -15,9 +15,11 @@
 
 namespace zelvo::host {
 
-/// The tab on which a new order is composed, priced and sent: its panes and flows, in the order of their building.
+/// The tab on which a new order is composed, priced and sent: its panes and flows, in the order of their
+/// building.
 struct OrderTab {
-    OrderTab(screen::Window& form, screen::Place tab, session::Session& session, account::BalanceView& balance);
+    OrderTab(screen::Window& form, screen::Place tab, session::Session& session,
+             account::BalanceView& balance);
 
     void Form_Load();
 

@@ -66,7 +66,8 @@ void SessionStart::logIn() {
     form_.login.Clear_DoctorInfo();
     session_.m_DoctorIDPWD.clear();
     form_.c1tMain.select(frmDoctorOCSmain::noticeTab);
-    for (const int tab : {frmDoctorOCSmain::orderTab, frmDoctorOCSmain::managementTab, frmDoctorOCSmain::myOcsTab}) {
+    for (const int tab :
+         {frmDoctorOCSmain::orderTab, frmDoctorOCSmain::managementTab, frmDoctorOCSmain::myOcsTab}) {
         form_.c1tMain.setSelectable(tab, false);
     }
 }
@@ -97,25 +98,38 @@ void SessionStart::readPxInfo() {
     if (info.atEnd()) return;
     constexpr int firstColumn = 2;
     for (int i = 0; i < static_cast<int>(form_.notices.lblGongJiYakGuk.size()); ++i) {
-        form_.notices.lblGongJiYakGuk[static_cast<std::size_t>(i)].setCaption(trim(info.text(firstColumn + i)));
+        form_.notices.lblGongJiYakGuk[static_cast<std::size_t>(i)].setCaption(
+            trim(info.text(firstColumn + i)));
     }
     form_.notices.lblYakGukSvrIP.setCaption(trim(info.text(7)));
     form_.order.cost.lblCBJcostAspURL.setCaption(trim(info.text(8)));
     form_.order.cost.lblCBJcostUpAspURL.setCaption(trim(info.text(9)));
 }
 
-void SessionStart::Load_GongJi() { form_.notices.Load_GongJi(); }
-void SessionStart::Load_JobList() { form_.order.options.Load_JobList(); }
+void SessionStart::Load_GongJi() {
+    form_.notices.Load_GongJi();
+}
+void SessionStart::Load_JobList() {
+    form_.order.options.Load_JobList();
+}
 
 void SessionStart::Init_DrugGrids() {
     form_.order.herbs.Init_DrugGrids();
     form_.detail.bindHerbs();
 }
 
-void SessionStart::Load_TangJun() { form_.order.options.Load_TangJun(); }
-void SessionStart::Load_TangJunAdd() { form_.order.options.Load_TangJunAdd(); }
-void SessionStart::Init_CBJGrid() { form_.search.Init_CBJGrid(); }
-void SessionStart::Init_StockGrids() { form_.balance.Init_StockGrids(); }
+void SessionStart::Load_TangJun() {
+    form_.order.options.Load_TangJun();
+}
+void SessionStart::Load_TangJunAdd() {
+    form_.order.options.Load_TangJunAdd();
+}
+void SessionStart::Init_CBJGrid() {
+    form_.search.Init_CBJGrid();
+}
+void SessionStart::Init_StockGrids() {
+    form_.balance.Init_StockGrids();
+}
 
 void SessionStart::fillPatient(const HostArguments& arguments) {
     composition::PatientDelivery& patient = form_.order.patient;

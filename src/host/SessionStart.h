@@ -9,8 +9,9 @@
 
 namespace zelvo::host {
 
-/// From the chart's call to the window on the screen: connection, login, the pharmacy's catalogues, the chart's values. Both
-/// ways in return when the window has closed, or at once when the pharmacy can't be reached.
+/// From the chart's call to the window on the screen: connection, login, the pharmacy's catalogues, the
+/// chart's values. Both ways in return when the window has closed, or at once when the pharmacy can't be
+/// reached.
 class SessionStart {
 public:
     SessionStart(frmDoctorOCSmain& form, session::Session& session, data::ConnectionOpener open);

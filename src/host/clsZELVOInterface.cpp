@@ -5,7 +5,8 @@
 
 namespace zelvo::host {
 
-clsZELVOInterface::clsZELVOInterface(screen::Desktop& desktop, session::Session& session, data::ConnectionOpener open)
+clsZELVOInterface::clsZELVOInterface(screen::Desktop& desktop, session::Session& session,
+                                     data::ConnectionOpener open)
     : desktop_(desktop), session_(session), open_(std::move(open)) {}
 
 bool clsZELVOInterface::ZELVOInterface(const HostArguments& arguments) {

@@ -12,8 +12,8 @@
 
 namespace zelvo::host {
 
-/// What the chart calls. Each call makes one window and returns when it has closed; the result is False on every path: the chart
-/// learns the outcome from Send2Chart alone.
+/// What the chart calls. Each call makes one window and returns when it has closed; the result is False on
+/// every path: the chart learns the outcome from Send2Chart alone.
 class clsZELVOInterface {
 public:
     clsZELVOInterface(screen::Desktop& desktop, session::Session& session, data::ConnectionOpener open);

@@ -24,7 +24,8 @@ void regardless(Step step) {
 frmDoctorOCSmain::frmDoctorOCSmain(screen::Desktop& desktop, session::Session& session)
     : Window(desktop, "frmDoctorOCSmain", designWidth, designHeight),
       c1eMain(*this, "c1eMain"),
-      c1tMain(*this, "c1tMain", {"한약국 공지사항", "처방전 작성 및 전송", "처방전 관리", "MY OCS"}, c1eMain.inside()),
+      c1tMain(*this, "c1tMain", {"한약국 공지사항", "처방전 작성 및 전송", "처방전 관리", "MY OCS"},
+              c1eMain.inside()),
       stbMain(*this, "stbMain"),
       notices(*this, c1tMain.page(noticeTab), session),
       search(*this, c1tMain.page(managementTab)),
@@ -52,7 +53,9 @@ void frmDoctorOCSmain::Form_Load() {
     profile.Form_Load();
 }
 
-void frmDoctorOCSmain::Form_Resize() { c1tMain_Click(); }
+void frmDoctorOCSmain::Form_Resize() {
+    c1tMain_Click();
+}
 
 void frmDoctorOCSmain::c1tMain_Click() {
     order.gate.Set_CostConfirmed(false);
@@ -67,9 +70,9 @@ void frmDoctorOCSmain::Form_Unload() {
 }
 
 void frmDoctorOCSmain::releaseArrays() {
-    for (tables::XArrayDB* array : {&order.options.m_xaJobList, &session_.g_xaDrug, &order.options.m_xaTJML,
-                                    &order.options.m_xaTJAL, &search.m_xaCBJ, &order.cost.m_xaCostConfirm,
-                                    &detail.m_xaCBJmCost}) {
+    for (tables::XArrayDB* array :
+         {&order.options.m_xaJobList, &session_.g_xaDrug, &order.options.m_xaTJML, &order.options.m_xaTJAL,
+          &search.m_xaCBJ, &order.cost.m_xaCostConfirm, &detail.m_xaCBJmCost}) {
         array->reDim(-1, -1);
     }
 }
@@ -85,8 +88,8 @@ void frmDoctorOCSmain::releaseConnections() {
 }
 
 void frmDoctorOCSmain::releaseRecordSets() {
-    for (data::RecordSet* set : {&notices.m_rsGongJi, &balance.m_rsInStock, &balance.m_rsUsedStock, &balance.m_rsMileage,
-                                 &detail.m_rsCBJmDGL}) {
+    for (data::RecordSet* set : {&notices.m_rsGongJi, &balance.m_rsInStock, &balance.m_rsUsedStock,
+                                 &balance.m_rsMileage, &detail.m_rsCBJmDGL}) {
         if (set->isOpen()) set->close();
     }
 }

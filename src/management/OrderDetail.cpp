@@ -15,8 +15,14 @@ OrderDetail::OrderDetail(screen::Window& form, screen::Place managementTab)
                   {.caption = "약재명", .field = "DGL_CallSign", .width = 1700},
                   {.caption = "한약국약재", .field = "DGL_Internal", .width = 2200},
                   {.caption = "용량(g)", .field = "DET_Weight", .alignRight = true, .width = 1000},
-                  {.caption = "단가", .field = "DET_Danga", .alignRight = true, .format = basics::NumberPicture::SeparatedZero},
-                  {.caption = "금액", .field = "DET_Money", .alignRight = true, .format = basics::NumberPicture::SeparatedZero},
+                  {.caption = "단가",
+                   .field = "DET_Danga",
+                   .alignRight = true,
+                   .format = basics::NumberPicture::SeparatedZero},
+                  {.caption = "금액",
+                   .field = "DET_Money",
+                   .alignRight = true,
+                   .format = basics::NumberPicture::SeparatedZero},
                   {.caption = "비고", .field = "DET_Note"}}),
       tdbCBJmCost(form, "tdbCBJmCost", managementTab,
                   {{.caption = "비용 항목", .width = 2400},
@@ -29,12 +35,15 @@ OrderDetail::OrderDetail(screen::Window& form, screen::Place managementTab)
 
 void OrderDetail::Form_Load() {
     using namespace data::delivery;
-    for (const std::string_view method : {undecided, parcel, courier, clinic}) cboCBJmBesongMethod.addEntry(method);
+    for (const std::string_view method : {undecided, parcel, courier, clinic})
+        cboCBJmBesongMethod.addEntry(method);
     cboCBJmBesongMethod.select(0);
     tdbCBJmCost.addStyle("styCBJmCost", {0, 0, 192});
 }
 
-void OrderDetail::bindHerbs() { tdbCBJmDGL.bind(&m_rsCBJmDGL); }
+void OrderDetail::bindHerbs() {
+    tdbCBJmDGL.bind(&m_rsCBJmDGL);
+}
 
 void OrderDetail::Clear_CBJmDetail() {
     m_rsCBJmDGL.close();

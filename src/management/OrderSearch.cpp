@@ -17,8 +17,8 @@ void addEntries(screen::ComboList& list, std::initializer_list<std::string_view>
 
 OrderSearch::OrderSearch(screen::Window& form, screen::Place managementTab)
     : c1tCBJmanage(form, "c1tCBJmanage",
-                   {"전체처방전", "발행날짜", "담당의사 ", "환자명", "진행상태", "배송방식", "지불방식", "지불여부",
-                    "취소된 처방전"},
+                   {"전체처방전", "발행날짜", "담당의사 ", "환자명", "진행상태", "배송방식", "지불방식",
+                    "지불여부", "취소된 처방전"},
                    managementTab),
       dtpCBJsearch0(form, "dtpCBJsearch(0)", c1tCBJmanage.page(issueDate)),
       dtpCBJsearch1(form, "dtpCBJsearch(1)", c1tCBJmanage.page(issueDate)),

@@ -20,7 +20,8 @@ public:
 
     /// Fills the fixed lists, sets the dates to today and opens the page of the issue date.
     void Form_Load();
-    /// Makes m_xaCBJ with its seven columns and binds it to the list, which stays empty until the user searches.
+    /// Makes m_xaCBJ with its seven columns and binds it to the list, which stays empty until the user
+    /// searches.
     void Init_CBJGrid();
     /// Shows the column of the doctor and makes room for it.
     void showDoctorColumn();

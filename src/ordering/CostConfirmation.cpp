@@ -182,6 +182,8 @@ bool CostConfirmation::Request_Cost() {
         }
         clearCosts();
         const CostAnswer answer = readCostAnswer(askPage(fields));
+        m_xaCostConfirm.reDim(cost::lastRow, cost::note);
+        tdbCostConfirm.bind(&m_xaCostConfirm);
         if (answer.reading == CostReading::Good) {
             showCosts(answer);
             return true;
@@ -218,7 +220,7 @@ std::string CostConfirmation::askPage(const CostFields& fields) const {
 
 /// The former price goes before the new one is asked for: a request that fails leaves no figure standing.
 void CostConfirmation::clearCosts() {
-    m_xaCostConfirm.reDim(cost::lastRow, cost::note);
+    m_xaCostConfirm.reDim(-1, cost::note);
     tdbCostConfirm.setCaption("");
     tdbCostConfirm.bind(&m_xaCostConfirm);
 }

@@ -56,14 +56,11 @@ void OrderSend::Send_Order() {
     if (draft_.payment.cboPaymentMethod.text() == data::pay::deposit && !depositCovers()) return;
 
     const screen::BusyPointer busy(desktop);
-    ChartRecord record;
     try {
         if (wantsOtherHerbs()) {
             draft_.herbs.tdbDGL.setFocus();
             return;
         }
-        // Taken before the order is stored: one that the chart could not be told of is not sent.
-        record = chartRecord(draft_, price_.lblSumcost.caption());
     } catch (const std::exception& fault) {
         desktop.alarm(faultText(fault.what()), faultCaption);
         return;
@@ -83,7 +80,7 @@ void OrderSend::Send_Order() {
             break;
     }
     showKept();
-    tellChart(record);
+    tellChart();
     offerReturn();
 }
 
@@ -278,10 +275,10 @@ bool OrderSend::attempt(const std::function<bool()>& step) {
 }
 
 /// The order stands, whatever the chart's handler does: what it throws is told and changes nothing.
-void OrderSend::tellChart(const ChartRecord& record) {
+void OrderSend::tellChart() {
     std::string description;
     try {
-        Send2Chart(record);
+        Send2Chart(chartRecord(draft_, price_.lblSumcost.caption()));
         return;
     } catch (const std::exception& fault) {
         description = fault.what();

@@ -46,7 +46,7 @@ private:
     bool Send_InsertDrugs(std::int32_t CBJ_PK);
     bool Send_InsertEatGuide(std::int32_t CBJ_PK);
     bool attempt(const std::function<bool()>& step);
-    void tellChart(const ChartRecord& record);
+    void tellChart();
     void offerReturn();
 
     void keepAlarm(std::string text, std::string caption);

@@ -17,20 +17,21 @@ public:
     virtual ~Component() = default;
 };
 
-/// "OrderCostText.clsOrderCostText": asks the pharmacy's cost pages. Blocks until the answer is there; throws Fault with a plain
-/// Korean sentence when none comes.
+/// "OrderCostText.clsOrderCostText": asks the pharmacy's cost pages. Blocks until the answer is there; throws
+/// Fault with a plain Korean sentence when none comes.
 class OrderCostText : public Component {
 public:
     struct CostRequest {
         std::int16_t kind = 1;
-        std::string url, doctorKey, besongMethod, besongZip, besongJuso, jobListKey, drugText, chubsu, drugPrice, tjmlKey,
-            tjalSlot, pouchAmount, pouchTotal, payMethod;
+        std::string url, doctorKey, besongMethod, besongZip, besongJuso, jobListKey, drugText, chubsu,
+            drugPrice, tjmlKey, tjalSlot, pouchAmount, pouchTotal, payMethod;
     };
     virtual std::string ChubangJunCost(const CostRequest& request) = 0;
 
     struct UpdateRequest {
         std::int16_t kind = 1;
-        std::string url, doctorKey, orderKey, value5, value6, value7, value8, besongMethod, besongZip, besongJuso, payMethod;
+        std::string url, doctorKey, orderKey, value5, value6, value7, value8, besongMethod, besongZip,
+            besongJuso, payMethod;
     };
     virtual std::string ChubangJunCostUpdate(const UpdateRequest& request) = 0;
 };
@@ -46,14 +47,15 @@ public:
 /// "PostalLookup.clsPostalLookup": the postal code search dialog; left and top in twips.
 class PostalLookup : public Component {
 public:
-    virtual bool ZipCode(std::string& url, std::string& juso, std::string& zip, std::int32_t& left, std::int32_t& top) = 0;
+    virtual bool ZipCode(std::string& url, std::string& juso, std::string& zip, std::int32_t& left,
+                         std::int32_t& top) = 0;
 };
 
 /// "EatGuideEditor": the editor of the dosage sheet. True if the user accepted.
 class EatGuideEditor : public Component {
 public:
-    virtual bool edit(void* conSQL, std::string& patientName, std::string& sheetRtf, std::string& hospitalName,
-                      std::string& phoneNo) = 0;
+    virtual bool edit(void* conSQL, std::string& patientName, std::string& sheetRtf,
+                      std::string& hospitalName, std::string& phoneNo) = 0;
 };
 
 /// "Scripting.FileSystemObject": text files of the clinic's machine. All but folderExists throw Fault.
@@ -63,7 +65,8 @@ public:
     virtual std::string fixedFolder(std::string_view name) = 0;
     virtual bool folderExists(const std::string& path) = 0;
     virtual void createFolder(const std::string& path) = 0;
-    /// Makes the file, or empties it, and writes the whole text; the file is whole on the disk when this returns.
+    /// Makes the file, or empties it, and writes the whole text; the file is whole on the disk when this
+    /// returns.
     virtual void writeTextFile(const std::string& path, std::string_view text) = 0;
 };
 

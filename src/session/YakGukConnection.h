@@ -8,8 +8,8 @@
 
 namespace zelvo::session {
 
-/// Opens g_conYakGuk at the address; what it held before is dropped. On failure one message box names the address, and the result
-/// is false. The connection's walks then let the desktop's events run.
+/// Opens g_conYakGuk at the address; what it held before is dropped. On failure one message box names the
+/// address, and the result is false. The connection's walks then let the desktop's events run.
 bool ConnectYakGukServer(Session& session, screen::Desktop& desktop, const data::ConnectionOpener& open,
                          const std::string& ServerAddress);
 

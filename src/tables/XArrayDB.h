@@ -10,10 +10,11 @@
 
 namespace zelvo::tables {
 
-/// A two-dimensional table whose cells hold nothing, text, a whole number, a float or a Boolean. Rows and columns
-/// count from 0; an empty array has the row bounds 0 and -1. Inserting and deleting at the running position stay cheap
-/// with 100,000 rows behind it; a cell takes 16 bytes, longer texts stand in a store of the array's own.
-/// A row or column outside the bounds is a Fault for reads and writes alike (but for the GridSource ones).
+/// A two-dimensional table whose cells hold nothing, text, a whole number, a float or a Boolean. Rows and
+/// columns count from 0; an empty array has the row bounds 0 and -1. Inserting and deleting at the running
+/// position stay cheap with 100,000 rows behind it; a cell takes 16 bytes, longer texts stand in a store of
+/// the array's own. A row or column outside the bounds is a Fault for reads and writes alike (but for the
+/// GridSource ones).
 class XArrayDB : public GridSource {
 public:
     XArrayDB();
@@ -38,7 +39,8 @@ public:
     bool isNothing(int row, int column) const;
     /// Text form: "" for nothing, decimal for numbers, "-1" and "0" for a Boolean.
     std::string text(int row, int column) const;
-    /// The cell's text without a copy where it holds one; valid until the array changes. Number cells give "".
+    /// The cell's text without a copy where it holds one; valid until the array changes. Number cells give
+    /// "".
     std::string_view textView(int row, int column) const;
     /// True for a Boolean true, a number or a numeric text other than 0; "True" counts too.
     bool isTrue(int row, int column) const;
@@ -54,8 +56,8 @@ public:
     void set(int row, int column, double value);
     void setNothing(int row, int column);
 
-    /// Row of the first cell of `column`, from `fromRow` on, whose text equals `text`; -1 if there is none. A blank text
-    /// matches nothing.
+    /// Row of the first cell of `column`, from `fromRow` on, whose text equals `text`; -1 if there is none. A
+    /// blank text matches nothing.
     int find(int fromRow, int column, std::string_view text) const;
 
     std::size_t rowCount() const override;

@@ -1,7 +1,11 @@
 // The component as a chart loads it: one window at a time, whoever calls.
+#include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/ioctl.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
+#include <chrono>
 #include <cstdio>
 #include <fstream>
 #include <thread>
@@ -12,8 +16,8 @@
 namespace {
 
 bool call(doctorzelvo::clsZELVOInterface& component, const std::string& server) {
-    return component.ZELVOInterface(nullptr, server, "doctor1/$/pass1", 7, "김하늘", "", 41, 2, "", "", "", "", "", "", "", "", "",
-                                    "", "");
+    return component.ZELVOInterface(nullptr, server, "doctor1/$/pass1", 7, "김하늘", "", 41, 2, "", "", "",
+                                    "", "", "", "", "", "", "", "");
 }
 
 // A pipe for the window's commands, so that the test decides when the window closes.
@@ -28,30 +32,46 @@ public:
     CommandPipe& operator=(const CommandPipe&) = delete;
     const std::string& path() const { return path_; }
 
+    void open() { end_ = ::open(path_.c_str(), O_WRONLY); }
+    void close() { ::close(end_); }
+    void write(const std::string& commands) {
+        EXPECT_EQ(::write(end_, commands.data(), commands.size()), static_cast<ssize_t>(commands.size()));
+    }
+    // Commands are read by an open window only.
+    void waitUntilRead() const {
+        int left = 1;
+        while (left > 0) {
+            ioctl(end_, FIONREAD, &left);
+            std::this_thread::sleep_for(std::chrono::milliseconds(1));
+        }
+    }
+
 private:
     std::string path_;
+    int end_ = -1;
 };
 
 TEST(Component, turnsASecondCallAwayAndLeavesTheOpenWindowAlone) {
     const zelvo::testing::TestDatabase database;
-    const CommandPipe commands;
+    CommandPipe commands;
     bool second = true;
     std::string refusal;
     std::thread user([&] {
-        std::ofstream out(commands.path());
-        out << "expect window frmDoctorOCSmain\n" << std::flush;
-        for (int wait = 0; wait < 200 && refusal.empty(); ++wait) {
-            doctorzelvo::clsZELVOInterface other;
-            second = call(other, "sqlite:/nowhere");
-            refusal = other.errorText();
-        }
-        out << "expect txtPatientName 김하늘\nclose\n";
+        commands.open();
+        commands.write("expect window frmDoctorOCSmain\n");
+        commands.waitUntilRead();
+        doctorzelvo::clsZELVOInterface other;
+        second = call(other, "sqlite:/nowhere");
+        refusal = other.errorText();
+        commands.write("expect txtPatientName 김하늘\nclose\n");
+        commands.close();
     });
     std::string error = "not called";
-    const int code = doctorzelvo::runInTerminal(commands.path(), [&](doctorzelvo::clsZELVOInterface& component) {
-        EXPECT_FALSE(call(component, database.address()));
-        error = component.errorText();
-    });
+    const int code =
+        doctorzelvo::runInTerminal(commands.path(), [&](doctorzelvo::clsZELVOInterface& component) {
+            EXPECT_FALSE(call(component, database.address()));
+            error = component.errorText();
+        });
     user.join();
     EXPECT_EQ(code, 0);
     EXPECT_EQ(error, "");
@@ -64,7 +84,11 @@ TEST(Component, worksTwiceInOneProcess) {
     for (int round = 0; round < 2; ++round) {
         const std::string script = ::testing::TempDir() + "zelvo-twice-" + std::to_string(getpid()) + ".zs";
         std::ofstream(script) << "expect txtPatientName 김하늘\nclose\nexpect window none\nexpect events 0\n";
-        EXPECT_EQ(doctorzelvo::runInTerminal(script, [&](doctorzelvo::clsZELVOInterface& component) { call(component, database.address()); }), 0);
+        EXPECT_EQ(doctorzelvo::runInTerminal(script,
+                                             [&](doctorzelvo::clsZELVOInterface& component) {
+                                                 call(component, database.address());
+                                             }),
+                  0);
         std::remove(script.c_str());
     }
 }
@@ -72,7 +96,11 @@ TEST(Component, worksTwiceInOneProcess) {
 TEST(Component, tellsTheExitCodeOfAnUnreachableServer) {
     const std::string script = ::testing::TempDir() + "zelvo-none-" + std::to_string(getpid()) + ".zs";
     std::ofstream(script) << "no command at all\n";
-    EXPECT_EQ(doctorzelvo::runInTerminal(script, [](doctorzelvo::clsZELVOInterface& component) { call(component, "sqlite:/nowhere/at-all.db"); }), 3);
+    EXPECT_EQ(doctorzelvo::runInTerminal(script,
+                                         [](doctorzelvo::clsZELVOInterface& component) {
+                                             call(component, "sqlite:/nowhere/at-all.db");
+                                         }),
+              3);
     std::remove(script.c_str());
 }
 

@@ -32,13 +32,13 @@ TEST(SqliteFile, OpensOnlyWhatIsADatabase) {
         EXPECT_THROW(openFile({"sqlite:" + (folder / name).string(), "", "", ""}), Fault) << name;
     }
     EXPECT_FALSE(fs::exists(folder / "missing.db")) << "a mistyped path makes no file";
-    for (const char* address : {"sqlite:", "sqlite::memory:", "10.0.0.1"}) {
+    for (const char* address : {"sqlite:", "SQLITE:x", "sqlite::memory:", "10.0.0.1"}) {
         EXPECT_THROW(openFile({address, "", "", ""}), Fault) << address;
     }
     fs::remove_all(folder);
 
     const TestDatabase database(false);
-    EXPECT_TRUE(openFile({"SQLite:" + database.path(), "", "", ""})->isOpen());
+    EXPECT_TRUE(openFile({"sqlite:" + database.path(), "", "", ""})->isOpen());
 }
 
 TEST(SqliteFile, AnotherWriterIsWaitedFor) {

@@ -1,4 +1,5 @@
-// From the chart's call to the window: login, catalogues, the chart's values, and everything that can fail on the way.
+// From the chart's call to the window: login, catalogues, the chart's values, and everything that can fail on
+// the way.
 #include <gtest/gtest.h>
 
 #include "basics/Fault.h"
@@ -18,7 +19,8 @@ using screen::TabControl;
 using testing::HostSession;
 
 constexpr const char* readFailed = "Doctor 정보를 가져오는 중 오류 발생. [한약국 서버 연결 확인]";
-constexpr const char* notFound = "입력된 아이디와 암호에 대한 Doctor 정보를 찾을 수 없습니다. [한약국 서버 연결 확인]";
+constexpr const char* notFound =
+    "입력된 아이디와 암호에 대한 Doctor 정보를 찾을 수 없습니다. [한약국 서버 연결 확인]";
 
 std::vector<bool> openTabs(HostSession& host) {
     std::vector<bool> open;
@@ -33,19 +35,28 @@ TEST(SessionStart, fillsTheWindowForADoctor) {
         EXPECT_EQ(host.field<TabControl>("c1tMain").current(), 1);
         EXPECT_EQ(openTabs(host), (std::vector<bool>{true, true, true, true}));
         const std::pair<const char*, const char*> texts[] = {
-            {"lblPatientPK", "1024"},          {"txtPatientName", "김하늘"},
-            {"txtPatientJumin", "850312-2345678"}, {"txtPatientAge", "41"},
-            {"txtPatientCell", "010-1234-5678"}, {"txtPatientTel", "02-123-4567"},
-            {"txtBesongZip", "06236"},          {"txtBesongJuso", "서울특별시 강남구 테헤란로 152"},
-            {"txtHospitalName", "하늘한의원"},   {"txtDoctor", "이정민"},
-            {"txtHospitalTel", "02-555-0123"},  {"txtDoctorCell", "010-8765-4321"},
-            {"txtBalsongZip", "03045"},         {"txtDTRid", "doctor1"},
-            {"cboBesongMethod", "미정"},         {"cboPaymentMethod", "적립"},
+            {"lblPatientPK", "1024"},
+            {"txtPatientName", "김하늘"},
+            {"txtPatientJumin", "850312-2345678"},
+            {"txtPatientAge", "41"},
+            {"txtPatientCell", "010-1234-5678"},
+            {"txtPatientTel", "02-123-4567"},
+            {"txtBesongZip", "06236"},
+            {"txtBesongJuso", "서울특별시 강남구 테헤란로 152"},
+            {"txtHospitalName", "하늘한의원"},
+            {"txtDoctor", "이정민"},
+            {"txtHospitalTel", "02-555-0123"},
+            {"txtDoctorCell", "010-8765-4321"},
+            {"txtBalsongZip", "03045"},
+            {"txtDTRid", "doctor1"},
+            {"cboBesongMethod", "미정"},
+            {"cboPaymentMethod", "적립"},
         };
         for (const auto& [name, text] : texts) EXPECT_EQ(host.textOf(name), text) << name;
         EXPECT_TRUE(host.field<OptionButton>("ssoSex(1)").value());
         EXPECT_FALSE(host.field<OptionButton>("ssoSex(0)").value());
-        EXPECT_EQ(host.field<StatusBar>("stbMain").panel(1), host.textOf("lblGongJiYakGuk(0)") + " 입니다...");
+        EXPECT_EQ(host.field<StatusBar>("stbMain").panel(1),
+                  host.textOf("lblGongJiYakGuk(0)") + " 입니다...");
         EXPECT_EQ(host.field<StatusBar>("stbMain").panel(2), " 현재 접속 ID : doctor1");
         EXPECT_EQ(host.field<StatusBar>("stbMain").panel(3), " ZEL-VO 버전 : 1.0001");
         EXPECT_GE(host.field<Grid>("tdbJobList").rowCount(), 4);
@@ -63,12 +74,14 @@ TEST(SessionStart, fillsTheWindowForADoctor) {
 }
 
 TEST(SessionStart, knowsTheSexByOneNumberOnly) {
-    const std::pair<std::int16_t, bool> cases[] = {{std::int16_t{0}, false}, {std::int16_t{1}, true}, {std::int16_t{2}, false}};
+    const std::pair<std::int16_t, bool> cases[] = {
+        {std::int16_t{0}, false}, {std::int16_t{1}, true}, {std::int16_t{2}, false}};
     for (const auto& [sex, male] : cases) {
         HostSession host;
         host::HostArguments call = host.arguments();
         call.PatientSex = sex;
-        host.runDoctor(call, [&, isMale = male] { EXPECT_EQ(host.field<OptionButton>("ssoSex(0)").value(), isMale); });
+        host.runDoctor(
+            call, [&, isMale = male] { EXPECT_EQ(host.field<OptionButton>("ssoSex(0)").value(), isMale); });
     }
 }
 
@@ -77,7 +90,8 @@ TEST(SessionStart, leavesAnUnreachableServerWithOneBoxAndNoWindow) {
     host::HostArguments call = host.arguments();
     call.YakGukIP = " 10.0.0.9 ";
     host.runDoctor(call, nullptr);
-    host.desktop.expectBox("한약국서버 연결 실패", "한약국 DB서버 [10.0.0.9] 접속에 실패 하였습니다.", BoxIcon::Critical);
+    host.desktop.expectBox("한약국서버 연결 실패", "한약국 DB서버 [10.0.0.9] 접속에 실패 하였습니다.",
+                           BoxIcon::Critical);
     EXPECT_EQ(host.session.g_conYakGuk, nullptr);
     EXPECT_EQ(host.desktop.pointer(), screen::Pointer::Normal);
 }
@@ -88,7 +102,8 @@ struct FailedLogin {
 };
 
 TEST(SessionStart, goesOnWithoutALogin) {
-    const FailedLogin cases[] = {{"doctor1/$/wrong", notFound}, {"doctor1", ""}, {"", ""}, {"' OR 1=1 --/$/x", notFound}};
+    const FailedLogin cases[] = {
+        {"doctor1/$/wrong", notFound}, {"doctor1", ""}, {"", ""}, {"' OR 1=1 --/$/x", notFound}};
     for (const FailedLogin& failed : cases) {
         HostSession host;
         host::HostArguments call = host.arguments();
@@ -120,10 +135,12 @@ TEST(SessionStart, offersThePayMethodsThatTheRecordAllows) {
         const char* flags;
         std::vector<std::string> entries;
     };
-    const Case cases[] = {{"000", {}}, {"", {}}, {"101", {"적립", "후불정산"}}, {"1", {"적립", "후불정산"}}, {"010", {"후불"}}};
+    const Case cases[] = {
+        {"000", {}}, {"", {}}, {"101", {"적립", "후불정산"}}, {"1", {"적립", "후불정산"}}, {"010", {"후불"}}};
     for (const Case& pay : cases) {
         HostSession host;
-        host.database.run("UPDATE t_Doctor SET DTR_ValidPay = '" + std::string(pay.flags) + "' WHERE DTR_ID = 'doctor1'");
+        host.database.run("UPDATE t_Doctor SET DTR_ValidPay = '" + std::string(pay.flags) +
+                          "' WHERE DTR_ID = 'doctor1'");
         host.runDoctor(host.arguments(), [&] {
             auto& combo = host.field<ComboList>("cboPaymentMethod");
             std::vector<std::string> entries;
@@ -139,19 +156,20 @@ TEST(SessionStart, offersThePayMethodsThatTheRecordAllows) {
 
 TEST(SessionStart, opensForANurseWithTheDoctorsThatMatch) {
     HostSession host;
-    host.runNurse("doctor1/$/pass1#$#nobody/$/x#$#without separator#$#doctor2/$/pass2#$# doctor3/$/pass3", [&] {
-        EXPECT_EQ(host.user.front().caption(), "ZEL-VO 메인 윈도우 - 간호사");
-        EXPECT_EQ(openTabs(host), (std::vector<bool>{true, false, true, false}));
-        EXPECT_EQ(host.field<TabControl>("c1tMain").current(), 2);
-        EXPECT_EQ(host.field<ComboList>("cbodtrList").entryCount(), 2);
-        EXPECT_EQ(host.field<StatusBar>("stbMain").panel(2), "간호사용 zelvo");
-        EXPECT_FALSE(host.user.find("ssrLogIN").visible());
-        EXPECT_FALSE(host.user.find("ssrCBJreuse").visible());
-        EXPECT_TRUE(host.field<Grid>("tdbCBJ").column(6).shown);
-        EXPECT_EQ(host.field<Grid>("tdbCBJ").column(2).width, 1400);
-        EXPECT_TRUE(host.field<TabControl>("c1tCBJmanage").selectable(2));
-        EXPECT_EQ(host.session.m_DTRPK, 0);
-    });
+    host.runNurse("doctor1/$/pass1#$#nobody/$/x#$#without separator#$#doctor2/$/pass2#$# doctor3/$/pass3",
+                  [&] {
+                      EXPECT_EQ(host.user.front().caption(), "ZEL-VO 메인 윈도우 - 간호사");
+                      EXPECT_EQ(openTabs(host), (std::vector<bool>{true, false, true, false}));
+                      EXPECT_EQ(host.field<TabControl>("c1tMain").current(), 2);
+                      EXPECT_EQ(host.field<ComboList>("cbodtrList").entryCount(), 2);
+                      EXPECT_EQ(host.field<StatusBar>("stbMain").panel(2), "간호사용 zelvo");
+                      EXPECT_FALSE(host.user.find("ssrLogIN").visible());
+                      EXPECT_FALSE(host.user.find("ssrCBJreuse").visible());
+                      EXPECT_TRUE(host.field<Grid>("tdbCBJ").column(6).shown);
+                      EXPECT_EQ(host.field<Grid>("tdbCBJ").column(2).width, 1400);
+                      EXPECT_TRUE(host.field<TabControl>("c1tCBJmanage").selectable(2));
+                      EXPECT_EQ(host.session.m_DTRPK, 0);
+                  });
     host.desktop.expectNoBox();
 }
 
@@ -166,8 +184,8 @@ TEST(SessionStart, keepsTheDesignedLabelsWithoutPharmacyInformation) {
     });
 }
 
-// Each statement of the start fails in turn, alone or with the line gone from there on: the window opens all the same, what could
-// not be read stays empty, and only the login says something.
+// Each statement of the start fails in turn, alone or with the line gone from there on: the window opens all
+// the same, what could not be read stays empty, and only the login says something.
 TEST(SessionStart, opensWhicheverStatementFails) {
     for (const bool gone : {false, true}) {
         int calls = 0;
@@ -194,14 +212,19 @@ TEST(SessionStart, opensWhicheverStatementFails) {
 }
 
 TEST(SessionStart, takesWhateverTheChartHandsOver) {
-    const std::string hostile[] = {"", "   ", std::string("a\0b\x01\r\n\t", 7), std::string(100000, 'x'), "\xff\xfe bad \xc3",
+    const std::string hostile[] = {"",
+                                   "   ",
+                                   std::string("a\0b\x01\r\n\t", 7),
+                                   std::string(100000, 'x'),
+                                   "\xff\xfe bad \xc3",
                                    "'; DROP TABLE t_Doctor; --"};
     for (const std::string& text : hostile) {
         HostSession host;
         host::HostArguments call = host.arguments();
-        for (std::string* value : {&call.PatientName, &call.PatientJumin, &call.PatientCell, &call.PatientTel, &call.PatientEmail,
-                                   &call.PatientZipCode, &call.PatientJuso, &call.HospitalName, &call.DoctorName,
-                                   &call.HospitalTel, &call.DoctorCell, &call.HospitalZipCode, &call.HospitalJuso}) {
+        for (std::string* value :
+             {&call.PatientName, &call.PatientJumin, &call.PatientCell, &call.PatientTel, &call.PatientEmail,
+              &call.PatientZipCode, &call.PatientJuso, &call.HospitalName, &call.DoctorName,
+              &call.HospitalTel, &call.DoctorCell, &call.HospitalZipCode, &call.HospitalJuso}) {
             *value = text;
         }
         bool opened = false;

@@ -221,21 +221,18 @@ TEST_F(OrderSendTest, EachFailingStatementLeavesNothing) {
 }
 
 TEST_F(OrderSendTest, ValuesThatDoNotFitAreFailures) {
-    const struct {
-        std::function<void(OrderWindow&)> spoil;
-        const char* caption;
-    } cases[] = {
-        {[](OrderWindow& w) { w.session.g_xaDrug.set(1, 6, "32768"); }, "처방전전송 에러"},
-        {[](OrderWindow& w) { w.patient.txtPatientAge.setText("99999"); }, "처방전전송 에러"},
-        {[](OrderWindow& w) { w.dose.txtPouchAmount.setText("40000"); }, "처방전 전송 에러"},
+    const std::function<void(OrderWindow&)> cases[] = {
+        [](OrderWindow& w) { w.session.g_xaDrug.set(1, 6, "32768"); },
+        [](OrderWindow& w) { w.patient.txtPatientAge.setText("99999"); },
+        [](OrderWindow& w) { w.dose.txtPouchTotal.setText("40000"); },
     };
-    for (const auto& test : cases) {
+    for (const auto& spoil : cases) {
         OrderWindow window(pharmacy);
         window.compose();
-        test.spoil(window);
+        spoil(window);
         window.run([&] { press(window); });
         const auto box = window.desktop.takeBox();
-        EXPECT_EQ(box.caption, test.caption) << box.text;
+        EXPECT_EQ(box.caption, "처방전전송 에러") << box.text;
         EXPECT_EQ(written(), "0 0 0 0 0");
     }
 }

@@ -10,8 +10,8 @@
 
 namespace zelvo::testing {
 
-/// A pharmacy of its own for one test: a SQLite file made from demo/pharmacy/*.sql, gone with the object. Which rows it
-/// holds is the demo's affair; a test that needs certain rows writes them itself.
+/// A pharmacy of its own for one test: a SQLite file made from demo/pharmacy/*.sql, gone with the object.
+/// Which rows it holds is the demo's affair; a test that needs certain rows writes them itself.
 class TestDatabase {
 public:
     /// `withCatalogue` false gives the bare tables.
@@ -25,7 +25,8 @@ public:
     std::string address() const { return "sqlite:" + path_; }
     std::unique_ptr<data::Connection> connect() const;
 
-    /// Behind the client's back, on a connection of its own: several statements at once, and what one statement gives.
+    /// Behind the client's back, on a connection of its own: several statements at once, and what one
+    /// statement gives.
     void run(const std::string& statements) const;
     std::string value(const std::string& query) const;
     std::vector<std::vector<std::string>> rows(const std::string& query) const;

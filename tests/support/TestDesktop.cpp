@@ -72,7 +72,9 @@ void TestDesktop::processEvents(bool) {
     if (const auto run = onEvents) run();  // it may set what runs the next time
 }
 
-void TestDesktop::waitForEvents(std::chrono::milliseconds) { processEvents(true); }
+void TestDesktop::waitForEvents(std::chrono::milliseconds) {
+    processEvents(true);
+}
 
 void TestDesktop::runModal(screen::Window& window) {
     auto& scripts = scripts_[window.name()];
@@ -87,14 +89,15 @@ void TestDesktop::runModal(screen::Window& window) {
     EXPECT_TRUE(window.leaving()) << window.name() << " can't be closed";
 }
 
-std::string TestDesktop::MemorySettings::read(std::string_view application, std::string_view section, std::string_view key,
-                                              std::string_view absent) const {
-    const auto found = values_.find(std::string(application) + '\n' + std::string(section) + '\n' + std::string(key));
+std::string TestDesktop::MemorySettings::read(std::string_view application, std::string_view section,
+                                              std::string_view key, std::string_view absent) const {
+    const auto found =
+        values_.find(std::string(application) + '\n' + std::string(section) + '\n' + std::string(key));
     return found == values_.end() ? std::string(absent) : found->second;
 }
 
-void TestDesktop::MemorySettings::write(std::string_view application, std::string_view section, std::string_view key,
-                                        std::string_view value) {
+void TestDesktop::MemorySettings::write(std::string_view application, std::string_view section,
+                                        std::string_view key, std::string_view value) {
     values_[std::string(application) + '\n' + std::string(section) + '\n' + std::string(key)] = value;
 }
 

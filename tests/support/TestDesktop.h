@@ -11,8 +11,9 @@
 
 namespace zelvo::testing {
 
-/// A screen without glass: records boxes and gives queued answers, runs windows by queued scripts. An answer that was queued and
-/// never used, a box that nobody looked at, and a script that never ran fail the test when the desktop goes.
+/// A screen without glass: records boxes and gives queued answers, runs windows by queued scripts. An answer
+/// that was queued and never used, a box that nobody looked at, and a script that never ran fail the test
+/// when the desktop goes.
 class TestDesktop : public screen::Desktop {
 public:
     TestDesktop() { yieldAlways(); }
@@ -30,8 +31,8 @@ public:
     screen::MessageBox takeBox();
     std::size_t unseenBoxes() const { return boxes_.size(); }
 
-    /// What is done in the next modal run of the window of this name. When the script ends and the window still stands, it is
-    /// closed as a user would. A window without a script fails the test and is closed.
+    /// What is done in the next modal run of the window of this name. When the script ends and the window
+    /// still stands, it is closed as a user would. A window without a script fails the test and is closed.
     void whenShown(const std::string& window, std::function<void(screen::Window&)> script);
     /// Shows `window` modally with this script.
     void show(screen::Window& window, std::function<void()> script);

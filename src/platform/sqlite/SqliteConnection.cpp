@@ -199,7 +199,7 @@ void SqliteConnection::rollback() {
 }
 
 bool isFileAddress(std::string_view address) {
-    return basics::foldCase(address.substr(0, addressPrefix.size())) == addressPrefix;
+    return address.starts_with(addressPrefix);
 }
 
 std::unique_ptr<data::Connection> openFile(const data::ServerLogin& login) {

@@ -11,7 +11,8 @@ HostSession::HostSession(bool withCatalogue)
       component(desktop, session,
                 [this](const data::ServerLogin& login) -> std::unique_ptr<data::Connection> {
                     ++opened;
-                    if (login.address != database.address()) throw basics::Fault("no such server: " + login.address);
+                    if (login.address != database.address())
+                        throw basics::Fault("no such server: " + login.address);
                     auto connection = std::make_unique<FaultyConnection>(database.connect());
                     line = connection.get();
                     line->failAt(failAtStart);

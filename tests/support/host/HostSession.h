@@ -12,7 +12,8 @@
 
 namespace zelvo::testing {
 
-/// A whole session as a chart starts it, on a database of its own. What happens in the main window is a script.
+/// A whole session as a chart starts it, on a database of its own. What happens in the main window is a
+/// script.
 struct HostSession {
     explicit HostSession(bool withCatalogue = true);
 

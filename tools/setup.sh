@@ -21,3 +21,6 @@ build_packages=(g++ cmake ninja-build ccache libsqlite3-dev libcurl4-openssl-dev
 run_packages=(sqlite3 ca-certificates)
 test_packages=(libgtest-dev openssl)
 check_packages=(clang-format clang-tidy)
+
+# What was compiled once, in whatever folder, is not compiled again.
+export CCACHE_BASEDIR=$PWD CCACHE_NOHASHDIR=1 CCACHE_SLOPPINESS=pch_defines,time_macros
