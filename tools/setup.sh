@@ -17,7 +17,7 @@ need() {
   "${apt[@]}" install -y -qq --no-install-recommends "${missing[@]}" >&2
 }
 
-build_packages=(g++ cmake ninja-build ccache libsqlite3-dev libcurl4-openssl-dev libcpp-httplib-dev)
+build_packages=(g++ cmake ninja-build ccache pkg-config libsqlite3-dev libcurl4-openssl-dev libcpp-httplib-dev)
 run_packages=(sqlite3 ca-certificates)
 test_packages=(libgtest-dev openssl)
 check_packages=(clang-format clang-tidy)
