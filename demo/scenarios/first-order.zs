@@ -41,6 +41,9 @@ type txtPouchAmount 100
 
 # To the patient by parcel, with a note to the pharmacy.
 choose cboBesongMethod 택배(환자)
+type txtEatGuideHosName 하늘한의원
+type txtEatGuideCall 025550123
+expect txtEatGuideCall 02-555-0123
 tab c1tCBJmsg 1
 type txtCBJmsg 식후 30분에 복용하도록 안내 부탁드립니다.
 choose cboPaymentMethod 적립
