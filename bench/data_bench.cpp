@@ -227,49 +227,6 @@ bool compareSends(const std::string& path) {
     return send.report();
 }
 
-/// What a session reads before its window shows.
-void startSession(data::Connection& connection) {
-    data::clsZELVORecordSet operations;
-    data::RecordSet info, notices, types, methods, addOns, orderList, money, used, mileage;
-    tables::XArrayDB array;
-    data::DoctorRecord doctor;
-    doctor.DTR_ID = "bench";
-    doctor.DTR_PWD = "pw";
-    operations.RecordSet_DoctorInfo(connection, 1, doctor);
-    connection.open(info, "SELECT * FROM t_PxInfo ", data::Cursor::Static);
-    operations.RecordSet_GongJi(connection, notices);
-    array.reDim(-1, 7);
-    operations.RecordSet_JobList(connection, types, array, 7);
-    operations.RecordSet_TangJun(connection, methods, array, 5);
-    operations.RecordSet_TangJunADD(connection, addOns, array, 7);
-    operations.RecordSet_CBJmInfo(connection, orderList, array, 4, 1, "", "", "");
-    operations.RecordSet_StockMoneyIN(connection, money, doctor.DTR_PK, "", "");
-    operations.RecordSet_StockMoneyUsed(connection, used, doctor.DTR_PK, "", "");
-    operations.RecordSet_StockMileage(connection, mileage, doctor.DTR_PK, "", "");
-}
-
-bool compareSessionStarts(const std::string& path) {
-    std::vector<std::string> statements;
-    {
-        sqlite::SqliteConnection connection(path);
-        Recorder recorder(connection);
-        startSession(recorder);
-        statements = recorder.statements;
-    }
-    Comparison start("session_start", 1.5);
-    for (int run = 0; run < 5 * runs; ++run) {
-        start.floor([&] {
-            BareDatabase bare(path);
-            for (const std::string& statement : statements) bare.readAll(statement);
-        });
-        start.measured([&] {
-            sqlite::SqliteConnection connection(path);
-            startSession(connection);
-        });
-    }
-    return start.report();
-}
-
 }  // namespace
 
 int main() {
@@ -282,7 +239,6 @@ int main() {
         makeDatabase(path);
         within = compareWalks(path);
         within = compareSends(path) && within;
-        within = compareSessionStarts(path) && within;
     } catch (const std::exception& fault) {
         std::fprintf(stderr, "%s\n", fault.what());
     }

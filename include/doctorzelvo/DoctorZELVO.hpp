@@ -56,7 +56,7 @@ public:
     /// Opens the window for a nurse: the accounts of her doctors, joined by "#$#".
     bool ZELVOInterface_Nurse(void* conSQL, const std::string& YakGukIP, const std::string& DoctorIDPWD);
 
-    /// Why the last call opened no window, "" when it did.
+    /// Why the last call was turned away, "" when it was not: a window of this process stood open.
     const std::string& errorText() const;
 
 private:

@@ -100,6 +100,8 @@ std::int16_t clsZELVORecordSet::RecordSet_YakGukDrugList(Connection& Conn, Recor
 
 std::int16_t clsZELVORecordSet::RecordSet_HapBang(Connection& Conn, const std::string& DGL_PK,
                                                   std::string& DGL_Internal, std::string& DGD_Danga) {
+    DGL_Internal.clear();
+    DGD_Danga.clear();
     return status([&] {
         const std::string today = serverDate(Conn);
         Statement statement(
@@ -114,8 +116,6 @@ std::int16_t clsZELVORecordSet::RecordSet_HapBang(Connection& Conn, const std::s
         statement.fill("[DGL_PK]", DGL_PK);
         RecordSet own;
         Conn.open(own, statement.text(), Cursor::Static);
-        DGL_Internal.clear();
-        DGD_Danga.clear();
         // A herb that is not sold today has no row, and reading one fails like a database that is gone.
         DGL_Internal = own.text("DGL_internal");
         DGD_Danga = own.text("DGD_Danga");

@@ -97,7 +97,7 @@ void DoctorLogin::showDoctor(LoginJob job, const data::DoctorRecord& doctor) {
 void DoctorLogin::showPayMethods(const std::string& validPay) {
     screen::ComboList& methods = views_.payment.cboPaymentMethod;
     methods.clear();
-    const account::ValidPay valid = account::validPay(validPay);
+    const account::ValidPay valid = account::validPay(basics::trim(validPay));
     if (valid.deposit) methods.addEntry(data::pay::deposit);
     if (valid.later) methods.addEntry(data::pay::later);
     if (valid.settled) methods.addEntry(data::pay::settled);

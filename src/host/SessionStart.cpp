@@ -13,6 +13,24 @@ SessionStart::SessionStart(frmDoctorOCSmain& form, session::Session& session, da
     : form_(form), session_(session), open_(std::move(open)) {}
 
 void SessionStart::Show_Form(const HostArguments& arguments) {
+    orUnload([&] { startDoctor(arguments); });
+}
+
+void SessionStart::Show_Form_Nurse(const HostArguments& arguments) {
+    orUnload([&] { startNurse(arguments); });
+}
+
+// A fault on the way to the screen goes to the chart, but no connection stays behind it.
+void SessionStart::orUnload(const std::function<void()>& start) {
+    try {
+        start();
+    } catch (...) {
+        form_.unload();
+        throw;
+    }
+}
+
+void SessionStart::startDoctor(const HostArguments& arguments) {
     if (!connect(arguments, "ZEL-VO 메인 윈도우 - 한의사")) return;
     form_.c1tMain.select(frmDoctorOCSmain::orderTab);
     session_.m_DTRPK = 0;
@@ -29,7 +47,7 @@ void SessionStart::Show_Form(const HostArguments& arguments) {
     form_.showModal();
 }
 
-void SessionStart::Show_Form_Nurse(const HostArguments& arguments) {
+void SessionStart::startNurse(const HostArguments& arguments) {
     if (!connect(arguments, "ZEL-VO 메인 윈도우 - 간호사")) return;
     form_.c1tMain.setSelectable(frmDoctorOCSmain::orderTab, false);
     form_.c1tMain.setSelectable(frmDoctorOCSmain::myOcsTab, false);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 
 #include "data/Connection.h"
@@ -20,6 +21,9 @@ public:
     void Show_Form_Nurse(const HostArguments& arguments);
 
 private:
+    void orUnload(const std::function<void()>& start);
+    void startDoctor(const HostArguments& arguments);
+    void startNurse(const HostArguments& arguments);
     bool connect(const HostArguments& arguments, const char* caption);
     void logIn();
     void Load_SessionData();

@@ -36,9 +36,13 @@ std::optional<std::string> textOf(const std::filesystem::path& path) {
 
 std::string UserSettings::read(std::string_view application, std::string_view section, std::string_view key,
                                std::string_view absent) const {
-    const auto text = textOf(fileOf(application));
-    if (!text) return std::string(absent);
-    return SettingsText(*text).value(section, key).value_or(std::string(absent));
+    try {
+        const auto text = textOf(fileOf(application));
+        if (text) return SettingsText(*text).value(section, key).value_or(std::string(absent));
+    } catch (const basics::Fault&) {
+        // A user without a home folder has no settings, but still has patients.
+    }
+    return std::string(absent);
 }
 
 void UserSettings::write(std::string_view application, std::string_view section, std::string_view key,
