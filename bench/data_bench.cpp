@@ -27,7 +27,7 @@ public:
     explicit BareDatabase(const std::string& path) {
         if (sqlite3_open(path.c_str(), &database_) != SQLITE_OK)
             throw std::runtime_error("can't open " + path);
-        run("PRAGMA synchronous = FULL");
+        run("PRAGMA synchronous = EXTRA");
     }
     ~BareDatabase() { sqlite3_close(database_); }
     BareDatabase(const BareDatabase&) = delete;

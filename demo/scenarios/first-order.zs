@@ -6,6 +6,9 @@ expect tab c1tMain 1
 expect hidden ssrCBJSend
 expect cell tdbJobList 0 2 "첩약 + 탕전"
 
+# The deposit pays for it, however often this has run.
+pharmacy deposit doctor1 30000
+
 # The herbs of one packet. Enter in the empty table adds its first row; Enter on a name opens the pharmacy's herbs.
 cellkey tdbDGL "약재명" Enter
 cell tdbDGL "약재명" 당귀

@@ -188,6 +188,8 @@ void HerbTable::pickHerb() {
     }
     tdbDGL.refresh();
     cellChanged(herb::pharmacyName);
+    // A herb that the pharmacy has no name for leaves the packets as they are, but not their price.
+    watch_.priceOutdated();
 }
 
 /// Just below the cell of the name, or at the table's left when that column is scrolled out of it.

@@ -40,7 +40,10 @@ frmYakGukDrug::frmYakGukDrug(screen::Desktop& desktop, session::Session& session
     tdbYakgukDrug.allowsUpdate = false;
     tdbYakgukDrug.emptyHint = "약재명의 일부를 넣고 Enter를 누르면 오늘 판매하는 약재가 나옵니다.";
 
-    tdbYakgukDrug.onRowChange.add([this](int, int) { takeCurrentRow(); });
+    // A later search that finds nothing takes no choice back.
+    tdbYakgukDrug.onRowChange.add([this](int, int) {
+        if (tdbYakgukDrug.onRow()) takeCurrentRow();
+    });
     tdbYakgukDrug.onKeyDown.add([this](int& code) {
         if (code != screen::keys::enter) return;
         code = screen::keys::none;

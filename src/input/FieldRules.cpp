@@ -104,6 +104,8 @@ void FieldRules::bindTyping(screen::TextField& field, const Rule& rule) {
         case Typing::Telephone:
             field.onKeyPress.add([&field](char32_t& key) { modTelNumFormat::TelNum_KeyPress(field, key); });
             field.onChange.add([&field] { modTelNumFormat::TelNum_Change(field); });
+            // A Backspace before a paste says nothing of what is pasted.
+            field.onInsert.add([&field] { field.setTag(""); });
             break;
         case Typing::NoSpaces:
             field.onKeyPress.add([this, &field](char32_t& key) {

@@ -13,7 +13,6 @@ namespace zelvo::ordering {
 namespace {
 
 constexpr std::string_view startMark = "[START]", endMark = "[END]", separator = "/*/";
-constexpr std::string_view pageFault = "비용계산 서버 웹페이지 오류";
 
 /// A whole number of won; white space around it is the page's layout and no part of it.
 std::optional<std::int32_t> wholeWon(std::string_view text) {
@@ -79,12 +78,12 @@ CostAnswer readCostAnswer(std::string_view answer, std::size_t lineCount) {
     if (start == std::string_view::npos) return failed(CostReading::NoStart, std::string(answer));
     const std::size_t end = answer.find(endMark, start + 1);
     if (end == std::string_view::npos) {
-        return failed(CostReading::NoEnd, std::string(pageFault) + "([END] 문자열 찾기 실패)");
+        return failed(CostReading::NoEnd, "비용계산 서버 웹페이지 오류([END] 문자열 찾기 실패)");
     }
     const std::size_t bodyAt = start + startMark.size();
     const std::string_view body = answer.substr(bodyAt, end - bodyAt);
     if (body.find(separator) == std::string_view::npos) {
-        return failed(CostReading::NoSeparator, std::string(pageFault) + "(/*/ 문자열 찾기 실패)");
+        return failed(CostReading::NoSeparator, "비용계산 서버 웹페이지 오류(/*/ 문자열 찾기 실패)");
     }
     if (!body.starts_with('1'))
         return failed(CostReading::Refused, "비용계산 실패(" + std::string(body) + ")");

@@ -60,7 +60,11 @@ public:
     ~WaitingView() {
         frames_.c1eSendmain.setEnabled(true);
         pane_.txtCOMcost.setVisible(false);
-        desktop_.processEvents(false);
+        try {
+            desktop_.processEvents(false);
+        } catch (const std::exception&) {
+            // Nothing that happens elsewhere may keep the cost lines away.
+        }
         pane_.tdbCostConfirm.setVisible(true);
     }
     WaitingView(const WaitingView&) = delete;

@@ -162,6 +162,7 @@ OrderSend::Stored OrderSend::storeOrder() {
             case data::CommitOutcome::Done:
                 return Stored::Yes;
             case data::CommitOutcome::Refused:
+                Remove_SendLog(form_.desktop(), lblsvrTime.caption());
                 return Stored::Refused;
             case data::CommitOutcome::Unknown:
                 return Stored::Unknown;

@@ -132,4 +132,13 @@ bool Write_SendLog(screen::Desktop& desktop, const OrderDraft& draft, const tabl
     }
 }
 
+void Remove_SendLog(screen::Desktop& desktop, const std::string& serverTime) {
+    try {
+        const auto files = desktop.components().make<screen::FileSystemObject>("Scripting.FileSystemObject");
+        files->deleteFile(files->fixedFolder("zelvo") + "/" + fileName(serverTime));
+    } catch (const std::exception&) {
+        // Nothing was written, or it can't be taken back; the box of the refused order says enough.
+    }
+}
+
 }  // namespace zelvo::ordering

@@ -18,5 +18,7 @@ std::string sendLogText(screen::Desktop& desktop, const OrderDraft& draft, const
 /// Shows nothing; false when it could not be written.
 bool Write_SendLog(screen::Desktop& desktop, const OrderDraft& draft, const tables::XArrayDB& costs,
                    const std::string& serverTime);
+/// Takes the log of an order back that was refused after all, where there is one. Shows nothing.
+void Remove_SendLog(screen::Desktop& desktop, const std::string& serverTime);
 
 }  // namespace zelvo::ordering

@@ -68,6 +68,7 @@ public:
     /// Makes the file, or empties it, and writes the whole text; the file is whole on the disk when this
     /// returns.
     virtual void writeTextFile(const std::string& path, std::string_view text) = 0;
+    virtual void deleteFile(const std::string& path) = 0;
 };
 
 /// The factory by class name. A host may register its own component under a name.

@@ -54,6 +54,7 @@ public:
 
     /// Adds a listener that stays as long as the event.
     void add(Handler handler) {
+        if (!listeners_) listeners_ = std::make_shared<Listeners>();
         auto& all = listeners_->all;
         if (listeners_->running == 0)
             std::erase_if(all, [](const auto& listener) { return listener->ended; });
@@ -72,6 +73,7 @@ public:
     template <class GoOn>
     void runWhile(GoOn goOn, Args... args) const {
         const auto keep = listeners_;  // outlives the owner
+        if (!keep) return;
         const Run run(*keep);
         const std::size_t count = keep->all.size();
         for (std::size_t i = 0; i < count && goOn(); ++i) {
@@ -89,7 +91,8 @@ private:
         Listeners& listeners;
     };
 
-    std::shared_ptr<Listeners> listeners_ = std::make_shared<Listeners>();
+    // Made with the first listener: most events of a window have none.
+    std::shared_ptr<Listeners> listeners_;
 };
 
 }  // namespace zelvo::screen

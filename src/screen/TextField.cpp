@@ -78,7 +78,9 @@ void EditField::setReadOnly(bool readOnly) {
 
 void EditField::userInsert(std::string_view text) {
     window().userInput([this, taken = insertable(basics::cleanUtf8(text), multiLine_)] {
-        if (reachable()) replaceSelection(taken);
+        if (!reachable()) return;
+        onInsert();
+        replaceSelection(taken);
     });
 }
 
@@ -177,15 +179,13 @@ RichTextField::RichTextField(Window& window, std::string name, Place place)
 
 void RichTextField::setRtf(std::string_view rtf) {
     if (!looksLikeRtf(rtf)) {
+        // A content without any text (a picture, say) is emptied too.
+        if (rtf.empty() && text().empty() && !rtf_.empty()) return change({}, 0, true);
         setText(rtf);
         return;
     }
     if (rtf == rtf_) return;
     std::string plain = rtfToPlain(rtf);
-    if (plain.empty()) {
-        setText({});
-        return;
-    }
     incoming_ = rtf;
     const std::size_t length = basics::characterCount(plain);
     change(std::move(plain), std::min(selectionStart(), length), true);

@@ -42,6 +42,8 @@ public:
     void applyKey(const Key& key) override;
 
     Event<> onChange;
+    /// A text is about to come in at once, without keys.
+    Event<> onInsert;
 
 protected:
     EditField(Window& window, std::string name, FieldKind kind, Place place);

@@ -21,7 +21,7 @@ int runConsole(const ConsoleOptions& options, const std::function<void(ConsoleDe
                   person ? &options.errors : nullptr);
     ConsoleDesktop desktop({script, options.out, options.errors, options.settings, options.pharmacy});
     session(desktop);
-    if (desktop.exitCode() == exits::done && !person) desktop.readRest();
+    if (!person && desktop.exitCode() == exits::done) desktop.readRest();
     return desktop.exitCode();
 }
 

@@ -118,7 +118,7 @@ void ConsoleDesktop::readRest() {
 
 int ConsoleDesktop::exitCode() const {
     if (!mainWas_) return exits::noConnection;
-    return endedOpen_ ? exits::failed : exits::done;
+    return endedOpen_ ? exits::failed : failed_;
 }
 
 /// The script is over and the window stands: it is closed as a user would, and so are those below it.
@@ -161,6 +161,7 @@ void ConsoleDesktop::fail(const Line& line, int code, const std::string& what) {
     parts_.out << std::flush;
     parts_.errors << parts_.script.name() << ":" << line.number << ": " << what << "\n" << std::flush;
     if (!parts_.script.interactive()) std::_Exit(code);
+    if (failed_ == exits::done) failed_ = code;
 }
 
 void ConsoleDesktop::processEvents(bool) {

@@ -44,8 +44,8 @@ public:
     void sent(const std::vector<std::string>& values);
     /// Runs the commands that are left when the windows have closed.
     void readRest();
-    /// What the run comes to so far: whether the main window ever opened, and whether the script ended with a
-    /// window open.
+    /// What the run comes to so far: whether the main window ever opened, whether the script ended with a
+    /// window open, and what a person's commands came to.
     int exitCode() const;
 
     /// For the commands.
@@ -98,6 +98,7 @@ private:
     std::vector<std::string> lastEvent_;
     int events_ = 0;
     bool mainWas_ = false, endedOpen_ = false;
+    int failed_ = exits::done;  ///< of a person's commands the first that failed
     screen::Pointer pointer_ = screen::Pointer::Normal;
 };
 

@@ -1,5 +1,6 @@
 #include "platform/files/FileSystemObject.h"
 
+#include "basics/Fault.h"
 #include "basics/Utf8.h"
 #include "platform/files/UserFolders.h"
 #include "platform/files/WholeFile.h"
@@ -21,6 +22,12 @@ void FileSystemObject::createFolder(const std::string& path) {
 
 void FileSystemObject::writeTextFile(const std::string& path, std::string_view text) {
     writeWholeFile(path, "\uFEFF" + basics::cleanUtf8(text));
+}
+
+void FileSystemObject::deleteFile(const std::string& path) {
+    std::error_code error;
+    std::filesystem::remove(path, error);
+    if (error) throw basics::Fault(path + " 파일을 지울 수 없습니다.");
 }
 
 }  // namespace zelvo::files
