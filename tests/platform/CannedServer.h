@@ -1,11 +1,16 @@
 #pragma once
 
+#include <arpa/inet.h>
+#include <netinet/in.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
+#include <array>
 #include <atomic>
 #include <functional>
-#include <mutex>
+#include <stdexcept>
 #include <string>
 #include <thread>
-#include <vector>
 
 namespace zelvo::testing {
 
@@ -21,35 +26,72 @@ public:
     using Handler = std::function<Reply(const std::string& request)>;
 
     /// Without a handler it closes each connection unread.
-    explicit CannedServer(Handler handler);
-    explicit CannedServer(std::string bytes)
+    explicit CannedServer(Handler handler) : handler_(std::move(handler)) {
+        sockaddr_in name{};
+        name.sin_family = AF_INET;
+        name.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+        socklen_t length = sizeof name;
+        auto* address = reinterpret_cast<sockaddr*>(&name);
+        if (bind(listener_, address, length) != 0 || listen(listener_, 8) != 0 ||
+            getsockname(listener_, address, &length) != 0) {
+            throw std::runtime_error("no loopback socket");
+        }
+        port_ = std::to_string(ntohs(name.sin_port));
+        thread_ = std::thread([this] { serve(); });
+    }
+    explicit CannedServer(const std::string& bytes)
         : CannedServer([bytes](const std::string&) { return Reply{bytes}; }) {}
-    ~CannedServer();
-    CannedServer(const CannedServer&) = delete;
-    CannedServer& operator=(const CannedServer&) = delete;
+    ~CannedServer() {
+        stopping_ = true;
+        stopping_.notify_all();
+        shutdown(listener_, SHUT_RDWR);
+        thread_.join();
+        close(listener_);
+    }
 
-    int port() const { return port_; }
-    std::string address(const std::string& path = "/") const;
-    /// Head and body of each request so far.
-    std::vector<std::string> requests() const;
+    std::string address(const std::string& path = "/") const { return "http://127.0.0.1:" + port_ + path; }
+    /// Head and body of the latest request; to be looked at once it has been answered.
+    const std::string& asked() const { return asked_; }
 
     /// A reply in good order with its length.
-    static std::string ok(const std::string& body,
-                          const std::string& contentType = "text/html; charset=UTF-8");
-    static std::string redirect(const std::string& target, const std::string& status = "302 Found");
-    /// A port on which nobody listens.
-    static int closedPort();
+    static std::string ok(const std::string& body) {
+        return "HTTP/1.1 200 OK\r\nConnection: close\r\nContent-Type: text/html; charset=UTF-8\r\n"
+               "Content-Length: " +
+               std::to_string(body.size()) + "\r\n\r\n" + body;
+    }
+    static std::string redirect(const std::string& target, const std::string& status = "302 Found") {
+        return "HTTP/1.1 " + status + "\r\nConnection: close\r\nLocation: " + target +
+               "\r\nContent-Length: 0\r\n\r\n";
+    }
 
 private:
-    void serve();
-    void answer(int connection);
-    std::string readRequest(int connection) const;
+    void serve() {
+        for (int peer = 0; (peer = accept(listener_, nullptr, nullptr)) >= 0; close(peer)) {
+            if (!handler_) continue;
+            asked_ = readRequest(peer);
+            const Reply reply = handler_(asked_);
+            send(peer, reply.bytes.data(), reply.bytes.size(), MSG_NOSIGNAL);
+            if (reply.hangs) stopping_.wait(false);
+        }
+    }
+    static std::string readRequest(int peer) {
+        std::string request;
+        std::array<char, 4096> block{};
+        for (std::size_t wanted = 0; request.size() < wanted || wanted == 0;) {
+            const auto count = recv(peer, block.data(), block.size(), 0);
+            if (count <= 0) break;
+            request.append(block.data(), static_cast<std::size_t>(count));
+            const auto end = request.find("\r\n\r\n"), length = request.find("Content-Length: ");
+            if (end == std::string::npos) continue;
+            wanted = end + 4 + (length < end ? std::stoul(request.substr(length + 16)) : 0);
+        }
+        return request;
+    }
 
     Handler handler_;
-    int listener_ = -1, port_ = 0;
+    int listener_ = socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
+    std::string port_, asked_;
     std::atomic<bool> stopping_ = false;
-    mutable std::mutex lock_;
-    std::vector<std::string> requests_;
     std::thread thread_;
 };
 
