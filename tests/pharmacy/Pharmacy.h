@@ -19,8 +19,6 @@ public:
         makePharmacy(path(), false);
     }
     ~TestPharmacy() { std::filesystem::remove_all(folder_); }
-    TestPharmacy(const TestPharmacy&) = delete;
-    TestPharmacy& operator=(const TestPharmacy&) = delete;
 
     std::string path() const { return file("pharmacy.db"); }
     std::string file(const std::string& name) const { return (folder_ / name).string(); }
