@@ -31,8 +31,7 @@ void clsZELVOInterface::makeWindow() {
 }
 
 void clsZELVOInterface::m_frmDoctorOCSMain_Send2Chart(const ordering::ChartRecord& record) {
-    const ordering::ChartRecord copy = record;
-    Send2Chart(copy);
+    Send2Chart(record);
 }
 
 }  // namespace zelvo::host
