@@ -23,7 +23,7 @@ using bench::BareDesktop;
 using bench::Comparison;
 namespace fs = std::filesystem;
 
-constexpr int startRuns = 15, keyRuns = 200, herbs = 100;
+constexpr int startRuns = 60, keyRuns = 200, herbs = 100;
 
 void runBare(sqlite3* database, const std::string& statements) {
     if (sqlite3_exec(database, statements.c_str(), nullptr, nullptr, nullptr) != SQLITE_OK) {
