@@ -1,14 +1,14 @@
-#include "composition/HerbDesk.h"
+#include "composition/OrderDesk.h"
 
 namespace zelvo::composition {
 namespace {
 
-using testing::HerbDesk;
+using testing::OrderDesk;
 
 const std::string angelica = "당귀|토당귀|2|4|320|1280|1|0||", peony = "작약|작약(국산)|3|4|18|72|2|0||";
 
 auto pick(const char* key) {
-    return [key](HerbDesk& desk) {
+    return [key](OrderDesk& desk) {
         desk.desktop.whenShown("frmYakGukDrug",
                                [&](screen::Window&) { desk.user.key("tdbYakgukDrug", {key}); });
         desk.user.cellKey("tdbDGL", "약재명", "Enter");
@@ -16,135 +16,93 @@ auto pick(const char* key) {
 }
 
 TEST(HerbTable, IsComposedByTheKeyboard) {
-    HerbDesk desk;
-    console::UserActions& user = desk.user;
-    screen::Grid& grid = desk.table.tdbDGL;
-    desk.desktop.show(desk.form, [&] {
-        user.key("tdbDGL", {"Enter"});
-        EXPECT_EQ(desk.lines(), "|||||||||");
-        EXPECT_EQ(grid.currentColumn(), 1);
-        user.key("tdbDGL", {"Enter"});  // no name, no picker
-        user.cell("tdbDGL", "약재명", "당귀");
+    OrderDesk desk;
+    screen::Grid& grid = desk.herbs.tdbDGL;
+    desk.run([&] {
+        desk.user.key("tdbDGL", {"Enter", "Enter"});  // without a name no picker opens
+        desk.user.cell("tdbDGL", "약재명", "당귀");
         pick("Enter")(desk);
-        EXPECT_EQ(desk.lines(), "당귀|토당귀|2||320||1|-1||");
-        EXPECT_EQ(grid.rowStyle(0), "styDGLStateRed");
-        user.key("tdbDGL", {"4", "Enter"});
-        EXPECT_EQ(desk.lines(), angelica);
-        EXPECT_EQ(grid.shownText(0, 6), "1,280");
-        EXPECT_EQ(grid.rowStyle(0), "styDGLStateBlack");
-        EXPECT_EQ(grid.caption(), " 1첩 기준의 약재 구성 [1]");
-
-        user.key("tdbDGL", {"Enter"});
-        EXPECT_EQ(grid.currentRow(), 1);
-        EXPECT_EQ(grid.currentColumn(), 1);
-        user.cell("tdbDGL", "약재명", "당");
+        EXPECT_EQ(desk.lines() + grid.rowStyle(0), "당귀|토당귀|2||320||1|-1||styDGLStateRed");
+        desk.user.key("tdbDGL", {"4", "Enter"});
+        EXPECT_EQ(desk.lines() + grid.rowStyle(0), angelica + "styDGLStateBlack");
+        desk.user.key("tdbDGL", {"Enter"});
+        desk.user.cell("tdbDGL", "약재명", "당");
         pick("Enter")(desk);
         desk.desktop.expectBox("약재구성", "이미 [1] 번째 레코드에 같은 한약국약재가 존재 합니다.");
         EXPECT_EQ(desk.lines(), angelica + "\n당귀||2||320||2|-1||");
-
-        user.row("tdbDGL", 0);
-        user.cellKey("tdbDGL", "비고", "Enter");
-        EXPECT_EQ(grid.currentRow(), 1);
-        EXPECT_EQ(grid.rowCount(), 2);
+        desk.user.row("tdbDGL", 0);
+        desk.user.cellKey("tdbDGL", "비고", "Enter");
+        EXPECT_EQ(grid.currentRow() + grid.rowCount(), 1 + 2);
     });
 }
 
-TEST(HerbTable, AChangedCellTellsOn) {
-    struct Case {
-        const char* label;
-        std::function<void(HerbDesk&)> gesture;
-        std::string line;
-        int changed, outdated;
-    };
+TEST(HerbTable, AChangeTellsOn) {
+    using enum screen::Answer;
     const auto cell = [](const char* column, const char* text) {
-        return [=](HerbDesk& desk) { desk.user.cell("tdbDGL", column, text); };
+        return [=](OrderDesk& desk) { desk.user.cell("tdbDGL", column, text); };
     };
     const auto note = [](const char* key) {
-        return [key](HerbDesk& desk) {
+        return [key](OrderDesk& desk) {
             desk.desktop.whenShown("frmMessage", [&](screen::Window& window) {
                 EXPECT_EQ(window.caption(), "당귀");
                 desk.user.type("rtxMessage", "술에 씻어");
-                if (*key) desk.user.key("rtxMessage", {key});
-                if (!*key) desk.user.press("cmdReg");
+                *key ? desk.user.key("rtxMessage", {key}) : desk.user.press("cmdReg");
             });
             desk.user.cellButton("tdbDGL", "비고");
         };
     };
-    const auto lookAround = [](HerbDesk& desk) {
-        desk.desktop.whenShown("frmYakGukDrug", [&](screen::Window&) {
-            EXPECT_EQ(desk.connection->statements.size(), 0U);
-            desk.user.press("cmdFind");
-            desk.user.key("tdbYakgukDrug", {"Down", "Enter"});
-        });
-        desk.user.press("ssrYakGukDrug");
+    const auto remove = [](const char* button, screen::Answer answer, const char* question) {
+        return [=](OrderDesk& desk) {
+            desk.add(peony);
+            desk.desktop.answer(answer);
+            desk.user.press(button);
+            EXPECT_EQ(desk.desktop.takeBox().text, question);
+        };
     };
-    const std::vector<Case> cases = {
+    const struct {
+        const char* label;
+        std::function<void(OrderDesk&)> gesture;
+        std::string line;
+        int changed, outdated;
+    } cases[] = {
         {"another name", cell("약재명", "인삼"), "인삼||||||1|-1||", 2, 1},
         {"no name", cell("약재명", ""), "|토당귀|2|4|320|1280|1|-1||", 1, 1},
         {"grams", cell("용량(g)", "5.5"), "당귀|토당귀|2|5.5|320|1760|1|0||", 2, 1},
-        {"no grams", cell("용량(g)", ""), "당귀|토당귀|2||320||1|-1||", 1, 1},
         {"keys that grams don't take", cell("용량(g)", "1-.g 2.3"), "당귀|토당귀|2|1.23|320|394|1|0||", 2, 1},
         {"seven characters at most", cell("용량(g)", "000000012"), "당귀|토당귀|2|0000000|320||1|-1||", 2, 1},
-        {"the same grams", cell("용량(g)", "4"), angelica, 1, 1},
         {"a note", cell("비고", "술"), angelica + "술", 1, 1},
         {"a note by its button", note(""), angelica + "술에 씻어", 0, 0},
         {"a note left by Esc", note("Esc"), angelica, 0, 0},
-        {"a herb for the same grams", pick("Enter"), "당귀|토당귀|2|4|320|1,280|1|0||", 1, 0},
+        {"a herb for the same grams", pick("Enter"), "당귀|토당귀|2|4|320|1,280|1|0||", 1, 1},
         {"a pick left by Esc", pick("Esc"), angelica, 0, 0},
-        {"a look around", lookAround, angelica, 0, 0},
+        {"deleted", remove("sscDrugDelete", Yes, "선택된 약재를 삭제하시겠습니까?"),
+         "작약|작약(국산)|3|4|18|72|1|0||", 1, 1},
+        {"not deleted", remove("sscDrugDelete", No, "선택된 약재를 삭제하시겠습니까?"),
+         angelica + "\n" + peony, 0, 0},
+        {"reset", remove("sscDrugReset", Yes, "약재정보를 초기화하시겠습니까?"), "", 1, 1},
     };
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         SCOPED_TRACE(c.label);
-        HerbDesk desk;
+        OrderDesk desk;
         desk.add(angelica);
-        desk.desktop.show(desk.form, [&] { c.gesture(desk); });
+        desk.run([&] { c.gesture(desk); });
         EXPECT_EQ(desk.lines(), c.line);
         EXPECT_EQ(desk.changed, c.changed);
-        EXPECT_EQ(desk.watch.outdated, c.outdated);
+        EXPECT_EQ(desk.gate.outdated, c.outdated);
     }
 }
 
-TEST(HerbTable, RowsAreDeletedAndResetOnlyAfterYes) {
-    HerbDesk desk;
-    const char *deletion = "선택된 약재를 삭제하시겠습니까?", *reset = "약재정보를 초기화하시겠습니까?";
-    const auto press = [&](const char* button, screen::Answer answer, const char* caption, const char* text) {
-        desk.changed = desk.watch.outdated = 0;
-        desk.desktop.answer(answer);
-        desk.user.press(button);
-        desk.desktop.expectQuestion(caption, text);
-        EXPECT_EQ(desk.changed, answer == screen::Answer::Yes);
-        EXPECT_EQ(desk.watch.outdated, desk.changed);
-    };
-    desk.desktop.show(desk.form, [&] {
-        desk.user.press("sscDrugDelete");
-        desk.user.press("sscDrugReset");
-        desk.add(angelica);
-        desk.add(peony);
-        press("sscDrugDelete", screen::Answer::No, "처방약재삭제", deletion);
-        press("sscDrugReset", screen::Answer::No, "처방약재 초기화", reset);
-        EXPECT_EQ(desk.table.tdbDGL.rowCount(), 2);
-        press("sscDrugDelete", screen::Answer::Yes, "처방약재삭제", deletion);
-        EXPECT_EQ(desk.lines(), "작약|작약(국산)|3|4|18|72|1|0||");
-        EXPECT_EQ(desk.table.tdbDGL.caption(), " 1첩 기준의 약재 구성 [1]");
-        press("sscDrugReset", screen::Answer::Yes, "처방약재 초기화", reset);
-        EXPECT_EQ(desk.table.tdbDGL.rowCount(), 0);
-        EXPECT_EQ(desk.table.tdbDGL.caption(), " 1첩 기준의 약재 구성");
-    });
-}
-
 TEST(HerbMerge, BringsStoredHerbsToTodaysCatalogue) {
-    struct Case {
+    const std::string merged = "당귀|토당귀|2|4|320|1280|1|0|1|";
+    const struct {
         const char* label;
         std::string before, stored, after;  // stored: name, key, grams, note
         int failAt = 0;
-    };
-    const std::string merged = "당귀|토당귀|2|4|320|1280|1|0|1|";
-    const std::vector<Case> cases = {
+    } cases[] = {
         {"a plain copy", "", "당귀|2|4|\n당귀|2|6|술", angelica + "\n당귀|토당귀|2|6|320|1920|2|0||술"},
         {"no longer sold", "", "감초|4|1|구워", "감초|||1|||1|-1||구워"},
         {"without a price today", "", "천궁|5|2|", "천궁|||2|||1|-1||"},
         {"without a pharmacy name", "", "녹각|6|3|", "녹각||||||1|-1||"},
-        {"without a key", "", "모름||3|", "모름|||3|||1|-1||"},
         {"without grams", "", "당귀|2||", "당귀|토당귀|2||320||1|-1||"},
         {"less than half a won", "", "계피|7|4|", "계피|계피(베트남)|7|4|0.02||1|-1||"},
         {"a larger older one", angelica + "\n" + peony, "참당귀|2|3.9|", merged + "\n" + peony},
@@ -156,9 +114,9 @@ TEST(HerbMerge, BringsStoredHerbsToTodaysCatalogue) {
         {"no date from the database", "", "당귀|2|4|", "당귀|||4|||1|-1||", 1},
         {"no price from the database", "", "당귀|2|4|", "당귀|||4|||1|-1||", 2},
     };
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         SCOPED_TRACE(c.label);
-        HerbDesk desk;
+        OrderDesk desk;
         desk.add(c.before);
         tables::XArrayDB rows;
         rows.reDim(-1, 3);
@@ -166,11 +124,9 @@ TEST(HerbMerge, BringsStoredHerbsToTodaysCatalogue) {
         screen::Grid detail(desk.form, "tdbDetail", {},
                             {{"약재명"}, {"한약국약재PK"}, {"용량(g)"}, {"비고"}});
         detail.bind(&rows);
-        desk.connection->failAt(c.failAt);
-        desk.table.Load_DrugFromGrid(detail);
+        desk.line->failAt(c.failAt);
+        desk.herbs.Load_DrugFromGrid(detail);
         EXPECT_EQ(desk.lines(), c.after);
-        EXPECT_EQ(detail.currentRow(), 0);
-        EXPECT_EQ(desk.desktop.pointerHistory, (std::vector<std::string>{"busy", "normal"}));
     }
 }
 

@@ -1,7 +1,8 @@
 #pragma once
 
-#include <memory>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "data/clsZELVORecordSet.h"
 #include "data/clsZELVOStockmoney.h"
@@ -9,7 +10,7 @@
 
 namespace zelvo::testing {
 
-/// What nobody should be able to hurt a statement with.
+/// What nobody should be able to hurt a statement with, and its name.
 inline const std::vector<std::pair<std::string, std::string>>& hostileTexts() {
     static const std::vector<std::pair<std::string, std::string>> texts = {
         {"quote", "O'Neil"},
@@ -31,25 +32,14 @@ inline const std::vector<std::pair<std::string, std::string>>& hostileTexts() {
     return texts;
 }
 
-/// An order that belongs to doctor 1, the way the send writes one.
+/// An order of doctor 1 over 56,000 won, paid from the deposit.
 inline data::ChubangJun sampleOrder() {
     data::ChubangJun order;
-    order.DTR_PK = 1;
-    order.Patient_PK = 77;
+    order.DTR_PK = order.CBJ_IsPaid = order.CBJ_JobList_PK = order.CBJ_PayMethod = 1;
     order.Patient_Name = "김환자";
-    order.Patient_Age = 41;
-    order.Patient_Sex = 1;
-    order.Patient_Jumin = "830101-1234567";
-    order.CBJ_IsPaid = 1;
-    order.CBJ_JobList_PK = 1;
-    order.CBJ_TJML_PK = 1;
     order.CBJ_DrugCost = 52'000;
     order.CBJ_BesongCost = 4'000;
-    order.CBJ_Chubsu = 20;
-    order.CBJ_PouchAmount = 100.5F;
     order.CBJ_DayTuyak = 0.1F;
-    order.CBJ_PayMethod = 1;
-    order.CBJ_BesongMethod = 2;
     order.CBJ_Reci_Date = "1900-01-01";
     order.CBJ_RegDate = "2024-05-06 09:08:07";
     return order;

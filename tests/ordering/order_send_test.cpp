@@ -3,7 +3,6 @@
 
 #include <csignal>
 
-#include "basics/Text.h"
 #include "support/OrderWindow.h"
 
 namespace zelvo::ordering {
@@ -14,103 +13,105 @@ using screen::BoxIcon;
 using testing::CostPage;
 using testing::OrderWindow;
 
+using Box = std::pair<std::string, std::string>;
 constexpr const char* success =
     "[탕전] 처방전 전송을 성공했습니다.\r[벡소라]에도 진료기록을 남기려면 [진료부에 기록]을 실행하십시오.\r"
     "  참고 : [벡소라]에 처방에 대한 자료가 표시되어 있습니다.\r\rZELVO를 종료하고 [벡소라]로 복귀하시겠습니까?";
-constexpr const char* logFailed =
-    "[처방전 전송은 정상적으로 전송] 되었습니다. -  처방전 로그 파일 기록에 실패하였습니다.";
 
-class OrderSendTest : public ::testing::Test {
-protected:
-    OrderSendTest() { OrderWindow::stock(pharmacy); }
+/// Rows of the five tables that an order writes: `all` for a whole one of two herbs.
+std::string written(const testing::OrderPharmacy& pharmacy) {
+    return pharmacy.value(
+        "SELECT (SELECT count(*) FROM t_ChubangJun) || ' ' || (SELECT count(*) FROM t_Stock WHERE CBJ_PK <> 0) || ' ' ||"
+        " (SELECT count(*) FROM t_CBJcostDetail) || ' ' || (SELECT count(*) FROM t_CBJDetail) || ' ' ||"
+        " (SELECT count(*) FROM t_EatGuide)");
+}
+const std::string all = "1 1 1 2 1", nothing = "0 0 0 0 0";
 
-    /// Rows of the five tables that an order writes, "1 1 1 2 1" for a whole one of two herbs.
-    std::string written() const {
-        return pharmacy.value(
-            "SELECT (SELECT count(*) FROM t_ChubangJun) || ' ' || (SELECT count(*) FROM t_Stock WHERE CBJ_PK <> 0) || ' ' ||"
-            " (SELECT count(*) FROM t_CBJcostDetail) || ' ' || (SELECT count(*) FROM t_CBJDetail) || ' ' ||"
-            " (SELECT count(*) FROM t_EatGuide)");
-    }
-    void deposit(std::int64_t won) const {
-        pharmacy.run("INSERT INTO t_Stock (DTR_PK, CBJ_PK, STK_Money) VALUES (1, 0, " + std::to_string(won) +
-                     ")");
-    }
-    static void press(OrderWindow& window) {
-        window.user.press("ssrCostConfirm");
-        window.user.press("ssrCBJSend");
-    }
+/// Puts won into the doctor's deposit, from which the order is then paid.
+void payFromDeposit(OrderWindow& window, std::int64_t won) {
+    window.pharmacy->run("INSERT INTO t_Stock (DTR_PK, CBJ_PK, STK_Money) VALUES (1, 0, " +
+                         std::to_string(won) + ")");
+    window.compose();
+    window.payment.cboPaymentMethod.select(0);
+}
 
-    testing::TestDatabase pharmacy{false};
-};
-
-TEST_F(OrderSendTest, StoresTheOrderAndTellsTheChart) {
-    OrderWindow window(pharmacy);
+TEST(OrderSend, StoresTheOrderAndTellsTheChart) {
+    OrderWindow window;
     window.compose();
     window.patient.txtBesongJuso.setText("서울 '강남' [CBJ_PK]");
     window.desktop.answer(Answer::No);
     window.run([&] {
-        press(window);
-        EXPECT_FALSE(window.gate.ssrCBJSend.visible());
-        EXPECT_FALSE(window.form.leaving());
+        window.priceAndSend();
+        EXPECT_FALSE(window.gate.ssrCBJSend.visible() || window.form.leaving());
     });
     window.desktop.expectQuestion("처방전 전송 성공", success);
     const std::string time = window.send.lblsvrTime.caption();
-    const auto orders = pharmacy.rows(
-        "SELECT DTR_PK, Patient_PK, Patient_Name, Patient_Age, Patient_Sex, CBJ_IsPaid, CBJ_JobList_PK, CBJ_TJML_PK,"
-        " CBJ_TJAL_Slot, CBJ_DrugCost, CBJ_JojeCost, CBJ_Chubsu, CBJ_PouchAmount, CBJ_PouchTotal, CBJ_DayTuyak,"
-        " CBJ_Tuyakilsu, CBJ_BesongMethod, CBJ_PayMethod, CBJ_Send_Hospital, CBJ_Send_Address, CBJ_Reci_Address,"
-        " CBJ_Reci_Date, CBJ_Msg, CBJ_RegDate, CBJ_State FROM t_ChubangJun");
-    ASSERT_EQ(orders.size(), 1U);
-    EXPECT_EQ(
-        basics::join(orders[0], "|"),
-        "1|4711|김환자|42|1|0|5|2|001" + std::string(61, '0') +
-            "|72040|0|20|100|21|3|7|2|2|우리한의원|서울 종로구 2|서울 강남 [CBJ_PK]|1900-01-01| 잘 부탁합니다 |" +
-            time + "|0");
-    EXPECT_EQ(window.patient.txtPatientAge.text(), "42");
-    EXPECT_EQ(pharmacy.rows(
-                  "SELECT DGL_PK, DGL_CallSign, DET_Weight, DET_Danga, DET_Money, DET_Note, DET_Order FROM"
-                  " t_CBJDetail ORDER BY DET_Order")[1],
-              (std::vector<std::string>{"12", "작약", "3.5", "1000", "3500", "볶은 것", "2"}));
-    EXPECT_EQ(pharmacy.value("SELECT STK_Money || STK_Note || STK_Date FROM t_Stock"),
-              "720Mileage 금액" + time);
-    EXPECT_EQ(pharmacy.value("SELECT CCD_ElseCost FROM t_CBJcostDetail"), "note 10\r\nmore");
-    EXPECT_EQ(pharmacy.value("SELECT BogYak FROM t_EatGuide"), window.sheet.rtxEatGuide.rtf());
-    EXPECT_EQ(window.logs.size(), 1U);
+    const std::pair<std::string, std::string> stored[] = {
+        {"SELECT DTR_PK, Patient_PK, Patient_Name, Patient_Age, Patient_Sex, CBJ_IsPaid, CBJ_JobList_PK, CBJ_TJML_PK,"
+         " CBJ_TJAL_Slot, CBJ_DrugCost, CBJ_JojeCost, CBJ_Chubsu, CBJ_PouchAmount, CBJ_PouchTotal, CBJ_DayTuyak,"
+         " CBJ_Tuyakilsu, CBJ_BesongMethod, CBJ_PayMethod, CBJ_Send_Hospital, CBJ_Send_Address, CBJ_Reci_Address,"
+         " CBJ_Reci_Date, CBJ_Msg, CBJ_RegDate, CBJ_State, CBJ_IsCanceled, CBJ_UserCost FROM t_ChubangJun",
+         "1|4711|김환자|42|1|0|5|2|001" + std::string(61, '0') +
+             "|72040|0|20|100|21|3|7|2|2|우리한의원|서울 종로구 2|서울 강남 [CBJ_PK]|1900-01-01| 잘 부탁합니다 |" +
+             time + "|0|0|0"},
+        {"SELECT DGL_PK, DGL_CallSign, DET_Weight, DET_Danga, DET_Money, DET_Note FROM t_CBJDetail WHERE DET_Order = 2",
+         "12|작약|3.5|1000|3500|볶은 것"},
+        {"SELECT DTR_PK, CBJ_PK, CBJ_IsCanceled, STK_Money, STK_Method, STK_Note, STK_Date FROM t_Stock",
+         "1|1|0|720|0|Mileage 금액|" + time},
+        {"SELECT CBJ_PK, CCD_ElseCost FROM t_CBJcostDetail", "1|note 10\r\nmore"},
+        {"SELECT CBJ_PK, BogYak FROM t_EatGuide", "1|" + window.sheet.rtxEatGuide.rtf()},
+    };
+    for (const auto& [query, row] : stored)
+        EXPECT_EQ(basics::join(window.pharmacy->rows(query).at(0), "|"), row);
+    EXPECT_EQ(written(*window.pharmacy), all);
+
+    ASSERT_EQ(window.logs.size(), 1U);
+    const auto& [path, log] = *window.logs.begin();
+    EXPECT_TRUE(path.starts_with("/logs/zelvo/zelvo_20")) << path;
+    const std::string pieces[] = {
+        "[" + time + "] 전송한 처방전 입니다. </font><BR><BR>[환자NO]= 4711, [환자이름]= 김 환자",
+        "<tr><td>작약&nbsp;</td><td>한약국 작약&nbsp;</td><td>3.5&nbsp;</td><td>1,000&nbsp;</td><td>3,500&nbsp;</td>"
+        "<td>볶은 것&nbsp;</td></tr></table><BR>[첩수]= 20, [약재가격]= 72,040<BR><BR>[탕전정보]= 압력탕전<BR>[제형변화]= "
+        "녹용<BR>[1일 복용팩수]= 3, [복용일]= 7, [총파우치]= 21, [1팩용량]= 100<BR><BR>[처방메세지]<BR><table border=1 "
+        "cellspacing=0 cellpadding=2><tr><td> 잘 부탁합니다 </td></tr></table><BR>[복용법]<BR>",
+        "<tr><td>약재비용&nbsp;</td><td>72,040&nbsp;</td><td>note 2&nbsp;</td></tr>",
+    };
+    for (const std::string& piece : pieces) EXPECT_NE(log.find(piece), std::string::npos) << piece << log;
 
     ASSERT_EQ(window.sent.size(), 1U);
     const ChartRecord& record = window.sent[0];
-    EXPECT_EQ(record.strJob + record.strMessage, "탕전잘 부탁합니다");
-    EXPECT_EQ((std::vector<int>{record.intChupSu, record.intPouchAmount, record.intTuyakilsu,
-                                record.intPouchTotal, record.lngSumCost}),
-              (std::vector<int>{20, 100, 7, 21, 72040}));
-    EXPECT_EQ(record.sglDayTuYak, 3);
-    EXPECT_EQ(record.strxDrugList, "당귀/$CD$/4/$RD$/작약/$CD$/3.5");
+    EXPECT_EQ(record.strJob + "|" + record.strMessage + "|" + record.strxDrugList,
+              "탕전|잘 부탁합니다|당귀/$CD$/4/$RD$/작약/$CD$/3.5");
+    EXPECT_EQ(std::tuple(record.intChupSu, record.intPouchAmount, record.intTuyakilsu, record.intPouchTotal,
+                         record.lngSumCost, record.sglDayTuYak),
+              std::tuple(20, 100, 7, 21, 72040, 3));
 }
 
-TEST_F(OrderSendTest, AnOrderTypeWithNeitherSectionStoresNeither) {
-    OrderWindow window(pharmacy);
+TEST(OrderSend, AnOrderTypeWithNeitherSectionSendsNeither) {
+    OrderWindow window;
     window.compose(2);
     window.page.answer = CostPage::priced(500);
-    window.run([&] { press(window); });
+    window.run([&] { window.priceAndSend(); });
     EXPECT_EQ(window.desktop.takeBox().caption, "처방전 전송 성공");
     EXPECT_TRUE(window.form.unloaded()) << "Yes is the default and leads back to the chart";
-    EXPECT_EQ(written(), "1 0 1 0 1");
-    EXPECT_EQ(pharmacy.value("SELECT CBJ_Chubsu || CBJ_PouchTotal || CBJ_TJAL_Slot FROM t_ChubangJun"), "00");
-    EXPECT_EQ(window.sent.at(0).intChupSu + window.sent[0].intPouchTotal, 0);
-    EXPECT_EQ(window.sent[0].strxDrugList, "");
+    const auto& asked = window.page.requests.at(0);
+    EXPECT_EQ(asked.chubsu + asked.drugPrice + asked.tjmlKey + asked.pouchAmount + asked.pouchTotal, "00000");
+    EXPECT_EQ(asked.drugText + asked.tjalSlot + window.sent.at(0).strxDrugList, "");
+    EXPECT_EQ(written(*window.pharmacy), "1 0 1 0 1");
+    EXPECT_EQ(window.pharmacy->rows("SELECT CBJ_Chubsu, CBJ_PouchTotal, CBJ_TJAL_Slot FROM t_ChubangJun")[0],
+              (std::vector<std::string>{"0", "0", ""}));
 }
 
-TEST_F(OrderSendTest, MoneyRules) {
-    const char* none =
-        "적립된 금액이 없습니다.\r\n\r\n[후불][후불정산]으로 전송하시거나 또는 [한약국으로 연락] 주십시오.";
-    const auto shortOf = [](const std::string& won) {
-        return "적립금이 [ " + won +
-               " ]원 부족합니다.\r\n\r\n[후불][후불정산]로 전송하시거나 또는 [한약국으로 연락] 주십시오.";
+TEST(OrderSend, MoneyRules) {
+    const std::string contact = " 또는 [한약국으로 연락] 주십시오.";
+    const std::string none = "적립된 금액이 없습니다.\r\n\r\n[후불][후불정산]으로 전송하시거나" + contact;
+    const auto shortOf = [&](const std::string& won) {
+        return "적립금이 [ " + won + " ]원 부족합니다.\r\n\r\n[후불][후불정산]로 전송하시거나" + contact;
     };
     const struct {
         std::int64_t deposit, cost;
-        std::string refusal;
-    } cases[] = {{10000, 10000, ""},
+        std::string told, stored = "";
+    } cases[] = {{10000, 10000, success, "11"},
                  {10000, 10001, shortOf("1")},
                  {0, 0, none},
                  {0, 500, none},
@@ -118,55 +119,42 @@ TEST_F(OrderSendTest, MoneyRules) {
                  {-2000000000, 2000000000, shortOf("4,000,000,000")}};
     for (const auto& test : cases) {
         SCOPED_TRACE(std::to_string(test.deposit) + " pays " + std::to_string(test.cost));
-        testing::TestDatabase own(false);
-        OrderWindow::stock(own);
-        own.run("INSERT INTO t_Stock (DTR_PK, CBJ_PK, STK_Money) VALUES (1, 0, " +
-                std::to_string(test.deposit) + ")");
-        OrderWindow window(own);
-        window.compose();
+        OrderWindow window;
+        payFromDeposit(window, test.deposit);
         window.page.answer = CostPage::priced(test.cost);
-        window.payment.cboPaymentMethod.select(0);
         window.run([&] {
-            press(window);
+            window.priceAndSend();
             EXPECT_FALSE(window.gate.costConfirmed() || window.gate.ssrCBJSend.visible());
         });
-        if (!test.refusal.empty()) {
-            window.desktop.expectBox("비용확인", test.refusal);
-        } else {
-            EXPECT_EQ(window.desktop.takeBox().caption, "처방전 전송 성공");
-            EXPECT_EQ(own.value("SELECT CBJ_PayMethod || CBJ_IsPaid FROM t_ChubangJun"), "11");
-        }
-        EXPECT_EQ(own.value("SELECT count(*) FROM t_ChubangJun"), test.refusal.empty() ? "1" : "0");
+        EXPECT_EQ(window.desktop.takeBox().text, test.told);
+        EXPECT_EQ(window.pharmacy->value("SELECT CBJ_PayMethod || CBJ_IsPaid FROM t_ChubangJun"),
+                  test.stored);
     }
 }
 
-TEST_F(OrderSendTest, DuplicateHerbsAreAskedAboutOnce) {
-    OrderWindow window(pharmacy);
+TEST(OrderSend, DuplicateHerbsAreAskedAboutOnce) {
+    const char* question =
+        "[ 당귀 ] 약재명이 중복되었습니다. 다시 구성하시겠습니까?\r\n\r\n예(Y) = 약재정보를 다시 "
+        "구성\r\n\r\n아니오(N) = 처방전 전송";
+    OrderWindow window;
     window.compose();
-    window.addHerb("당귀", 13, "1", "10", "10");
-    window.addHerb("작약", 12, "1", "10", "10");
-    window.desktop.answer(Answer::Yes);
-    window.desktop.answer(Answer::No);
-    window.desktop.answer(Answer::No);
+    window.add("당귀||13|1|10|10|3|0\n작약||12|1|10|10|4|0");
     window.run([&] {
-        press(window);
-        EXPECT_EQ(window.form.focus()->name(), "tdbDGL");
-        EXPECT_FALSE(window.gate.ssrCBJSend.visible());
-        EXPECT_EQ(written(), "0 0 0 0 0");
-        press(window);
+        window.desktop.answer(Answer::Yes);
+        window.priceAndSend();
+        window.desktop.expectQuestion("처방전 전송", question);
+        EXPECT_EQ(window.focus(), "tdbDGL");
+        EXPECT_EQ(written(*window.pharmacy), nothing);
+        window.desktop.answer(Answer::No);
+        window.priceAndSend();
     });
-    for (int i = 0; i < 2; ++i) {
-        window.desktop.expectQuestion(
-            "처방전 전송",
-            "[ 당귀 ] 약재명이 중복되었습니다. 다시 구성하시겠습니까?\r\n\r\n예(Y) = 약재정보를 다시 "
-            "구성\r\n\r\n아니오(N) = 처방전 전송");
-    }
+    window.desktop.expectQuestion("처방전 전송", question);
     window.desktop.expectQuestion("처방전 전송 성공", success);
-    EXPECT_EQ(written(), "1 1 1 4 1");
+    EXPECT_EQ(written(*window.pharmacy), "1 1 1 4 1");
 }
 
-TEST_F(OrderSendTest, RefusesWithoutLoginOrPrice) {
-    OrderWindow window(pharmacy);
+TEST(OrderSend, RefusesWithoutLoginOrPrice) {
+    OrderWindow window;
     window.compose();
     window.run([&] {
         window.user.press("ssrCostConfirm");
@@ -178,144 +166,184 @@ TEST_F(OrderSendTest, RefusesWithoutLoginOrPrice) {
         window.gate.ssrCBJSend.setValue(true);
         window.desktop.expectBox("처방전전송", "[비용확인]을 실행한 후에 처방전을 전송하여 주십시오.");
     });
-    EXPECT_EQ(written(), "0 0 0 0 0");
+    EXPECT_EQ(written(*window.pharmacy), nothing);
 }
 
-TEST_F(OrderSendTest, EachFailingStatementLeavesNothing) {
-    const std::string row = "처방전전송 에러";
-    const std::vector<std::pair<std::string, std::string>> boxes = {
+TEST(OrderSend, EachFailingStatementLeavesNothing) {
+    const auto table = [](const std::string& name) {
+        return Box("처방전전송 에러", "처방전 전송 중 오류 발생 - 처방전 " + name + " 저장 에러");
+    };
+    const std::vector<Box> boxes = {
         {"처방전 전송 에러", "처방전 전송 오류 - [failed on purpose: BEGIN ]"},
         {"처방전 전송 실패", "DB서버 시간 가져오기 실패!"},
-        {row, "처방전 전송 중 오류 발생 - 처방전 테이블(t_ChubangJun) 저장 에러"},
-        {row, "처방전 전송 중 오류 발생 - 처방전 테이블(t_ChubangJun) 저장 에러"},
-        {row, "처방전 전송 중 오류 발생 - 처방전 Mileage 금액 (t_CBJDetail) 저장 에러"},
-        {row, "처방전 전송 중 오류 발생 - 처방전 비용상세 테이블(t_CBJcostDetail) 저장 에러"},
-        {row, "처방전 전송 중 오류 발생 - 처방전 약재 테이블(t_CBJDetail) 저장 에러"},
-        {row, "처방전 전송 중 오류 발생 - 처방전 약재 테이블(t_CBJDetail) 저장 에러"},
-        {row, "처방전 전송 중 오류 발생 - 처방전 복용법 테이블(t_EatGuide) 저장 에러"},
+        table("테이블(t_ChubangJun)"),
+        table("테이블(t_ChubangJun)"),
+        table("Mileage 금액 (t_CBJDetail)"),
+        table("비용상세 테이블(t_CBJcostDetail)"),
+        table("약재 테이블(t_CBJDetail)"),
+        table("약재 테이블(t_CBJDetail)"),
+        table("복용법 테이블(t_EatGuide)"),
         {"처방전 전송 실패",
          "처방전 전송 실패 - 처방전이 저장되지 않았습니다. [비용확인]부터 다시 실행하여 주십시오."},
     };
-    OrderWindow window(pharmacy);
+    OrderWindow window;
     window.compose();
     window.run([&] {
         for (std::size_t step = 0; step < boxes.size(); ++step) {
             SCOPED_TRACE("statement " + std::to_string(step + 1));
-            window.user.press("ssrCostConfirm");
             window.line->failAt(static_cast<int>(step) + 1);
-            window.user.press("ssrCBJSend");
+            window.priceAndSend();
             window.desktop.expectBox(boxes[step].first, boxes[step].second, BoxIcon::Critical);
-            window.desktop.expectNoBox();
-            EXPECT_EQ(written(), "0 0 0 0 0");
+            EXPECT_EQ(written(*window.pharmacy), nothing);
             EXPECT_FALSE(window.line->inTransaction);
             EXPECT_FALSE(window.gate.costConfirmed() || window.gate.ssrCBJSend.visible());
-            EXPECT_EQ(window.desktop.pointer(), screen::Pointer::Normal);
         }
-        EXPECT_TRUE(window.sent.empty());
-        window.line->failAt(0);
-        window.desktop.answer(Answer::No);
-        press(window);
-        window.desktop.expectQuestion("처방전 전송 성공", success);
     });
-    EXPECT_EQ(written(), "1 1 1 2 1");
+    EXPECT_TRUE(window.sent.empty() && window.logs.empty());
 }
 
-TEST_F(OrderSendTest, ValuesThatDoNotFitAreFailures) {
-    const std::function<void(OrderWindow&)> cases[] = {
-        [](OrderWindow& w) { w.session.g_xaDrug.set(1, 6, "32768"); },
-        [](OrderWindow& w) { w.patient.txtPatientAge.setText("99999"); },
-        [](OrderWindow& w) { w.dose.txtPouchTotal.setText("40000"); },
-    };
-    for (const auto& spoil : cases) {
-        OrderWindow window(pharmacy);
-        window.compose();
-        spoil(window);
-        window.run([&] { press(window); });
-        const auto box = window.desktop.takeBox();
-        EXPECT_EQ(box.caption, "처방전전송 에러") << box.text;
-        EXPECT_EQ(written(), "0 0 0 0 0");
-    }
-}
-
-TEST_F(OrderSendTest, AnUncertainCommitSaysSo) {
-    OrderWindow window(pharmacy);
-    window.diskFull = true;
-    window.line->nextCommit = data::CommitOutcome::Unknown;
-    window.sendOrder();
-    window.desktop.expectBox(
-        "처방전 전송 실패",
-        "처방전 전송 결과를 확인할 수 없습니다. [처방전 관리]에서 발행날짜로 확인한 후 다시 전송하여 주십시오.",
-        BoxIcon::Critical);
-    EXPECT_TRUE(window.sent.empty());
-    EXPECT_FALSE(window.gate.costConfirmed());
-}
-
-TEST_F(OrderSendTest, ALogThatFailsAndAChartThatThrowsLeaveTheOrder) {
-    OrderWindow window(pharmacy);
-    window.diskFull = true;
-    window.chartFault = "진료부 닫힘";
-    window.sendOrder();
-    window.desktop.expectBox("처방전 로그", logFailed);
-    window.desktop.expectBox("처방전 전송",
-                             "처방전은 전송되었습니다. 진료부에 전달하는 중 오류 발생 - [진료부 닫힘 ]",
-                             BoxIcon::Critical);
-    window.desktop.expectQuestion("처방전 전송 성공", success);
-    EXPECT_EQ(written(), "1 1 1 2 1");
-    EXPECT_EQ(window.sent.size(), 1U);
-}
-
-TEST_F(OrderSendTest, ASecondPressAtAnyYieldSendsOnce) {
-    OrderWindow window(pharmacy);
-    deposit(100000);
+TEST(OrderSend, AnotherHerbIsNotSentAtTheFormerPrice) {
+    OrderWindow window;
     window.compose();
-    window.payment.cboPaymentMethod.select(0);
-    window.line->yield = [&] { window.desktop.yield(); };
-    int presses = 0;
-    window.desktop.answer(Answer::No);
     window.run([&] {
         window.user.press("ssrCostConfirm");
-        window.desktop.onEvents = [&] {
-            ++presses;
-            EXPECT_FALSE(window.gate.ssrCBJSend.reachable());
-            window.gate.ssrCBJSend.userPress();
-            window.form.userClose();
-        };
-        window.user.press("ssrCBJSend");
-        window.desktop.onEvents = nullptr;
+        EXPECT_TRUE(window.gate.costConfirmed());
+        window.desktop.whenShown("frmYakGukDrug", [&](screen::Window&) {
+            window.user.type("txtDrugFind", "녹각");
+            window.user.key("txtDrugFind", {"Enter"});
+            window.user.key("tdbYakgukDrug", {"Enter"});
+        });
+        window.user.cellKey("tdbDGL", "약재명", "Enter");
+        EXPECT_FALSE(window.gate.costConfirmed()) << "a herb that the pharmacy has no name for";
     });
-    window.desktop.expectQuestion("처방전 전송 성공", success);
-    EXPECT_GT(presses, 13) << "each herb, each cost line, each row that was read";
-    EXPECT_EQ(written(), "1 1 1 2 1");
 }
 
-TEST_F(OrderSendTest, AKilledSendLeavesAllOrNothing) {
-    int whole = 0;
-    constexpr int statements = 10;
-    for (int at = 1; at <= statements + 1; ++at) {
-        testing::TestDatabase own(false);
-        OrderWindow::stock(own);
-        const pid_t child = ::fork();
-        if (child == 0) {
-            OrderWindow window(own);
-            int count = 0;
-            window.line->before = [&](const std::string&) {
-                if (++count == at) ::kill(::getpid(), SIGKILL);
-            };
-            window.send.Send2Chart.add([](const ChartRecord&) { ::kill(::getpid(), SIGKILL); });
-            window.sendOrder();
-            ::_exit(0);
+TEST(OrderSend, AMoneyCheckThatCannotReadStopsTheSend) {
+    OrderWindow window;
+    payFromDeposit(window, 100000);
+    window.run([&] {
+        for (int read = 1; read <= 6; ++read) {
+            window.user.press("ssrCostConfirm");
+            window.line->failAt(read);
+            window.user.press("ssrCBJSend");
+            window.desktop.expectBox("비용확인", "처방전비용과 적립금을 확인하는중 에러발생.",
+                                     BoxIcon::Critical);
+            EXPECT_EQ(window.desktop.pointer(), screen::Pointer::Normal);
+            EXPECT_FALSE(window.gate.costConfirmed());
         }
-        int status = 0;
-        ::waitpid(child, &status, 0);
-        ASSERT_TRUE(WIFSIGNALED(status)) << "statement " << at;
-        const std::string count = own.value("SELECT count(*) FROM t_ChubangJun");
-        if (count == "1") ++whole;
-        EXPECT_EQ(count, at <= statements ? "0" : "1") << "statement " << at;
-        EXPECT_EQ(own.value("SELECT count(*) FROM t_CBJDetail"), count == "1" ? "2" : "0");
-        EXPECT_EQ(own.value("SELECT count(*) FROM t_EatGuide"), count);
-        EXPECT_EQ(own.value("PRAGMA integrity_check"), "ok");
+    });
+    EXPECT_EQ(written(*window.pharmacy), nothing);
+}
+
+TEST(OrderSend, RunsTheStatementsOfAnOrderAndNoOther) {
+    OrderWindow window;
+    window.compose();
+    window.run([&] {
+        window.line->statements.clear();
+        window.priceAndSend();
+    });
+    EXPECT_EQ(window.desktop.takeBox().caption, "처방전 전송 성공");
+    std::string begun;
+    for (const std::string& statement : window.line->statements) begun += statement.substr(0, 26) + "\n";
+    EXPECT_EQ(begun,
+              "BEGIN\nSELECT getdate()\nInsert into t_ChubangJun (\nSELECT MAX(CBJ_PK) AS CBJP\n"
+              "Insert into t_Stock (DTR_P\nInsert into t_CBJcostDetai\nInsert into t_CBJDetail (C\n"
+              "Insert into t_CBJDetail (C\nInsert into t_EatGuide (CB\nCOMMIT\n");
+}
+
+TEST(OrderSend, WhatElseGoesWrongIsTold) {
+    const struct {
+        void (*spoil)(OrderWindow& window);
+        std::vector<Box> boxes;  // captions and how the texts begin
+        std::string written;
+        std::size_t events = 0;
+    } cases[] = {
+        {[](OrderWindow& w) { w.session.g_xaDrug.set(1, 6, "32768"); }, {{"처방전전송 에러", ""}}, nothing},
+        {[](OrderWindow& w) { w.patient.txtPatientAge.setText("99999"); },
+         {{"처방전전송 에러", ""}},
+         nothing},
+        {[](OrderWindow& w) { w.dose.txtPouchTotal.setText("40000"); }, {{"처방전전송 에러", ""}}, nothing},
+        {[](OrderWindow& w) { w.line->nextCommit = data::CommitOutcome::Unknown; },
+         {{"처방전 전송 실패",
+           "처방전 전송 결과를 확인할 수 없습니다. [처방전 관리]에서 발행날짜로 확인한 후 다시 전송하여 주십시오."}},
+         all},
+        {[](OrderWindow& w) { w.diskFull = true, w.chartFault = "진료부 닫힘"; },
+         {{"처방전 로그",
+           "[처방전 전송은 정상적으로 전송] 되었습니다. -  처방전 로그 파일 기록에 실패하였습니다."},
+          {"처방전 전송", "처방전은 전송되었습니다. 진료부에 전달하는 중 오류 발생 - [진료부 닫힘 ]"},
+          {"처방전 전송 성공", success}},
+         all,
+         1},
+    };
+    for (const auto& test : cases) {
+        OrderWindow window;
+        window.compose();
+        test.spoil(window);
+        window.run([&] { window.priceAndSend(); });
+        for (const auto& [caption, text] : test.boxes) {
+            const screen::MessageBox box = window.desktop.takeBox();
+            EXPECT_EQ(box.caption, caption);
+            EXPECT_TRUE(box.text.starts_with(text)) << box.text;
+        }
+        EXPECT_EQ(written(*window.pharmacy), test.written);
+        EXPECT_EQ(window.sent.size(), test.events);
+        EXPECT_FALSE(window.gate.costConfirmed());
     }
-    EXPECT_EQ(whole, 1);
+}
+
+TEST(OrderSend, ASecondPressAtAnyYieldSendsOnce) {
+    for (const bool closing : {false, true}) {
+        OrderWindow window;
+        payFromDeposit(window, 100000);
+        window.line->yield = [&] { window.desktop.yield(); };
+        int presses = 0;
+        window.run([&] {
+            window.user.press("ssrCostConfirm");
+            window.desktop.onEvents = [&] {
+                ++presses;
+                EXPECT_FALSE(window.gate.ssrCBJSend.reachable());
+                if (closing) {
+                    window.form.userClose();
+                } else {
+                    window.gate.ssrCBJSend.userPress();
+                }
+            };
+            window.desktop.answer(Answer::No);
+            window.user.press("ssrCBJSend");
+            window.desktop.onEvents = nullptr;
+            EXPECT_EQ(window.form.leaving(), closing);
+        });
+        window.desktop.expectQuestion("처방전 전송 성공", success);
+        EXPECT_GT(presses, 13) << "each herb, each cost line, each row that was read";
+        EXPECT_EQ(written(*window.pharmacy), all);
+    }
+}
+
+TEST(OrderSend, AKilledSendLeavesAllOrNothing) {
+    constexpr int statements = 10;
+    for (const char* journal : {"delete", "wal"}) {
+        for (int at = 1; at <= statements + 1; ++at) {
+            SCOPED_TRACE(std::string(journal) + ", killed before statement " + std::to_string(at));
+            const auto pharmacy = std::make_shared<testing::OrderPharmacy>();
+            pharmacy->run(std::string("PRAGMA journal_mode = ") + journal);
+            const pid_t child = ::fork();
+            if (child == 0) {
+                OrderWindow window(pharmacy);
+                window.line->before = [&, left = at](const std::string&) mutable {
+                    if (--left == 0) ::kill(::getpid(), SIGKILL);
+                };
+                window.send.Send2Chart.add([](const ChartRecord&) { ::kill(::getpid(), SIGKILL); });
+                window.compose();
+                window.run([&] { window.priceAndSend(); });
+                ::_exit(0);
+            }
+            int status = 0;
+            ::waitpid(child, &status, 0);
+            ASSERT_TRUE(WIFSIGNALED(status));
+            EXPECT_EQ(written(*pharmacy), at <= statements ? nothing : all);
+            EXPECT_EQ(pharmacy->value("PRAGMA integrity_check"), "ok");
+        }
+    }
 }
 
 }  // namespace

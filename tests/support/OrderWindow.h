@@ -4,27 +4,14 @@
 #include <optional>
 
 #include "account/BalanceView.h"
+#include "composition/OrderDesk.h"
 #include "data/Words.h"
 #include "ordering/CostConfirmation.h"
 #include "ordering/OrderDraft.h"
 #include "ordering/OrderSend.h"
 #include "ordering/SendGate.h"
-#include "platform/console/UserActions.h"
-#include "support/TestDatabase.h"
-#include "support/TestDesktop.h"
 
 namespace zelvo::testing {
-
-/// A desktop on which a box while a transaction is open fails the test: the pharmacy would wait for its
-/// reader.
-class OrderDesktop : public TestDesktop {
-public:
-    FaultyConnection* line = nullptr;
-    screen::Answer messageBox(const screen::MessageBox& box) override {
-        if (line && line->inTransaction) ADD_FAILURE() << "a box inside a transaction: " << box.text;
-        return TestDesktop::messageBox(box);
-    }
-};
 
 /// A cost page that answers what it is told, and remembers what it was asked.
 struct CostPage {
@@ -44,8 +31,9 @@ struct CostPage {
     }
 };
 
-/// The panes and flows of a new order in a small window, over a pharmacy of a few options. No host.
-class OrderWindow {
+/// The panes and flows of a new order in a small window. No host. A box while a transaction is open fails the
+/// test: the pharmacy would wait for its reader.
+class OrderWindow : public OrderPanes<ordering::SendGate> {
     class Page : public screen::OrderCostText {
     public:
         explicit Page(CostPage& page) : page_(page) {}
@@ -71,27 +59,19 @@ class OrderWindow {
         void writeTextFile(const std::string& path, std::string_view text) override {
             owner_.logs[path] = text;
         }
+        void deleteFile(const std::string& path) override { owner_.logs.erase(path); }
 
     private:
         OrderWindow& owner_;
     };
 
 public:
-    /// Order types 0 "탕전" (herbs, decoction), 1 "첩약" (herbs), 2 "기타구입" (neither).
-    static void stock(const TestDatabase& pharmacy) {
-        pharmacy.run(
-            "INSERT INTO t_JobList (JL_PK, JL_Prompt, JL_DrugVisible, JL_TangJunVisible, JL_Order) VALUES"
-            " (5, '탕전', 1, 1, 1), (7, '첩약', 1, 0, 2), (9, '기타구입', 0, 0, 3);"
-            "INSERT INTO t_TangJunMethodList (TJML_PK, TJML_Prompt, TJML_Order) VALUES (1, '일반탕전', 1), (2, '압력탕전', 2);"
-            "INSERT INTO t_TangJunAddList (TJAL_PK, TJAL_Prompt, TJAL_Slot, TJAL_Type, TJAL_Order) VALUES"
-            " (1, '녹용', 3, 1, 1), (2, '산제', 64, 2, 2);");
-    }
-
-    explicit OrderWindow(const TestDatabase& pharmacy) {
-        auto connection = std::make_unique<FaultyConnection>(pharmacy.connect());
-        line = desktop.line = connection.get();
-        session.g_conYakGuk = std::move(connection);
+    explicit OrderWindow(std::shared_ptr<OrderPharmacy> shared = std::make_shared<OrderPharmacy>())
+        : OrderPanes(std::move(shared)) {
         session.m_DTRPK = 1;
+        desktop.onBox = [this](const screen::MessageBox& box) {
+            EXPECT_FALSE(line->inTransaction) << "a box inside a transaction: " << box.text;
+        };
         desktop.components().add("OrderCostText.clsOrderCostText",
                                  [this] { return std::make_unique<Page>(page); });
         desktop.components().add("Scripting.FileSystemObject",
@@ -100,38 +80,10 @@ public:
             sent.push_back(record);
             if (chartFault) throw basics::Fault(*chartFault);
         });
-        herbs.Form_Load();
-        options.Form_Load();
         price.Form_Load();
-        patient.Form_Load();
-        options.Load_JobList();
-        options.Load_TangJun();
-        options.Load_TangJunAdd();
-        herbs.Init_DrugGrids();
         balance.Init_StockGrids();
         for (const auto method : {data::pay::deposit, data::pay::later})
             payment.cboPaymentMethod.addEntry(method);
-        line->statements.clear();
-    }
-
-    void addHerb(const char* name, int key, const char* grams, const char* price_, const char* won,
-                 const char* note = "") {
-        tables::XArrayDB& lines = session.g_xaDrug;
-        const int row = lines.upperRow() + 1;
-        lines.insertRows(row);
-        const std::string cells[] = {"",
-                                     name,
-                                     std::string("한약국 ") + name,
-                                     std::to_string(key),
-                                     grams,
-                                     price_,
-                                     won,
-                                     std::to_string(row + 1),
-                                     "0",
-                                     "",
-                                     note};
-        for (int column = 0; column <= 10; ++column) lines.set(row, column, cells[column]);
-        herbs.tdbDGL.refresh();
     }
 
     /// A complete order: two herbs, decoction with one add-on, parcel to the patient, paid later.
@@ -153,8 +105,7 @@ public:
         sender.txtHospitalTel.setText("02-123-4567");
         sender.txtBalsongZip.setText("03000");
         sender.txtBalsongJuso.setText("서울 종로구 2");
-        addHerb("당귀", 11, "4", "25.5", "102");
-        addHerb("작약", 12, "3.5", "1,000", "3,500", "볶은 것");
+        add("당귀|한약국 당귀|11|4|25.5|102|1|0||\n작약|한약국 작약|12|3.5|1,000|3,500|2|0||볶은 것");
         dose.txtChubsu.setText("20");
         dose.txtDayTuyak.setText("3");
         dose.txtTuyakilsu.setText("7");
@@ -168,40 +119,20 @@ public:
         options.tdbJobList.setCurrentRow(job);
         options.pressJobList(0);
     }
-    /// What the user does while the window stands.
-    void run(std::function<void()> script) { desktop.show(form, std::move(script)); }
-    /// Composes, prices and presses the send.
-    void sendOrder() {
-        compose();
-        run([this] {
-            user.press("ssrCostConfirm");
-            user.press("ssrCBJSend");
-        });
+    void priceAndSend() {
+        user.press("ssrCostConfirm");
+        user.press("ssrCBJSend");
     }
 
-    OrderDesktop desktop;
     CostPage page;
     std::map<std::string, std::string> logs;
     bool diskFull = false;
     std::optional<std::string> chartFault;
     std::vector<ordering::ChartRecord> sent;
-    session::Session session;
-    FaultyConnection* line = nullptr;
-    screen::Window form{desktop, "frmOrder", 19200, 12000};
-    composition::OrderFrames frames{form, {}};
-    ordering::SendGate gate{form, frames};
-    composition::OrderOptions options{form, frames, session, gate};
-    composition::HerbTable herbs{form, frames, session, gate};
-    composition::DoseFields dose{form, frames, session, herbs, gate};
-    composition::PatientDelivery patient{form, frames, gate};
-    composition::SenderBlock sender{form, frames};
-    composition::PaymentChoice payment{form, frames, gate};
-    composition::DosageSheet sheet{form, frames, session, patient.txtPatientName, gate};
     account::BalanceView balance{form, {}, session};
     ordering::OrderDraft draft{session, frames, herbs, dose, options, patient, sender, payment, sheet};
     ordering::CostConfirmation price{form, draft, gate};
     ordering::OrderSend send{form, draft, gate, price, balance};
-    console::UserActions user{desktop};
 };
 
 }  // namespace zelvo::testing

@@ -3,9 +3,10 @@
 #include <sqlite3.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <filesystem>
 #include <fstream>
+#include <map>
+#include <set>
 #include <sstream>
 #include <stdexcept>
 
@@ -81,62 +82,38 @@ std::string freshPath() {
     return ((::access(memory.c_str(), W_OK) == 0 ? memory : fs::temp_directory_path()) / name).string();
 }
 
-void removeFiles(const std::string& path) {
-    for (const char* ending : {"", "-journal", "-wal", "-shm"}) {
-        std::error_code ignored;
-        fs::remove(path + ending, ignored);
+/// The bytes of a fresh pharmacy.
+std::string freshPharmacy(bool withCatalogue) {
+    const fs::path folder = fs::path(ZELVO_SOURCE_DIR) / "demo" / "pharmacy";
+    std::set<fs::path> catalogue;
+    for (const auto& entry : fs::directory_iterator(folder)) {
+        if (withCatalogue && entry.path().extension() == ".sql") catalogue.insert(entry.path());
     }
-}
-
-/// A database made once for all tests of a program; each test gets a copy.
-class Original {
-public:
-    explicit Original(bool withCatalogue) : path_(freshPath()) {
-        const fs::path folder = fs::path(ZELVO_SOURCE_DIR) / "demo" / "pharmacy";
-        std::vector<fs::path> scripts;
-        for (const auto& entry : fs::directory_iterator(folder)) {
-            if (entry.path().extension() == ".sql" && entry.path().filename() != "schema.sql")
-                scripts.push_back(entry.path());
-        }
-        std::sort(scripts.begin(), scripts.end());
-        PlainDatabase database(path_);
-        database.run("BEGIN");
-        database.run(readFile(folder / "schema.sql"));
-        if (withCatalogue) {
-            for (const fs::path& script : scripts) database.run(readFile(script));
-        }
-        database.run("COMMIT");
-    }
-    ~Original() {
-        if (::getpid() == maker_) removeFiles(path_);
-    }
-    Original(const Original&) = delete;
-    Original& operator=(const Original&) = delete;
-
-    const std::string& path() const { return path_; }
-
-private:
-    std::string path_;
-    pid_t maker_ = ::getpid();
-};
-
-const std::string& originalPath(bool withCatalogue) {
-    if (withCatalogue) {
-        static const Original catalogue(true);
-        return catalogue.path();
-    }
-    static const Original bare(false);
-    return bare.path();
+    catalogue.erase(folder / "schema.sql");
+    std::string script = "BEGIN;" + readFile(folder / "schema.sql");
+    for (const fs::path& rows : catalogue) script += readFile(rows);
+    const std::string path = freshPath();
+    PlainDatabase(path).run(script + "COMMIT;");
+    std::string bytes = readFile(path);
+    fs::remove(path);
+    return bytes;
 }
 
 }  // namespace
 
 TestDatabase::TestDatabase(bool withCatalogue) : path_(freshPath()) {
-    fs::copy_file(originalPath(withCatalogue), path_);
+    // Made once for all tests of a program.
+    static std::map<bool, std::string> pharmacies;
+    std::string& bytes = pharmacies[withCatalogue];
+    if (bytes.empty()) bytes = freshPharmacy(withCatalogue);
+    std::ofstream(path_, std::ios::binary) << bytes;
 }
 
 TestDatabase::~TestDatabase() {
-    removeFiles(path_);
+    for (const char* ending : {"", "-journal", "-wal", "-shm"}) {
+        std::error_code ignored;
+        fs::remove(path_ + ending, ignored);
+    }
 }
 
 std::unique_ptr<data::Connection> TestDatabase::connect() const {
@@ -159,7 +136,7 @@ std::vector<std::vector<std::string>> TestDatabase::rows(const std::string& quer
 FaultyConnection::FaultyConnection(std::unique_ptr<data::Connection> inner) : inner_(std::move(inner)) {}
 
 void FaultyConnection::count(const std::string& statement) {
-    if (before) before(statement);
+    before(statement);
     statements.push_back(statement);
     const bool failsNow = countdown_ > 0 && --countdown_ == 0;
     if (failsNow && staysBroken) broken_ = true;
@@ -169,13 +146,6 @@ void FaultyConnection::count(const std::string& statement) {
         inTransaction = false;
     }
     if (failsNow || broken_) throw basics::Fault("failed on purpose: " + statement);
-}
-
-bool FaultyConnection::isOpen() const {
-    return inner_->isOpen();
-}
-void FaultyConnection::close() {
-    inner_->close();
 }
 
 void FaultyConnection::execute(const std::string& statement) {
@@ -209,7 +179,7 @@ data::CommitOutcome FaultyConnection::commit() {
 }
 
 void FaultyConnection::rollback() {
-    if (before) before("ROLLBACK");
+    before("ROLLBACK");
     statements.emplace_back("ROLLBACK");
     if (!broken_) inner_->rollback();
     inTransaction = false;

@@ -47,12 +47,12 @@ public:
     /// What the next commit comes to, in place of what it is.
     std::optional<data::CommitOutcome> nextCommit;
     /// Called before each call with its statement ("BEGIN", "COMMIT", "ROLLBACK" for those).
-    std::function<void(const std::string&)> before;
+    std::function<void(const std::string&)> before = [](const std::string&) {};
     std::vector<std::string> statements;
     bool inTransaction = false;
 
-    bool isOpen() const override;
-    void close() override;
+    bool isOpen() const override { return inner_->isOpen(); }
+    void close() override { inner_->close(); }
     void execute(const std::string& statement) override;
     void open(data::RecordSet& set, const std::string& statement, data::Cursor cursor,
               const data::UpdateTarget& target = {}) override;

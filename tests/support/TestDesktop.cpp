@@ -16,18 +16,10 @@ TestDesktop::~TestDesktop() {
 }
 
 void TestDesktop::expectBox(const std::string& caption, const std::string& text, BoxIcon icon) {
-    if (boxes_.empty()) {
-        ADD_FAILURE() << "no box, expected [" << caption << "] " << text;
-        return;
-    }
     const screen::MessageBox box = takeBox();
     EXPECT_EQ(box.caption, caption);
     EXPECT_EQ(box.text, text);
     EXPECT_EQ(static_cast<int>(box.icon), static_cast<int>(icon)) << "icon of [" << caption << "] " << text;
-}
-
-void TestDesktop::expectQuestion(const std::string& caption, const std::string& text) {
-    expectBox(caption, text, BoxIcon::Question);
 }
 
 void TestDesktop::expectNoBox() {
@@ -55,6 +47,7 @@ void TestDesktop::show(screen::Window& window, std::function<void()> script) {
 }
 
 Answer TestDesktop::messageBox(const screen::MessageBox& box) {
+    onBox(box);
     boxes_.push_back(box);
     if (answers_.empty()) return box.defaultAnswer;
     const Answer answer = answers_.front();
@@ -62,18 +55,8 @@ Answer TestDesktop::messageBox(const screen::MessageBox& box) {
     return answer;
 }
 
-void TestDesktop::setPointer(screen::Pointer pointer) {
-    pointer_ = pointer;
-    pointerHistory.emplace_back(pointer == screen::Pointer::Busy ? "busy" : "normal");
-}
-
 void TestDesktop::processEvents(bool) {
-    ++passes;
     if (const auto run = onEvents) run();  // it may set what runs the next time
-}
-
-void TestDesktop::waitForEvents(std::chrono::milliseconds) {
-    processEvents(true);
 }
 
 void TestDesktop::runModal(screen::Window& window) {
@@ -91,14 +74,13 @@ void TestDesktop::runModal(screen::Window& window) {
 
 std::string TestDesktop::MemorySettings::read(std::string_view application, std::string_view section,
                                               std::string_view key, std::string_view absent) const {
-    const auto found =
-        values_.find(std::string(application) + '\n' + std::string(section) + '\n' + std::string(key));
+    const auto found = values_.find({std::string(application), std::string(section), std::string(key)});
     return found == values_.end() ? std::string(absent) : found->second;
 }
 
 void TestDesktop::MemorySettings::write(std::string_view application, std::string_view section,
                                         std::string_view key, std::string_view value) {
-    values_[std::string(application) + '\n' + std::string(section) + '\n' + std::string(key)] = value;
+    values_[{std::string(application), std::string(section), std::string(key)}] = value;
 }
 
 }  // namespace zelvo::testing
