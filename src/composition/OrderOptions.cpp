@@ -150,13 +150,6 @@ void OrderOptions::pressTJAL(int column) {
     tdbTJAL.commitEdit();
 }
 
-int OrderOptions::selectedRow(const tables::XArrayDB& options) {
-    for (int row = options.lowerRow(); row <= options.upperRow(); ++row) {
-        if (options.isTrue(row, selectedColumn)) return row;
-    }
-    return -1;
-}
-
 void OrderOptions::selectOnly(screen::Grid& grid, tables::XArrayDB& options) {
     for (int row = options.lowerRow(); row <= options.upperRow(); ++row) {
         options.set(row, selectedColumn, false);

@@ -30,9 +30,6 @@ public:
     void pressTJML(int column);
     void pressTJAL(int column);
 
-    /// The selected row of an array, or -1.
-    static int selectedRow(const tables::XArrayDB& options);
-
 private:
     void selectOnly(screen::Grid& grid, tables::XArrayDB& options);
     void unselectSameType(int pressed);

@@ -2,6 +2,7 @@
 
 #include "basics/Dates.h"
 #include "basics/Text.h"
+#include "data/Words.h"
 
 namespace zelvo::composition {
 
@@ -54,7 +55,9 @@ void PatientDelivery::labelFields() {
 }
 
 void PatientDelivery::Form_Load() {
-    for (const char* method : {"미정", "택배(환자)", "퀵(환자)", "한의원"}) cboBesongMethod.addEntry(method);
+    using namespace data::delivery;
+    for (const std::string_view method : {undecided, parcel, courier, clinic})
+        cboBesongMethod.addEntry(method);
     cboBesongMethod.select(0);
     dtpBesongDate.setValue(basics::today());
 }
@@ -65,7 +68,7 @@ void PatientDelivery::methodSelected() {
         m_LastBesongMethod = method;
         watch_.priceOutdated();
     }
-    if (method != "퀵(환자)" && method != "택배(환자)") return;
+    if (method != data::delivery::courier && method != data::delivery::parcel) return;
     if (!basics::isBlank(txtBesongZip.text()) && !basics::isBlank(txtBesongJuso.text())) return;
     form_.desktop().inform("[배송주소]를 정확히 입력하여 주십시오.", "배송방식");
     txtBesongZip.setFocus();

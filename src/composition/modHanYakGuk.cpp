@@ -52,8 +52,8 @@ std::string addOnSlots(const tables::XArrayDB& addOns) {
     return slots;
 }
 
-int selectedRow(const tables::XArrayDB& options) {
-    const int row = options.find(0, 0, "-1");
+int chosenRow(const tables::XArrayDB& options) {
+    const int row = selectedRow(options);
     if (row < 0) throw basics::Fault("선택된 항목이 없습니다.");
     return row;
 }
@@ -122,11 +122,15 @@ std::int16_t Renumber_DrugRows(screen::Desktop& desktop, tables::XArrayDB& herbs
     }
 }
 
+int selectedRow(const tables::XArrayDB& options) {
+    return options.find(0, 0, "-1");
+}
+
 std::int16_t Build_CostFields(const tables::XArrayDB& jobList, const tables::XArrayDB& herbs,
                               const tables::XArrayDB& methods, const tables::XArrayDB& addOns,
                               CostFields& fields) {
     try {
-        const int job = selectedRow(jobList);
+        const int job = chosenRow(jobList);
         fields.JobListKey = jobList.text(job, 1);
         fields.hasDrug = jobList.isTrue(job, 5);
         if (fields.hasDrug) {
@@ -137,7 +141,7 @@ std::int16_t Build_CostFields(const tables::XArrayDB& jobList, const tables::XAr
             fields.DrugPrice.clear();
         }
         if (jobList.isTrue(job, 6)) {
-            fields.TJMLKey = methods.text(selectedRow(methods), 1);
+            fields.TJMLKey = methods.text(chosenRow(methods), 1);
             fields.TJALSlot = addOnSlots(addOns);
         } else {
             fields.TJMLKey.clear();

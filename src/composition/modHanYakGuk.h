@@ -36,6 +36,9 @@ std::int16_t Renumber_DrugRows(screen::Desktop& desktop, tables::XArrayDB& herbs
 /// of the two is no number or the amount has no place.
 std::string amountText(std::string_view grams, std::string_view price, basics::NumberPicture picture);
 
+/// The first row of a list of options that bears the selection mark, -1 when none does.
+int selectedRow(const tables::XArrayDB& options);
+
 /// The order's keys and texts as the cost page and the order row take them.
 struct CostFields {
     std::string JobListKey, DrugText, TJMLKey, TJALSlot;

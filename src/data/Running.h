@@ -60,10 +60,6 @@ inline std::string serverTime(Connection& connection, std::string_view statement
 }
 
 /// A column as a number, NULL and blank as 0. Throws Fault when it is none or too large.
-inline std::int16_t int16Of(const RecordSet& row, std::string_view field) {
-    const std::string text = row.text(field);
-    return text.empty() ? std::int16_t{0} : basics::toInt16(text);
-}
 inline std::int32_t int32Of(const RecordSet& row, std::string_view field) {
     const std::string text = row.text(field);
     return text.empty() ? 0 : basics::toInt32(text);

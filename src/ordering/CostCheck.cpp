@@ -5,6 +5,7 @@
 #include "basics/Fault.h"
 #include "basics/Numbers.h"
 #include "basics/Text.h"
+#include "composition/modHanYakGuk.h"
 #include "data/Words.h"
 
 namespace zelvo::ordering {
@@ -73,7 +74,8 @@ bool herbsAtFault(const CostInput& input, const XArrayDB& herbs) {
 }
 
 bool decoctionAtFault(const CostInput& input, const XArrayDB& methods) {
-    return methods.find(0, 0, "-1") < 0 || !IsNumeric(input.PouchAmount) || !IsNumeric(input.PouchTotal);
+    return composition::modHanYakGuk::selectedRow(methods) < 0 || !IsNumeric(input.PouchAmount) ||
+           !IsNumeric(input.PouchTotal);
 }
 
 /// A flag of an order type, -1 or 0. A cell that holds no whole number is a Fault.
@@ -83,7 +85,7 @@ std::int16_t typeFlag(const XArrayDB& jobList, int row, int column) {
 
 Checked checkSections(const CostInput& input, const XArrayDB& jobList, const XArrayDB& herbs,
                       const XArrayDB& methods) {
-    const int row = jobList.find(0, 0, "-1");
+    const int row = composition::modHanYakGuk::selectedRow(jobList);
     if (row < 0) return Finding{CheckResult::OrderType, "[처방전 주문서 정보]를 선택해 주십시오."};
     const std::int16_t hasDrug = typeFlag(jobList, row, jobHasDrug);
     const std::int16_t hasTangJun = typeFlag(jobList, row, jobHasTangJun);

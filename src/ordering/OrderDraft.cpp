@@ -5,7 +5,7 @@
 namespace zelvo::ordering {
 
 int OrderDraft::jobRow() const {
-    return composition::OrderOptions::selectedRow(options.m_xaJobList);
+    return composition::modHanYakGuk::selectedRow(options.m_xaJobList);
 }
 
 bool OrderDraft::hasHerbs() const {

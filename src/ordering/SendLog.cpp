@@ -73,7 +73,7 @@ std::string decoction(const OrderDraft& draft) {
     if (!draft.hasDecoction()) return std::string("[탕전정보]\r\n[제형변화]") + blankLine;
     const tables::XArrayDB& methods = draft.options.m_xaTJML;
     const composition::DoseFields& dose = draft.dose;
-    return "[탕전정보]= " + methods.text(composition::OrderOptions::selectedRow(methods), optionName) +
+    return "[탕전정보]= " + methods.text(composition::modHanYakGuk::selectedRow(methods), optionName) +
            "\r\n" + "[제형변화]= " + addOnNames(draft.options.m_xaTJAL) + "\r\n" +
            "[1일 복용팩수]= " + dose.txtDayTuyak.text() + ", [복용일]= " + dose.txtTuyakilsu.text() +
            ", [총파우치]= " + dose.txtPouchTotal.text() + ", [1팩용량]= " + dose.txtPouchAmount.text() +
