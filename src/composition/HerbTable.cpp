@@ -197,6 +197,7 @@ void HerbTable::placeUnderCell(screen::Window& picker) const {
     const double nameLeft = tdbDGL.columnLeft(herb::name);
     const bool inView = nameLeft + tdbDGL.columnLeft(herb::pharmacyName) < tdbDGL.width;
     const int rowsAbove = tdbDGL.onRow() ? tdbDGL.visibleRow() + 1 : 1;
+    picker.openedAt = &tdbDGL;
     picker.left = form_.left + tdbDGL.left + 440 + (inView ? nameLeft : 0);
     picker.top =
         form_.top + frames_.c1eDrug.top + frames_.sspCBJsend2.height + 1230 + tdbDGL.rowHeight * rowsAbove;

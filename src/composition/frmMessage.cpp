@@ -31,6 +31,7 @@ frmMessage::frmMessage(screen::Desktop& desktop)
 }
 
 void frmMessage::placeBeside(const screen::Panel& panel) {
+    openedAt = &panel;
     left = panel.window().left + panel.left + 150;
     top = panel.window().top + panel.top + 650;
 }

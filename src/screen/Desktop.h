@@ -2,6 +2,7 @@
 
 #include <chrono>
 #include <deque>
+#include <exception>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -77,6 +78,10 @@ public:
     virtual void runModal(Window& window) = 0;
     /// The window in front, nullptr when none is shown.
     Window* front() const { return shown_.empty() ? nullptr : shown_.back(); }
+
+    /// A handler of the window ended in a fault that nobody caught. True when the user has been told and the
+    /// session goes on; false leaves it to whoever made the input.
+    virtual bool tellsFault(Window& window, const std::exception& fault);
 
     virtual SettingsStore& settings() = 0;
     /// Starts the system's browser at an address; throws Fault when there is none.

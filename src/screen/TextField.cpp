@@ -84,6 +84,16 @@ void EditField::userInsert(std::string_view text) {
     });
 }
 
+void EditField::userEdited(std::string_view text, std::size_t caret) {
+    window().userInput([this, edited = basics::cleanUtf8(text), caret] {
+        if (readOnly_ || !reachable() || edited == text_) return touch();
+        onInsert();
+        const std::size_t length = basics::characterCount(edited);
+        if (maxLength_ > 0 && length > maxLength_ && length > basics::characterCount(text_)) return touch();
+        change(edited, std::min(caret, length));
+    });
+}
+
 void EditField::applyKey(const Key& key) {
     switch (key.character) {
         case 0:

@@ -39,6 +39,9 @@ public:
     /// The user's text replaces the selection at once, without keys (a paste, a finished composition). A
     /// single-line field takes the first line of it only.
     void userInsert(std::string_view text);
+    /// The user changed the text in the toolkit's own editor (undo, a word deleted, text dragged in): the
+    /// whole text as it now stands there, and the caret in characters.
+    void userEdited(std::string_view text, std::size_t caret);
     void applyKey(const Key& key) override;
 
     Event<> onChange;

@@ -183,7 +183,11 @@ void Window::runWaiting() {
         const std::function<void()> input = std::move(waiting_.front());
         waiting_.pop_front();
         const InputTurn turn(*this);
-        input();
+        try {
+            input();
+        } catch (const std::exception& fault) {
+            if (!desktop_.tellsFault(*this, fault)) throw;
+        }
     }
     finish();
 }
@@ -192,27 +196,41 @@ void Window::userKey(const Key& key) {
     userInput([this, key] { dispatch(key); });
 }
 
-/// A key belongs to the field that had the focus when it went down; it ends where a listener swallows it, or
-/// where the window or the field is no longer there to take it.
+bool Window::userKeyHeard(const Key& key) {
+    if (actions_ > 0 && inputAllowed_ == 0) return false;
+    bool stands = false;
+    userInput([&] {
+        Key asked = key;
+        stands = heard(focus_, asked);
+    });
+    return stands;
+}
+
+/// Lets the listeners have a key; true where it still is to be applied to its field. It ends where one of
+/// them swallows it, or where the window or the field is no longer there to take it.
+bool Window::heard(Field* field, Key& key) {
+    const auto takesIt = [&] { return field && has(*field) && field->reachable(); };
+    onKeyPreview(key.code);
+    if (key.code == keys::none || closing()) return false;
+    if (takesIt()) field->onKeyDown(key.code);
+    if (key.code == keys::none || closing()) return false;
+    if (key.code != keys::tab && key.character != 0 && takesIt()) {
+        field->onKeyPress(key.character);
+        if (key.character == 0 || closing()) return false;
+    }
+    return key.code == keys::tab || takesIt();
+}
+
+/// A key belongs to the field that had the focus when it went down.
 void Window::dispatch(const Key& key) {
     Field* const field = focus_;
-    int code = key.code;
-    onKeyPreview(code);
-    const auto goesOn = [&] { return code != keys::none && !closing(); };
-    const auto takesIt = [&] { return field && has(*field) && field->reachable(); };
-    if (!goesOn()) return;
-    if (takesIt()) field->onKeyDown(code);
-    if (!goesOn()) return;
-    if (code == keys::tab) {
+    Key applied = key;
+    if (!heard(field, applied)) return;
+    if (applied.code == keys::tab) {
         moveFocus();
-        return;
+    } else {
+        field->applyKey(applied);
     }
-    char32_t character = key.character;
-    if (character != 0 && takesIt()) {
-        field->onKeyPress(character);
-        if (character == 0 || closing()) return;
-    }
-    if (takesIt()) field->applyKey({code, character});
 }
 
 void Window::userFocus(Field& field) {

@@ -74,6 +74,9 @@ public:
     Event<Field*> onTouched;
 
     double left = 0, top = 0;
+    /// The field that the window opens at, if it does: a toolkit puts it below a grid's current cell or over
+    /// a panel's text, wherever these stand on the glass. Left and top are for a screen without places.
+    const Field* openedAt = nullptr;
     double width() const { return width_; }
     double height() const { return height_; }
 
@@ -83,6 +86,9 @@ public:
     void userInput(std::function<void()> input);
     /// A key of the user or an injected one, for the field that has the focus.
     void userKey(const Key& key);
+    /// The listeners' part of a key, for a widget that applies it to the focused field itself: false where
+    /// one of them swallowed it, or where no input comes in now.
+    bool userKeyHeard(const Key& key);
     /// The user moves the focus to a field.
     void userFocus(Field& field);
     /// The user wants the window closed.
@@ -128,6 +134,7 @@ private:
     void runWaiting();
     void finish();
     void dispatch(const Key& key);
+    bool heard(Field* field, Key& key);
     void giveFocus(Field& field);
     bool canMoveTo(const Field& field, bool turnsMainTabs) const;
     static void bringForward(const Field& field);
