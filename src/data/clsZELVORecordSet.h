@@ -35,6 +35,57 @@ struct CostNotes {
         CCD_FormCost, CCD_BesongCost, CCD_VATCost, CCD_ElseCost;
 };
 
+/// What a modification writes over an order that still waits; a member bears its column's name. Sex, age and
+/// delivery method are numbers as text.
+struct CBJmUpdate {
+    bool costChanged = false;  ///< whether the members from CBJ_BesongCost to mileageMoney count
+    std::int32_t DTR_PK = 0, CBJ_PK = 0;
+    std::string Patient_Name, Patient_Jumin, Patient_Sex, Patient_Age, CBJ_Reci_Tel, CBJ_Reci_Cell,
+        Patient_Email, CBJ_Reci_Zip, CBJ_Reci_Address, CBJ_BesongMsg, CBJ_BesongMethod, CBJ_Reci_Date,
+        CBJ_Send_Hospital, CBJ_Send_Name, CBJ_Send_Tel, CBJ_Send_Cell, CBJ_Send_Zip, CBJ_Send_Address,
+        CBJ_Msg;
+    std::int32_t CBJ_BesongCost = 0;
+    std::string CCD_BesongCost;
+    std::int32_t CBJ_ElseCost = 0;
+    std::string CCD_ElseCost;
+    std::int32_t mileageMoney = 0;
+    std::string BogYak, HospName, PhoneNo;
+};
+
+/// The pieces of one order read back. All are texts, NULL is ""; a flag is "True" or "False".
+struct CBJmState {
+    std::string CBJ_State, CBJ_IsPaid, CBJ_PayMethod, CBJ_Msg, CBJ_IsCanceled;
+};
+struct CBJmPatient {
+    std::string Patient_PK, Patient_Name, Patient_Jumin, Patient_Sex, Patient_Age, CBJ_Reci_Tel,
+        CBJ_Reci_Cell, Patient_Email, CBJ_Reci_Zip, CBJ_Reci_Address, CBJ_BesongMsg, CBJ_BesongMethod,
+        CBJ_Reci_Date;
+};
+struct CBJmSender {
+    std::string CBJ_Send_Hospital, DTR_PK, CBJ_Send_Name, CBJ_Send_Cell, CBJ_Send_Tel, CBJ_Send_Zip,
+        CBJ_Send_Address;
+};
+struct CBJmEatGuide {
+    std::string BogYak, HospName, PhoneNo;
+};
+struct CBJmJobList {
+    std::string JL_PK, JL_Prompt, JL_Message;
+};
+struct CBJmTangJun {
+    std::string TJML_PK, TJML_Prompt, TJML_Message, CBJ_DayTuyak, CBJ_Tuyakilsu, CBJ_PouchAmount,
+        CBJ_PouchTotal;
+    /// The chosen add-ons, "name/*/key", parted by "#*#".
+    std::string Adds;
+};
+/// The amounts in won (NULL is 0) with their notes; the last two amounts are the pharmacy's own.
+struct CBJmCosts {
+    std::int32_t CBJ_JojeCost = 0, CBJ_DrugCost = 0, CBJ_TJMLCost = 0, CBJ_TJALCost = 0, CBJ_PouchCost = 0,
+                 CBJ_BoxCost = 0, CBJ_FormCost = 0, CBJ_BesongCost = 0, CBJ_VATCost = 0, CBJ_ElseCost = 0,
+                 CBJ_UserCost = 0, CBJ_UserCostNoVAT = 0;
+    CostNotes notes;
+    std::string CBJ_UserCostNote, CBJ_UserCostNoteNoVAT;
+};
+
 /// A herb line of an order.
 struct HerbLine {
     std::int32_t DGL_PK = 0;
@@ -72,6 +123,11 @@ public:
     std::int16_t Insert_ChubangJun_Mileage(Connection& Conn, std::int32_t DTR_PK, std::int32_t CBJ_PK,
                                            std::int32_t STK_Money, const std::string& STK_Date);
 
+    // Waiting orders (OrderUpdates.cpp). Each runs in a transaction of its own, which is whole or nothing;
+    // neither looks at the order's state, and a key that no order has is a success.
+    bool Update_ChubangJun(Connection& Conn, const CBJmUpdate& row);
+    bool Update_CBJCancel(Connection& Conn, std::int32_t CBJ_PK);
+
     // The server's clock and the catalogue (CatalogueReads.cpp).
     /// The server's date and time as the driver says it, or "-1".
     std::string RecordSet_SvrGetdate(Connection& Conn);
@@ -95,6 +151,21 @@ public:
     std::int16_t RecordSet_CBJmInfo(Connection& Conn, RecordSet& Rs, tables::XArrayDB& Array,
                                     std::int16_t Kind, std::int32_t DTR_PK, const std::string& Word,
                                     const std::string& sDate, const std::string& eDate);
+    /// The pieces of one order. A piece that has no row leaves what came, and is no failure.
+    bool RecordSet_CBJmStateInfo(Connection& Conn, std::int32_t CBJ_PK, CBJmState& state);
+    bool RecordSet_CBJmPatientInfo(Connection& Conn, std::int32_t CBJ_PK, CBJmPatient& patient);
+    bool RecordSet_CBJmSendInfo(Connection& Conn, std::int32_t CBJ_PK, CBJmSender& sender);
+    /// Empties BogYak first.
+    bool RecordSet_CBJmEatGuide(Connection& Conn, std::int32_t CBJ_PK, CBJmEatGuide& sheet);
+    bool RecordSet_CBJmJobListInfo(Connection& Conn, std::int32_t CBJ_PK, CBJmJobList& type);
+    bool RecordSet_CBJmTangJunInfo(Connection& Conn, std::int32_t CBJ_PK, CBJmTangJun& decoction);
+    /// Name and explanation of one add-on, whether it is still offered or not.
+    bool RecordSet_CBJmTangJunAdd(Connection& Conn, const std::string& TJAL_PK, std::string& TJAL_Prompt,
+                                  std::string& TJAL_Message);
+    /// The herb lines stay open in `Rs`, as the catalogue names the herbs; packets and herb price as text.
+    bool RecordSet_CBJmDrug(Connection& Conn, RecordSet& Rs, std::int32_t CBJ_PK, std::string& CBJ_Chubsu,
+                            std::string& CBJ_DrugCost);
+    bool RecordSet_CBJmCostInfo(Connection& Conn, std::int32_t CBJ_PK, CBJmCosts& costs);
 
     // Doctors (Doctors.cpp).
     /// Kind 1 by id and password, 2 by key. 1 found, 0 no such doctor, -1 failure.

@@ -132,6 +132,7 @@ public:
     Event<> onRowDeleted;
     Event<int> onCellButton;                   ///< column
     Event<int, int> onRowChange;               ///< previous row and column, -1 for none
+    Event<> onRowAgain;                        ///< the user pressed the row that was current already
     Event<int> onHeadClick;                    ///< column
     Event<int, std::string&> onRowStyle;       ///< row, style name to fill in
     Event<int, int, std::string&> onCellShow;  ///< row, column, text to rewrite

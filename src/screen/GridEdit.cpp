@@ -134,13 +134,18 @@ void Grid::applyCode(int code) {
 
 void Grid::userRow(int row) {
     userClicks([this, row] {
-        if (row != row_) moveTo(row, stopsAt(column_) ? column_ : std::max(0, nextStop(-1, 1)));
+        if (row == row_) return onRowAgain();
+        moveTo(row, stopsAt(column_) ? column_ : std::max(0, nextStop(-1, 1)));
     });
 }
 
 bool Grid::userCell(int row, int column) {
     if (!stopsAt(column)) return false;
-    userClicks([this, row, column] { moveTo(row, column); });
+    userClicks([this, row, column] {
+        const bool again = row == row_;
+        moveTo(row, column);
+        if (again) onRowAgain();
+    });
     return true;
 }
 
