@@ -37,12 +37,12 @@ void SessionStart::startDoctor(const HostArguments& arguments) {
     session_.m_DoctorIDPWD = arguments.DoctorIDPWD;
     logIn();
     Load_SessionData();
-    form_.detail.Clear_CBJmDetail();
+    form_.management.detail.Clear_CBJmDetail();
     fillPatient(arguments);
     if (session_.m_DTRPK != 0) fillClinic(arguments);
     form_.order.sheet.loadDefaults();
     session_.m_IsNurse = false;
-    form_.search.c1tCBJmanage.setSelectable(2, false);
+    form_.management.search.c1tCBJmanage.setSelectable(2, false);
     showPharmacy();
     form_.showModal();
 }
@@ -56,12 +56,12 @@ void SessionStart::startNurse(const HostArguments& arguments) {
     session_.m_DoctorIDPWD = arguments.DoctorIDPWD;
     form_.login.Load_DoctorInfo(LoginJob::Nurse, session_.m_DTRPK);
     Load_SessionData();
-    form_.detail.Clear_CBJmDetail();
+    form_.management.detail.Clear_CBJmDetail();
     form_.order.sheet.loadDefaults();
     form_.login.ssrLogIN.setVisible(false);
-    form_.detail.ssrCBJreuse.setVisible(false);
-    form_.search.showDoctorColumn();
-    form_.search.c1tCBJmanage.setSelectable(2, true);
+    form_.management.detail.state.ssrCBJreuse.setVisible(false);
+    form_.management.search.showDoctorColumn();
+    form_.management.search.c1tCBJmanage.setSelectable(2, true);
     form_.c1tMain.select(frmDoctorOCSmain::managementTab);
     form_.stbMain.setPanel(2, "간호사용 zelvo");
     showPharmacy();
@@ -133,7 +133,7 @@ void SessionStart::Load_JobList() {
 
 void SessionStart::Init_DrugGrids() {
     form_.order.herbs.Init_DrugGrids();
-    form_.detail.bindHerbs();
+    form_.management.detail.bindHerbs();
 }
 
 void SessionStart::Load_TangJun() {
@@ -143,7 +143,7 @@ void SessionStart::Load_TangJunAdd() {
     form_.order.options.Load_TangJunAdd();
 }
 void SessionStart::Init_CBJGrid() {
-    form_.search.Init_CBJGrid();
+    form_.management.search.Init_CBJGrid();
 }
 void SessionStart::Init_StockGrids() {
     form_.balance.Init_StockGrids();

@@ -28,13 +28,12 @@ frmDoctorOCSmain::frmDoctorOCSmain(screen::Desktop& desktop, session::Session& s
               c1eMain.inside()),
       stbMain(*this, "stbMain"),
       notices(*this, c1tMain.page(noticeTab), session),
-      search(*this, c1tMain.page(managementTab)),
-      detail(*this, c1tMain.page(managementTab)),
       profile(*this, c1tMain.page(myOcsTab)),
       balance(*this, c1tMain.page(myOcsTab), session),
       order(*this, c1tMain.page(orderTab), session, balance),
+      management(*this, c1tMain.page(managementTab), session),
       login(*this, c1tMain.page(noticeTab), session,
-            {stbMain, profile, order.sender, order.payment, search.cbodtrList}),
+            {stbMain, profile, order.sender, order.payment, management.search.cbodtrList}),
       session_(session),
       rules_(*this) {
     setCaption("ZEL-VO 메인 윈도우");
@@ -48,8 +47,7 @@ frmDoctorOCSmain::frmDoctorOCSmain(screen::Desktop& desktop, session::Session& s
 
 void frmDoctorOCSmain::Form_Load() {
     order.Form_Load();
-    detail.Form_Load();
-    search.Form_Load();
+    management.Form_Load();
     profile.Form_Load();
 }
 
@@ -59,7 +57,7 @@ void frmDoctorOCSmain::Form_Resize() {
 
 void frmDoctorOCSmain::c1tMain_Click() {
     order.gate.Set_CostConfirmed(false);
-    detail.ssrCBJmCancel.height = 225;
+    management.detail.state.ssrCBJmCancel.height = 225;
 }
 
 void frmDoctorOCSmain::Form_Unload() {
@@ -72,7 +70,7 @@ void frmDoctorOCSmain::Form_Unload() {
 void frmDoctorOCSmain::releaseArrays() {
     for (tables::XArrayDB* array :
          {&order.options.m_xaJobList, &session_.g_xaDrug, &order.options.m_xaTJML, &order.options.m_xaTJAL,
-          &search.m_xaCBJ, &order.cost.m_xaCostConfirm, &detail.m_xaCBJmCost}) {
+          &management.search.m_xaCBJ, &order.cost.m_xaCostConfirm, &management.detail.costs.m_xaCBJmCost}) {
         array->reDim(-1, -1);
     }
 }
@@ -89,14 +87,15 @@ void frmDoctorOCSmain::releaseConnections() {
 
 void frmDoctorOCSmain::releaseRecordSets() {
     for (data::RecordSet* set : {&notices.m_rsGongJi, &balance.m_rsInStock, &balance.m_rsUsedStock,
-                                 &balance.m_rsMileage, &detail.m_rsCBJmDGL}) {
+                                 &balance.m_rsMileage, &management.detail.herbs.m_rsCBJmDGL}) {
         if (set->isOpen()) set->close();
     }
 }
 
 void frmDoctorOCSmain::releaseStyles() {
-    for (screen::Grid* grid : {&order.herbs.tdbDGL, &order.options.tdbJobList, &order.options.tdbTJML,
-                               &order.options.tdbTJAL, &order.cost.tdbCostConfirm, &detail.tdbCBJmCost}) {
+    for (screen::Grid* grid :
+         {&order.herbs.tdbDGL, &order.options.tdbJobList, &order.options.tdbTJML, &order.options.tdbTJAL,
+          &order.cost.tdbCostConfirm, &management.detail.costs.tdbCBJmCost}) {
         grid->dropStyles();
     }
 }

@@ -3,10 +3,9 @@
 #include "account/BalanceView.h"
 #include "account/DoctorProfile.h"
 #include "host/DoctorLogin.h"
+#include "host/ManagementTab.h"
 #include "host/OrderTab.h"
 #include "input/FieldRules.h"
-#include "management/OrderDetail.h"
-#include "management/OrderSearch.h"
 #include "screen/Window.h"
 #include "services/Notices.h"
 #include "session/Session.h"
@@ -24,11 +23,10 @@ public:
     screen::TabControl c1tMain;
     screen::StatusBar stbMain;
     services::Notices notices;
-    management::OrderSearch search;
-    management::OrderDetail detail;
     account::DoctorProfile profile;
     account::BalanceView balance;
     OrderTab order;
+    ManagementTab management;
     DoctorLogin login;
 
 private:

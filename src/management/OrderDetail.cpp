@@ -1,57 +1,125 @@
 #include "management/OrderDetail.h"
 
-#include "data/Words.h"
+#include <exception>
+
+#include "basics/Numbers.h"
 
 namespace zelvo::management {
 
-OrderDetail::OrderDetail(screen::Window& form, screen::Place managementTab)
-    : ssrCBJmCancel(form, "ssrCBJmCancel", managementTab, "처방전취소"),
-      ssrCBJreuse(form, "ssrCBJreuse", managementTab, "처방전 재사용"),
-      cboCBJmBesongMethod(form, "cboCBJmBesongMethod", managementTab),
-      tdbCBJmDGL(form, "tdbCBJmDGL", managementTab,
-                 {{.caption = "DET_PK", .field = "DET_PK", .shown = false},
-                  {.caption = "CBJ_PK", .field = "CBJ_PK", .shown = false},
-                  {.caption = "한약국약재PK", .field = "DGL_PK", .shown = false},
-                  {.caption = "약재명", .field = "DGL_CallSign", .width = 1700},
-                  {.caption = "한약국약재", .field = "DGL_Internal", .width = 2200},
-                  {.caption = "용량(g)", .field = "DET_Weight", .alignRight = true, .width = 1000},
-                  {.caption = "단가",
-                   .field = "DET_Danga",
-                   .alignRight = true,
-                   .format = basics::NumberPicture::SeparatedZero},
-                  {.caption = "금액",
-                   .field = "DET_Money",
-                   .alignRight = true,
-                   .format = basics::NumberPicture::SeparatedZero},
-                  {.caption = "비고", .field = "DET_Note"}}),
-      tdbCBJmCost(form, "tdbCBJmCost", managementTab,
-                  {{.caption = "비용 항목", .width = 2400},
-                   {.caption = "비용(원)", .alignRight = true, .width = 1300},
-                   {.caption = "자세히", .button = true, .width = 700},
-                   {.caption = "비용세부항목", .shown = false}}) {
-    tdbCBJmDGL.allowsUpdate = false;
-    tdbCBJmCost.allowsUpdate = false;
+namespace {
+
+/// Set for as long as it lives.
+class Running {
+public:
+    explicit Running(bool& flag) : flag_(flag) { flag_ = true; }
+    ~Running() { flag_ = false; }
+    Running(const Running&) = delete;
+    Running& operator=(const Running&) = delete;
+
+private:
+    bool& flag_;
+};
+
+}  // namespace
+
+OrderDetail::OrderDetail(screen::Window& form, screen::Place managementTab, session::Session& session,
+                         screen::Grid& list)
+    : frames(form, managementTab),
+      state(form, frames),
+      patient(form, frames),
+      sender(form, frames),
+      sheet(form, frames, session, patient.txtCBJmPatientName),
+      decoction(form, frames, session),
+      herbs(form, frames),
+      costs(form, frames),
+      session_(session),
+      form_(form),
+      list_(list) {
+    list_.onRowChange.add([this](int LastRow, int LastCol) { On_CBJRowChange(LastRow, LastCol); });
+    list_.onRowAgain.add([this] { On_CBJRowChange(-1); });
 }
 
 void OrderDetail::Form_Load() {
-    using namespace data::delivery;
-    for (const std::string_view method : {undecided, parcel, courier, clinic})
-        cboCBJmBesongMethod.addEntry(method);
-    cboCBJmBesongMethod.select(0);
-    tdbCBJmCost.addStyle("styCBJmCost", {0, 0, 192});
+    patient.Form_Load();
+    costs.Form_Load();
 }
 
-void OrderDetail::bindHerbs() {
-    tdbCBJmDGL.bind(&m_rsCBJmDGL);
+void OrderDetail::On_CBJRowChange(int LastRow, int) {
+    if (!list_.onRow() || LastRow == list_.currentRow()) return;
+    // A list that was sorted brings the same order under another number: what is being typed stays.
+    if (LastRow >= 0 && !behindList()) return;
+    again_ = true;
+    if (loading_) return;
+    const Running running(loading_);
+    while (again_) {
+        again_ = false;
+        Clear_CBJmDetail();
+        Set_CBJmEditable(false);
+        Show_CBJmDetail();
+    }
+}
+
+void OrderDetail::Show_CBJmDetail() {
+    if (!list_.onRow()) return;
+    const screen::BusyPointer busy(form_.desktop());
+    const bool loaded = Load_CBJmDetail(currentKey());
+    if (again_) return;
+    if (!loaded) {
+        form_.desktop().alarm("처방전상세정보 읽는 중 에러 발생", "처방전관리");
+    } else if (state.waiting()) {
+        state.offerActions();
+    }
+    if (list_.shown()) list_.setFocus();
+}
+
+bool OrderDetail::Load_CBJmDetail(std::int32_t CBJ_PK) {
+    try {
+        if (!loadSections({session_.connection(), CBJ_PK})) return false;
+        if (!again_) shownKey_ = CBJ_PK;
+        return true;
+    } catch (const std::exception&) {
+        return false;
+    }
+}
+
+/// Every order asked for meanwhile ends the reads of this one.
+bool OrderDetail::loadSections(const DetailRead& read) {
+    data::CBJmState order;
+    if (!data::clsZELVORecordSet().RecordSet_CBJmStateInfo(read.connection, read.CBJ_PK, order)) return false;
+    state.show(order);
+    show(sheet.txtCBJmCBMsg, order.CBJ_Msg);
+    const auto next = [this](bool read_) { return read_ && !again_; };
+    return (next(patient.load(read)) && next(sender.load(read)) && next(sheet.load(read)) &&
+            next(decoction.loadType(read)) && next(decoction.loadDecoction(read)) && next(herbs.load(read)) &&
+            costs.load(read)) ||
+           again_;
 }
 
 void OrderDetail::Clear_CBJmDetail() {
-    m_rsCBJmDGL.close();
-    tdbCBJmDGL.refresh();
-    m_xaCBJmCost.reDim(-1, 3);
-    tdbCBJmCost.refresh();
-    cboCBJmBesongMethod.select(-1);
-    ssrCBJmCancel.setVisible(false);
+    ++turn_;
+    shownKey_ = 0;
+    state.clear();
+    patient.clear();
+    sender.clear();
+    sheet.clear();
+    decoction.clear();
+    herbs.clear();
+    costs.clear();
+}
+
+void OrderDetail::Set_CBJmEditable(bool editable) {
+    frames.setEditable(editable);
+    patient.setEditable(editable);
+}
+
+bool OrderDetail::behindList() const {
+    return list_.onRow() && currentKey() != shownKey_;
+}
+
+/// 0 for a row without a key.
+std::int32_t OrderDetail::currentKey() const {
+    const std::string key = list_.value("CBJ_PK");
+    return basics::IsNumeric(key) ? basics::toInt32(key) : 0;
 }
 
 }  // namespace zelvo::management

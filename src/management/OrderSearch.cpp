@@ -1,55 +1,131 @@
 #include "management/OrderSearch.h"
 
+#include <exception>
+
 #include "basics/Dates.h"
+#include "basics/Numbers.h"
+#include "basics/Text.h"
 #include "data/Words.h"
+#include "data/clsZELVORecordSet.h"
+#include "management/OrderSort.h"
+#include "screen/Window.h"
 
 namespace zelvo::management {
+
+/// What a search asks of the pharmacy.
+struct OrderSearch::Condition {
+    std::int16_t kind;
+    std::string word = {}, from = {}, to = {};
+};
+
+/// An entry of a search list, and what choosing it searches.
+struct OrderSearch::Choice {
+    std::string_view entry;
+    std::int16_t kind;
+    const char* caption;
+};
 
 namespace {
 
 enum Page { all, issueDate, doctor, patient, progress, delivery, payMethod, paid, canceled };
 
+constexpr int keyColumn = 1, lastColumn = 6;
+constexpr const char* searchCaption = "검색";
+
 void addEntries(screen::ComboList& list, std::initializer_list<std::string_view> entries) {
     for (const std::string_view entry : entries) list.addEntry(entry);
 }
 
+std::vector<screen::GridColumn> listColumns() {
+    return {{.caption = "NO", .width = 688},
+            {.caption = "CBJ_PK", .shown = false},
+            {.caption = "발행날짜", .width = 3493},
+            {.caption = "환자명", .width = 1244},
+            {.caption = " - ", .width = 741},
+            {.caption = "주문서", .width = 1508},
+            {.caption = "담당의", .shown = false, .width = 1111}};
+}
+
 }  // namespace
 
-OrderSearch::OrderSearch(screen::Window& form, screen::Place managementTab)
+OrderSearch::OrderSearch(screen::Window& form, screen::Place managementTab, session::Session& session)
     : c1tCBJmanage(form, "c1tCBJmanage",
                    {"전체처방전", "발행날짜", "담당의사 ", "환자명", "진행상태", "배송방식", "지불방식",
                     "지불여부", "취소된 처방전"},
                    managementTab),
+      sscCBJsearchALL(form, "sscCBJsearchALL", c1tCBJmanage.page(all), searchCaption),
       dtpCBJsearch0(form, "dtpCBJsearch(0)", c1tCBJmanage.page(issueDate)),
       dtpCBJsearch1(form, "dtpCBJsearch(1)", c1tCBJmanage.page(issueDate)),
+      sscToday(form, "sscToday", c1tCBJmanage.page(issueDate), "오늘 날짜로 조정"),
+      sscCBJsearchDate(form, "sscCBJsearchDate", c1tCBJmanage.page(issueDate), searchCaption),
+      txtCBJsearchDTR(form, "txtCBJsearchDTR", c1tCBJmanage.page(doctor)),
+      sscCBJsearchDTR(form, "sscCBJsearchDTR", c1tCBJmanage.page(doctor), searchCaption),
+      txtCBJsearchPatient(form, "txtCBJsearchPatient", c1tCBJmanage.page(patient)),
+      sscCBJsearchPatient(form, "sscCBJsearchPatient", c1tCBJmanage.page(patient), searchCaption),
       cboCBJstate(form, "cboCBJstate", c1tCBJmanage.page(progress)),
+      sscCBJsearchState(form, "sscCBJsearchState", c1tCBJmanage.page(progress), searchCaption),
       cboCBJBesong(form, "cboCBJBesong", c1tCBJmanage.page(delivery)),
+      sscCBJsearchBesong(form, "sscCBJsearchBesong", c1tCBJmanage.page(delivery), searchCaption),
       cboCBJPayMethod(form, "cboCBJPayMethod", c1tCBJmanage.page(payMethod)),
+      sscCBJsearchPayment(form, "sscCBJsearchPayment", c1tCBJmanage.page(payMethod), searchCaption),
       cboCBJisPaid(form, "cboCBJisPaid", c1tCBJmanage.page(paid)),
+      sscCBJsearchIsPay(form, "sscCBJsearchIsPay", c1tCBJmanage.page(paid), searchCaption),
+      sscCBJcanceled(form, "sscCBJcanceled", c1tCBJmanage.page(canceled), searchCaption),
       cbodtrList(form, "cbodtrList", managementTab),
-      tdbCBJ(form, "tdbCBJ", managementTab,
-             {{.caption = "NO", .width = 688},
-              {.caption = "CBJ_PK", .shown = false},
-              {.caption = "발행날짜", .width = 3493},
-              {.caption = "환자명", .width = 1244},
-              {.caption = " - ", .width = 741},
-              {.caption = "주문서", .width = 1508},
-              {.caption = "담당의", .shown = false, .width = 1111}}) {
-    dtpCBJsearch0.setLabel("발행한 날짜로 검색");
-    dtpCBJsearch1.setLabel("발행한 날짜로 검색");
-    cboCBJstate.setLabel("처방전 진행상태로 검색:");
-    cboCBJBesong.setLabel("처방전 배송방식으로 검색:");
-    cboCBJPayMethod.setLabel("처방전 지불방식으로 검색:");
-    cboCBJisPaid.setLabel("처방전 지불여부로 검색:");
+      tdbCBJ(form, "tdbCBJ", managementTab, listColumns()),
+      form_(form),
+      session_(session) {
+    labelFields();
+    listen();
     cbodtrList.setVisible(false);
     tdbCBJ.allowsUpdate = false;
     tdbCBJ.emptyHint = "위에서 검색하면 발행하신 처방전이 여기에 나타납니다.";
     tdbCBJ.setCaption(" 발행하신 처방전입니다.");
 }
 
+void OrderSearch::labelFields() {
+    sscCBJsearchALL.setLabel("발행한 처방전 전체를 검색합니다.");
+    dtpCBJsearch0.setLabel("발행한 날짜로 검색");
+    dtpCBJsearch1.setLabel("발행한 날짜로 검색");
+    txtCBJsearchDTR.setLabel("담당의사로 검색:");
+    txtCBJsearchPatient.setLabel("환자명으로 검색:");
+    cboCBJstate.setLabel("처방전 진행상태로 검색:");
+    cboCBJBesong.setLabel("처방전 배송방식으로 검색:");
+    cboCBJPayMethod.setLabel("처방전 지불방식으로 검색:");
+    cboCBJisPaid.setLabel("처방전 지불여부로 검색:");
+    sscCBJcanceled.setLabel("취소된 처방전을 검색합니다.");
+}
+
+void OrderSearch::listen() {
+    static constexpr Choice states[] = {{data::state::words[0], 4, "[대기]중인 처방전을 검색한 결과"},
+                                        {data::state::words[1], 5, "[제작]중인 처방전을 검색한 결과"},
+                                        {data::state::words[2], 6, "[발송대기]중인 처방전을 검색한 결과"},
+                                        {data::state::words[3], 7, "[완료]된 처방전을 검색한 결과"}};
+    static constexpr Choice payments[] = {{"미지불", 8, "[미지불]된 처방전을 검색한 결과"},
+                                          {"지 불", 9, "[지불]완료된 처방전을 검색한 결과"}};
+    static constexpr Choice methods[] = {
+        {data::pay::deposit, 10, "[적립]으로 발행된 처방전을 검색한 결과"},
+        {data::pay::later, 11, "[후불]로 발행된 처방전을 검색한 결과"},
+        {data::pay::settled, 12, "[후불정산]으로 발행된 처방전을 검색한 결과"}};
+    static constexpr Choice deliveries[] = {{"미 정", 13, "[미정]으로 발행한 처방전을 검색한 결과"},
+                                            {"택배(환자)", 14, "[택배(환자)]로 발행한 처방전을 검색한 결과"},
+                                            {"퀵(환자)", 15, "[퀵(환자)]로 발행한 처방전을 검색한 결과"},
+                                            {"한의원", 16, "[한의원]으로 발행한 처방전을 검색한 결과"}};
+    sscCBJsearchALL.onPress.add([this] { search("발행한 처방전 전체를 검색한 결과", {.kind = 99}); });
+    sscCBJcanceled.onPress.add([this] { search("[취소]된 처방전를 검색한 결과", {.kind = 90}); });
+    sscToday.onPress.add([this] { setToday(); });
+    sscCBJsearchDate.onPress.add([this] { searchDate(); });
+    sscCBJsearchDTR.onPress.add([this] { searchDoctor(); });
+    sscCBJsearchPatient.onPress.add([this] { searchPatient(); });
+    sscCBJsearchState.onPress.add([this] { searchChoice(cboCBJstate, states); });
+    sscCBJsearchIsPay.onPress.add([this] { searchChoice(cboCBJisPaid, payments); });
+    sscCBJsearchPayment.onPress.add([this] { searchChoice(cboCBJPayMethod, methods); });
+    sscCBJsearchBesong.onPress.add([this] { searchChoice(cboCBJBesong, deliveries); });
+    tdbCBJ.onHeadClick.add([this](int column) { sortBy(column); });
+}
+
 void OrderSearch::Form_Load() {
-    dtpCBJsearch0.setValue(basics::today());
-    dtpCBJsearch1.setValue(basics::today());
+    setToday();
     for (const std::string_view word : data::state::words) cboCBJstate.addEntry(word);
     addEntries(cboCBJisPaid, {"미지불", "지 불"});
     addEntries(cboCBJPayMethod, {data::pay::deposit, data::pay::later, data::pay::settled});
@@ -59,7 +135,7 @@ void OrderSearch::Form_Load() {
 }
 
 void OrderSearch::Init_CBJGrid() {
-    m_xaCBJ.reDim(-1, 6);
+    m_xaCBJ.reDim(-1, lastColumn);
     tdbCBJ.bind(&m_xaCBJ);
 }
 
@@ -67,6 +143,92 @@ void OrderSearch::showDoctorColumn() {
     tdbCBJ.setColumnShown(6, true);
     tdbCBJ.setColumnWidth(2, 1400);
     tdbCBJ.setColumnWidth(5, 1300);
+}
+
+void OrderSearch::setToday() {
+    dtpCBJsearch0.setValue(basics::today());
+    dtpCBJsearch1.setValue(basics::today());
+}
+
+void OrderSearch::searchDate() {
+    const std::string from = dtpCBJsearch0.text(), to = dtpCBJsearch1.text();
+    search("날짜 [" + from + "]~[" + to + "]로 검색한 결과", {.kind = 1, .from = from, .to = to});
+}
+
+void OrderSearch::searchDoctor() {
+    const std::string& name = txtCBJsearchDTR.text();
+    const std::string caption = "처방 담당의사[" + name + "]님으로 검색한 결과";
+    if (!basics::isBlank(name)) return search(caption, {.kind = 3, .word = name});
+    if (searching_) return;
+    tdbCBJ.setCaption(caption);
+    emptyList();
+}
+
+void OrderSearch::searchPatient() {
+    const std::string& name = txtCBJsearchPatient.text();
+    if (basics::isBlank(name)) return;
+    search("환자명[" + name + "]으로 검색한 결과", {.kind = 2, .word = name});
+}
+
+void OrderSearch::searchChoice(const screen::ComboList& list, std::span<const Choice> choices) {
+    for (const Choice& choice : choices) {
+        if (choice.entry == list.text()) return search(choice.caption, {.kind = choice.kind});
+    }
+    if (!searching_) emptyList();
+}
+
+/// A search that comes while another one walks is dropped: the list holds the orders of one search only.
+void OrderSearch::search(std::string_view caption, const Condition& condition) {
+    if (searching_) return;
+    const screen::BusyPointer busy(form_.desktop());
+    searching_ = true;
+    tdbCBJ.setCaption(caption);
+    emptyList();
+    bool found = false;
+    try {
+        found = readOrders(condition);
+    } catch (const std::exception&) {
+        // Without a connection nothing is found, as with a search that fails.
+    }
+    searching_ = false;
+    if (found) tdbCBJ.refresh();
+}
+
+/// False when the (last) read fails.
+bool OrderSearch::readOrders(const Condition& condition) {
+    if (!session_.m_IsNurse) return readDoctor(session_.m_DTRPK, condition) != -1;
+    std::int16_t last = 1;
+    for (int i = 0; i < cbodtrList.entryCount(); ++i) {
+        const std::string& entry = cbodtrList.entry(i);
+        const std::size_t cut = entry.find('/');
+        if (cut == std::string::npos) continue;
+        last = readDoctor(basics::toInt32(basics::numberFromStart(entry.substr(0, cut))), condition);
+    }
+    return last != -1;
+}
+
+std::int16_t OrderSearch::readDoctor(std::int32_t DTR_PK, const Condition& condition) {
+    data::RecordSet rows;
+    return data::clsZELVORecordSet().RecordSet_CBJmInfo(session_.connection(), rows, m_xaCBJ, condition.kind,
+                                                        DTR_PK, condition.word, condition.from, condition.to);
+}
+
+void OrderSearch::emptyList() {
+    sortedBy_ = -1;
+    m_xaCBJ.reDim(-1, lastColumn);
+    tdbCBJ.refresh();
+}
+
+/// Sorts the list by a column, the other way round at the next click. The order that was current stays so.
+void OrderSearch::sortBy(int column) {
+    if (searching_ || m_xaCBJ.empty()) return;
+    const screen::BusyPointer busy(form_.desktop());
+    descending_ = column == sortedBy_ && !descending_;
+    sortedBy_ = column;
+    const std::string key = tdbCBJ.value(keyColumn);
+    sortOrders(m_xaCBJ, column, descending_);
+    tdbCBJ.refresh();
+    tdbCBJ.setCurrentRow(m_xaCBJ.find(0, keyColumn, key));
 }
 
 }  // namespace zelvo::management

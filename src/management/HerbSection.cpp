@@ -1,0 +1,67 @@
+#include "management/HerbSection.h"
+
+#include "basics/Numbers.h"
+#include "basics/Pictures.h"
+#include "management/DetailNote.h"
+
+namespace zelvo::management {
+
+namespace {
+
+constexpr int nameColumn = 3, noteColumn = 8;
+
+std::vector<screen::GridColumn> herbColumns() {
+    constexpr auto money = basics::NumberPicture::SeparatedZero;
+    return {{.caption = "DET_PK", .field = "DET_PK", .shown = false},
+            {.caption = "CBJ_PK", .field = "CBJ_PK", .shown = false},
+            {.caption = "한약국약재PK", .field = "DGL_PK", .shown = false},
+            {.caption = "약재명", .field = "DGL_CallSign", .width = 1700},
+            {.caption = "한약국약재", .field = "DGL_Internal", .width = 2200},
+            {.caption = "용량(g)", .field = "DET_Weight", .alignRight = true, .width = 1000},
+            {.caption = "단가", .field = "DET_Danga", .alignRight = true, .format = money},
+            {.caption = "금액", .field = "DET_Money", .alignRight = true, .format = money},
+            {.caption = "비고", .field = "DET_Note", .button = true}};
+}
+
+}  // namespace
+
+HerbSection::HerbSection(screen::Window& form, DetailFrames& frames)
+    : tdbCBJmDGL(form, "tdbCBJmDGL", frames.sspCBJm8.inside(), herbColumns()),
+      txtCBJmChubsu(form, "txtCBJmChubsu", frames.sspCBJm8.inside()),
+      txtCBJmDrugCost(form, "txtCBJmDrugCost", frames.sspCBJm8.inside()) {
+    tdbCBJmDGL.setLabel("약재 구성");
+    tdbCBJmDGL.allowsUpdate = false;
+    tdbCBJmDGL.emptyHint = "약재가 없는 처방전입니다.";
+    txtCBJmChubsu.setLabel("첩수:");
+    txtCBJmDrugCost.setLabel("약재가격:");
+    for (screen::TextField* field : {&txtCBJmChubsu, &txtCBJmDrugCost}) {
+        field->setReadOnly(true);
+        field->alignRight = true;
+    }
+    tdbCBJmDGL.onCellButton.add([this, &form, &frames](int column) {
+        if (column == noteColumn && tdbCBJmDGL.onRow())
+            readNote(form.desktop(), frames, tdbCBJmDGL.value(nameColumn), tdbCBJmDGL.value(noteColumn));
+    });
+}
+
+bool HerbSection::load(const DetailRead& read) {
+    std::string packets, price;
+    if (!data::clsZELVORecordSet().RecordSet_CBJmDrug(read.connection, m_rsCBJmDGL, read.CBJ_PK, packets,
+                                                      price))
+        return false;
+    bind();
+    if (packets == "0") return true;
+    show(txtCBJmChubsu, packets);
+    const std::int32_t won = price.empty() ? 0 : basics::toInt32(price);
+    txtCBJmDrugCost.setText(basics::formatNumber(won, basics::NumberPicture::Separated));
+    return true;
+}
+
+void HerbSection::clear() {
+    m_rsCBJmDGL.close();
+    tdbCBJmDGL.refresh();
+    txtCBJmChubsu.setText("");
+    txtCBJmDrugCost.setText("");
+}
+
+}  // namespace zelvo::management

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "data/RecordSet.h"
+#include "management/DetailFrames.h"
+#include "management/DetailRead.h"
+#include "screen/Grid.h"
+#include "screen/TextField.h"
+
+namespace zelvo::management {
+
+/// The herbs of the order in view, its packets and their price.
+class HerbSection {
+public:
+    HerbSection(screen::Window& form, DetailFrames& frames);
+
+    screen::Grid tdbCBJmDGL;
+    screen::TextField txtCBJmChubsu, txtCBJmDrugCost;
+    data::RecordSet m_rsCBJmDGL;
+
+    /// Binds the herb lines.
+    void bind() { tdbCBJmDGL.bind(&m_rsCBJmDGL); }
+    /// Throws Fault for a price that has no place in 32 bits.
+    bool load(const DetailRead& read);
+    void clear();
+};
+
+}  // namespace zelvo::management
