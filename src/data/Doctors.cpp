@@ -65,4 +65,38 @@ bool clsZELVORecordSet::RecordSet_LoginCheck(Connection& Conn, const std::string
     });
 }
 
+bool clsZELVORecordSet::Update_DoctorInfo(Connection& Conn, std::int32_t DTR_PK, const DoctorRecord& doctor) {
+    return running::flag([&] {
+        Statement statement(
+            "UPDATE t_Doctor SET DTR_Name = '[DTR_Name]', DTR_LicenseNo = '[DTR_LicenseNo]', "
+            "DTR_Cell = '[DTR_Cell]', DTR_Email = '[DTR_Email]', DTR_HosTel = '[DTR_HosTel]', "
+            "DTR_HosName = '[DTR_HosName]', "
+            "DTR_HosZip = '[DTR_HosZip]', DTR_Address = '[DTR_Address]' "
+            "WHERE DTR_PK = [DTR_PK]");
+        statement.fill("[DTR_Name]", doctor.DTR_Name)
+            .fill("[DTR_LicenseNo]", doctor.DTR_LicenseNo)
+            .fill("[DTR_Cell]", doctor.DTR_Cell)
+            .fill("[DTR_Email]", doctor.DTR_Email)
+            .fill("[DTR_HosTel]", doctor.DTR_HosTel)
+            .fill("[DTR_HosName]", doctor.DTR_HosName)
+            .fill("[DTR_HosZip]", doctor.DTR_HosZip)
+            .fill("[DTR_Address]", doctor.DTR_Address)
+            .fill("[DTR_PK]", DTR_PK);
+        running::execute(Conn, statement);
+        return true;
+    });
+}
+
+bool clsZELVORecordSet::Update_DoctorPassword(Connection& Conn, std::int32_t DTR_PK,
+                                              const std::string& DTR_PWD) {
+    return running::flag([&] {
+        Statement statement(
+            "UPDATE t_Doctor SET DTR_PWD = '[DTR_PWD]' "
+            " WHERE DTR_PK = [DTR_PK]");
+        statement.fill("[DTR_PWD]", DTR_PWD).fill("[DTR_PK]", DTR_PK);
+        running::execute(Conn, statement);
+        return true;
+    });
+}
+
 }  // namespace zelvo::data
