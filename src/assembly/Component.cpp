@@ -4,6 +4,7 @@
 #include "platform/files/FileSystemObject.h"
 #include "platform/http/clsOrderCostText.h"
 #include "platform/sqlite/SqliteConnection.h"
+#include "platform/text/MachineCodePages.h"
 
 namespace zelvo::assembly {
 
@@ -21,6 +22,7 @@ void registerComponents(screen::Components& components) {
     components.add("OrderCostText.clsOrderCostText",
                    [] { return std::make_unique<http::clsOrderCostText>(); });
     components.add("Scripting.FileSystemObject", [] { return std::make_unique<files::FileSystemObject>(); });
+    components.setCodePages(text::machineCodePages());
 }
 
 }  // namespace zelvo::assembly

@@ -6,8 +6,10 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "basics/Fault.h"
+#include "screen/CodePage.h"
 
 namespace zelvo::screen {
 
@@ -88,11 +90,16 @@ public:
         throw basics::Fault(missing(className));
     }
 
+    /// The machine's code pages, for the bytes of documents that old word processors wrote.
+    const CodePages& codePages() const { return codePages_; }
+    void setCodePages(CodePages pages) { codePages_ = std::move(pages); }
+
 private:
     std::unique_ptr<Component> create(const std::string& className) const;
     static std::string missing(const std::string& className);
 
     std::map<std::string, Maker> makers_;
+    CodePages codePages_;
 };
 
 }  // namespace zelvo::screen

@@ -5,7 +5,8 @@
 
 #include "basics/Text.h"
 #include "basics/Utf8.h"
-#include "screen/Rtf.h"
+#include "screen/RtfReader.h"
+#include "screen/RtfWriter.h"
 #include "screen/Window.h"
 
 namespace zelvo::screen {
@@ -86,12 +87,20 @@ void EditField::userInsert(std::string_view text) {
 
 void EditField::userEdited(std::string_view text, std::size_t caret) {
     window().userInput([this, edited = basics::cleanUtf8(text), caret] {
-        if (readOnly_ || !reachable() || edited == text_) return touch();
-        onInsert();
-        const std::size_t length = basics::characterCount(edited);
-        if (maxLength_ > 0 && length > maxLength_ && length > basics::characterCount(text_)) return touch();
-        change(edited, std::min(caret, length));
+        if (takesEdit(edited, false)) change(edited, std::min(caret, basics::characterCount(edited)));
     });
+}
+
+bool EditField::takesEdit(std::string_view text, bool formChanged) {
+    const bool textChanged = text != text_;
+    bool taken = !readOnly_ && reachable() && (textChanged || formChanged);
+    if (taken && textChanged) {
+        onInsert();
+        const std::size_t length = basics::characterCount(text);
+        taken = maxLength_ == 0 || length <= maxLength_ || length <= basics::characterCount(text_);
+    }
+    if (!taken) touch();
+    return taken;
 }
 
 void EditField::applyKey(const Key& key) {
@@ -195,14 +204,33 @@ void RichTextField::setRtf(std::string_view rtf) {
         return;
     }
     if (rtf == rtf_) return;
-    std::string plain = rtfToPlain(rtf);
-    incoming_ = rtf;
+    incomingRtf_ = rtf;
+    incoming_ = readRtf(rtf, window().desktop().components().codePages());
+    std::string plain = plainText(incoming_);
     const std::size_t length = basics::characterCount(plain);
     change(std::move(plain), std::min(selectionStart(), length), true);
 }
 
+void RichTextField::userContent(RichText content, std::size_t caret) {
+    window().userInput([this, edited = tidied(std::move(content)), caret]() mutable {
+        std::string plain = plainText(edited);
+        if (!takesEdit(plain, edited != content_)) return;
+        incomingRtf_ = writeRtf(edited);
+        incoming_ = std::move(edited);
+        const std::size_t length = basics::characterCount(plain);
+        change(std::move(plain), std::min(caret, length), true);
+    });
+}
+
+/// A text that brings no form of its own gets the standard one.
 void RichTextField::stored() {
-    rtf_ = incoming_.empty() ? plainToRtf(text()) : std::exchange(incoming_, {});
+    if (incomingRtf_.empty()) {
+        content_ = richText(text());
+        rtf_ = writeRtf(content_);
+    } else {
+        content_ = std::exchange(incoming_, {});
+        rtf_ = std::exchange(incomingRtf_, {});
+    }
 }
 
 }  // namespace zelvo::screen

@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "screen/Field.h"
+#include "screen/RichText.h"
 
 namespace zelvo::screen {
 
@@ -52,6 +53,9 @@ protected:
     EditField(Window& window, std::string name, FieldKind kind, Place place);
     /// Stores text and caret (in characters), then runs onChange if the text differs, or its form does.
     void change(std::string text, std::size_t caret, bool formChanged = false);
+    /// Whether the field takes what the user made of it in the toolkit's editor; if not, the toolkit is told
+    /// to show the field's own text again. Runs onInsert for a text that differs.
+    bool takesEdit(std::string_view text, bool formChanged);
     /// A new text stands in the field; onChange comes next.
     virtual void stored() {}
 
@@ -92,13 +96,19 @@ public:
     const std::string& rtf() const { return rtf_; }
     /// Takes RTF, or a plain text where it doesn't begin as RTF does; onChange runs when the content differs.
     void setRtf(std::string_view rtf);
+    /// The content with its form, for a toolkit that draws it. Good until the field next changes.
+    const RichText& content() const { return content_; }
+    /// The user's content as it now stands in the toolkit's own editor, and the caret in characters (behind
+    /// the text without one): text and RTF take it, and onChange runs once, when and only when it differs.
+    void userContent(RichText content, std::size_t caret = std::string_view::npos);
     bool locked() const { return readOnly(); }
     void setLocked(bool locked) { setReadOnly(locked); }
 
 private:
     void stored() override;
 
-    std::string rtf_, incoming_;
+    std::string rtf_, incomingRtf_;
+    RichText content_, incoming_;
 };
 
 }  // namespace zelvo::screen

@@ -1,5 +1,5 @@
 #include "composition/OrderDesk.h"
-#include "screen/Rtf.h"
+#include "screen/RtfWriter.h"
 
 namespace zelvo::testing {
 namespace {

@@ -1,9 +1,15 @@
-#include "screen/Rtf.h"
-
 #include <gtest/gtest.h>
+
+#include "platform/text/MachineCodePages.h"
+#include "screen/RtfReader.h"
+#include "screen/RtfWriter.h"
 
 namespace zelvo::screen {
 namespace {
+
+std::string rtfToPlain(std::string_view rtf) {
+    return plainText(readRtf(rtf, text::machineCodePages()));
+}
 
 TEST(Rtf, ATextComesBackAsItWas) {
     for (const std::string& text :
@@ -31,7 +37,7 @@ TEST(Rtf, ReadsWhatOtherEditorsWrite) {
          "가가b가c가z"},
         {"no fallback where one is due", R"({\rtf1\u44032\u44032{x}\par y})", "가가x\r\ny"},
         {"lines and tabs", "{\\rtf1 a\\par\r\nb\\line c\\tab d\\par}", "a\r\nb\r\nc\td"},
-        {"bytes", R"({\rtf1 \'41\'b0\'a1\'7e\'zz})", "A~zz"},
+        {"bytes", R"({\rtf1 \'41\'b0\'a1\'7e\'zz})", "A가~zz"},
         {"binary data", "{\\rtf1 a{\\pict\\bin3 }}{}b}", "ab"},
         {"cut behind a backslash", "{\\rtf1 a\\", "a"},
         {"a number without end", R"({\rtf1 a\bin99999999999999999999b})", "a"},

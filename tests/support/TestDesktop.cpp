@@ -2,10 +2,17 @@
 
 #include <gtest/gtest.h>
 
+#include "platform/text/MachineCodePages.h"
+
 namespace zelvo::testing {
 
 using screen::Answer;
 using screen::BoxIcon;
+
+TestDesktop::TestDesktop() {
+    yieldAlways();
+    components().setCodePages(text::machineCodePages());
+}
 
 TestDesktop::~TestDesktop() {
     for (const auto& box : boxes_) ADD_FAILURE() << "nobody looked at [" << box.caption << "] " << box.text;

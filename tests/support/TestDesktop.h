@@ -16,7 +16,7 @@ namespace zelvo::testing {
 /// when the desktop goes.
 class TestDesktop : public screen::Desktop {
 public:
-    TestDesktop() { yieldAlways(); }
+    TestDesktop();
     ~TestDesktop() override;
 
     /// The next box gets this answer; several queue up. A box without one gets its default.

@@ -1,14 +1,12 @@
 #include "platform/http/Charset.h"
 
-#include <iconv.h>
-
 #include <algorithm>
 #include <array>
-#include <cerrno>
 #include <optional>
 
 #include "basics/Text.h"
 #include "basics/Utf8.h"
+#include "platform/text/Converter.h"
 
 namespace zelvo::http {
 namespace {
@@ -42,45 +40,10 @@ std::string converterName(const std::string& charset) {
     return charset.find('/') == std::string::npos ? charset : "";
 }
 
-class Converter {
-public:
-    explicit Converter(const std::string& charset) : handle_(iconv_open("UTF-8", charset.c_str())) {}
-    ~Converter() {
-        if (known()) iconv_close(handle_);
-    }
-    Converter(const Converter&) = delete;
-    Converter& operator=(const Converter&) = delete;
-
-    bool known() const { return handle_ != reinterpret_cast<iconv_t>(-1); }
-
-    std::string convert(std::string bytes) {
-        std::string text;
-        char* in = bytes.data();
-        std::size_t left = bytes.size();
-        while (left > 0) {
-            std::array<char, 4096> buffer{};
-            char* out = buffer.data();
-            std::size_t room = buffer.size();
-            const bool stuck = iconv(handle_, &in, &left, &out, &room) == static_cast<std::size_t>(-1);
-            const int reason = errno;
-            text.append(buffer.data(), out);
-            if (!stuck || reason == E2BIG) continue;
-            text += "\uFFFD";
-            if (reason == EINVAL) break;  // the page ends within a character
-            ++in;
-            --left;
-        }
-        return text;
-    }
-
-private:
-    iconv_t handle_;
-};
-
 std::optional<std::string> converted(std::string_view bytes, const std::string& charset) {
     const std::string name = converterName(charset);
     if (name.empty()) return std::nullopt;
-    Converter converter(name);
+    text::Converter converter(name);
     if (!converter.known()) return std::nullopt;
     return converter.convert(std::string(bytes));
 }

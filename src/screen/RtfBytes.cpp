@@ -1,0 +1,137 @@
+#include "screen/RtfBytes.h"
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+#include "basics/Utf8.h"
+
+namespace zelvo::screen {
+
+namespace {
+
+constexpr int western = 1252, japanese = 932, utf8 = 65001;
+constexpr std::array<int, 5> pairPages{932, 936, 949, 950, 1361};
+constexpr std::array<int, 11> singlePages{874, 1250, 1251, 1252, 1253, 1254, 1255, 1256, 1257, 1258, utf8};
+
+struct Charset {
+    int number, page;
+};
+constexpr std::array<Charset, 13> charsets{{{128, 932},
+                                            {129, 949},
+                                            {130, 1361},
+                                            {134, 936},
+                                            {136, 950},
+                                            {161, 1253},
+                                            {162, 1254},
+                                            {163, 1258},
+                                            {177, 1255},
+                                            {178, 1256},
+                                            {186, 1257},
+                                            {204, 1251},
+                                            {238, 1250}}};
+
+template <class Pages>
+bool isIn(const Pages& pages, int page) {
+    return std::find(pages.begin(), pages.end(), page) != pages.end();
+}
+
+bool isFirst(unsigned char byte, RtfEncoding encoding) {
+    if (encoding.symbols || !isIn(pairPages, encoding.page)) return false;
+    if (encoding.western) return byte >= 0xA1 && byte <= 0xFE;
+    if (encoding.page == japanese && byte >= 0xA0 && byte <= 0xDF) return false;
+    return byte >= 0x81 && byte <= 0xFE;
+}
+
+bool isSecond(unsigned char byte, RtfEncoding encoding) {
+    if (byte == 0xFF) return false;
+    if (encoding.western) return byte >= 0xA1;
+    const bool letter = (byte >= 'A' && byte <= 'Z') || (byte >= 'a' && byte <= 'z');
+    return byte > 0x80 || letter || (encoding.page != 949 && byte >= 0x40 && byte != 0x7F);
+}
+
+}  // namespace
+
+int readablePage(int page) {
+    return isIn(pairPages, page) || isIn(singlePages, page) ? page : western;
+}
+
+RtfEncoding encodingOf(int charset, int documentPage) {
+    if (charset == 0 && isIn(pairPages, documentPage)) return {documentPage, true, false};
+    if (charset == 0) return {western, false, false};
+    if (charset == 2) return {western, false, true};
+    for (const Charset& known : charsets) {
+        if (known.number == charset) return {known.page, false, false};
+    }
+    return {documentPage, false, false};
+}
+
+bool RtfBytes::isPair(unsigned char first, unsigned char second, RtfEncoding encoding) {
+    return isFirst(first, encoding) && isSecond(second, encoding);
+}
+
+bool RtfBytes::wants(char character, RtfEncoding encoding) const {
+    const auto byte = static_cast<unsigned char>(character);
+    return first_ != 0 && byte < 0x80 && isSecond(byte, encoding);
+}
+
+void RtfBytes::add(unsigned char byte, RtfEncoding encoding) {
+    if (encoding_.page != encoding.page) convert();
+    encoding_ = encoding;
+    const unsigned char first = std::exchange(first_, static_cast<unsigned char>(0));
+    if (first != 0 && isSecond(byte, encoding)) {
+        gathered_ += static_cast<char>(first);
+        gathered_ += static_cast<char>(byte);
+        return;
+    }
+    if (first != 0) addSingle(first, encoding);
+    if (isFirst(byte, encoding)) {
+        first_ = byte;
+    } else {
+        addSingle(byte, encoding);
+    }
+}
+
+void RtfBytes::addSingle(unsigned char byte, RtfEncoding encoding) {
+    if (byte < 0x80) {
+        if (byte >= ' ' && byte != 0x7F) gathered_ += static_cast<char>(byte);
+        return;
+    }
+    if (!encoding.symbols && !isIn(pairPages, encoding.page)) {
+        gathered_ += static_cast<char>(byte);
+        return;
+    }
+    convert();
+    if (encoding.symbols) {
+        // Where the signs' fonts keep theirs; the round one is in every font.
+        text_ += byte == 0xB7 ? "•" : basics::toUtf8(0xF000U + byte);
+    } else {
+        text_ += encoding.western ? converted({static_cast<char>(byte)}, western) : "\uFFFD";
+    }
+}
+
+void RtfBytes::convert() {
+    if (gathered_.empty()) return;
+    text_ += converted(gathered_, encoding_.page);
+    gathered_.clear();
+}
+
+std::string RtfBytes::converted(const std::string& bytes, int page) const {
+    if (page == utf8) return basics::cleanUtf8(bytes);
+    if (pages_) return basics::cleanUtf8(pages_(bytes, page));
+    std::string unread;
+    for (std::size_t at = 0; at < bytes.size(); ++at) {
+        const auto byte = static_cast<unsigned char>(bytes[at]);
+        unread += byte < 0x80 ? std::string(1, bytes[at]) : "\uFFFD";
+        if (byte >= 0x80 && isFirst(byte, {page, false, false})) ++at;
+    }
+    return unread;
+}
+
+std::string RtfBytes::take() {
+    if (first_ != 0) addSingle(std::exchange(first_, static_cast<unsigned char>(0)), encoding_);
+    convert();
+    return std::exchange(text_, {});
+}
+
+}  // namespace zelvo::screen

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <string_view>
+
+#include "screen/CodePage.h"
+#include "screen/RichText.h"
+
+namespace zelvo::screen {
+
+bool looksLikeRtf(std::string_view text);
+
+/// The content of an RTF text, in its one form (see tidied). Takes anything: what is cut gives what came
+/// before the cut, what doesn't begin as RTF is a plain text. Time grows with the length; groups beyond a
+/// depth of 500 are left out, and beyond 200,000 paragraphs or 100,000 runs the text stays and form is lost.
+/// Without code pages the bytes of old documents are U+FFFD, one a character.
+RichText readRtf(std::string_view rtf, const CodePages& pages = {});
+
+}  // namespace zelvo::screen
