@@ -1,0 +1,39 @@
+#pragma once
+
+#include <QtWidgets/QHeaderView>
+
+namespace zelvo::screen {
+class Grid;
+}
+
+namespace zelvo::qt {
+
+/// The heads of a table's columns, and above them the table's caption where it has one.
+class GridHeader : public QHeaderView {
+    Q_OBJECT
+
+public:
+    explicit GridHeader(QWidget* parent = nullptr);
+    void hangOn(const screen::Grid& grid) { grid_ = &grid; }
+    void setCaption(const QString& caption);
+    /// The narrowest width in which a column's head can be read.
+    int leastWidth(int column) const;
+    QSize sizeHint() const override;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void paintSection(QPainter* painter, const QRect& rect, int column) const override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+
+private:
+    int captionHeight() const;
+    int headHeight() const;
+    int alignment(int column) const;
+    int firstShown() const;
+
+    const screen::Grid* grid_ = nullptr;
+    QString caption_;
+};
+
+}  // namespace zelvo::qt
