@@ -2,8 +2,14 @@
 
 namespace zelvo::host {
 
-ManagementTab::ManagementTab(screen::Window& form, screen::Place tab, session::Session& session)
-    : search(form, tab, session), detail(form, tab, session, search.tdbCBJ) {}
+ManagementTab::ManagementTab(screen::Window& form, screen::Place tab, session::Session& session,
+                             OrderTab& order, account::BalanceView& balance,
+                             std::function<void()> showOrderTab)
+    : search(form, tab, session),
+      detail(form, tab, session, search.tdbCBJ),
+      modification(form, session, detail, order.cost, balance),
+      cancel(form, session, search, detail, balance),
+      reuse(form, search.tdbCBJ, detail, order.draft, order.gate, std::move(showOrderTab)) {}
 
 void ManagementTab::Form_Load() {
     detail.Form_Load();

@@ -47,10 +47,26 @@ void OrderDetail::Form_Load() {
 void OrderDetail::On_CBJRowChange(int LastRow, int) {
     if (!list_.onRow() || LastRow == list_.currentRow()) return;
     // A list that was sorted brings the same order under another number: what is being typed stays.
-    if (LastRow >= 0 && !behindList()) return;
+    if (LastRow < 0 || behindList()) reload();
+}
+
+void OrderDetail::reload() {
     again_ = true;
-    if (loading_) return;
-    const Running running(loading_);
+    showCurrent();
+}
+
+void OrderDetail::keepingOrder(const std::function<void()>& action) {
+    {
+        const Running acting(busy_);
+        action();
+    }
+    showCurrent();
+}
+
+/// Shows what was asked for last, once nothing else runs.
+void OrderDetail::showCurrent() {
+    if (busy_) return;
+    const Running loading(busy_);
     while (again_) {
         again_ = false;
         Clear_CBJmDetail();
@@ -62,7 +78,7 @@ void OrderDetail::On_CBJRowChange(int LastRow, int) {
 void OrderDetail::Show_CBJmDetail() {
     if (!list_.onRow()) return;
     const screen::BusyPointer busy(form_.desktop());
-    const bool loaded = Load_CBJmDetail(currentKey());
+    const bool loaded = Load_CBJmDetail(listKey());
     if (again_) return;
     if (!loaded) {
         form_.desktop().alarm("처방전상세정보 읽는 중 에러 발생", "처방전관리");
@@ -82,21 +98,24 @@ bool OrderDetail::Load_CBJmDetail(std::int32_t CBJ_PK) {
     }
 }
 
-/// Every order asked for meanwhile ends the reads of this one.
+/// In the order of the sections; once another order has been asked for, no more of this one is read.
 bool OrderDetail::loadSections(const DetailRead& read) {
-    data::CBJmState order;
-    if (!data::clsZELVORecordSet().RecordSet_CBJmStateInfo(read.connection, read.CBJ_PK, order)) return false;
-    state.show(order);
-    show(sheet.txtCBJmCBMsg, order.CBJ_Msg);
-    const auto next = [this](bool read_) { return read_ && !again_; };
-    return (next(patient.load(read)) && next(sender.load(read)) && next(sheet.load(read)) &&
-            next(decoction.loadType(read)) && next(decoction.loadDecoction(read)) && next(herbs.load(read)) &&
-            costs.load(read)) ||
-           again_;
+    const std::function<bool()> steps[] = {[&] { return state.load(read, sheet.txtCBJmCBMsg); },
+                                           [&] { return patient.load(read); },
+                                           [&] { return sender.load(read); },
+                                           [&] { return sheet.load(read); },
+                                           [&] { return decoction.loadType(read); },
+                                           [&] { return decoction.loadDecoction(read); },
+                                           [&] { return herbs.load(read); },
+                                           [&] { return costs.load(read); }};
+    for (const auto& step : steps) {
+        if (again_) return true;
+        if (!step()) return false;
+    }
+    return true;
 }
 
 void OrderDetail::Clear_CBJmDetail() {
-    ++turn_;
     shownKey_ = 0;
     state.clear();
     patient.clear();
@@ -113,11 +132,10 @@ void OrderDetail::Set_CBJmEditable(bool editable) {
 }
 
 bool OrderDetail::behindList() const {
-    return list_.onRow() && currentKey() != shownKey_;
+    return list_.onRow() && listKey() != shownKey_;
 }
 
-/// 0 for a row without a key.
-std::int32_t OrderDetail::currentKey() const {
+std::int32_t OrderDetail::listKey() const {
     const std::string key = list_.value("CBJ_PK");
     return basics::IsNumeric(key) ? basics::toInt32(key) : 0;
 }

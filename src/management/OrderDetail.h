@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 
 #include "management/CostSection.h"
 #include "management/DecoctionSection.h"
@@ -37,9 +38,13 @@ public:
     void bindHerbs() { herbs.bind(); }
 
     /// The list's row changed: the panel shows the current one. `LastRow` -1 reads it afresh. A change that
-    /// comes while an order is being loaded waits for that one's end; of two orders the panel never shows
-    /// parts.
+    /// comes while an order is being loaded, or acted on, waits for the end of that: of two orders the panel
+    /// never shows parts.
     void On_CBJRowChange(int LastRow, int LastCol = -1);
+    /// Reads the current row afresh; without one the panel is emptied. Leaves editing.
+    void reload();
+    /// Runs what acts on the order in view: until its end the panel keeps that order.
+    void keepingOrder(const std::function<void()>& action);
     /// Shows the list's current row, and what can be done with it.
     void Show_CBJmDetail();
     /// Reads an order into the fields, section by section. False when a read fails: the fields filled so far
@@ -52,22 +57,21 @@ public:
 
     /// Key of the order that stands in the panel whole, 0 for none.
     std::int32_t shownKey() const { return shownKey_; }
-    /// True when the list stands on another order than the panel shows, or on one that it does not show.
+    /// Key in the list's current row, 0 for none.
+    std::int32_t listKey() const;
+    /// True when the list stands on an order that the panel does not show.
     bool behindList() const;
-    /// Rises with every emptying of the panel: an action that waits for something sees that its order is
-    /// gone.
-    unsigned turn() const { return turn_; }
 
 private:
+    void showCurrent();
     bool loadSections(const DetailRead& read);
-    std::int32_t currentKey() const;
 
     session::Session& session_;
     screen::Window& form_;
     screen::Grid& list_;
     std::int32_t shownKey_ = 0;
-    unsigned turn_ = 0;
-    bool loading_ = false, again_ = false;
+    /// An order is being loaded or acted on, and another load has been asked for meanwhile.
+    bool busy_ = false, again_ = false;
 };
 
 }  // namespace zelvo::management

@@ -3,7 +3,6 @@
 #include <string_view>
 
 #include "data/Words.h"
-#include "management/DetailRead.h"
 
 namespace zelvo::management {
 
@@ -49,6 +48,14 @@ StateSection::StateSection(screen::Window& form, DetailFrames& frames)
         if (!quiet_) onUpdateClicked(sschkCBJmUpdate.value());
     });
     clear();
+}
+
+bool StateSection::load(const DetailRead& read, screen::TextField& message) {
+    data::CBJmState state;
+    if (!data::clsZELVORecordSet().RecordSet_CBJmStateInfo(read.connection, read.CBJ_PK, state)) return false;
+    show(state);
+    management::show(message, state.CBJ_Msg);
+    return true;
 }
 
 void StateSection::show(const data::CBJmState& state) {

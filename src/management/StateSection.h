@@ -4,6 +4,7 @@
 
 #include "data/clsZELVORecordSet.h"
 #include "management/DetailFrames.h"
+#include "management/DetailRead.h"
 #include "screen/Event.h"
 #include "screen/Fields.h"
 #include "screen/TextField.h"
@@ -27,7 +28,8 @@ public:
     /// The user turned the modification's switch; what the logic does to it is not told.
     screen::Event<bool> onUpdateClicked;
 
-    void show(const data::CBJmState& state);
+    /// The order's message comes with its state.
+    bool load(const DetailRead& read, screen::TextField& message);
     void clear();
     /// True while the waiting order's picture shows.
     bool waiting() const { return picCBJstate[0].visible(); }
@@ -36,6 +38,8 @@ public:
     void uncheckUpdate();
 
 private:
+    void show(const data::CBJmState& state);
+
     bool quiet_ = false;
 };
 

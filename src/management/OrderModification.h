@@ -1,0 +1,41 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "account/BalanceView.h"
+#include "data/clsZELVORecordSet.h"
+#include "management/OrderDetail.h"
+#include "ordering/CostAnswer.h"
+#include "ordering/CostConfirmation.h"
+#include "session/Session.h"
+
+namespace zelvo::management {
+
+/// Changes an order that still waits: who gets it, where it goes and how, who sent it, its message and its
+/// sheet. The switch opens the panel for editing, the button stores; another delivery method has its price
+/// asked for first.
+class OrderModification {
+public:
+    OrderModification(screen::Window& form, session::Session& session, OrderDetail& detail,
+                      ordering::CostConfirmation& price, account::BalanceView& balance);
+
+private:
+    void Begin_CBJmUpdate(bool Value);
+    void Save_CBJmUpdate();
+    void save();
+    bool Request_CostUpdate(std::int32_t CBJ_PK, std::int16_t payMethod);
+    std::string askPage(std::int32_t CBJ_PK, std::int16_t payMethod) const;
+    void showCosts(const ordering::CostAnswer& answer);
+    void takeCosts(data::CBJmUpdate& row) const;
+    void takePatient(data::CBJmUpdate& row) const;
+    void takeSenderAndSheet(data::CBJmUpdate& row) const;
+
+    screen::Window& form_;
+    session::Session& session_;
+    OrderDetail& detail_;
+    ordering::CostConfirmation& price_;
+    account::BalanceView& balance_;
+};
+
+}  // namespace zelvo::management

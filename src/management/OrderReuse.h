@@ -1,0 +1,40 @@
+#pragma once
+
+#include <functional>
+
+#include "composition/OrderWatch.h"
+#include "management/OrderDetail.h"
+#include "ordering/OrderDraft.h"
+#include "screen/Grid.h"
+
+namespace zelvo::management {
+
+/// Makes the order in view, whatever has become of it, the starting point of a new one: what was composed
+/// then, at today's prices, for the patient who stands on the order tab now.
+class OrderReuse {
+public:
+    /// `showOrderTab` brings the tab forward on which the new order then stands.
+    OrderReuse(screen::Window& form, const screen::Grid& list, OrderDetail& detail,
+               ordering::OrderDraft& draft, composition::OrderWatch& watch,
+               std::function<void()> showOrderTab);
+
+private:
+    void Reuse_Order();
+    void Copy_CBJmToComposition();
+    void copySheet();
+    void copyDose();
+    void copyHerbs();
+    void priceHerbs();
+    void chooseAddOns();
+    bool choose(screen::Grid& grid, tables::XArrayDB& options, const std::string& key) const;
+    void unselectAll(tables::XArrayDB& options) const;
+
+    screen::Window& form_;
+    const screen::Grid& list_;
+    OrderDetail& detail_;
+    ordering::OrderDraft& draft_;
+    composition::OrderWatch& watch_;
+    std::function<void()> showOrderTab_;
+};
+
+}  // namespace zelvo::management
