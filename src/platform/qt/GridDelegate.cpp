@@ -3,8 +3,8 @@
 #include <QtCore/QModelIndex>
 #include <QtGui/QHelpEvent>
 #include <QtGui/QPainter>
+#include <QtGui/QPolygonF>
 #include <QtWidgets/QAbstractItemView>
-#include <QtWidgets/QStyle>
 #include <QtWidgets/QToolTip>
 #include <algorithm>
 #include <string_view>
@@ -18,7 +18,9 @@ namespace zelvo::qt {
 
 namespace {
 
-constexpr int choiceSize = 16, buttonWidth = 26, buttonHeight = 18;
+constexpr int choiceSize = 15, buttonWidth = 26, buttonHeight = 18;
+/// A text in less room than this only hints at itself; the button beside it then says that there is one.
+constexpr int leastTextRoom = 40;
 
 /// What the row's style says, without its colour.
 QChar markOf(std::string_view style) {
@@ -45,7 +47,7 @@ QRect centred(const QSize& size, const QRect& cell) {
 
 /// The colours of a cell and what its row says.
 struct GridDelegate::Look {
-    QColor ground, text, accent, line;
+    QColor ground, text, accent, onAccent, line;
     QChar mark;
     bool currentRow = false, currentCell = false;
 };
@@ -58,6 +60,7 @@ GridDelegate::Look GridDelegate::lookOf(const QStyleOptionViewItem& option, cons
     const bool focused = option.widget && option.widget->hasFocus();
     Look look;
     look.accent = option.palette.color(group, QPalette::Highlight);
+    look.onAccent = option.palette.color(group, QPalette::HighlightedText);
     look.currentRow = index.row() == grid_.currentRow();
     look.currentCell = look.currentRow && focused && index.column() == grid_.currentColumn();
     look.ground = index.row() % 2 == 0 ? base : blended(plain, base, 0.025);
@@ -67,7 +70,8 @@ GridDelegate::Look GridDelegate::lookOf(const QStyleOptionViewItem& option, cons
     const std::string style = grid_.rowStyle(index.row());
     if (!enabled || style.empty()) return look;
     look.mark = markOf(style);
-    if (const screen::Color* color = grid_.style(style))
+    // Black is what text is in plain; on a dark screen that is white.
+    if (const screen::Color* color = grid_.style(style); color && *color != screen::Color{})
         look.text = readableOn(look.ground, QColor(color->red, color->green, color->blue));
     return look;
 }
@@ -85,7 +89,7 @@ bool GridDelegate::marksRow(int column) const {
 
 void GridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
                          const QModelIndex& index) const {
-    const int row = index.row(), column = index.column();
+    const int column = index.column();
     const Look look = lookOf(option, index);
     const QRect& cell = option.rect;
     painter->fillRect(cell, look.ground);
@@ -93,20 +97,32 @@ void GridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
         painter->fillRect(QRect(cell.topLeft(), QSize(3, cell.height())), look.accent);
     if (marksRow(column)) paintMark(*painter, look, cell);
     if (holdsChoice(grid_, column)) {
-        paintChoice(*painter, option, index);
+        paintChoice(*painter, look, cell, index);
     } else {
-        const QRect room = textRoom(cell, row, column);
-        QString text = qtText(grid_.shownText(row, column));
-        if (option.fontMetrics.horizontalAdvance(text) > room.width())
-            text = option.fontMetrics.elidedText(text, Qt::ElideRight, room.width());
         painter->setFont(option.font);
-        painter->setPen(look.text);
-        painter->drawText(room, alignmentOf(grid_.column(column)) | Qt::TextSingleLine, text);
-        if (grid_.column(column).button) paintButton(*painter, look, pressTarget(cell, row, column), index);
+        paintText(*painter, look, cell, index);
     }
     if (!look.currentCell) return;
     painter->setPen(QPen(look.accent, 2));
     painter->drawRect(cell.adjusted(1, 1, -1, -1));
+}
+
+void GridDelegate::paintText(QPainter& painter, const Look& look, const QRect& cell,
+                             const QModelIndex& index) const {
+    const screen::GridColumn& column = grid_.column(index.column());
+    const QRect room = textRoom(cell, index.row(), index.column());
+    const QString text = qtText(grid_.shownText(index.row(), index.column()));
+    const QFontMetrics metrics = painter.fontMetrics();
+    if (!column.button || room.width() >= leastTextRoom) {
+        painter.setPen(look.text);
+        painter.drawText(room, alignmentOf(column) | Qt::TextSingleLine,
+                         metrics.horizontalAdvance(text) > room.width()
+                             ? metrics.elidedText(text, Qt::ElideRight, room.width())
+                             : text);
+    }
+    if (!column.button) return;
+    const QRect target = pressTarget(cell, index.row(), index.column());
+    paintButton(painter, look, target, index, column.editable && !text.isEmpty());
 }
 
 void GridDelegate::paintMark(QPainter& painter, const Look& look, const QRect& cell) const {
@@ -120,37 +136,51 @@ void GridDelegate::paintMark(QPainter& painter, const Look& look, const QRect& c
                      look.mark);
 }
 
-void GridDelegate::paintChoice(QPainter& painter, const QStyleOptionViewItem& option,
+void GridDelegate::paintChoice(QPainter& painter, const Look& look, const QRect& cell,
                                const QModelIndex& index) const {
-    QStyleOptionButton mark;
-    const int size = std::min(choiceSize, option.rect.height() - 2);
-    mark.rect = centred({size, size}, option.rect);
-    mark.palette = option.palette;
-    mark.state = option.state & QStyle::State_Enabled;
-    mark.state |= isChosen(grid_, index.row(), index.column()) ? QStyle::State_On : QStyle::State_Off;
-    if (index == hot) mark.state |= QStyle::State_MouseOver;
-    if (index == held) mark.state |= QStyle::State_Sunken;
+    const int size = std::min(choiceSize, cell.height() - 4);
+    const QRectF mark = QRectF(centred({size, size}, cell)).adjusted(0.5, 0.5, -0.5, -0.5);
+    const bool chosen = isChosen(grid_, index.row(), index.column());
+    const double corner = takesOne(grid_) ? size / 2.0 : 3;
     painter.save();
-    option.widget->style()->drawPrimitive(
-        takesOne(grid_) ? QStyle::PE_IndicatorRadioButton : QStyle::PE_IndicatorCheckBox, &mark, &painter,
-        option.widget);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(chosen || index == hot ? look.accent : look.line, 1.2));
+    painter.setBrush(chosen ? look.accent : blended(look.accent, look.ground, index == held ? 0.35 : 0));
+    painter.drawRoundedRect(mark, corner, corner);
+    if (chosen && takesOne(grid_)) {
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(look.onAccent);
+        painter.drawEllipse(mark.center(), size * 0.2, size * 0.2);
+    } else if (chosen) {
+        painter.setPen(QPen(look.onAccent, 1.8, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+        const auto at = [&](double x, double y) { return mark.topLeft() + QPointF(x, y) * mark.width(); };
+        painter.drawPolyline(QPolygonF({at(0.23, 0.52), at(0.43, 0.71), at(0.77, 0.31)}));
+    }
     painter.restore();
 }
 
-/// A flat button with three dots: there is more to read, or to write.
+/// A flat button: lines where there is a text behind it, three dots where there is more to read or to write.
 void GridDelegate::paintButton(QPainter& painter, const Look& look, const QRect& target,
-                               const QModelIndex& index) const {
+                               const QModelIndex& index, bool filled) const {
     const QSize size(std::min(buttonWidth, target.width() - 4), std::min(buttonHeight, target.height() - 4));
     const QRectF button = QRectF(centred(size, target)).adjusted(0.5, 0.5, -0.5, -0.5);
     const bool down = index == held, over = index == hot;
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(over || down ? look.accent : look.line);
+    painter.setPen(over || down || filled ? look.accent : look.line);
     painter.setBrush(blended(look.accent, look.ground, down ? 0.35 : over ? 0.12 : 0.0));
     painter.drawRoundedRect(button, 3, 3);
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(blended(look.text, look.ground, 0.75));
-    for (const int dot : {-1, 0, 1}) painter.drawEllipse(button.center() + QPointF(dot * 5, 0), 1.4, 1.4);
+    const QColor ink = filled ? look.accent : blended(look.text, look.ground, 0.75);
+    painter.setPen(filled ? QPen(ink, 1.4) : QPen(Qt::NoPen));
+    painter.setBrush(ink);
+    for (const int part : {-1, 0, 1}) {
+        if (filled) {
+            const QPointF middle = button.center() + QPointF(0, part * 3.5);
+            painter.drawLine(middle - QPointF(6, 0), middle + QPointF(part > 0 ? 2 : 6, 0));
+        } else {
+            painter.drawEllipse(button.center() + QPointF(part * 5, 0), 1.4, 1.4);
+        }
+    }
     painter.restore();
 }
 

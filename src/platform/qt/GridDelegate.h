@@ -37,9 +37,10 @@ private:
     struct Look;
     Look lookOf(const QStyleOptionViewItem& option, const QModelIndex& index) const;
     void paintMark(QPainter& painter, const Look& look, const QRect& cell) const;
-    void paintChoice(QPainter& painter, const QStyleOptionViewItem& option, const QModelIndex& index) const;
-    void paintButton(QPainter& painter, const Look& look, const QRect& target,
-                     const QModelIndex& index) const;
+    void paintText(QPainter& painter, const Look& look, const QRect& cell, const QModelIndex& index) const;
+    void paintChoice(QPainter& painter, const Look& look, const QRect& cell, const QModelIndex& index) const;
+    void paintButton(QPainter& painter, const Look& look, const QRect& target, const QModelIndex& index,
+                     bool filled) const;
     int firstShown() const;
     bool marksRow(int column) const;
 

@@ -1,12 +1,13 @@
 #include "platform/qt/GridEditor.h"
 
-#include <QtCore/QCoreApplication>
 #include <QtGui/QInputMethodEvent>
 #include <QtGui/QKeyEvent>
+#include <QtGui/QPainter>
 #include <algorithm>
 #include <utility>
 
 #include "basics/Utf8.h"
+#include "platform/qt/GridDelegate.h"
 #include "platform/qt/Keys.h"
 #include "platform/qt/Texts.h"
 #include "screen/Grid.h"
@@ -14,11 +15,19 @@
 
 namespace zelvo::qt {
 
+namespace {
+
+constexpr int leastWidth = 180;
+
+}  // namespace
+
 GridEditor::GridEditor(QWidget& table, QWidget& glass) : QLineEdit(&glass) {
     setFrame(false);
     setFocusPolicy(Qt::NoFocus);
     setFocusProxy(&table);
     setContextMenuPolicy(Qt::NoContextMenu);
+    // With the line's own two pixels its text stands where the cell's does.
+    setTextMargins(GridDelegate::edge - 2, 0, GridDelegate::edge - 2, 0);
     hide();
     connect(this, &QLineEdit::textEdited, this, &GridEditor::tellText);
 }
@@ -31,7 +40,24 @@ void GridEditor::open(int column) {
     show();
 }
 
+void GridEditor::placeOver(const QRect& cell) {
+    QRect room = cell;
+    if (grid_->column(column_).maxLength == 0 && room.width() < leastWidth) {
+        room.setWidth(std::min(leastWidth, parentWidget()->width()));
+        room.moveLeft(std::clamp(cell.left(), 0, parentWidget()->width() - room.width()));
+    }
+    setGeometry(room);
+}
+
+void GridEditor::paintEvent(QPaintEvent* event) {
+    QLineEdit::paintEvent(event);
+    QPainter painter(this);
+    painter.setPen(QPen(palette().color(QPalette::Active, QPalette::Highlight), 2));
+    painter.drawRect(rect().adjusted(1, 1, -1, -1));
+}
+
 void GridEditor::close() {
+    blink(false);
     hide();
     clear();
 }

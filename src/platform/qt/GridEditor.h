@@ -18,8 +18,10 @@ public:
     explicit GridEditor(QWidget& table, QWidget& glass);
     void hangOn(screen::Grid& grid) { grid_ = &grid; }
 
-    /// Opens over a cell of this column with the text that stands in it.
+    /// Opens for a cell of this column with the text of the open edit.
     void open(int column);
+    /// Stands over the cell; wider where that is too narrow for a text without limit.
+    void placeOver(const QRect& cell);
     void close();
     bool isOpen() const { return isVisibleTo(parentWidget()); }
     /// Takes over the open edit's text where it differs; not while a syllable is being composed.
@@ -36,6 +38,9 @@ public:
     bool composing() const { return composing_; }
     /// Takes an input method's event as it comes (one that replaces what stands around the caret).
     void takeAsItIs(QInputMethodEvent& event) { inputMethodEvent(&event); }
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
 
 private:
     void tellText(const QString& text);

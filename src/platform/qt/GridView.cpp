@@ -184,10 +184,7 @@ void GridView::openEditor(int row, int column) {
 
 void GridView::placeEditor() {
     if (!editor_->isOpen()) return;
-    const QRect cell = visualRect(model_->index(editedRow_, editedColumn_));
-    const QRect room = delegate_->textRoom(cell, editedRow_, editedColumn_);
-    // The line has a margin of two pixels of its own.
-    editor_->setGeometry(room.left() - 2, cell.top() + 2, room.width() + 4, cell.height() - 4);
+    editor_->placeOver(visualRect(model_->index(editedRow_, editedColumn_)));
 }
 
 void GridView::tellPlaces() {
