@@ -1,106 +1,10 @@
-#include "platform/qt/GridView.h"
+#include "gui/GridViewTest.h"
 
-#include <gtest/gtest.h>
-
-#include <QtGui/QInputMethodEvent>
-#include <QtGui/QKeyEvent>
-#include <QtGui/QMouseEvent>
-#include <QtWidgets/QApplication>
 #include <QtWidgets/QHeaderView>
-#include <QtWidgets/QLineEdit>
 #include <QtWidgets/QScrollBar>
-#include <set>
-
-#include "platform/qt/GridColumns.h"
-#include "screen/Grid.h"
-#include "screen/Window.h"
-#include "support/TestDesktop.h"
-#include "tables/XArrayDB.h"
 
 namespace zelvo::qt {
 namespace {
-
-constexpr int name = 1, pharmacyName = 2, grams = 3, note = 4, choice = 5;
-
-/// The herb table in small, with a choice beside it.
-std::vector<screen::GridColumn> columns() {
-    return {{.caption = ".", .shown = false},
-            {.caption = "약재명", .editable = true, .width = 2000},
-            {.caption = "한약국약재", .stops = false, .width = 3000},
-            {.caption = "용량(g)", .editable = true, .alignRight = true, .width = 1500, .maxLength = 5},
-            {.caption = "비고", .editable = true, .button = true, .width = 1500},
-            {.caption = "선택", .button = true, .width = 1000}};
-}
-
-struct GridViewTest : ::testing::Test {
-    GridViewTest() {
-        grid.onCellShow.add([this](int row, int, std::string&) { asked.insert(row); });
-        grid.onCellButton.add([this](int column) { pressed.emplace_back(grid.currentRow(), column); });
-        grid.onKeyPress.add([this](char32_t& key) {
-            if (grid.currentColumn() == grams && key >= U' ' && !(key >= U'0' && key <= U'9')) key = 0;
-        });
-        fill(20);
-        view.resize(1000, 400);
-        view.hangOn(grid);
-        view.show();
-        view.activateWindow();
-        view.setFocus();
-        QApplication::processEvents();
-        window.userFocus(grid);
-    }
-    /// That many new rows.
-    void fill(int rows) {
-        herbs.reDim(rows - 1, choice);
-        for (int row = 0; row < rows; ++row) {
-            herbs.set(row, name, "당귀");
-            herbs.set(row, grams, "40");
-        }
-        grid.bind(&herbs);
-    }
-    void cell(int row, int column) {
-        ASSERT_TRUE(grid.userCell(row, column));
-        view.showGrid();
-    }
-    /// Paints and gives the rows that were asked for.
-    const std::set<int>& paint() {
-        asked.clear();
-        view.grab();
-        return asked;
-    }
-    void key(int code, const QString& text = {}, Qt::KeyboardModifiers held = {}) {
-        QKeyEvent event(QEvent::KeyPress, code, held, text);
-        QApplication::sendEvent(&view, &event);
-    }
-    /// Characters and, as signs, < (left), \b, \r and \x1b.
-    void type(const QString& keys) {
-        const QHash<QChar, int> named{{u'<', Qt::Key_Left},
-                                      {u'\b', Qt::Key_Backspace},
-                                      {u'\r', Qt::Key_Return},
-                                      {u'\x1b', Qt::Key_Escape}};
-        for (const QChar sign : keys)
-            key(named.value(sign, sign.toUpper().unicode()), named.contains(sign) ? QString() : sign);
-    }
-    void compose(const QString& preedit, const QString& commit = {}) {
-        QInputMethodEvent event(preedit, {});
-        event.setCommitString(commit);
-        QApplication::sendEvent(&view, &event);
-    }
-    void mouse(QEvent::Type type, const QPoint& point) {
-        const QPointF global = view.viewport()->mapToGlobal(QPointF(point));
-        QMouseEvent event(type, point, global, Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
-        QApplication::sendEvent(view.viewport(), &event);
-    }
-    QRect rect(int row, int column) const { return view.visualRect(view.model()->index(row, column)); }
-
-    testing::TestDesktop desktop;
-    screen::Window window{desktop, "frmTest", 9000, 9000};
-    screen::Grid grid{window, "tdbTest", {}, columns()};
-    tables::XArrayDB herbs;
-    std::set<int> asked;
-    std::vector<std::pair<int, int>> pressed;
-    GridView view;
-    QLineEdit& editor = *view.findChild<QLineEdit*>();
-};
 
 TEST_F(GridViewTest, AMillionRowsAreAskedForWhereTheyAreSeen) {
     fill(1'000'000);
@@ -213,36 +117,48 @@ TEST_F(GridViewTest, AWordBeingComposedIsNeverCut) {
     EXPECT_FALSE(grid.editing() || editor.isVisible()) << "swallowed by the listener";
 }
 
-TEST_F(GridViewTest, Buttons) {
-    using Presses = std::vector<std::pair<int, int>>;
-    const auto press = [&](int row, int column, bool atRight, bool letGoThere = true) {
+TEST_F(GridViewTest, ButtonsByThePointer) {
+    struct Case {
+        const char* what;
+        int row, column;
+        bool atRight, letGoThere, presses;
+    };
+    for (const auto& c :
+         {Case{"the button", 2, note, true, true, true},
+          Case{"let go elsewhere", 2, note, true, false, false},
+          Case{"the text beside it", 3, note, false, true, false},
+          Case{"a choice, anywhere in its cell", 4, choice, false, true, true},
+          Case{"no button, and the cursor doesn't stop", 5, pharmacyName, false, true, false}}) {
+        SCOPED_TRACE(c.what);
         pressed.clear();
-        const QRect place = rect(row, column);
-        const QPoint point = atRight ? QPoint(place.right() - 8, place.center().y()) : place.center();
+        const QRect place = view.visualRect(view.model()->index(c.row, c.column));
+        const QPoint point = c.atRight ? QPoint(place.right() - 8, place.center().y()) : place.center();
         mouse(QEvent::MouseButtonPress, point);
-        mouse(QEvent::MouseButtonRelease, letGoThere ? point : QPoint(2, 2));
-        return pressed;
-    };
-    EXPECT_EQ(press(2, note, true), Presses({{2, note}}));
-    EXPECT_EQ(press(3, note, true, false), Presses());
-    EXPECT_EQ(press(3, note, false), Presses()) << "the text beside it";
-    EXPECT_EQ(grid.currentColumn(), note);
-    EXPECT_EQ(press(4, choice, false), Presses({{4, choice}}));
-    EXPECT_EQ(press(5, pharmacyName, false), Presses());
-    EXPECT_EQ(grid.currentRow(), 5) << "where the cursor doesn't stop, a click takes the row";
+        mouse(QEvent::MouseButtonRelease, c.letGoThere ? point : QPoint(2, 2));
+        EXPECT_EQ(pressed, c.presses ? Presses({{c.row, c.column}}) : Presses());
+        EXPECT_EQ(grid.currentRow(), c.row);
+    }
+}
 
-    const auto keyed = [&](int column, int code, Qt::KeyboardModifiers held = {}) {
-        cell(0, column);
-        pressed.clear();
-        key(code, code == Qt::Key_Space ? " " : "", held);
-        return pressed;
+TEST_F(GridViewTest, ButtonsByTheKeyboard) {
+    struct Case {
+        const char* what;
+        int column, key;
+        Qt::KeyboardModifiers held;
+        bool presses;
     };
-    EXPECT_EQ(keyed(note, Qt::Key_F4), Presses({{0, note}}));
-    EXPECT_EQ(keyed(choice, Qt::Key_Down, Qt::AltModifier), Presses({{0, choice}}));
-    EXPECT_EQ(keyed(note, Qt::Key_Return, Qt::ControlModifier), Presses({{0, note}}));
-    EXPECT_EQ(keyed(name, Qt::Key_F4), Presses()) << "two buttons in the row";
-    EXPECT_EQ(keyed(choice, Qt::Key_Space), Presses({{0, choice}}));
-    EXPECT_EQ(keyed(note, Qt::Key_Space), Presses()) << "a blank is written here";
+    for (const auto& c : {Case{"F4", note, Qt::Key_F4, {}, true},
+                          Case{"Alt+Down", choice, Qt::Key_Down, Qt::AltModifier, true},
+                          Case{"Ctrl+Enter", note, Qt::Key_Return, Qt::ControlModifier, true},
+                          Case{"two buttons in the row", name, Qt::Key_F4, {}, false},
+                          Case{"a blank takes the choice", choice, Qt::Key_Space, {}, true},
+                          Case{"a blank is written", note, Qt::Key_Space, {}, false}}) {
+        SCOPED_TRACE(c.what);
+        cell(0, c.column);
+        pressed.clear();
+        key(c.key, c.key == Qt::Key_Space ? " " : "", c.held);
+        EXPECT_EQ(pressed, c.presses ? Presses({{0, c.column}}) : Presses());
+    }
     EXPECT_EQ(grid.editText(), " ");
 }
 
