@@ -19,7 +19,7 @@ need() {
 
 build_packages=(g++ cmake ninja-build ccache pkg-config libsqlite3-dev libcurl4-openssl-dev libcpp-httplib-dev)
 run_packages=(sqlite3 ca-certificates)
-test_packages=(libgtest-dev openssl)
+test_packages=(libgtest-dev openssl unrtf)
 check_packages=(clang-format clang-tidy)
 
 # What was compiled once, in whatever folder, is not compiled again.

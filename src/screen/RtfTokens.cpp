@@ -57,9 +57,12 @@ RtfToken RtfTokens::control() {
 }
 
 RtfToken RtfTokens::byte() {
-    const int high = at_ + 1 < rtf_.size() ? hexValue(rtf_[at_]) : -1;
-    const int low = high >= 0 ? hexValue(rtf_[at_ + 1]) : -1;
-    if (low < 0) return {RtfToken::Kind::Symbol, rtf_.substr(at_ - 1, 1)};
+    if (rtf_.size() - at_ < 2) {
+        at_ = rtf_.size();
+        return {};
+    }
+    const int high = hexValue(rtf_[at_]), low = hexValue(rtf_[at_ + 1]);
+    if (high < 0 || low < 0) return {RtfToken::Kind::Symbol, rtf_.substr(at_ - 1, 1)};
     at_ += 2;
     return {RtfToken::Kind::Byte, rtf_.substr(at_ - 2, 2), true, high * 16 + low};
 }
@@ -76,7 +79,9 @@ RtfToken RtfTokens::word() {
         number = std::min<std::int64_t>(number * 10 + (rtf_[at_] - '0'), INT32_MAX);
     }
     token.number = static_cast<std::int32_t>(negative ? -number : number);
-    if (at_ < rtf_.size() && rtf_[at_] == ' ') ++at_;
+    // No whole document ends with a word: this one is cut, and may have been another.
+    if (at_ >= rtf_.size()) return {};
+    if (rtf_[at_] == ' ') ++at_;
     if (token.text == "bin" && token.number > 0) {
         at_ += std::min(rtf_.size() - at_, static_cast<std::size_t>(token.number));
     }

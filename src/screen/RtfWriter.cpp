@@ -104,12 +104,18 @@ private:
             if (indent > 0) body_ += "\\li" + std::to_string(indent);
             body_ += ' ';
         }
-        for (const Run& run : paragraph.runs) writeRun(run);
+        for (const Run& run : paragraph.runs) {
+            // unrtf forgets the alignment of a paragraph that begins with a \u outside of a group.
+            if (run.style != standard_ || paragraph.alignment != Alignment::Left) {
+                writeGroup(run);
+            } else {
+                appendText(body_, run.text);
+            }
+        }
         body_ += "\\par\r\n";
     }
 
-    void writeRun(const Run& run) {
-        if (run.style == standard_) return appendText(body_, run.text);
+    void writeGroup(const Run& run) {
         const CharacterStyle& style = run.style;
         body_ += '{';
         if (style.family != standard_.family) body_ += "\\f" + std::to_string(fonts_.of(style.family));
@@ -122,7 +128,7 @@ private:
         if (style.italic) body_ += "\\i";
         if (style.underline) body_ += "\\ul";
         if (style.strike) body_ += "\\strike";
-        body_ += ' ';
+        if (style != standard_) body_ += ' ';
         appendText(body_, run.text);
         body_ += '}';
     }
@@ -148,7 +154,7 @@ private:
         return head + "\\uc1\\f0\\fs" + std::to_string(standard_.halfPoints) + "\r\n";
     }
 
-    const CharacterStyle standard_;
+    const CharacterStyle standard_{};
     Numbers<std::string> fonts_;
     Numbers<Colour, ByParts> colours_;
     std::string body_;

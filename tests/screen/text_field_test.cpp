@@ -112,5 +112,27 @@ TEST_F(TextFieldTest, ARichTextKeepsBothFormsTogether) {
     EXPECT_EQ(log, "하루 3번+;하루 3번+;+;;");
 }
 
+TEST_F(TextFieldTest, ARichTextTakesWhatItsUserMakesOfItsForm) {
+    RichTextField rich(form, "rtxOne");
+    rich.setRtf(R"({\rtf1\fs20 a{\b b}\par})");
+    rich.onChange.add([&] { log += rich.text() + ";"; });
+    RichText edited = rich.content();
+    rich.userContent(edited);
+    EXPECT_EQ(log, "") << "nothing new";
+    edited.paragraphs[0].runs[1].style.bold = false;
+    rich.userContent(edited);
+    EXPECT_EQ(rich.rtf().find("\\b"), std::string::npos) << "the same text in another form";
+    edited.paragraphs[0].runs[0].text = "가";
+    rich.userContent(edited, 1);
+    EXPECT_EQ(log, "ab;가b;");
+    EXPECT_EQ(rich.selectionStart(), 1U);
+    EXPECT_EQ(rich.content(), tidied(edited));
+    rich.userContent({});
+    EXPECT_EQ(rich.rtf() + log, "ab;가b;;");
+    rich.setLocked(true);
+    rich.userContent(edited);
+    EXPECT_EQ(rich.text(), "");
+}
+
 }  // namespace
 }  // namespace zelvo::screen
