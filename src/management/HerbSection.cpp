@@ -31,7 +31,7 @@ HerbSection::HerbSection(screen::Window& form, DetailFrames& frames)
       txtCBJmDrugCost(form, "txtCBJmDrugCost", frames.sspCBJm8.inside()) {
     tdbCBJmDGL.setLabel("약재 구성");
     tdbCBJmDGL.allowsUpdate = false;
-    tdbCBJmDGL.emptyHint = "약재가 없는 처방전입니다.";
+    tdbCBJmDGL.emptyHint = "선택한 처방전의 약재가 여기에 나타납니다.";
     txtCBJmChubsu.setLabel("첩수:");
     txtCBJmDrugCost.setLabel("약재가격:");
     for (screen::TextField* field : {&txtCBJmChubsu, &txtCBJmDrugCost}) {
