@@ -241,9 +241,17 @@ QSize ClinicStyle::sizeFromContents(ContentsType type, const QStyleOption* optio
 
 QRect ClinicStyle::subElementRect(SubElement element, const QStyleOption* option,
                                   const QWidget* widget) const {
-    const QRect rect = QProxyStyle::subElementRect(
-        element == SE_TabWidgetTabContents ? SE_TabWidgetTabPane : element, option, widget);
-    return element == SE_TabWidgetTabContents ? rect.adjusted(0, 1, 0, 0) : rect;
+    switch (element) {
+        case SE_TabWidgetTabContents:
+            return QProxyStyle::subElementRect(SE_TabWidgetTabPane, option, widget).adjusted(0, 1, 0, 0);
+        case SE_LineEditContents: {
+            const auto* frame = qstyleoption_cast<const QStyleOptionFrame*>(option);
+            const int edge = frame && frame->lineWidth > 0 ? 2 : 0;
+            return QProxyStyle::subElementRect(element, option, widget).adjusted(edge, 0, -edge, 0);
+        }
+        default:
+            return QProxyStyle::subElementRect(element, option, widget);
+    }
 }
 
 int ClinicStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const {

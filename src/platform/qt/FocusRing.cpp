@@ -3,6 +3,8 @@
 #include <QtCore/QEvent>
 #include <QtGui/QPainter>
 #include <QtWidgets/QApplication>
+#include <QtWidgets/QCheckBox>
+#include <QtWidgets/QRadioButton>
 
 #include "platform/qt/Contrast.h"
 
@@ -11,13 +13,17 @@ namespace zelvo::qt {
 namespace {
 
 constexpr int thickness = 2;
-/// How far the ring stands outside its widget; its inner half pixel lies on the widget's own border.
-constexpr int reach = 2;
+/// How far the ring stands outside a widget with a border, and outside a bare mark with its words.
+constexpr int reach = 2, bareReach = 3;
 constexpr double radius = 5;
 
 bool hasRing(const QWidget* widget, const QWidget& topLevel) {
     return widget && widget != &topLevel && topLevel.isAncestorOf(widget) &&
            widget->focusPolicy() != Qt::NoFocus;
+}
+
+bool standsBare(const QWidget& widget) {
+    return qobject_cast<const QRadioButton*>(&widget) || qobject_cast<const QCheckBox*>(&widget);
 }
 
 }  // namespace
@@ -68,9 +74,9 @@ void FocusRing::place() {
         hide();
         return;
     }
-    const QMargins out(reach, reach, reach, reach);
+    const int out = standsBare(*target_) ? bareReach : reach;
     const auto inWindow = [&](const QWidget& widget) {
-        return QRect(widget.mapTo(&topLevel_, QPoint(0, 0)), widget.size()) + out;
+        return QRect(widget.mapTo(&topLevel_, QPoint(0, 0)), widget.size()).adjusted(-out, -out, out, out);
     };
     round_ = inWindow(*target_);
     QRect seen = round_ & topLevel_.rect();
@@ -83,7 +89,7 @@ void FocusRing::place() {
     }
     setGeometry(seen);
     // Nothing lies over the widget itself: what it draws need not be drawn again here.
-    const int thick = reach + 1;
+    const int thick = thickness + 1;
     const QRect hole = round_.adjusted(thick, thick, -thick, -thick);
     setMask(QRegion(rect()).subtracted(hole.translated(-seen.topLeft())));
     show();
