@@ -27,7 +27,11 @@ struct ChartCall {
 /// word that stands twice counts as given the second time.
 bool readChartCall(const std::vector<std::string>& words, ChartCall& call, std::string& error);
 
-/// How the program is called.
+/// The same without a patient, who is chosen later: server, account and clinic only, no first word.
+bool readClinic(const std::vector<std::string>& words, ChartCall& clinic, std::string& error);
+
+/// How the programs are called: the one with a patient, the one without.
 std::string chartUsage();
+std::string clinicUsage();
 
 }  // namespace chart

@@ -1,0 +1,161 @@
+// The toolkit's life in a host's process: whose application it is, who may call, and when it ends.
+#include <gtest/gtest.h>
+
+#include <QtWidgets/QLineEdit>
+#include <QtWidgets/QStyle>
+#include <thread>
+
+#include "Host.h"
+#include "doctorzelvo/doctorzelvo.h"
+#include "support/TestDatabase.h"
+
+namespace {
+
+using zelvo::testing::call;
+using zelvo::testing::Onlooker;
+
+// A host process with a screen that nobody sees; what a call has started ends with the test.
+class Life : public ::testing::Test {
+protected:
+    void SetUp() override {
+        qunsetenv("DISPLAY");
+        qunsetenv("WAYLAND_DISPLAY");
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    }
+    void TearDown() override { EXPECT_TRUE(doctorzelvo::shutdown()); }
+
+    zelvo::testing::TestDatabase database;
+};
+
+struct HostApplication {
+    int count = 1;
+    char name[5] = "host";
+    char* words[2] = {name, nullptr};
+};
+
+TEST_F(Life, withoutADisplayTheCallSaysSoAndTheHostLivesOn) {
+    const struct {
+        const char* name;
+        const char *platform, *display, *wayland, *expected;
+    } cases[] = {
+        {"nothing is there", nullptr, nullptr, nullptr, "no display can be reached"},
+        {"nobody listens", nullptr, ":987", "nobody", "no display can be reached"},
+        {"the wanted kind is not there", "xcb", ":987", nullptr, "of the kind xcb"},
+        {"the wanted kind is unknown", "nothing", nullptr, nullptr, "of the kind nothing"},
+    };
+    const auto set = [](const char* name, const char* value) {
+        if (!value) return static_cast<void>(qunsetenv(name));
+        qputenv(name, value);
+    };
+    for (const auto& each : cases) {
+        set("QT_QPA_PLATFORM", each.platform);
+        set("DISPLAY", each.display);
+        set("WAYLAND_DISPLAY", each.wayland);
+        EXPECT_NE(call(database.address()).find(each.expected), std::string::npos) << each.name;
+        EXPECT_EQ(QCoreApplication::instance(), nullptr) << each.name;
+    }
+}
+
+TEST_F(Life, usesTheHostsApplicationAndLeavesItAsItWas) {
+    HostApplication host;
+    QApplication application(host.count, host.words);
+    const QString style = QApplication::style()->name();
+    bool quit = false;
+    QObject::connect(&application, &QCoreApplication::aboutToQuit, &application, [&quit] { quit = true; });
+    Onlooker onlooker;
+    for (int round = 1; round <= 2; ++round) {
+        EXPECT_EQ(call(database.address()), "");
+        EXPECT_EQ(onlooker.windows, round);
+    }
+    EXPECT_TRUE(doctorzelvo::shutdown());
+    EXPECT_EQ(QCoreApplication::instance(), &application);
+    QCoreApplication::processEvents();
+    EXPECT_FALSE(quit);
+    EXPECT_TRUE(QApplication::quitOnLastWindowClosed());
+    EXPECT_EQ(QApplication::style()->name(), style);
+    EXPECT_TRUE(QApplication::topLevelWidgets().isEmpty());
+}
+
+TEST_F(Life, aHostWithoutWindowsIsToldSo) {
+    HostApplication host;
+    const QCoreApplication application(host.count, host.words);
+    EXPECT_NE(call(database.address()).find("QCoreApplication"), std::string::npos);
+    EXPECT_EQ(QCoreApplication::instance(), &application);
+}
+
+TEST_F(Life, keepsWhatItHasStartedUntilShutdownAndStartsAnew) {
+    Onlooker onlooker;
+    EXPECT_TRUE(doctorzelvo::shutdown());
+    for (int life = 1; life <= 2; ++life) {
+        EXPECT_EQ(call(database.address()), "");
+        const QCoreApplication* const started = QCoreApplication::instance();
+        ASSERT_NE(started, nullptr);
+        EXPECT_EQ(call(database.address()), "");
+        EXPECT_EQ(QCoreApplication::instance(), started);
+        EXPECT_EQ(onlooker.windows, 2 * life);
+        EXPECT_TRUE(doctorzelvo::shutdown());
+        EXPECT_EQ(QCoreApplication::instance(), nullptr);
+    }
+}
+
+TEST_F(Life, anotherThreadIsTurnedAwayAndCannotEndIt) {
+    Onlooker onlooker;
+    EXPECT_EQ(call(database.address()), "");
+    std::thread([this] {
+        EXPECT_NE(call(database.address()).find("thread"), std::string::npos);
+        EXPECT_FALSE(doctorzelvo::shutdown());
+    }).join();
+    EXPECT_NE(QCoreApplication::instance(), nullptr);
+    EXPECT_EQ(call(database.address()), "");
+    EXPECT_EQ(onlooker.windows, 2);
+}
+
+// A chart may well keep a thread for the component: what counts is that it stays the same one.
+TEST_F(Life, theFirstThreadNeedNotBeTheProcesssFirst) {
+    std::thread([this] {
+        Onlooker onlooker;
+        EXPECT_EQ(call(database.address()), "");
+        EXPECT_EQ(call(database.address()), "");
+        EXPECT_EQ(onlooker.windows, 2);
+        EXPECT_TRUE(doctorzelvo::shutdown());
+    }).join();
+}
+
+TEST_F(Life, anOpenWindowIsNotShutDownNorOpenedTwice) {
+    Onlooker onlooker;
+    std::string second;
+    char cut[12] = "";
+    int failed = 0;
+    onlooker.atWindow = [&](QWidget&) {
+        EXPECT_FALSE(doctorzelvo::shutdown());
+        second = call(database.address());
+        failed = doctorzelvo_interface(nullptr, database.address().c_str(), nullptr, nullptr, nullptr,
+                                       nullptr, cut, sizeof cut);
+    };
+    EXPECT_EQ(call(database.address()), "");
+    EXPECT_EQ(onlooker.windows, 1);
+    EXPECT_NE(second.find("이미 열려 있습니다"), std::string::npos);
+    EXPECT_EQ(failed, 1);
+    // Eleven bytes would end within the third character.
+    EXPECT_STREQ(cut, "ZELVO 창");
+}
+
+TEST_F(Life, aServerThatCannotBeReachedIsToldInABoxAndTheNextCallWorks) {
+    Onlooker onlooker;
+    EXPECT_EQ(call("sqlite:/nowhere/at-all.db"), "");
+    EXPECT_EQ(onlooker.boxes.size(), 1U);
+    EXPECT_EQ(onlooker.windows, 0);
+    doctorzelvo_patient patient{};
+    patient.PatientName = "김하늘";
+    onlooker.atWindow = [](QWidget& window) {
+        EXPECT_EQ(window.findChild<QLineEdit*>("txtPatientName")->text(), "김하늘");
+    };
+    char error[64] = "?";
+    EXPECT_EQ(doctorzelvo_interface(nullptr, database.address().c_str(), "doctor1/$/pass1", &patient, nullptr,
+                                    nullptr, error, sizeof error),
+              0);
+    EXPECT_STREQ(error, "");
+    EXPECT_EQ(onlooker.windows, 1);
+}
+
+}  // namespace
