@@ -99,9 +99,11 @@ TEST_F(Chart, enterOpensZelvoForTheChosenPatientAsOftenAsWanted) {
         EXPECT_FALSE(window.close()) << "it would go from under the open window";
     };
     auto* const list = window.findChild<QTableWidget*>("tblPatients");
-    QTest::keyClick(list, Qt::Key_Return);
-    QTest::keyClick(list, Qt::Key_Down);
-    QTest::keyClick(list, Qt::Key_Enter);
+    for (const auto key : {Qt::Key_Return, Qt::Key_Down, Qt::Key_Enter}) {
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+        EXPECT_TRUE(list->hasFocus());
+        QTest::keyClick(list, key);
+    }
     QTest::mouseClick(window.findChild<QPushButton*>("cmdZelvo"), Qt::LeftButton);
     EXPECT_EQ(patients, (std::vector<std::string>{"김하늘", "최민재", "최민재"}));
     EXPECT_TRUE(window.close());
