@@ -32,7 +32,9 @@ struct ChartRecord {
 /// the open one alone.
 class DOCTORZELVO_API clsZELVOInterface {
 public:
-    /// The window stands in the terminal of the process; its commands come from the standard input.
+    /// The window stands on the screen. The host's own QApplication is used where it has one; where it has no
+    /// toolkit running, one is started at the first call and kept for further calls, all of them on that
+    /// thread.
     clsZELVOInterface();
     ~clsZELVOInterface();
     clsZELVOInterface(const clsZELVOInterface&) = delete;
@@ -56,7 +58,8 @@ public:
     /// Opens the window for a nurse: the accounts of her doctors, joined by "#$#".
     bool ZELVOInterface_Nurse(void* conSQL, const std::string& YakGukIP, const std::string& DoctorIDPWD);
 
-    /// Why the last call was turned away, "" when it was not: a window of this process stood open.
+    /// Why the last call was turned away, "" when it was not: a window of this process stood open, no display
+    /// can be reached, no Korean font is there, or the call came on another thread than the windows'.
     const std::string& errorText() const;
 
 private:
@@ -66,6 +69,10 @@ private:
     explicit clsZELVOInterface(std::unique_ptr<Parts> parts);
     std::unique_ptr<Parts> parts_;
 };
+
+/// Ends the toolkit that the first call has started, on that call's thread; further calls start it anew.
+/// False where it can't be ended now: a window stands open, or another thread started it.
+DOCTORZELVO_API bool shutdown();
 
 /// The component in a terminal: `chart` makes its call, the window's commands come from the script of this
 /// path ("": the standard input), and what is left of the script is read when the window has closed. Gives

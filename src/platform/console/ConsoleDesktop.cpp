@@ -59,6 +59,10 @@ void ConsoleDesktop::sent(const std::vector<std::string>& values) {
 }
 
 Answer ConsoleDesktop::messageBox(const screen::MessageBox& box) {
+    return answered(box);
+}
+
+Answer ConsoleDesktop::answered(const screen::MessageBox& box) {
     Answer answer = box.defaultAnswer;
     if (!answers_.empty()) {
         answer = pressable(answers_.front(), box);
@@ -140,18 +144,32 @@ void ConsoleDesktop::closeAtEnd(Window& window) {
     std::_Exit(exits::failed);
 }
 
+/// A command as it may be said again: without what goes into a masked field.
+std::string ConsoleDesktop::repeatable(const std::string& command) const {
+    WordReader words(command);
+    try {
+        const std::string verb = words.word("the command"), name = words.word("FIELD");
+        const screen::Field* const field = front() ? front()->field(name) : nullptr;
+        if (field && isMasked(*field)) return verb + " " + name + " ****";
+    } catch (const UnreadableError&) {
+        // No field is named.
+    }
+    return command;
+}
+
 void ConsoleDesktop::obey(const Line& line) {
+    const std::string said = repeatable(line.text);
     try {
         runCommand(*this, line.text);
+        commandDone();
     } catch (const UnreadableError& error) {
         fail(line, exits::unreadable, error.what());
     } catch (const ExpectationError& error) {
         fail(line, exits::failed, error.what());
     } catch (const ActionError& error) {
-        fail(line, exits::failed, "expected that a user can " + line.text + ", found that " + error.what());
+        fail(line, exits::failed, "expected that a user can " + said + ", found that " + error.what());
     } catch (const std::exception& fault) {
-        fail(line, exits::failed,
-             "expected " + line.text + " to run, found the fault " + escaped(fault.what()));
+        fail(line, exits::failed, "expected " + said + " to run, found the fault " + escaped(fault.what()));
     }
 }
 

@@ -82,13 +82,6 @@ Field& UserActions::reach(const std::string& field) const {
     return found;
 }
 
-template <class Kind>
-Kind& UserActions::reachAs(const std::string& field, const char* kind) const {
-    auto* found = dynamic_cast<Kind*>(&reach(field));
-    if (!found) throw ActionError(field + " is no " + kind);
-    return *found;
-}
-
 int UserActions::columnIn(const Grid& grid, const std::string& column) {
     int number = -1;
     const char* end = column.data() + column.size();

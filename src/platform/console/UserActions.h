@@ -25,27 +25,30 @@ public:
 
 /// What a user does to the window in front, field by field, with the keys that it takes. Injected keys are
 /// delivered after each event. All but `find` throw ActionError for what a user could not do. Columns are
-/// numbers from 0 or captions.
+/// numbers from 0 or captions. Here a field is told directly; a screen with widgets does it by their events.
 class UserActions {
 public:
     explicit UserActions(screen::Desktop& desktop) : desktop_(desktop) {}
+    virtual ~UserActions() = default;
+    UserActions(const UserActions&) = delete;
+    UserActions& operator=(const UserActions&) = delete;
 
-    void type(const std::string& field, const std::string& text);
-    void key(const std::string& field, const std::vector<std::string>& names);
-    void paste(const std::string& field, const std::string& text);
-    void focus(const std::string& field);
-    void choose(const std::string& field, const std::string& entry);
-    void check(const std::string& field, bool on);
-    void press(const std::string& field);
-    void tab(const std::string& field, int page);
-    void date(const std::string& field, const std::string& yyyymmdd);
-    void row(const std::string& grid, int row);
-    void cell(const std::string& grid, const std::string& column, const std::string& text);
-    void cellKey(const std::string& grid, const std::string& column, const std::string& key);
-    void cellButton(const std::string& grid, const std::string& column);
-    void head(const std::string& grid, const std::string& column);
-    void resize();
-    void close();
+    virtual void type(const std::string& field, const std::string& text);
+    virtual void key(const std::string& field, const std::vector<std::string>& names);
+    virtual void paste(const std::string& field, const std::string& text);
+    virtual void focus(const std::string& field);
+    virtual void choose(const std::string& field, const std::string& entry);
+    virtual void check(const std::string& field, bool on);
+    virtual void press(const std::string& field);
+    virtual void tab(const std::string& field, int page);
+    virtual void date(const std::string& field, const std::string& yyyymmdd);
+    virtual void row(const std::string& grid, int row);
+    virtual void cell(const std::string& grid, const std::string& column, const std::string& text);
+    virtual void cellKey(const std::string& grid, const std::string& column, const std::string& key);
+    virtual void cellButton(const std::string& grid, const std::string& column);
+    virtual void head(const std::string& grid, const std::string& column);
+    virtual void resize();
+    virtual void close();
 
     /// The window in front; an error when there is none.
     screen::Window& front() const;
@@ -54,12 +57,19 @@ public:
     /// A column by number, or by caption; an error when there is none.
     static int columnIn(const screen::Grid& grid, const std::string& column);
 
-private:
+protected:
+    /// A field of the window in front that the user can reach, of this kind.
     template <class Kind>
-    Kind& reachAs(const std::string& field, const char* kind) const;
+    Kind& reachAs(const std::string& field, const char* kind) const {
+        auto* found = dynamic_cast<Kind*>(&reach(field));
+        if (!found) throw ActionError(field + " is no " + kind);
+        return *found;
+    }
     screen::Field& reach(const std::string& field) const;
-    bool enter(screen::Field& field);
     bool stillIn(const screen::Window& window) const;
+
+private:
+    bool enter(screen::Field& field);
     void run(const std::function<void()>& event);
 
     screen::Desktop& desktop_;

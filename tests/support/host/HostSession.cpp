@@ -6,8 +6,9 @@
 
 namespace zelvo::testing {
 
-HostSession::HostSession(bool withCatalogue)
-    : database(withCatalogue),
+HostSession::HostSession(bool withCatalogue, std::unique_ptr<TestDesktop> glass)
+    : screen(std::move(glass)),
+      database(withCatalogue),
       component(desktop, session,
                 [this](const data::ServerLogin& login) -> std::unique_ptr<data::Connection> {
                     ++opened;

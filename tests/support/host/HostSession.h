@@ -15,7 +15,8 @@ namespace zelvo::testing {
 /// A whole session as a chart starts it, on a database of its own. What happens in the main window is a
 /// script.
 struct HostSession {
-    explicit HostSession(bool withCatalogue = true);
+    explicit HostSession(bool withCatalogue = true,
+                         std::unique_ptr<TestDesktop> screen = std::make_unique<TestDesktop>());
 
     /// The values of a chart that knows its patient; the account is the demo's first doctor.
     host::HostArguments arguments() const;
@@ -31,7 +32,8 @@ struct HostSession {
     /// Text or caption of a field of the window in front.
     std::string textOf(const std::string& name);
 
-    TestDesktop desktop;
+    std::unique_ptr<TestDesktop> screen;
+    TestDesktop& desktop = *screen;
     TestDatabase database;
     session::Session session;
     FaultyConnection* line = nullptr;  ///< the session's connection, while it stands

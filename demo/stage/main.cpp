@@ -1,0 +1,84 @@
+// A console script worked through the real windows, with a picture of each step: zelvo-stage PICTURES
+// doctor|nurse
+// --script FILE [OPTION...], the options being those of zelvo.
+#include <QtWidgets/QApplication>
+#include <filesystem>
+#include <fstream>
+#include <iostream>
+
+#include "ChartCall.h"
+#include "Stage.h"
+#include "assembly/Component.h"
+#include "basics/Numbers.h"
+#include "host/clsZELVOInterface.h"
+#include "platform/console/PharmacyTool.h"
+#include "platform/qt/Toolkit.h"
+#include "platform/settings/UserSettings.h"
+
+namespace {
+
+using zelvo::basics::decimalText;
+
+zelvo::host::HostArguments arguments(const chart::ChartCall& call) {
+    return {nullptr,           call.server,     call.account,        call.patientPk,      call.patientName,
+            call.patientJumin, call.patientAge, call.patientSex,     call.patientCell,    call.patientTel,
+            call.patientEmail, call.patientZip, call.patientAddress, call.hospitalName,   call.doctorName,
+            call.hospitalTel,  call.doctorCell, call.hospitalZip,    call.hospitalAddress};
+}
+
+int play(const chart::ChartCall& call, const std::string& pictures) {
+    std::ifstream file(call.script, std::ios::binary);
+    if (!file) {
+        std::cerr << "zelvo-stage: " << call.script << " can't be read\n";
+        return zelvo::console::exits::unreadable;
+    }
+    const std::string error = zelvo::qt::Toolkit::enter();
+    if (!error.empty()) {
+        std::cerr << "zelvo-stage: " << error << "\n";
+        return zelvo::console::exits::failed;
+    }
+    zelvo::console::Script script(file, call.script);
+    zelvo::settings::UserSettings settings;
+    const auto pharmacy = [&call](const std::vector<std::string>& words) {
+        return zelvo::console::runPharmacyTool(call.server, words);
+    };
+    zelvo::stage::Stage stage({script, std::cout, std::cerr, settings, pharmacy}, pictures);
+    zelvo::assembly::registerComponents(stage);
+    zelvo::host::clsZELVOInterface host(stage, zelvo::assembly::Component::instance().session,
+                                        zelvo::assembly::openPharmacy);
+    host.Send2Chart.add([&stage](const zelvo::ordering::ChartRecord& record) {
+        stage.sent({record.strJob, decimalText(std::int64_t{record.intChupSu}),
+                    decimalText(std::int64_t{record.intPouchAmount}), decimalText(record.sglDayTuYak),
+                    decimalText(std::int64_t{record.intTuyakilsu}),
+                    decimalText(std::int64_t{record.intPouchTotal}), record.strMessage,
+                    decimalText(std::int64_t{record.lngSumCost}), record.strxDrugList});
+    });
+    if (call.nurse) {
+        host.ZELVOInterface_Nurse(arguments(call));
+    } else {
+        host.ZELVOInterface(arguments(call));
+    }
+    if (stage.exitCode() == zelvo::console::exits::done) stage.readRest();
+    return stage.exitCode();
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    chart::ChartCall call;
+    std::string error;
+    if (argc < 3 || !chart::readChartCall({argv + 2, argv + argc}, call, error) || call.script.empty()) {
+        std::cerr << "usage: zelvo-stage PICTURES doctor|nurse --script FILE [OPTION...]\n" << error << "\n";
+        return zelvo::console::exits::unreadable;
+    }
+    try {
+        const std::string pictures = argv[1];
+        if (!pictures.empty()) std::filesystem::create_directories(pictures);
+        const int code = play(call, pictures);
+        zelvo::qt::Toolkit::leave();
+        return code;
+    } catch (const std::exception& failure) {
+        std::cerr << "zelvo-stage: " << failure.what() << "\n";
+        return zelvo::console::exits::failed;
+    }
+}

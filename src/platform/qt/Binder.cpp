@@ -1,0 +1,222 @@
+#include "platform/qt/Binder.h"
+
+#include <QtCore/QCoreApplication>
+#include <QtGui/QKeyEvent>
+#include <QtWidgets/QAbstractScrollArea>
+#include <QtWidgets/QWidget>
+#include <algorithm>
+#include <utility>
+
+#include "basics/Fault.h"
+#include "platform/qt/GridView.h"
+#include "platform/qt/Keys.h"
+#include "platform/qt/Mirrors.h"
+#include "platform/qt/Owned.h"
+#include "platform/qt/Texts.h"
+#include "platform/qt/Twips.h"
+#include "screen/Fields.h"
+#include "screen/TextField.h"
+#include "screen/Window.h"
+
+namespace zelvo::qt {
+
+namespace {
+
+/// Drawing comes before all else that has been posted.
+const QEvent::Type drawEvent = static_cast<QEvent::Type>(QEvent::registerEventType());
+
+bool isText(const screen::Field& field) {
+    return field.kind() == screen::FieldKind::Text || field.kind() == screen::FieldKind::RichText;
+}
+
+}  // namespace
+
+Binder::Binder(screen::Window& window, QWidget& form) : window_(window), form_(form) {
+    QHash<QString, QWidget*> byName;
+    for (QWidget* widget : form.findChildren<QWidget*>()) byName.insert(widget->objectName(), widget);
+    for (screen::Field* field : window.fields()) {
+        QWidget* const widget = byName.value(qtText(field->name()));
+        if (!widget) throw basics::Fault(window.name() + ": the form lacks " + field->name());
+        mirrors_.push_back(makeMirror(*field, *widget));
+        byField_.insert(field, mirrors_.back().get());
+        watch(*widget, *mirrors_.back());
+        mirrors_.back()->show();
+    }
+    form.installEventFilter(this);
+    whenTouched_ = window.onTouched.listen([this](screen::Field* field) { touched(field); });
+    schedule();
+}
+
+/// The widget, and what of its own stands in it (the body of a scrolled list, the line of a date).
+void Binder::watch(QWidget& widget, Mirror& mirror) {
+    byWidget_.insert(&widget, &mirror);
+    widget.installEventFilter(this);
+    const auto kind = mirror.field().kind();
+    if (kind == screen::FieldKind::Panel || kind == screen::FieldKind::Tabs) return;
+    for (QWidget* inner : widget.findChildren<QWidget*>()) {
+        byWidget_.insert(inner, &mirror);
+        inner->installEventFilter(this);
+    }
+}
+
+QWidget* Binder::widgetOf(const screen::Field& field) const {
+    const Mirror* mirror = byField_.value(&field);
+    return mirror ? &mirror->widget() : nullptr;
+}
+
+void Binder::touched(screen::Field* field) {
+    Mirror* const mirror = field ? byField_.value(field) : nullptr;
+    if (mirror && !std::exchange(mirror->waits, true)) waiting_.push_back(mirror);
+    schedule();
+}
+
+void Binder::schedule() {
+    if (std::exchange(scheduled_, true)) return;
+    QCoreApplication::postEvent(this, &owned<QEvent>(drawEvent), Qt::HighEventPriority);
+}
+
+bool Binder::event(QEvent* event) {
+    if (event->type() != drawEvent) return QObject::event(event);
+    flush();
+    return true;
+}
+
+void Binder::flush() {
+    scheduled_ = false;
+    const std::vector<Mirror*> waiting = std::exchange(waiting_, {});
+    for (Mirror* mirror : waiting) {
+        mirror->waits = false;
+        mirror->show();
+    }
+    showFocus();
+}
+
+/// The toolkit's focus follows the window's. Where the field that has it can't be reached any more, the form
+/// keeps the keys for it.
+void Binder::showFocus() {
+    const screen::Field* focus = window_.focus();
+    QWidget* target = focus && focus->reachable() ? widgetOf(*focus) : &form_;
+    if (!target || !form_.isVisible()) return;
+    QWidget* const has = form_.window()->focusWidget();
+    if (has && (has == target || (target != &form_ && target->isAncestorOf(has)))) return;
+    focusing_ = true;
+    target->setFocus(Qt::OtherFocusReason);
+    focusing_ = false;
+}
+
+bool Binder::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == &form_) {
+        return event->type() == QEvent::KeyPress && keyDown(nullptr, static_cast<QKeyEvent&>(*event));
+    }
+    Mirror* const mirror = byWidget_.value(watched);
+    if (!mirror) return false;
+    switch (event->type()) {
+        case QEvent::KeyPress:
+            return keyDown(mirror, static_cast<QKeyEvent&>(*event));
+        case QEvent::MouseButtonPress:
+        case QEvent::MouseButtonDblClick:
+            swallowed_ = mouseDown(*mirror) ? watched : nullptr;
+            return swallowed_ != nullptr;
+        case QEvent::MouseMove:
+            return swallowed_ == watched;
+        case QEvent::MouseButtonRelease:
+            return std::exchange(swallowed_, nullptr) == watched;
+        case QEvent::Wheel:
+            // A turn of the wheel over a page must not change what a list or a date says.
+            return mirror->field().kind() == screen::FieldKind::Combo ||
+                   mirror->field().kind() == screen::FieldKind::Date;
+        case QEvent::FocusIn:
+            focusIn(*mirror, *event);
+            return false;
+        default:
+            return mirror->filter(static_cast<QWidget&>(*watched), *event);
+    }
+}
+
+/// A key that went down in a field's widget, or in the form while no field can have it.
+bool Binder::keyDown(Mirror* mirror, QKeyEvent& event) {
+    if (turnsPage(event)) return true;
+    if (event.key() == Qt::Key_Backtab ||
+        (event.key() == Qt::Key_Tab && event.modifiers() == Qt::ShiftModifier)) {
+        window_.userInput([this] { window_.moveFocus(true); });
+        return true;
+    }
+    const auto key = modelKey(event);
+    if (!key) return mirror && mirror->specialKey(event);
+    const bool own = mirror && mirror->ownKey(event) && window_.focus() == &mirror->field();
+    if (own && key->code != screen::keys::tab) {
+        if (mirror->field().kind() == screen::FieldKind::Grid) return false;  // asks the field itself
+        const bool stands = window_.userKeyHeard(*key);
+        window_.desktop().deliverKeys();
+        return !stands;
+    }
+    window_.userKey(*key);
+    window_.desktop().deliverKeys();
+    return true;
+}
+
+/// The window's outermost tabs, turned by Ctrl+Tab, Ctrl+Page Up and Down, or Alt and a number.
+bool Binder::turnsPage(const QKeyEvent& event) {
+    screen::TabControl* const tabs = mainTabs();
+    if (!tabs) return false;
+    const int count = tabs->pageCount();
+    int page = -1;
+    if (event.modifiers() & Qt::ControlModifier) {
+        const bool forward = event.key() == Qt::Key_Tab || event.key() == Qt::Key_PageDown;
+        const bool backward = event.key() == Qt::Key_Backtab || event.key() == Qt::Key_PageUp;
+        if (forward != backward) page = (tabs->current() + (forward ? 1 : count - 1)) % count;
+    } else if (event.modifiers() == Qt::AltModifier && event.key() >= Qt::Key_1) {
+        if (event.key() - Qt::Key_1 < count) page = event.key() - Qt::Key_1;
+    }
+    if (page < 0) return false;
+    static_cast<void>(tabs->userClick(page));
+    window_.desktop().deliverKeys();
+    return true;
+}
+
+screen::TabControl* Binder::mainTabs() const {
+    const auto isMain = [](const screen::Field* field) {
+        return field->kind() == screen::FieldKind::Tabs &&
+               (!field->place().holder || field->place().holder->kind() == screen::FieldKind::Panel);
+    };
+    const auto found = std::find_if(window_.fields().begin(), window_.fields().end(), isMain);
+    return found == window_.fields().end() ? nullptr : static_cast<screen::TabControl*>(*found);
+}
+
+/// A click gives the focus before it does anything else. True where it ends here: the focus went elsewhere,
+/// or the text that entering the field has selected stays selected.
+bool Binder::mouseDown(Mirror& mirror) {
+    screen::Field& field = mirror.field();
+    if (!field.takesFocus() || field.hasFocus()) return false;
+    window_.userFocus(field);
+    window_.desktop().deliverKeys();
+    flush();
+    if (!field.hasFocus()) return true;
+    return isText(field) && static_cast<const screen::EditField&>(field).selectionLength() > 0;
+}
+
+/// The toolkit moved its focus by itself: a label's shortcut is the user's wish, all else is taken back. A
+/// focus that returns with the window to the field that has it is no entering.
+void Binder::focusIn(const Mirror& mirror, const QEvent& event) {
+    if (focusing_ || window_.focus() == &mirror.field()) return;
+    if (static_cast<const QFocusEvent&>(event).reason() == Qt::ShortcutFocusReason) {
+        window_.userFocus(mirror.field());
+        window_.desktop().deliverKeys();
+    }
+    schedule();
+}
+
+void Binder::tellPlaces() {
+    for (const auto& mirror : mirrors_) {
+        const QWidget& widget = mirror->widget();
+        const QPoint corner = widget.mapTo(&form_, QPoint(0, 0));
+        screen::Field& field = mirror->field();
+        field.left = twips(widget, corner.x());
+        field.top = twips(widget, corner.y());
+        field.width = twips(widget, widget.width());
+        field.height = twips(widget, widget.height());
+        if (field.kind() == screen::FieldKind::Grid) static_cast<GridView&>(mirror->widget()).tellPlaces();
+    }
+}
+
+}  // namespace zelvo::qt

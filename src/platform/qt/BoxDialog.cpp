@@ -1,0 +1,117 @@
+#include "platform/qt/BoxDialog.h"
+
+#include <QtGui/QClipboard>
+#include <QtGui/QGuiApplication>
+#include <QtGui/QKeyEvent>
+#include <QtWidgets/QDialogButtonBox>
+#include <QtWidgets/QHBoxLayout>
+#include <QtWidgets/QLabel>
+#include <QtWidgets/QPlainTextEdit>
+#include <QtWidgets/QPushButton>
+#include <QtWidgets/QStyle>
+#include <QtWidgets/QVBoxLayout>
+
+#include "platform/qt/Owned.h"
+#include "platform/qt/Texts.h"
+
+namespace zelvo::qt {
+
+using screen::Answer;
+
+namespace {
+
+/// Above these a text has to be scrolled.
+constexpr qsizetype mostCharacters = 900, mostLines = 18;
+constexpr int iconSize = 40, textWidth = 420;
+
+QStyle::StandardPixmap pictureOf(screen::BoxIcon icon) {
+    switch (icon) {
+        case screen::BoxIcon::Critical:
+            return QStyle::SP_MessageBoxCritical;
+        case screen::BoxIcon::Question:
+            return QStyle::SP_MessageBoxQuestion;
+        case screen::BoxIcon::Information:
+            break;
+    }
+    return QStyle::SP_MessageBoxInformation;
+}
+
+}  // namespace
+
+BoxDialog::BoxDialog(const screen::MessageBox& box, QWidget* over)
+    : QDialog(over),
+      asks_(box.buttons == screen::BoxButtons::YesNo),
+      answer_(asks_ ? Answer::No : Answer::Ok) {
+    setObjectName(QStringLiteral("messageBox"));
+    setAttribute(Qt::WA_QuitOnClose, false);
+    setWindowModality(Qt::ApplicationModal);
+    setWindowTitle(qtText(box.caption));
+
+    auto& icon = owned<QLabel>(this);
+    icon.setPixmap(style()->standardIcon(pictureOf(box.icon)).pixmap(iconSize, iconSize));
+    auto& message = owned<QHBoxLayout>();
+    message.setSpacing(16);
+    message.addWidget(&icon, 0, Qt::AlignTop);
+    message.addWidget(&textWidget(qtText(box.text)), 1);
+
+    auto& row = owned<QDialogButtonBox>(this);
+    if (asks_) {
+        addButton(row, QStringLiteral("예(&Y)"), Answer::Yes, box.defaultAnswer);
+        addButton(row, QStringLiteral("아니오(&N)"), Answer::No, box.defaultAnswer);
+    } else {
+        addButton(row, QStringLiteral("확인"), Answer::Ok, Answer::Ok);
+    }
+    auto& layout = owned<QVBoxLayout>(this);
+    layout.setContentsMargins(20, 20, 20, 16);
+    layout.setSpacing(16);
+    layout.addLayout(&message);
+    layout.addWidget(&row);
+}
+
+QWidget& BoxDialog::textWidget(const QString& text) {
+    if (text.size() > mostCharacters || text.count(QLatin1Char('\n')) > mostLines) {
+        auto& page = owned<QPlainTextEdit>(text, this);
+        page.setReadOnly(true);
+        page.setObjectName(QStringLiteral("text"));
+        page.setMinimumSize(2 * textWidth, textWidth);
+        page.setFocusPolicy(Qt::ClickFocus);
+        return page;
+    }
+    auto& label = owned<QLabel>(this);
+    label.setTextFormat(Qt::PlainText);
+    label.setText(text);
+    label.setObjectName(QStringLiteral("text"));
+    label.setTextInteractionFlags(Qt::TextSelectableByMouse);
+    label.setWordWrap(label.sizeHint().width() > textWidth);
+    if (label.wordWrap()) label.setMinimumWidth(textWidth);
+    return label;
+}
+
+void BoxDialog::addButton(QDialogButtonBox& row, const QString& caption, Answer answer,
+                          Answer defaultAnswer) {
+    QPushButton* const button =
+        row.addButton(caption, answer == Answer::No ? QDialogButtonBox::NoRole : QDialogButtonBox::YesRole);
+    button->setProperty("answer", static_cast<int>(answer));
+    button->setAutoDefault(true);
+    button->setDefault(answer == defaultAnswer);
+    if (answer == defaultAnswer) button->setFocus();
+    connect(button, &QPushButton::clicked, this, [this, answer] { give(answer); });
+}
+
+void BoxDialog::give(Answer answer) {
+    answer_ = answer;
+    done(static_cast<int>(answer));
+}
+
+void BoxDialog::keyPressEvent(QKeyEvent* event) {
+    if (event->matches(QKeySequence::Copy)) {
+        if (const auto* label = findChild<QLabel*>(QStringLiteral("text")))
+            QGuiApplication::clipboard()->setText(label->text());
+        return;
+    }
+    if (asks_ && event->key() == Qt::Key_Y) return give(Answer::Yes);
+    if (asks_ && event->key() == Qt::Key_N) return give(Answer::No);
+    QDialog::keyPressEvent(event);
+}
+
+}  // namespace zelvo::qt

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QtWidgets/QDialog>
+
+#include "screen/Desktop.h"
+
+class QDialogButtonBox;
+
+namespace zelvo::qt {
+
+/// A message box: its text as it stands, plain, whole and to be copied; a long one can be scrolled. Y and N
+/// answer a question, Esc is No or OK.
+class BoxDialog : public QDialog {
+    Q_OBJECT
+
+public:
+    BoxDialog(const screen::MessageBox& box, QWidget* over);
+    screen::Answer answer() const { return answer_; }
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    QWidget& textWidget(const QString& text);
+    void addButton(QDialogButtonBox& row, const QString& caption, screen::Answer answer,
+                   screen::Answer defaultAnswer);
+    void give(screen::Answer answer);
+
+    bool asks_;
+    screen::Answer answer_;
+};
+
+}  // namespace zelvo::qt

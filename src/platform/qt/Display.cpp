@@ -1,0 +1,94 @@
+#include "platform/qt/Display.h"
+
+#include <QtCore/QDir>
+#include <QtCore/QFileInfo>
+#include <QtCore/QLibraryInfo>
+#include <QtCore/QString>
+#include <QtCore/QStringList>
+
+#ifdef __linux__
+#include <sys/socket.h>
+#include <sys/un.h>
+#include <unistd.h>
+#include <xcb/xcb.h>
+
+#include <cstring>
+#endif
+
+namespace zelvo::qt {
+
+#ifdef __linux__
+
+namespace {
+
+bool hasPlugin(const QString& platform) {
+    QStringList folders =
+        qEnvironmentVariable("QT_QPA_PLATFORM_PLUGIN_PATH").split(QLatin1Char(':'), Qt::SkipEmptyParts);
+    folders << QLibraryInfo::path(QLibraryInfo::PluginsPath) + QLatin1String("/platforms");
+    for (const QString& path :
+         qEnvironmentVariable("QT_PLUGIN_PATH").split(QLatin1Char(':'), Qt::SkipEmptyParts))
+        folders << path + QLatin1String("/platforms");
+    for (const QString& folder : folders) {
+        if (!QDir(folder).entryList({QLatin1String("libq") + platform + QLatin1String("*.so")}).isEmpty())
+            return true;
+    }
+    return false;
+}
+
+bool reachesX() {
+    if (!qEnvironmentVariableIsSet("DISPLAY")) return false;
+    xcb_connection_t* const connection = xcb_connect(nullptr, nullptr);
+    const bool reached = xcb_connection_has_error(connection) == 0;
+    xcb_disconnect(connection);
+    return reached;
+}
+
+bool reachesWayland() {
+    const QByteArray name = qgetenv("WAYLAND_DISPLAY");
+    if (name.isEmpty()) return false;
+    const QByteArray path = name.startsWith('/') ? name : qgetenv("XDG_RUNTIME_DIR") + '/' + name;
+    sockaddr_un address{};
+    address.sun_family = AF_UNIX;
+    if (static_cast<std::size_t>(path.size()) >= sizeof address.sun_path) return false;
+    std::memcpy(address.sun_path, path.constData(), static_cast<std::size_t>(path.size()));
+    const int line = socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
+    if (line < 0) return false;
+    const bool reached = connect(line, reinterpret_cast<const sockaddr*>(&address), sizeof address) ==
+                         0;  // the system's own cast
+    close(line);
+    return reached;
+}
+
+bool usable(const QString& platform) {
+    if (!hasPlugin(platform)) return false;
+    if (platform == QLatin1String("xcb")) return reachesX();
+    if (platform.startsWith(QLatin1String("wayland"))) return reachesWayland();
+    return true;
+}
+
+}  // namespace
+
+Display findDisplay() {
+    const QString named = qEnvironmentVariable("QT_QPA_PLATFORM");
+    // A platform is named with its options behind a colon; several stand behind one another.
+    for (const QString& choice : named.split(QLatin1Char(';'), Qt::SkipEmptyParts)) {
+        if (usable(choice.section(QLatin1Char(':'), 0, 0))) return {};
+    }
+    if (!named.isEmpty())
+        return {{},
+                "ZELVO can't open its window: no display of the kind " + named.toStdString() + " is there."};
+    for (const char* platform : {"xcb", "wayland"}) {
+        if (usable(QLatin1String(platform))) return {platform, {}};
+    }
+    return {{}, "ZELVO can't open its window: no display can be reached."};
+}
+
+#else
+
+Display findDisplay() {
+    return {};
+}
+
+#endif
+
+}  // namespace zelvo::qt

@@ -1,0 +1,63 @@
+#include "platform/qt/Forms.h"
+
+#include <algorithm>
+#include <array>
+
+#include "basics/Fault.h"
+#include "ui_ManagementPage.h"
+#include "ui_MyOcsPage.h"
+#include "ui_NoticesPage.h"
+#include "ui_OrderPage.h"
+#include "ui_frmChangePassword.h"
+#include "ui_frmDoctorOCSmain.h"
+#include "ui_frmEatGuideEditor.h"
+#include "ui_frmLogin.h"
+#include "ui_frmMessage.h"
+#include "ui_frmPostalLookup.h"
+#include "ui_frmYakGukDrug.h"
+
+namespace zelvo::qt {
+
+namespace {
+
+template <class Form>
+void setUp(QWidget& widget) {
+    Form().setupUi(&widget);
+}
+
+/// The main window's pages are forms of their own.
+void setUpMain(QWidget& widget) {
+    Ui::frmDoctorOCSmain main;
+    main.setupUi(&widget);
+    setUp<Ui::NoticesPage>(*main.pageNotices);
+    setUp<Ui::OrderPage>(*main.pageOrder);
+    setUp<Ui::ManagementPage>(*main.pageManagement);
+    setUp<Ui::MyOcsPage>(*main.pageMyOcs);
+}
+
+struct Form {
+    const char* window;
+    void (*setUp)(QWidget&);
+};
+constexpr std::array forms{
+    Form{"frmChangePassword", setUp<Ui::frmChangePassword>},
+    Form{"frmDoctorOCSmain", setUpMain},
+    Form{"frmEatGuideEditor", setUp<Ui::frmEatGuideEditor>},
+    Form{"frmLogin", setUp<Ui::frmLogin>},
+    Form{"frmMessage", setUp<Ui::frmMessage>},
+    Form{"frmPostalLookup", setUp<Ui::frmPostalLookup>},
+    Form{"frmYakGukDrug", setUp<Ui::frmYakGukDrug>},
+};
+
+}  // namespace
+
+std::unique_ptr<QWidget> makeForm(const std::string& windowName) {
+    const auto* const form = std::find_if(forms.begin(), forms.end(),
+                                          [&](const Form& known) { return known.window == windowName; });
+    if (form == forms.end()) throw basics::Fault("no form for the window " + windowName);
+    auto widget = std::make_unique<QWidget>();
+    form->setUp(*widget);
+    return widget;
+}
+
+}  // namespace zelvo::qt

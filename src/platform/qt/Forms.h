@@ -1,0 +1,13 @@
+#pragma once
+
+#include <QtWidgets/QWidget>
+#include <memory>
+#include <string>
+
+namespace zelvo::qt {
+
+/// The form of a window of this class name ("frmMessage"), each widget named after its field. Throws Fault
+/// where there is none.
+std::unique_ptr<QWidget> makeForm(const std::string& windowName);
+
+}  // namespace zelvo::qt

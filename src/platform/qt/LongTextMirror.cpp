@@ -1,0 +1,105 @@
+#include "platform/qt/LongTextMirror.h"
+
+#include <QtGui/QKeyEvent>
+#include <QtGui/QTextCursor>
+#include <QtWidgets/QPlainTextEdit>
+#include <algorithm>
+
+#include "basics/Text.h"
+#include "platform/qt/Texts.h"
+#include "screen/TextField.h"
+
+namespace zelvo::qt {
+
+namespace {
+
+/// The editor's text has one character for a line break where the field has CR LF.
+QString editorText(std::string_view text) {
+    return qtText(text).replace(QLatin1String("\r\n"), QLatin1String("\n"));
+}
+
+std::string fieldText(const QString& text) {
+    QString broken = text;
+    broken.replace(QLatin1Char('\n'), QLatin1String("\r\n"));
+    return utf8(broken);
+}
+
+/// Where a position of the field, in characters, stands in the editor's text.
+int editorPosition(std::string_view text, std::size_t characters) {
+    const QString whole = qtText(text);
+    const QString before = whole.left(unitsIn(whole, characters));
+    return static_cast<int>(before.size() - before.count(QLatin1String("\r\n")));
+}
+
+std::size_t fieldPosition(const QString& text, int position) {
+    const QString before = text.left(position);
+    return charactersIn(before, before.size()) + static_cast<std::size_t>(before.count(QLatin1Char('\n')));
+}
+
+}  // namespace
+
+LongTextMirror::LongTextMirror(screen::EditField& field, QPlainTextEdit& editor)
+    : TextMirror(field, editor), editor_(editor) {
+    editor.setTabChangesFocus(true);
+    connect(&editor, &QPlainTextEdit::textChanged, this, [this] { tellText(); });
+    connect(&editor, &QPlainTextEdit::selectionChanged, this, [this] { tellSelection(); });
+    connect(&editor, &QPlainTextEdit::cursorPositionChanged, this, [this] { tellSelection(); });
+}
+
+/// The caret goes by lines as they stand on the glass.
+bool LongTextMirror::ownKey(const QKeyEvent& key) const {
+    switch (key.key()) {
+        case Qt::Key_Up:
+        case Qt::Key_Down:
+        case Qt::Key_Home:
+        case Qt::Key_End:
+            return true;
+        default:
+            return false;
+    }
+}
+
+QString LongTextMirror::selectedText() const {
+    return editor_.textCursor().selectedText().replace(QChar::ParagraphSeparator, QLatin1Char('\n'));
+}
+
+void LongTextMirror::tellText() {
+    if (drawing() || composing()) return;
+    const QString text = editor_.toPlainText();
+    userDoes(
+        [&] { edit().userEdited(fieldText(text), fieldPosition(text, editor_.textCursor().position())); });
+}
+
+void LongTextMirror::tellSelection() {
+    if (drawing() || composing()) return;
+    const QString text = editor_.toPlainText();
+    if (text != editorText(edit().text())) return;
+    const std::size_t start = fieldPosition(text, editor_.textCursor().selectionStart());
+    edit().select(start, fieldPosition(text, editor_.textCursor().selectionEnd()) - start);
+}
+
+void LongTextMirror::drawText() {
+    editor_.setReadOnly(edit().readOnly());
+    const QString wanted = editorText(edit().text()), shown = editor_.toPlainText();
+    QTextCursor change = editor_.textCursor();
+    if (wanted != shown) {
+        const auto [from, to] = std::mismatch(shown.begin(), shown.end(), wanted.begin(), wanted.end());
+        const auto head = static_cast<int>(from - shown.begin());
+        qsizetype tail = 0;
+        while (tail < shown.size() - head && tail < wanted.size() - head &&
+               shown.at(shown.size() - 1 - tail) == wanted.at(wanted.size() - 1 - tail))
+            ++tail;
+        change.setPosition(head);
+        change.setPosition(static_cast<int>(shown.size() - tail), QTextCursor::KeepAnchor);
+        change.insertText(wanted.mid(head, wanted.size() - head - tail));
+    }
+    if (!edit().hasFocus()) return;
+    const int start = editorPosition(edit().text(), edit().selectionStart());
+    const int end = editorPosition(edit().text(), edit().selectionStart() + edit().selectionLength());
+    if (change.selectionStart() == start && change.selectionEnd() == end) return;
+    change.setPosition(start);
+    change.setPosition(end, QTextCursor::KeepAnchor);
+    editor_.setTextCursor(change);
+}
+
+}  // namespace zelvo::qt

@@ -1,0 +1,103 @@
+#include "platform/qt/QtDesktop.h"
+
+#include <QtCore/QEventLoop>
+#include <QtCore/QTimer>
+#include <QtGui/QScreen>
+#include <QtWidgets/QApplication>
+
+#include "platform/qt/BoxDialog.h"
+#include "platform/qt/Shell.h"
+#include "platform/qt/Texts.h"
+#include "screen/Window.h"
+
+namespace zelvo::qt {
+
+namespace {
+
+constexpr double twipsPerInch = 1440;
+
+/// The arrow over a box, whatever the pointer is beneath it.
+class ArrowPointer {
+public:
+    ArrowPointer() { QGuiApplication::setOverrideCursor(Qt::ArrowCursor); }
+    ~ArrowPointer() { QGuiApplication::restoreOverrideCursor(); }
+    ArrowPointer(const ArrowPointer&) = delete;
+    ArrowPointer& operator=(const ArrowPointer&) = delete;
+};
+
+}  // namespace
+
+QtDesktop::QtDesktop(screen::SettingsStore& settings, std::function<void(std::string_view)> browse)
+    : settings_(settings), browse_(std::move(browse)) {}
+
+QtDesktop::~QtDesktop() {
+    setPointer(screen::Pointer::Normal);
+}
+
+void QtDesktop::flush() {
+    for (Shell* shell : shells_) shell->binder().flush();
+}
+
+screen::Answer QtDesktop::messageBox(const screen::MessageBox& box) {
+    flush();
+    const ArrowPointer arrow;
+    BoxDialog dialog(box, top());
+    dialog.exec();
+    if (top()) top()->activateWindow();
+    return dialog.answer();
+}
+
+void QtDesktop::setPointer(screen::Pointer pointer) {
+    if (pointer == pointer_) return;
+    pointer_ = pointer;
+    if (pointer == screen::Pointer::Busy) {
+        QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+    } else {
+        QGuiApplication::restoreOverrideCursor();
+    }
+}
+
+void QtDesktop::processEvents(bool userInput) {
+    flush();
+    QCoreApplication::processEvents(userInput ? QEventLoop::AllEvents : QEventLoop::ExcludeUserInputEvents);
+}
+
+void QtDesktop::waitForEvents(std::chrono::milliseconds atMost) {
+    flush();
+    QTimer wake;
+    wake.setSingleShot(true);
+    wake.start(atMost);
+    QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents);
+}
+
+double QtDesktop::screenWidth() const {
+    const QScreen* const screen = QGuiApplication::primaryScreen();
+    return screen->size().width() * twipsPerInch / screen->logicalDotsPerInchX();
+}
+
+double QtDesktop::screenHeight() const {
+    const QScreen* const screen = QGuiApplication::primaryScreen();
+    return screen->size().height() * twipsPerInch / screen->logicalDotsPerInchY();
+}
+
+void QtDesktop::runModal(screen::Window& window) {
+    Shell shell(window, top());
+    QEventLoop loop;
+    const auto whenTouched = window.onTouched.listen([&](const screen::Field* field) {
+        if (!field && window.leaving()) loop.quit();
+    });
+    shells_.push_back(&shell);
+    shell.open();
+    deliverKeys();
+    if (!window.leaving()) loop.exec();
+    shells_.pop_back();
+    shell.hide();
+    if (top()) top()->activateWindow();
+}
+
+bool QtDesktop::tellsFault(screen::Window& window, const std::exception& fault) {
+    alarm(fault.what(), window.caption());
+    return true;
+}
+
+}  // namespace zelvo::qt

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <vector>
+
+#include "screen/Desktop.h"
+
+namespace zelvo::qt {
+
+class Shell;
+
+/// The screen of a machine with a display: windows are forms, boxes are dialogs, a modal run is a nested
+/// event loop. The toolkit has to stand (Toolkit::enter) for as long as this lives.
+class QtDesktop : public screen::Desktop {
+public:
+    /// `browse` starts the system's browser at an address.
+    QtDesktop(screen::SettingsStore& settings, std::function<void(std::string_view)> browse);
+    ~QtDesktop() override;
+
+    screen::Answer messageBox(const screen::MessageBox& box) override;
+    void setPointer(screen::Pointer pointer) override;
+    screen::Pointer pointer() const override { return pointer_; }
+    void processEvents(bool userInput) override;
+    void waitForEvents(std::chrono::milliseconds atMost) override;
+    double screenWidth() const override;
+    double screenHeight() const override;
+    void runModal(screen::Window& window) override;
+    bool tellsFault(screen::Window& window, const std::exception& fault) override;
+    screen::SettingsStore& settings() override { return settings_; }
+    void openBrowser(std::string_view address) override { browse_(address); }
+
+private:
+    Shell* top() const { return shells_.empty() ? nullptr : shells_.back(); }
+    void flush();
+
+    screen::SettingsStore& settings_;
+    std::function<void(std::string_view)> browse_;
+    std::vector<Shell*> shells_;
+    screen::Pointer pointer_ = screen::Pointer::Normal;
+};
+
+}  // namespace zelvo::qt

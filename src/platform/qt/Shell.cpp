@@ -1,0 +1,118 @@
+#include "platform/qt/Shell.h"
+
+#include <QtGui/QCloseEvent>
+#include <QtGui/QScreen>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QScrollArea>
+#include <QtWidgets/QTableView>
+#include <QtWidgets/QVBoxLayout>
+#include <algorithm>
+
+#include "platform/qt/Forms.h"
+#include "platform/qt/Owned.h"
+#include "platform/qt/Texts.h"
+#include "platform/qt/Theme.h"
+#include "platform/qt/Twips.h"
+#include "screen/Window.h"
+
+namespace zelvo::qt {
+
+namespace {
+
+/// What a title bar takes of the screen's height; the system tells it only once a window stands.
+constexpr int titleBar = 32;
+/// A note opens inside its panel: beside its edge, below its heading (twips).
+constexpr double noteLeft = 150, noteTop = 650;
+
+}  // namespace
+
+Shell::Shell(screen::Window& window, Shell* over)
+    : QWidget(over, over ? Qt::Dialog : Qt::Window),
+      window_(window),
+      over_(over),
+      scroll_(owned<QScrollArea>(this)) {
+    setObjectName(qtText(window.name()));
+    setAttribute(Qt::WA_QuitOnClose, false);
+    setWindowModality(Qt::ApplicationModal);
+    auto& layout = owned<QVBoxLayout>(this);
+    layout.setContentsMargins(0, 0, 0, 0);
+    layout.addWidget(&scroll_);
+    scroll_.setFrameShape(QFrame::NoFrame);
+    scroll_.setWidgetResizable(true);
+    scroll_.setFocusPolicy(Qt::NoFocus);
+
+    auto form = makeForm(window.name());
+    binder_ = std::make_unique<Binder>(window, *form);
+    scroll_.setWidget(form.release());
+    dress(*this);
+
+    setWindowTitle(qtText(window.caption()));
+    whenTouched_ = window.onTouched.listen([this](const screen::Field* field) {
+        if (!field) setWindowTitle(qtText(window_.caption()));
+    });
+    connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) {
+        if (now && scroll_.widget()->isAncestorOf(now)) scroll_.ensureWidgetVisible(now, 8, 8);
+    });
+}
+
+Shell::~Shell() = default;
+
+void Shell::open() {
+    const QRect room = (over_ ? over_->screen() : screen())->availableGeometry();
+    const QSize wanted(pixels(*this, window_.width()), pixels(*this, window_.height()));
+    const QSize size = wanted.boundedTo(QSize(room.width(), room.height() - titleBar));
+    told_ = wanted;
+    const QPoint corner = wantedCorner(over_);
+    move(std::clamp(corner.x(), room.left(), std::max(room.left(), room.right() + 1 - size.width())),
+         std::clamp(corner.y(), room.top(),
+                    std::max(room.top(), room.bottom() + 1 - titleBar - size.height())));
+    resize(size);
+    show();
+    activateWindow();
+    tellPlaces();
+    binder_->flush();
+}
+
+/// Under the cell or over the panel that the window opens at, else where its caller put it.
+QPoint Shell::wantedCorner(const Shell* over) const {
+    const screen::Field* const at = window_.openedAt;
+    const QWidget* const widget = over && at ? over->binder().widgetOf(*at) : nullptr;
+    if (const auto* grid = qobject_cast<const QTableView*>(widget)) {
+        const QRect cell = grid->visualRect(grid->currentIndex());
+        return grid->viewport()->mapToGlobal(cell.isValid() ? cell.bottomLeft() + QPoint(0, 2)
+                                                            : QPoint(0, 0));
+    }
+    if (widget) return widget->mapToGlobal(QPoint(pixels(*this, noteLeft), pixels(*this, noteTop)));
+    return {pixels(*this, window_.left), pixels(*this, window_.top)};
+}
+
+void Shell::tellPlaces() {
+    window_.left = twips(*this, x());
+    window_.top = twips(*this, y());
+    binder_->tellPlaces();
+}
+
+void Shell::closeEvent(QCloseEvent* event) {
+    event->ignore();
+    window_.userClose();
+}
+
+void Shell::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    if (event->size() == told_ || !isVisible()) return;
+    told_ = event->size();
+    window_.userResize(twips(*this, width()), twips(*this, height()));
+    tellPlaces();
+}
+
+void Shell::moveEvent(QMoveEvent* event) {
+    QWidget::moveEvent(event);
+    if (isVisible()) tellPlaces();
+}
+
+void Shell::changeEvent(QEvent* event) {
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::ActivationChange && isActiveWindow() && binder_) binder_->flush();
+}
+
+}  // namespace zelvo::qt

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <QtCore/QSize>
+#include <QtWidgets/QWidget>
+#include <memory>
+
+#include "platform/qt/Binder.h"
+
+class QScrollArea;
+
+namespace zelvo::qt {
+
+/// The window on the glass: a title bar round a form, bound to a window of the screen model for as long as
+/// that is shown.
+class Shell : public QWidget {
+    Q_OBJECT
+
+public:
+    /// `over` is the window that it opens from, nullptr for the first.
+    Shell(screen::Window& window, Shell* over);
+    ~Shell() override;
+
+    screen::Window& window() const { return window_; }
+    Binder& binder() const { return *binder_; }
+    /// Puts it on the screen, where its window wants to stand.
+    void open();
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void moveEvent(QMoveEvent* event) override;
+    void changeEvent(QEvent* event) override;
+
+private:
+    void tellPlaces();
+    QPoint wantedCorner(const Shell* over) const;
+
+    screen::Window& window_;
+    Shell* over_;
+    QScrollArea& scroll_;
+    std::unique_ptr<Binder> binder_;
+    QSize told_;
+    screen::Event<screen::Field*>::Subscription whenTouched_;
+};
+
+}  // namespace zelvo::qt

@@ -1,0 +1,24 @@
+#include "platform/qt/Texts.h"
+
+#include <algorithm>
+
+namespace zelvo::qt {
+
+std::size_t charactersIn(const QString& text, qsizetype units) {
+    const qsizetype end = std::min(units, text.size());
+    std::size_t characters = 0;
+    for (qsizetype at = 0; at < end; ++at) {
+        if (!text.at(at).isLowSurrogate()) ++characters;
+    }
+    return characters;
+}
+
+qsizetype unitsIn(const QString& text, std::size_t characters) {
+    qsizetype at = 0;
+    for (; at < text.size() && characters > 0; --characters) {
+        at += text.at(at).isHighSurrogate() && at + 1 < text.size() ? 2 : 1;
+    }
+    return at;
+}
+
+}  // namespace zelvo::qt

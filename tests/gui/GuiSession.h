@@ -1,0 +1,88 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <QtWidgets/QApplication>
+#include <memory>
+#include <vector>
+
+#include "WidgetUser.h"
+#include "platform/qt/Shell.h"
+#include "support/TestDesktop.h"
+#include "support/host/HostSession.h"
+
+namespace zelvo::testing {
+
+/// Windows stand on the (unseen) screen while their scripts run; boxes are answered as in all tests.
+class GlassDesktop : public TestDesktop {
+public:
+    void runModal(screen::Window& window) override {
+        qt::Shell shell(window, shells_.empty() ? nullptr : shells_.back());
+        shells_.push_back(&shell);
+        user.sitBefore(&shell);
+        shell.open();
+        settle();
+        TestDesktop::runModal(window);
+        shells_.pop_back();
+        shell.hide();
+        user.sitBefore(shells_.empty() ? nullptr : shells_.back());
+        if (!shells_.empty()) shells_.back()->activateWindow();
+        settle();
+    }
+    void processEvents(bool userInput) override {
+        settle();
+        TestDesktop::processEvents(userInput);
+    }
+    qt::Shell& shell() { return *shells_.back(); }
+    static void settle() {
+        QCoreApplication::sendPostedEvents();
+        QCoreApplication::processEvents();
+    }
+
+    stage::WidgetUser user{*this};
+
+private:
+    std::vector<qt::Shell*> shells_;
+};
+
+/// A doctor's session in front of the real widgets.
+struct GuiSession : HostSession {
+    GuiSession() : HostSession(true, std::make_unique<GlassDesktop>()) {
+        desktop.components().add("OrderCostText.clsOrderCostText", [] { return std::make_unique<Page>(); });
+        desktop.components().add("Scripting.FileSystemObject", [] { return std::make_unique<Files>(); });
+    }
+    GlassDesktop& glass() { return static_cast<GlassDesktop&>(desktop); }
+    stage::WidgetUser& hand() { return glass().user; }
+
+    /// Runs a doctor's session; the script stands before the main window.
+    void run(std::function<void()> script) { runDoctor(arguments(), std::move(script)); }
+
+    template <class Widget>
+    Widget& widget(const std::string& name) {
+        GlassDesktop::settle();
+        QWidget* const found = glass().shell().binder().widgetOf(hand().find(name));
+        return dynamic_cast<Widget&>(*found);
+    }
+
+private:
+    class Page : public screen::OrderCostText {
+    public:
+        std::string ChubangJunCost(const CostRequest&) override {
+            std::string text = "<html>[START]1ok/*/72040&total";
+            for (int line = 1; line <= 10; ++line)
+                text += "/*/" + std::to_string(line == 2 ? 72040 : 0) + "&amp;note";
+            return text + "/*/720[END]</html>";
+        }
+        std::string ChubangJunCostUpdate(const UpdateRequest&) override { return {}; }
+    };
+    class Files : public screen::FileSystemObject {
+    public:
+        std::string fixedFolder(std::string_view) override { return "/logs"; }
+        bool folderExists(const std::string&) override { return true; }
+        void createFolder(const std::string&) override {}
+        void writeTextFile(const std::string&, std::string_view) override {}
+        void deleteFile(const std::string&) override {}
+    };
+};
+
+}  // namespace zelvo::testing

@@ -1,0 +1,127 @@
+#include <gtest/gtest.h>
+
+#include <QtCore/QTimer>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QLabel>
+#include <QtWidgets/QPlainTextEdit>
+#include <QtWidgets/QPushButton>
+
+#include "WidgetUser.h"
+#include "basics/Fault.h"
+#include "composition/frmMessage.h"
+#include "platform/qt/BoxDialog.h"
+#include "platform/qt/QtDesktop.h"
+#include "platform/settings/UserSettings.h"
+#include "screen/Window.h"
+
+namespace zelvo::testing {
+namespace {
+
+using screen::Answer;
+using screen::BoxButtons;
+using screen::BoxIcon;
+
+/// The toolkit's own desktop, with its boxes and loops; what a user does comes by timers.
+class QtDesktopTest : public ::testing::Test {
+protected:
+    /// Once a box stands: what is done with it.
+    void whenBox(std::function<void(qt::BoxDialog&)> act) {
+        QTimer::singleShot(0, qApp, [this, act] {
+            for (QWidget* widget : QApplication::topLevelWidgets()) {
+                auto* box = qobject_cast<qt::BoxDialog*>(widget);
+                if (box && box->isVisible() && QApplication::focusWidget()) return act(*box);
+            }
+            if (++looks_ < 1000) return whenBox(act);
+            ADD_FAILURE() << "no box came";
+        });
+    }
+
+    settings::UserSettings settings_;
+    qt::QtDesktop desktop_{settings_, [](std::string_view) {}};
+    int looks_ = 0;
+};
+
+TEST_F(QtDesktopTest, ABoxIsAnsweredByItsKeys) {
+    struct Case {
+        const char* name;
+        BoxButtons buttons;
+        Answer defaultAnswer;
+        int key;
+        Answer answer;
+    };
+    for (const Case& item : {
+             Case{"Enter takes the default Yes", BoxButtons::YesNo, Answer::Yes, Qt::Key_Return, Answer::Yes},
+             Case{"Enter takes the default No", BoxButtons::YesNo, Answer::No, Qt::Key_Return, Answer::No},
+             Case{"Y", BoxButtons::YesNo, Answer::No, Qt::Key_Y, Answer::Yes},
+             Case{"N", BoxButtons::YesNo, Answer::Yes, Qt::Key_N, Answer::No},
+             Case{"Esc is no Yes", BoxButtons::YesNo, Answer::Yes, Qt::Key_Escape, Answer::No},
+             Case{"Esc closes an information", BoxButtons::Ok, Answer::Ok, Qt::Key_Escape, Answer::Ok},
+         }) {
+        whenBox([&](qt::BoxDialog&) { stage::WidgetUser::pressKey(item.key); });
+        EXPECT_EQ(
+            desktop_.messageBox({"text", "caption", BoxIcon::Question, item.buttons, item.defaultAnswer}),
+            item.answer)
+            << item.name;
+    }
+}
+
+TEST_F(QtDesktopTest, ABoxShowsItsTextAsItStandsAndWhole) {
+    const std::string html = "<b>1 & 2</b>\r\n<html>";
+    whenBox([&](qt::BoxDialog& box) {
+        const auto* label = box.findChild<QLabel*>(QStringLiteral("text"));
+        ASSERT_TRUE(label);
+        EXPECT_EQ(label->textFormat(), Qt::PlainText);
+        EXPECT_EQ(label->text().toStdString(), html);
+        box.reject();
+    });
+    desktop_.inform(html, "caption");
+    const std::string answer = std::string(20000, 'x') + "end";
+    whenBox([&](qt::BoxDialog& box) {
+        const auto* page = box.findChild<QPlainTextEdit*>(QStringLiteral("text"));
+        ASSERT_TRUE(page);
+        EXPECT_EQ(page->toPlainText().toStdString(), answer);
+        EXPECT_LE(box.height(), 700);
+        box.reject();
+    });
+    desktop_.alarm(answer, "caption");
+}
+
+TEST_F(QtDesktopTest, AWindowRunsUntilItIsClosed) {
+    composition::frmMessage note(desktop_);
+    int unloads = 0;
+    note.onUnload.add([&] { ++unloads; });
+    QTimer::singleShot(0, qApp, [&] {
+        // A close that comes while an action runs waits for its end.
+        {
+            const screen::Window::Action action(note);
+            for (QWidget* window : QApplication::topLevelWidgets()) {
+                if (window->objectName() == QLatin1String("frmMessage")) window->close();
+            }
+            EXPECT_TRUE(note.shown());
+        }
+        EXPECT_TRUE(note.leaving());
+    });
+    note.read("caption", "text");
+    EXPECT_EQ(unloads, 1);
+}
+
+TEST_F(QtDesktopTest, AFaultThatNobodyCaughtIsToldAndTheWindowLives) {
+    composition::frmMessage note(desktop_);
+    note.cmdReg.setVisible(true);
+    note.cmdReg.onPress.add([] { throw basics::Fault("the disk is full"); });
+    QTimer::singleShot(0, qApp, [&] {
+        whenBox([&](qt::BoxDialog& box) {
+            EXPECT_EQ(box.findChild<QLabel*>(QStringLiteral("text"))->text().toStdString(),
+                      "the disk is full");
+            box.reject();
+        });
+        note.cmdReg.userPress();
+        EXPECT_TRUE(note.shown());
+        note.userClose();
+    });
+    note.showModal();
+    EXPECT_TRUE(note.unloaded());
+}
+
+}  // namespace
+}  // namespace zelvo::testing

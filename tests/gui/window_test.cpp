@@ -1,0 +1,341 @@
+#include <QtGui/QClipboard>
+#include <QtGui/QInputMethodEvent>
+#include <QtGui/QWheelEvent>
+#include <QtWidgets/QAbstractButton>
+#include <QtWidgets/QAbstractSpinBox>
+#include <QtWidgets/QComboBox>
+#include <QtWidgets/QLineEdit>
+#include <QtWidgets/QListView>
+#include <QtWidgets/QRadioButton>
+#include <QtWidgets/QTabWidget>
+#include <QtWidgets/QTableView>
+#include <QtWidgets/QTextEdit>
+
+#include "GuiSession.h"
+#include "platform/qt/Texts.h"
+#include "screen/Fields.h"
+#include "screen/TextField.h"
+
+namespace zelvo::testing {
+namespace {
+
+/// What a user could press or type into: each of these has to be a field.
+bool takesInput(const QWidget& widget) {
+    return qobject_cast<const QLineEdit*>(&widget) || qobject_cast<const QAbstractButton*>(&widget) ||
+           qobject_cast<const QComboBox*>(&widget) || qobject_cast<const QAbstractItemView*>(&widget) ||
+           qobject_cast<const QAbstractSpinBox*>(&widget) || qobject_cast<const QTextEdit*>(&widget);
+}
+
+bool standsIn(const QWidget& widget, const screen::Place& place, qt::Binder& binder) {
+    const QWidget* holder = place.holder ? binder.widgetOf(*place.holder) : nullptr;
+    if (!holder) return true;
+    if (const auto* tabs = qobject_cast<const QTabWidget*>(holder)) holder = tabs->widget(place.page);
+    return holder && holder->isAncestorOf(&widget);
+}
+
+/// Every field has its widget in the widget of its holder (the binder throws where one is missing), and what
+/// takes input is a field.
+void expectFormFits(GlassDesktop& glass) {
+    qt::Shell& shell = glass.shell();
+    screen::Window& window = shell.window();
+    QSet<const QWidget*> bound;
+    for (const screen::Field* field : window.fields()) {
+        const QWidget* widget = shell.binder().widgetOf(*field);
+        ASSERT_TRUE(widget) << field->name();
+        bound.insert(widget);
+        EXPECT_TRUE(standsIn(*widget, field->place(), shell.binder()))
+            << field->name() << " stands elsewhere";
+    }
+    for (const QWidget* widget : shell.findChildren<QWidget*>()) {
+        if (!takesInput(*widget)) continue;
+        bool ours = false;
+        for (const QWidget* at = widget; at && !ours; at = at->parentWidget()) ours = bound.contains(at);
+        EXPECT_TRUE(ours) << window.name() << ": " << widget->objectName().toStdString() << " is no field";
+    }
+}
+
+TEST(Window, TheFormFitsTheFields) {
+    GuiSession session;
+    session.run([&] {
+        expectFormFits(session.glass());
+        session.desktop.whenShown("frmYakGukDrug", [&](screen::Window&) { expectFormFits(session.glass()); });
+        session.hand().press("ssrYakGukDrug");
+        session.desktop.whenShown("frmMessage", [&](screen::Window&) { expectFormFits(session.glass()); });
+        session.hand().cellButton("tdbJobList", "자세히");
+    });
+}
+
+TEST(Window, TabWalksTheFieldsInTheWindowsOrder) {
+    GuiSession session;
+    session.run([&] {
+        screen::Window& window = session.hand().front();
+        session.hand().focus("txtPatientName");
+        for (const char* next :
+             {"txtPatientJumin", "ssoSex(0)", "ssoSex(1)", "txtPatientAge", "txtPatientCell"}) {
+            session.hand().pressNamed("Tab");
+            EXPECT_EQ(window.focus()->name(), next);
+            EXPECT_TRUE(session.widget<QWidget>(next).hasFocus()) << next;
+        }
+        session.hand().pressKey(Qt::Key_Backtab, Qt::ShiftModifier);
+        EXPECT_EQ(window.focus()->name(), "txtPatientAge");
+        session.hand().pressNamed("Enter");
+        EXPECT_EQ(window.focus()->name(), "txtPatientCell");
+    });
+}
+
+TEST(Window, AWholeOrderWithoutTheMouse) {
+    GuiSession session;
+    session.run([&] {
+        screen::Window& window = session.hand().front();
+        auto& hand = session.hand();
+        const auto tabTo = [&](const std::string& name) {
+            for (int moves = 0; moves < 200 && window.focus()->name() != name; ++moves)
+                hand.pressNamed("Tab");
+            ASSERT_EQ(window.focus()->name(), name);
+        };
+        hand.pressKey(Qt::Key_4, Qt::AltModifier);
+        hand.pressKey(Qt::Key_2, Qt::AltModifier);
+        EXPECT_EQ(session.field<screen::TabControl>("c1tMain").current(), 1);
+        tabTo("tdbJobList");
+        hand.pressNamed("Home");
+        hand.pressNamed(" ");
+        tabTo("tdbDGL");
+        for (const char* herb : {"당귀", "작약"}) {
+            hand.pressNamed("Enter");
+            hand.pressNamed("Home");
+            hand.typeText(herb);
+            session.desktop.whenShown("frmYakGukDrug", [&](screen::Window&) { hand.pressNamed("Enter"); });
+            hand.pressNamed("Enter");
+            hand.typeText("4");
+            hand.pressNamed("Enter");
+            hand.pressNamed("End");
+        }
+        EXPECT_EQ(session.session.g_xaDrug.upperRow(), 1);
+        tabTo("txtChubsu");
+        hand.typeText("20");
+        tabTo("tdbTJML");
+        hand.pressNamed("Home");
+        hand.pressNamed(" ");
+        tabTo("txtDayTuyak");
+        hand.typeText("3");
+        hand.pressNamed("Enter");
+        hand.typeText("7");
+        tabTo("txtPouchAmount");
+        hand.typeText("100");
+        tabTo("cboBesongMethod");
+        hand.pressNamed("Down");
+        tabTo("cboPaymentMethod");
+        hand.pressNamed("Down");
+        tabTo("ssrCostConfirm");
+        hand.pressNamed("Enter");
+        session.desktop.answer(screen::Answer::No);
+        tabTo("ssrCBJSend");
+        hand.pressNamed(" ");
+    });
+    while (session.sent.empty()) {
+        const auto box = session.desktop.takeBox();
+        ADD_FAILURE() << box.caption << ": " << box.text;
+        if (box.text.empty()) return;
+    }
+    session.desktop.takeBox();
+    EXPECT_EQ(session.sent.front().intChupSu, 20);
+    EXPECT_EQ(session.sent.front().lngSumCost, 72040);
+}
+
+TEST(Window, ThePickerOpensUnderTheCellAndTakesTheKeys) {
+    GuiSession session;
+    session.run([&] {
+        auto& hand = session.hand();
+        hand.cellKey("tdbDGL", "약재명", "Enter");
+        const auto typeAndOpen = [&](const std::string& key) {
+            session.desktop.whenShown("frmYakGukDrug", [&, key](screen::Window& picker) {
+                EXPECT_EQ(picker.focus()->name(), "tdbYakgukDrug");
+                const QWidget& table = *QApplication::topLevelWidgets().front();
+                static_cast<void>(table);
+                hand.pressNamed(key);
+                EXPECT_TRUE(picker.leaving());
+            });
+            hand.cellKey("tdbDGL", "약재명", "Enter");
+        };
+        hand.cell("tdbDGL", "약재명", "당귀");
+        typeAndOpen("Esc");
+        EXPECT_EQ(session.session.g_xaDrug.cellText(0, 2), "");
+        typeAndOpen("Enter");
+        EXPECT_NE(session.session.g_xaDrug.cellText(0, 2), "");
+        QTableView& table = session.widget<QTableView>("tdbDGL");
+        session.desktop.whenShown("frmYakGukDrug", [&](screen::Window&) {
+            const QRect cell = table.visualRect(table.currentIndex());
+            const QPoint under = table.viewport()->mapToGlobal(cell.bottomLeft());
+            const QPoint corner = session.glass().shell().pos();
+            EXPECT_GE(corner.y(), under.y());
+            EXPECT_LT(corner.y(), under.y() + 20);
+            EXPECT_LT(std::abs(corner.x() - under.x()), 20);
+        });
+        hand.cellKey("tdbDGL", "약재명", "Enter");
+    });
+}
+
+/// A syllable that is being composed, as an input method sends it.
+void preedit(const QString& text) {
+    QInputMethodEvent event(text, {});
+    QCoreApplication::sendEvent(QApplication::focusWidget(), &event);
+    GlassDesktop::settle();
+}
+void commit(const QString& text) {
+    QInputMethodEvent event;
+    event.setCommitString(text);
+    QCoreApplication::sendEvent(QApplication::focusWidget(), &event);
+    GlassDesktop::settle();
+}
+
+TEST(Typing, HangulIsComposedToItsEnd) {
+    GuiSession session;
+    session.run([&] {
+        auto& name = session.field<screen::TextField>("txtPatientName");
+        session.hand().focus("txtPatientName");
+        EXPECT_EQ(name.selectionLength(), 3U);
+        preedit(QStringLiteral("ㅇ"));
+        preedit(QStringLiteral("이"));
+        session.field<screen::TextField>("txtPatientAge").setText("77");
+        name.setTipText("anything that draws the field anew");
+        GlassDesktop::settle();
+        preedit(QStringLiteral("잎"));
+        commit(QStringLiteral("이"));
+        EXPECT_EQ(name.text(), "이");
+        preedit(QStringLiteral("퍼"));
+        EXPECT_EQ(name.text(), "이");
+        commit(QStringLiteral("퍼"));
+        EXPECT_EQ(name.text(), "이퍼");
+        EXPECT_EQ(session.widget<QLineEdit>("txtPatientName").text(), QStringLiteral("이퍼"));
+        preedit(QStringLiteral("ㄹ"));
+        preedit({});
+        EXPECT_EQ(name.text(), "이퍼");
+
+        session.hand().focus("txtPatientAge");
+        preedit(QStringLiteral("가"));
+        commit(QStringLiteral("가"));
+        EXPECT_EQ(session.textOf("txtPatientAge"), "77");
+    });
+}
+
+TEST(Typing, TheRulesHoldOnTheWidgets) {
+    struct Case {
+        const char *field, *typed, *text;
+    };
+    GuiSession session;
+    session.run([&] {
+        for (const Case& item :
+             {Case{"txtPatientCell", "01098761234", "010-9876-1234"},
+              Case{"txtPatientTel", "0212a3x4567", "02-123-4567"}, Case{"txtPatientAge", "4b2", "42"},
+              Case{"txtPatientName", "김a하", "김a하"}}) {
+            session.hand().type(item.field, item.typed);
+            EXPECT_EQ(session.textOf(item.field), item.text);
+            EXPECT_EQ(qt::utf8(session.widget<QLineEdit>(item.field).text()), item.text);
+        }
+        // Without herbs there are no packets, and the focus goes back to the herbs.
+        session.hand().type("txtChubsu", "20");
+        session.desktop.takeBox();
+        EXPECT_EQ(session.textOf("txtChubsu"), "");
+        EXPECT_NE(session.hand().front().focus()->name(), "txtChubsu");
+    });
+}
+
+TEST(Typing, ClipboardUndoAndTheMouseComeBackToTheField) {
+    GuiSession session;
+    session.run([&] {
+        auto& hand = session.hand();
+        auto& field = session.field<screen::TextField>("txtPatientEmail");
+        auto& line = session.widget<QLineEdit>("txtPatientEmail");
+        field.setText("");
+        hand.type("txtPatientEmail", "abc");
+        hand.paste("txtPatientEmail", "X\nY");
+        EXPECT_EQ(field.text(), "abcX");
+        hand.pressKey(Qt::Key_Left, Qt::ShiftModifier);
+        EXPECT_EQ(field.selectionLength(), 1U);
+        hand.pressKey(Qt::Key_X, Qt::ControlModifier, QStringLiteral("\x18"));
+        EXPECT_EQ(field.text(), "abc");
+        EXPECT_EQ(QGuiApplication::clipboard()->text(), QStringLiteral("X"));
+        hand.pressKey(Qt::Key_Z, Qt::ControlModifier, QStringLiteral("\x1a"));
+        EXPECT_NE(field.text(), "abc");
+        EXPECT_EQ(field.text(), qt::utf8(line.text()));
+        field.setText("a😀b");
+        GlassDesktop::settle();
+        line.setCursorPosition(3);
+        GlassDesktop::settle();
+        EXPECT_EQ(field.selectionStart(), 2U);
+    });
+}
+
+TEST(Typing, AFocusThatComesBackIsNoEntering) {
+    GuiSession session;
+    session.run([&] {
+        auto& hand = session.hand();
+        hand.focus("txtPatientName");
+        hand.pressNamed("End");
+        hand.typeText("x");
+        auto& field = session.field<screen::TextField>("txtPatientName");
+        int entered = 0;
+        field.onFocus.add([&] { ++entered; });
+        QWidget other;
+        other.show();
+        other.activateWindow();
+        GlassDesktop::settle();
+        session.glass().shell().activateWindow();
+        GlassDesktop::settle();
+        EXPECT_EQ(entered, 0);
+        EXPECT_EQ(field.selectionLength(), 0U);
+        hand.typeText("y");
+        EXPECT_EQ(field.text(), "김하늘xy");
+    });
+}
+
+TEST(Choosing, ListsAndOptionsSayWhatTheFieldsHold) {
+    GuiSession session;
+    session.run([&] {
+        auto& method = session.widget<QComboBox>("cboBesongMethod");
+        QWheelEvent turn({5, 5}, method.mapToGlobal(QPointF(5, 5)), {}, {0, -120}, Qt::NoButton,
+                         Qt::NoModifier, Qt::NoScrollPhase, false);
+        QCoreApplication::sendEvent(&method, &turn);
+        EXPECT_EQ(session.textOf("cboBesongMethod"), "미정");
+        session.hand().choose("cboBesongMethod", "한의원");
+        EXPECT_EQ(method.currentIndex(), 3);
+
+        auto& men = session.field<screen::OptionButton>("ssoSex(0)");
+        auto& women = session.field<screen::OptionButton>("ssoSex(1)");
+        session.hand().check("ssoSex(0)", true);
+        EXPECT_FALSE(women.value());
+        EXPECT_FALSE(session.widget<QRadioButton>("ssoSex(1)").isChecked());
+        men.setValue(false);
+        EXPECT_FALSE(session.widget<QRadioButton>("ssoSex(0)").isChecked());
+    });
+}
+
+TEST(Choosing, APressActsOnceAndAHiddenButtonIsGone) {
+    GuiSession session;
+    session.run([&] {
+        session.hand().press("ssrCostConfirm");
+        EXPECT_NE(session.desktop.takeBox().text, "");
+        session.desktop.expectNoBox();
+        EXPECT_FALSE(session.widget<QWidget>("ssrCBJSend").isVisible());
+        // A tab bar that is clicked takes the send away even when it is the tab in front.
+        session.hand().tab("c1tMain", 1);
+        session.hand().tab("c1tMain", 3);
+        EXPECT_EQ(session.widget<QTabWidget>("c1tMain").currentIndex(), 3);
+    });
+}
+
+TEST(Closing, AWindowGoesInTheMiddleOfACompositionAndComesAgain) {
+    for (int call = 0; call < 2; ++call) {
+        GuiSession session;
+        session.run([&] {
+            session.hand().focus("txtPatientName");
+            preedit(QStringLiteral("가"));
+            session.hand().close();
+            EXPECT_TRUE(session.hand().front().leaving());
+        });
+        EXPECT_EQ(session.sent.size(), 0U);
+    }
+}
+
+}  // namespace
+}  // namespace zelvo::testing
