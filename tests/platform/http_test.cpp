@@ -183,5 +183,22 @@ TEST(PostalPage, AsksWithItsQueryAndReadsTheHits) {
     }
 }
 
+TEST(PostalPage, NonsenseIsAFaultAndNothingFoundIsNone) {
+    const std::pair<const char*, bool> pages[] = {{"", false},
+                                                  {" \r\n\n", false},
+                                                  {"<html>\t<body>Service</body></html>", true},
+                                                  {"\t서울 중구\n", true},
+                                                  {"04524 서울 중구", true}};
+    for (const auto& [text, nonsense] : pages) {
+        CannedServer page(CannedServer::ok(text));
+        const auto ask = [&] { return findPostalCodes(HttpClient(), page.address(), "서울"); };
+        if (nonsense) {
+            EXPECT_THROW(ask(), basics::Fault) << text;
+        } else {
+            EXPECT_TRUE(ask().empty()) << text;
+        }
+    }
+}
+
 }  // namespace
 }  // namespace zelvo::http

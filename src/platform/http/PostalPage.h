@@ -12,8 +12,9 @@ struct PostalHit {
     std::string zip, address;
 };
 
-/// Asks the pharmacy's postal search page for the addresses that match a text, in the page's order. Nothing
-/// found gives none. Throws Fault when the page can't be had.
+/// Asks the pharmacy's postal search page for the addresses that match a text, in the page's order; lines
+/// that are no hit are passed over. Nothing found gives none. Throws Fault when the page can't be had, and
+/// when it holds something else than hits.
 std::vector<PostalHit> findPostalCodes(const HttpClient& client, std::string_view page,
                                        std::string_view text);
 
