@@ -43,7 +43,8 @@ private:
 /// Opens the connection that the address asks for: "sqlite:" and a path is a file. Throws Fault.
 std::unique_ptr<data::Connection> openPharmacy(const data::ServerLogin& login);
 
-/// Registers the components of this machine that no window of a host has brought.
-void registerComponents(screen::Components& components);
+/// Registers the components of this machine that no window of a host has brought; those that are windows
+/// stand on this desktop.
+void registerComponents(screen::Desktop& desktop);
 
 }  // namespace zelvo::assembly

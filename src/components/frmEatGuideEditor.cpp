@@ -1,0 +1,32 @@
+#include "components/frmEatGuideEditor.h"
+
+#include "basics/Text.h"
+
+namespace zelvo::components {
+
+namespace {
+
+constexpr double designWidth = 11400, designHeight = 9600;
+
+std::string captionFor(const std::string& patientName) {
+    const std::string name = basics::trim(patientName);
+    return name.empty() ? "복용법작성" : "복용법작성 - " + name + " 님";
+}
+
+}  // namespace
+
+frmEatGuideEditor::frmEatGuideEditor(screen::Desktop& desktop, const std::string& patientName)
+    : AskWindow(desktop, "frmEatGuideEditor", captionFor(patientName), designWidth, designHeight),
+      rtxSheet(*this, "rtxSheet"),
+      txtHospName(*this, "txtHospName"),
+      txtPhoneNo(*this, "txtPhoneNo") {
+    rtxSheet.setLabel("복용법");
+    rtxSheet.setHangul(true);
+    txtHospName.setLabel("한의원명:");
+    txtHospName.setHangul(true);
+    txtPhoneNo.setLabel("연락처:");
+    fillInOrder({&txtHospName, &txtPhoneNo});
+    setTabOrder({"rtxSheet", "txtHospName", "txtPhoneNo", "cmdOK", "cmdCancel"});
+}
+
+}  // namespace zelvo::components

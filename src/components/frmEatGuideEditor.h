@@ -1,0 +1,23 @@
+#pragma once
+
+#include <string>
+
+#include "components/AskWindow.h"
+
+namespace zelvo::components {
+
+/// Lets a dosage sheet be written, with the clinic's name and telephone that stand on it.
+class frmEatGuideEditor : public AskWindow {
+public:
+    /// The patient's name stands in the caption.
+    frmEatGuideEditor(screen::Desktop& desktop, const std::string& patientName);
+
+    screen::RichTextField rtxSheet;
+    screen::TextField txtHospName, txtPhoneNo;
+
+private:
+    /// Every sheet can be taken, an empty one too.
+    bool confirm() override { return true; }
+};
+
+}  // namespace zelvo::components
