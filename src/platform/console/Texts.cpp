@@ -35,6 +35,8 @@ void escapeInto(std::string& line, char character) {
     line += digits[code & 15U];
 }
 
+constexpr const char* maskedText = "****";
+
 const char* iconName(screen::BoxIcon icon) {
     switch (icon) {
         case screen::BoxIcon::Information:
@@ -119,6 +121,11 @@ std::optional<std::string> textOf(const Field& field) {
     }
 }
 
+bool isMasked(const Field& field) {
+    const auto* text = dynamic_cast<const screen::TextField*>(&field);
+    return text && text->masked;
+}
+
 const char* answerName(screen::Answer answer) {
     switch (answer) {
         case screen::Answer::Ok:
@@ -149,7 +156,7 @@ std::string fieldLine(const Field& field) {
     } else if (const auto* bar = dynamic_cast<const screen::StatusBar*>(&field)) {
         for (int i = 1; i <= 3; ++i) line += " " + inQuotes(bar->panel(i));
     } else if (const auto text = textOf(field)) {
-        line += " " + inQuotes(*text);
+        line += " " + (isMasked(field) && !text->empty() ? std::string(maskedText) : inQuotes(*text));
     } else if (const auto caption = captionOf(field)) {
         line += " " + inQuotes(*caption);
     }

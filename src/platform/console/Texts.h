@@ -18,6 +18,8 @@ std::string inQuotes(std::string_view text);
 
 /// What a field says: its text, caption, on or off, day. Nothing for a kind that says nothing of its own.
 std::optional<std::string> textOf(const screen::Field& field);
+/// Whether a field shows dots for its text (a password): no record holds it.
+bool isMasked(const screen::Field& field);
 /// Caption of a grid, panel, label or button.
 std::optional<std::string> captionOf(const screen::Field& field);
 
