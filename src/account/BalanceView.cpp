@@ -33,7 +33,9 @@ std::string wonText(std::int64_t won) {
 }  // namespace
 
 BalanceView::BalanceView(screen::Window& form, screen::Place place, session::Session& session)
-    : txTotalStock(form, "txTotalStock", place),
+    : lblStockInfo(form, "lblStockInfo", place, " 적립금/마일리지 정보"),
+      lblStockNote(form, "lblStockNote", place, "( 마일리지 금액은 적립금에 포함 됩니다. )"),
+      txTotalStock(form, "txTotalStock", place),
       txtTotalUsedStock(form, "txtTotalUsedStock", place),
       txtTotalMileage(form, "txtTotalMileage", place),
       txtUsableStock(form, "txtUsableStock", place),
@@ -81,8 +83,11 @@ void BalanceView::Init_StockGrids() {
 }
 
 void BalanceView::search(bool byDates) {
-    const bool ok =
-        byDates ? Load_StockMoney(dtpStockView0.text(), dtpStockView1.text()) : Load_StockMoney("", "");
+    bool ok = false;
+    {
+        const screen::BusyPointer busy(form_.desktop());
+        ok = byDates ? Load_StockMoney(dtpStockView0.text(), dtpStockView1.text()) : Load_StockMoney("", "");
+    }
     if (!ok) form_.desktop().alarm("적립금 정보 확인 중 오류 발생.", "적립금 정보");
 }
 

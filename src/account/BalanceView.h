@@ -19,6 +19,7 @@ public:
     /// `place` is the page "MY OCS".
     BalanceView(screen::Window& form, screen::Place place, session::Session& session);
 
+    screen::Label lblStockInfo, lblStockNote;
     /// The sums A, B and C and the usable balance A - B + C, in won, "###,##0".
     screen::TextField txTotalStock, txtTotalUsedStock, txtTotalMileage, txtUsableStock;
     screen::TwoStateButton ssrStockView0, ssrStockView1;

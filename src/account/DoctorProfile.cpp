@@ -1,13 +1,20 @@
 #include "account/DoctorProfile.h"
 
+#include <exception>
+
 #include "basics/Numbers.h"
 #include "basics/Pictures.h"
 #include "basics/Text.h"
 #include "basics/Utf8.h"
+#include "screen/Window.h"
 
 namespace zelvo::account {
 
 namespace {
+
+constexpr const char* notLoggedIn = "로그인 후에 사용하십시오.(m_DTRPK = 0)";
+constexpr const char* changeCaption = "한의사정보 변경";
+constexpr const char* passwordCaption = "비밀번호 변경";
 
 std::string mark(std::int32_t flag) {
     return flag != 0 ? "O" : "X";
@@ -23,8 +30,10 @@ ValidPay validPay(std::string_view flags) {
     return {.deposit = isSet(0), .later = isSet(1), .settled = count > 0 && isSet(count - 1)};
 }
 
-DoctorProfile::DoctorProfile(screen::Window& form, screen::Place place)
-    : txtDTRname(form, "txtDTRname", place),
+DoctorProfile::DoctorProfile(screen::Window& form, screen::Place place, session::Session& session,
+                             composition::SenderBlock& sender)
+    : lblDTRinfo(form, "lblDTRinfo", place, " 한의사 정보"),
+      txtDTRname(form, "txtDTRname", place),
       txtDTRlicense(form, "txtDTRlicense", place),
       txtDTRcell(form, "txtDTRcell", place),
       txtDTREmail(form, "txtDTREmail", place),
@@ -44,13 +53,22 @@ DoctorProfile::DoctorProfile(screen::Window& form, screen::Place place)
       txtDTRpouch(form, "txtDTRpouch", place),
       txtDTRbox(form, "txtDTRbox", place),
       txtDTRuseform(form, "txtDTRuseform", place),
-      txtDTRvip(form, "txtDTRvip", place) {
+      txtDTRvip(form, "txtDTRvip", place),
+      form_(form),
+      session_(session),
+      sender_(sender) {
+    labelFields();
     for (screen::TextField* field : {&txtDTRid, &txtDTRpass, &txtDTRdiscount, &txtDTRmileage, &txtDTRregdate,
                                      &txtDTRpouch, &txtDTRbox, &txtDTRuseform, &txtDTRvip}) {
         field->setReadOnly(true);
     }
     txtDTRpass.masked = true;
     for (screen::TextField* field : {&txtDTRname, &txtDTRhosname, &txtDTRaddress}) field->setHangul(true);
+    screen::usePressed(ssrDTRchang, [this] { saveChanges(); });
+    screen::usePressed(ssrPWDchang, [this] { changePassword(); });
+}
+
+void DoctorProfile::labelFields() {
     txtDTRname.setLabel("이  름:");
     txtDTRlicense.setLabel("면허번호:");
     txtDTRcell.setLabel("핸드폰:");
@@ -58,6 +76,7 @@ DoctorProfile::DoctorProfile(screen::Window& form, screen::Place place)
     txtDTRhostel.setLabel("전화번호:");
     txtDTRhosname.setLabel("한의원명:");
     txtDTRhoszip.setLabel("우편번호");
+    ssrZipCode4.setTipText("우편번호를 찾습니다.");
     txtDTRaddress.setLabel("한의원 주소:");
     txtDTRid.setLabel("아이디:");
     txtDTRpass.setLabel("비밀번호:");
@@ -113,6 +132,72 @@ void DoctorProfile::checkPayments(const ValidPay& flags) {
     ListVpayment.setItemChecked(0, flags.deposit);
     ListVpayment.setItemChecked(1, flags.later);
     ListVpayment.setItemChecked(2, flags.settled);
+}
+
+void DoctorProfile::saveChanges() {
+    if (session_.m_DTRPK < 1) return form_.desktop().inform(notLoggedIn, changeCaption);
+    if (basics::isBlank(txtDTRname.text()))
+        return form_.desktop().inform("한의사명을 입력하여 주십시오.", changeCaption);
+    bool stored = false;
+    {
+        const screen::BusyPointer busy(form_.desktop());
+        stored = data::clsZELVORecordSet().Update_DoctorInfo(session_.connection(), session_.m_DTRPK,
+                                                             changedRecord());
+    }
+    if (!stored) {
+        return form_.desktop().alarm("한의사 정보 변경 실패 [변경한 내용을 다시 한번 더 확인 바랍니다.]",
+                                     "한의사정보 변경 실패");
+    }
+    fillSender();
+    form_.desktop().inform("한의사 정보를 성공적으로 변경하였습니다.", changeCaption);
+}
+
+data::DoctorRecord DoctorProfile::changedRecord() const {
+    const auto cleaned = [](const screen::TextField& field) {
+        return basics::trim(basics::removeAll(field.text(), "'"));
+    };
+    data::DoctorRecord doctor;
+    doctor.DTR_Name = cleaned(txtDTRname);
+    doctor.DTR_LicenseNo = cleaned(txtDTRlicense);
+    doctor.DTR_Cell = cleaned(txtDTRcell);
+    doctor.DTR_HosTel = cleaned(txtDTRhostel);
+    doctor.DTR_HosName = cleaned(txtDTRhosname);
+    doctor.DTR_HosZip = cleaned(txtDTRhoszip);
+    doctor.DTR_Address = cleaned(txtDTRaddress);
+    doctor.DTR_Email = cleaned(txtDTREmail);
+    return doctor;
+}
+
+/// The order in hand goes out under the clinic as it now stands.
+void DoctorProfile::fillSender() {
+    sender_.txtHospitalName.setText(txtDTRhosname.text());
+    sender_.txtDoctor.setText(txtDTRname.text());
+    sender_.txtDoctorCell.setText(txtDTRcell.text());
+    sender_.txtHospitalTel.setText(txtDTRhostel.text());
+    sender_.txtBalsongZip.setText(txtDTRhoszip.text());
+    sender_.txtBalsongJuso.setText(txtDTRaddress.text());
+}
+
+void DoctorProfile::changePassword() {
+    if (session_.m_DTRPK == 0) return form_.desktop().inform(notLoggedIn, passwordCaption);
+    try {
+        std::string password;
+        const bool wanted = form_.desktop()
+                                .components()
+                                .make<screen::AccountPrompt>("AccountPrompt.clsAccountPrompt")
+                                ->ChangePassword(txtDTRpass.text(), password);
+        if (wanted) storePassword(password);
+    } catch (const std::exception& fault) {
+        form_.desktop().alarm(fault.what(), passwordCaption);
+    }
+}
+
+void DoctorProfile::storePassword(const std::string& password) {
+    if (!data::clsZELVORecordSet().Update_DoctorPassword(session_.connection(), session_.m_DTRPK, password)) {
+        return form_.desktop().alarm("비밀번호 변경 실패! (한약국 서버 연결 확인)", passwordCaption);
+    }
+    txtDTRpass.setText(password);
+    form_.desktop().inform("비밀번호 변경 성공! ", passwordCaption);
 }
 
 }  // namespace zelvo::account

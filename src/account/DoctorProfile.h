@@ -2,9 +2,11 @@
 
 #include <string_view>
 
+#include "composition/SenderBlock.h"
 #include "data/clsZELVORecordSet.h"
 #include "screen/Fields.h"
 #include "screen/TextField.h"
+#include "session/Session.h"
 
 namespace zelvo::account {
 
@@ -17,12 +19,15 @@ struct ValidPay {
 /// Reads DTR_ValidPay: the first, the second and the last character, each "1" for yes.
 ValidPay validPay(std::string_view flags);
 
-/// The doctor's own record. The first eight fields may be changed, all others belong to the pharmacy.
+/// The doctor's own record. The first eight fields may be changed and stored, and so may the password; all
+/// others belong to the pharmacy.
 class DoctorProfile {
 public:
-    /// `place` is the page "MY OCS".
-    DoctorProfile(screen::Window& form, screen::Place place);
+    /// `place` is the page "MY OCS"; what is stored goes into the order's sender block as well.
+    DoctorProfile(screen::Window& form, screen::Place place, session::Session& session,
+                  composition::SenderBlock& sender);
 
+    screen::Label lblDTRinfo;
     screen::TextField txtDTRname, txtDTRlicense, txtDTRcell, txtDTREmail, txtDTRhostel, txtDTRhosname,
         txtDTRhoszip;
     screen::TwoStateButton ssrZipCode4;
@@ -41,7 +46,17 @@ public:
     void clear();
 
 private:
+    void labelFields();
     void checkPayments(const ValidPay& flags);
+    void saveChanges();
+    data::DoctorRecord changedRecord() const;
+    void fillSender();
+    void changePassword();
+    void storePassword(const std::string& password);
+
+    screen::Window& form_;
+    session::Session& session_;
+    composition::SenderBlock& sender_;
 };
 
 }  // namespace zelvo::account

@@ -1,5 +1,7 @@
 #include "composition/DosageSheet.h"
 
+#include <exception>
+
 #include "basics/Fault.h"
 #include "basics/Text.h"
 #include "composition/clsUserSetting.h"
@@ -54,7 +56,7 @@ void editSheet(screen::Desktop& desktop, const session::Session& session, const 
     try {
         const auto editor = desktop.components().make<screen::EatGuideEditor>("EatGuideEditor");
         if (!editor->edit(session.g_conChart, patientName, sheet, hospitalName, phoneNo)) return;
-    } catch (const basics::Fault& fault) {
+    } catch (const std::exception& fault) {
         desktop.alarm(fault.what(), "복용법작성");
         return;
     }

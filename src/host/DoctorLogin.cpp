@@ -1,5 +1,7 @@
 #include "host/DoctorLogin.h"
 
+#include <exception>
+
 #include "basics/Fault.h"
 #include "basics/Numbers.h"
 #include "basics/Text.h"
@@ -19,7 +21,54 @@ constexpr std::string_view accountSeparator = "#$#";
 
 DoctorLogin::DoctorLogin(screen::Window& form, screen::Place noticeTab, session::Session& session,
                          DoctorViews views)
-    : ssrLogIN(form, "ssrLogIN", noticeTab, "로그인"), form_(form), session_(session), views_(views) {}
+    : ssrLogIN(form, "ssrLogIN", noticeTab, "로그인"), form_(form), session_(session), views_(views) {
+    screen::usePressed(ssrLogIN, [this] { logIn(); });
+}
+
+void DoctorLogin::logIn() {
+    try {
+        std::string id, password;
+        if (askAccount(id, password)) checkAccount(id, password);
+    } catch (const std::exception& fault) {
+        logOut();
+        form_.desktop().alarm(fault.what(), "한약국 로그인 실패");
+    }
+}
+
+bool DoctorLogin::askAccount(std::string& id, std::string& password) const {
+    return form_.desktop()
+        .components()
+        .make<screen::AccountPrompt>("AccountPrompt.clsAccountPrompt")
+        ->Login(id, password);
+}
+
+/// A wrong account ends the session's login, though the fields still show the former doctor.
+void DoctorLogin::checkAccount(const std::string& id, const std::string& password) {
+    std::int32_t key = 0;
+    if (!data::clsZELVORecordSet().RecordSet_LoginCheck(session_.connection(), id, password, key)) {
+        form_.desktop().inform("한약국 로그인 실패 -> [ID, PassWord를 확인해 주십시오.]", loginCaption);
+        session_.m_DTRPK = 0;
+        return;
+    }
+    const std::int16_t result = Load_DoctorInfo(LoginJob::Login, key);
+    if (result == 1) loggedIn(id, password, key);
+    if (result == -1) logOut();
+}
+
+void DoctorLogin::loggedIn(const std::string& id, const std::string& password, std::int32_t key) {
+    session_.m_DTRPK = key;
+    session_.m_DoctorIDPWD = id + std::string(partSeparator) + password;
+    whenLoggedIn();
+    form_.desktop().inform("한약국 로그인 성공! [ 접속 ID = " + id + " ]", loginCaption);
+    for (int tab = 1; tab < views_.c1tMain.pageCount(); ++tab) views_.c1tMain.setSelectable(tab, true);
+    views_.c1tMain.select(1);
+}
+
+void DoctorLogin::logOut() {
+    session_.m_DTRPK = 0;
+    session_.m_DoctorIDPWD.clear();
+    Clear_DoctorInfo();
+}
 
 std::int16_t DoctorLogin::Load_DoctorInfo(LoginJob job, std::int32_t& DTRPK) {
     try {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string>
 
 #include "account/DoctorProfile.h"
@@ -14,6 +15,7 @@ namespace zelvo::host {
 
 /// Where a doctor's record shows in the main window.
 struct DoctorViews {
+    screen::TabControl& c1tMain;
     screen::StatusBar& stbMain;
     account::DoctorProfile& profile;
     composition::SenderBlock& sender;
@@ -36,7 +38,15 @@ public:
     /// Empties every field that the doctor's record fills.
     void Clear_DoctorInfo();
 
+    /// Another doctor is logged in: what shows a doctor's orders and money is to be read afresh.
+    std::function<void()> whenLoggedIn = [] {};
+
 private:
+    void logIn();
+    bool askAccount(std::string& id, std::string& password) const;
+    void checkAccount(const std::string& id, const std::string& password);
+    void loggedIn(const std::string& id, const std::string& password, std::int32_t key);
+    void logOut();
     std::int16_t loadDoctor(LoginJob job, std::int32_t& DTRPK);
     void listNurseDoctors();
     void showDoctor(LoginJob job, const data::DoctorRecord& doctor);

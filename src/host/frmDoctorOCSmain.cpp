@@ -28,13 +28,14 @@ frmDoctorOCSmain::frmDoctorOCSmain(screen::Desktop& desktop, session::Session& s
               c1eMain.inside()),
       stbMain(*this, "stbMain"),
       notices(*this, c1tMain.page(noticeTab), session),
-      profile(*this, c1tMain.page(myOcsTab)),
       balance(*this, c1tMain.page(myOcsTab), session),
       order(*this, c1tMain.page(orderTab), session, balance),
       management(*this, c1tMain.page(managementTab), session, order, balance,
                  [this] { c1tMain.select(orderTab); }),
+      profile(*this, c1tMain.page(myOcsTab), session, order.sender),
+      addresses(*this, session, order.frames.c1tPatient1, addressBlocks()),
       login(*this, c1tMain.page(noticeTab), session,
-            {stbMain, profile, order.sender, order.payment, management.search.cbodtrList}),
+            {c1tMain, stbMain, profile, order.sender, order.payment, management.search.cbodtrList}),
       session_(session),
       rules_(*this) {
     setCaption("ZEL-VO 메인 윈도우");
@@ -44,6 +45,23 @@ frmDoctorOCSmain::frmDoctorOCSmain(screen::Desktop& desktop, session::Session& s
     onResize.add([this] { Form_Resize(); });
     onUnload.add([this] { Form_Unload(); });
     c1tMain.onClick.add([this] { c1tMain_Click(); });
+    login.whenLoggedIn = [this] {
+        management.detail.On_CBJRowChange(-1);
+        balance.Clear_StockView();
+    };
+}
+
+/// The price of a new order depends on where it goes and where it comes from.
+std::vector<services::AddressBlock> frmDoctorOCSmain::addressBlocks() {
+    composition::PatientDelivery& patient = order.patient;
+    composition::SenderBlock& sender = order.sender;
+    management::PatientSection& sentTo = management.detail.patient;
+    management::SenderSection& sentFrom = management.detail.sender;
+    return {{patient.ssrZipCode0, patient.txtBesongZip, patient.txtBesongJuso, &order.gate},
+            {sender.ssrZipCode1, sender.txtBalsongZip, sender.txtBalsongJuso, &order.gate},
+            {sentTo.ssrZipCode2, sentTo.txtCBJmBeZip, sentTo.txtCBJmBeJuso},
+            {sentFrom.ssrZipCode3, sentFrom.txtCBJmBalZip, sentFrom.txtCBJmBalJuso},
+            {profile.ssrZipCode4, profile.txtDTRhoszip, profile.txtDTRaddress}};
 }
 
 void frmDoctorOCSmain::Form_Load() {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <vector>
+
 #include "account/BalanceView.h"
 #include "account/DoctorProfile.h"
 #include "host/DoctorLogin.h"
@@ -7,6 +9,7 @@
 #include "host/OrderTab.h"
 #include "input/FieldRules.h"
 #include "screen/Window.h"
+#include "services/AddressSearch.h"
 #include "services/Notices.h"
 #include "session/Session.h"
 
@@ -23,10 +26,11 @@ public:
     screen::TabControl c1tMain;
     screen::StatusBar stbMain;
     services::Notices notices;
-    account::DoctorProfile profile;
     account::BalanceView balance;
     OrderTab order;
     ManagementTab management;
+    account::DoctorProfile profile;
+    services::AddressSearch addresses;
     DoctorLogin login;
 
 private:
@@ -34,6 +38,7 @@ private:
     void Form_Resize();
     void Form_Unload();
     void c1tMain_Click();
+    std::vector<services::AddressBlock> addressBlocks();
     void releaseArrays();
     void releaseConnections();
     void releaseRecordSets();

@@ -82,6 +82,17 @@ TEST_F(BalanceViewTest, EachFailingReadIsTold) {
     }
 }
 
+TEST_F(BalanceViewTest, NoWonIsLostBeyondTenThousandRows) {
+    pharmacy.run(
+        "WITH RECURSIVE n(i) AS (VALUES(1) UNION ALL SELECT i + 1 FROM n WHERE i < 12000) "
+        "INSERT INTO t_Stock (DTR_PK, CBJ_PK, CBJ_IsCanceled, STK_Money, STK_Date) "
+        "SELECT 1, i % 2, 0, 100001, '2024-05-01' FROM n");
+    ASSERT_TRUE(view.Load_StockMoney("", ""));
+    EXPECT_EQ(figures(), (Figures{"600,006,000", "0", "600,006,000", "1,200,012,000", "\\ 600,006,000", "",
+                                  "\\ 600,006,000"}));
+    EXPECT_EQ(view.tdbInStock.rowCount(), 6000);
+}
+
 TEST_F(BalanceViewTest, ABalanceBeyond32BitsIsAFailure) {
     book("2024-05-01", 0, "2147483647");
     book("2024-05-02", 7, "1");
