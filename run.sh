@@ -1,14 +1,17 @@
 #!/usr/bin/env bash
-# Builds DoctorZELVO, starts the demo pharmacy and sends an order from a chart's call to the database and back.
+# Builds DoctorZELVO, starts the demo pharmacy and opens a chart on it; without a display it sends an order from a chart's
+# call to the database and back.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")"
 
 usage() {
   cat <<'TEXT'
-usage: ./run.sh [--fresh]                     a whole order in the console, on the demo pharmacy
-       ./run.sh doctor --console [OPTION...]  a doctor's session by hand (or --script FILE)
-       ./run.sh nurse --console [OPTION...]   a nurse's session by hand
-       ./run.sh --build-only                  builds build/bin/zelvo and build/bin/zelvo-pharmacy
+usage: ./run.sh [--fresh]                 a chart with a few patients, on the demo pharmacy; without a display: scenario
+       ./run.sh [--fresh] scenario        a whole order in the console, and once more through the windows, with a
+                                          picture of each step in out/
+       ./run.sh doctor|nurse [OPTION...]  a doctor's or a nurse's window
+       ./run.sh doctor|nurse --console [--script FILE] [OPTION...]  the same in the terminal, worked by commands
+       ./run.sh --build-only              builds the programs into build/bin
        ./run.sh --help
 
 Installs what is missing (Debian 12), builds incrementally into build/. The demo pharmacy's database stands in the user's
@@ -17,8 +20,11 @@ data folder and lasts from run to run; --fresh, before anything else, makes it a
 TEXT
 }
 
+has_display() { [ -n "${DISPLAY-}${WAYLAND_DISPLAY-}" ]; }
+
 fresh=()
 mode=scenario
+if has_display; then mode=chart; fi
 case "${1-}" in
   --help|-h) usage; exit 0 ;;
   --fresh) fresh=(--fresh); shift ;;
@@ -26,6 +32,7 @@ esac
 case "${1-}" in
   '') ;;
   --build-only) mode=build ;;
+  scenario) mode=scenario ;;
   doctor|nurse) mode=$1; shift ;;
   *) usage >&2; exit 2 ;;
 esac
@@ -33,10 +40,11 @@ esac
 # shellcheck source=tools/setup.sh
 . tools/setup.sh
 need "${build_packages[@]}" "${run_packages[@]}"
+if [ -n "${WAYLAND_DISPLAY-}" ] && [ -z "${DISPLAY-}" ]; then need "${wayland_packages[@]}"; fi
 
 # The configuration is made once; the build system itself sees when it has to be made again.
 [ -f build/build.ninja ] || cmake -S . -B build -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo -DZELVO_TESTS=OFF >&2
-ninja -C build --quiet zelvo zelvo-pharmacy >&2
+ninja -C build --quiet zelvo zelvo-chart zelvo-pharmacy zelvo-stage >&2
 [ "$mode" = build ] && exit 0
 
 data="${XDG_DATA_HOME:-$HOME/.local/share}/zelvo"
@@ -54,29 +62,47 @@ for _ in $(seq 100); do
   sleep 0.05
 done
 
-chart_values() {
-  # Options that stand twice count as given the second time, so the user's own follow.
-  printf '%s\n' --server "sqlite:$db"
-  if [ "$1" = nurse ]; then
-    printf '%s\n' --account 'doctor1/$/pass1#$#doctor2/$/pass2#$#doctor3/$/pass3'
-  else
-    printf '%s\n' --account 'doctor1/$/pass1' \
-      --patient-pk 1024 --patient-name 김하늘 --patient-jumin 850312-2345678 --patient-age 41 --patient-sex 2 \
-      --patient-cell 010-1234-5678 --patient-tel 02-123-4567 --patient-email haneul@example.kr \
-      --patient-zip 06236 --patient-address '서울특별시 강남구 테헤란로 152' \
-      --hospital-name 하늘한의원 --doctor-name 이정민 --hospital-tel 02-555-0123 --doctor-cell 010-8765-4321 \
-      --hospital-zip 03045 --hospital-address '서울특별시 종로구 효자로 12'
-  fi
+# The demo's own values. Options that stand twice count as given the second time, so the user's own follow them.
+clinic_values() {
+  printf '%s\n' --server "sqlite:$db" --account 'doctor1/$/pass1' \
+    --hospital-name 하늘한의원 --doctor-name 이정민 --hospital-tel 02-555-0123 --doctor-cell 010-8765-4321 \
+    --hospital-zip 03045 --hospital-address '서울특별시 종로구 효자로 12'
+}
+doctor_values() {
+  clinic_values
+  printf '%s\n' \
+    --patient-pk 1024 --patient-name 김하늘 --patient-jumin 850312-2345678 --patient-age 41 --patient-sex 2 \
+    --patient-cell 010-1234-5678 --patient-tel 02-123-4567 --patient-email haneul@example.kr \
+    --patient-zip 06236 --patient-address '서울특별시 강남구 테헤란로 152'
+}
+nurse_values() {
+  printf '%s\n' --server "sqlite:$db" --account 'doctor1/$/pass1#$#doctor2/$/pass2#$#doctor3/$/pass3'
 }
 
-if [ "$mode" != scenario ]; then
-  mapfile -t values < <(chart_values "$mode")
-  status=0
-  build/bin/zelvo "$mode" "${values[@]}" "$@" || status=$?
-  exit "$status"
-fi
+status=0
+case "$mode" in
+  chart)
+    mapfile -t values < <(clinic_values)
+    build/bin/zelvo-chart "${values[@]}" || status=$?
+    exit "$status"
+    ;;
+  doctor|nurse)
+    mapfile -t values < <("${mode}_values")
+    build/bin/zelvo "$mode" "${values[@]}" "$@" || status=$?
+    exit "$status"
+    ;;
+esac
 
-mapfile -t values < <(chart_values doctor)
+# The scenario once more, through the real windows on a screen that nobody sees: a picture of each step in out/.
+window_pictures() {
+  rm -rf out
+  QT_QPA_PLATFORM="offscreen:configfile=demo/stage/screen.json" \
+    build/bin/zelvo-stage out doctor --script demo/scenarios/first-order.zs "${values[@]}" >/dev/null
+  echo
+  echo "The same through the real windows, a picture of each step: $(find out -name '*.png' | wc -l) in out/"
+}
+
+mapfile -t values < <(doctor_values)
 before=$(sqlite3 "$db" 'SELECT COALESCE(MAX(CBJ_PK), 0) FROM t_ChubangJun')
 build/bin/zelvo doctor --console --script demo/scenarios/first-order.zs "${values[@]}"
 show() {
@@ -95,3 +121,4 @@ show "Its notes and its sheet" \
    FROM t_CBJcostDetail c JOIN t_EatGuide e ON e.CBJ_PK = c.CBJ_PK WHERE c.CBJ_PK > $before"
 echo
 echo "The log of the send: $(ls -t "$data"/zelvo_*.htm | head -1)"
+window_pictures
