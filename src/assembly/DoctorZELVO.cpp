@@ -3,8 +3,11 @@
 #include "assembly/Component.h"
 #include "basics/Numbers.h"
 #include "host/clsZELVOInterface.h"
+#include "platform/browser/SystemBrowser.h"
 #include "platform/console/Console.h"
 #include "platform/console/PharmacyTool.h"
+#include "platform/qt/QtDesktop.h"
+#include "platform/qt/Toolkit.h"
 #include "platform/settings/UserSettings.h"
 
 namespace doctorzelvo {
@@ -48,21 +51,21 @@ int inTerminal(const std::string& script, const std::function<void(ConsoleDeskto
 }  // namespace
 
 struct clsZELVOInterface::Parts {
-    ConsoleDesktop* desktop =
-        nullptr;  ///< the terminal that the caller has set up; nullptr: one for each call
+    ConsoleDesktop* terminal =
+        nullptr;  ///< that the caller has set up; nullptr: the window stands on the screen
     std::string error;
 
+    using Chart = std::function<void(const ChartRecord&)>;
     using Call = std::function<void(zelvo::host::clsZELVOInterface&)>;
-    void run(const std::string& address, const std::function<void(const ChartRecord&)>& chart,
-             const Call& call);
+    void run(const std::string& address, const Chart& chart, const Call& call);
 
 private:
-    void runOn(ConsoleDesktop& window, const std::function<void(const ChartRecord&)>& chart,
-               const Call& call);
+    void runInTerminal(const Chart& chart, const Call& call) const;
+    void runOnScreen(const Chart& chart, const Call& call);
+    static void runOn(zelvo::screen::Desktop& desktop, const Chart& chart, const Call& call);
 };
 
-void clsZELVOInterface::Parts::run(const std::string& address,
-                                   const std::function<void(const ChartRecord&)>& chart, const Call& call) {
+void clsZELVOInterface::Parts::run(const std::string& address, const Chart& chart, const Call& call) {
     Component& component = Component::instance();
     const Component::Turn turn(component);
     error = turn.granted()
@@ -70,17 +73,38 @@ void clsZELVOInterface::Parts::run(const std::string& address,
                 : "ZELVO 창이 이미 열려 있습니다. 열려 있는 창을 닫은 후에 다시 실행하여 주십시오.";
     if (!turn.granted()) return;
     component.serverAddress = address;
-    if (desktop) return runOn(*desktop, chart, call);
-    inTerminal("", [&](ConsoleDesktop& own) { runOn(own, chart, call); });
+    if (terminal) {
+        runInTerminal(chart, call);
+    } else {
+        runOnScreen(chart, call);
+    }
 }
 
-void clsZELVOInterface::Parts::runOn(ConsoleDesktop& window,
-                                     const std::function<void(const ChartRecord&)>& chart, const Call& call) {
-    zelvo::host::clsZELVOInterface host(window, Component::instance().session, zelvo::assembly::openPharmacy);
+void clsZELVOInterface::Parts::runInTerminal(const Chart& chart, const Call& call) const {
+    runOn(
+        *terminal,
+        [&](const ChartRecord& record) {
+            terminal->sent(asTexts(record));
+            if (chart) chart(record);
+        },
+        call);
+}
+
+void clsZELVOInterface::Parts::runOnScreen(const Chart& chart, const Call& call) {
+    error = zelvo::qt::Toolkit::enter();
+    if (!error.empty()) return;
+    zelvo::settings::UserSettings settings;
+    zelvo::browser::SystemBrowser browser;
+    zelvo::qt::QtDesktop desktop(settings, [&browser](std::string_view address) { browser.open(address); });
+    zelvo::assembly::registerComponents(desktop);
+    runOn(desktop, chart, call);
+}
+
+void clsZELVOInterface::Parts::runOn(zelvo::screen::Desktop& desktop, const Chart& chart, const Call& call) {
+    zelvo::host::clsZELVOInterface host(desktop, Component::instance().session,
+                                        zelvo::assembly::openPharmacy);
     host.Send2Chart.add([&](const zelvo::ordering::ChartRecord& record) {
-        const ChartRecord values = toHost(record);
-        window.sent(asTexts(values));
-        if (chart) chart(values);
+        if (chart) chart(toHost(record));
     });
     call(host);
 }
@@ -120,10 +144,15 @@ bool clsZELVOInterface::ZELVOInterface_Nurse(void* conSQL, const std::string& Ya
     return false;
 }
 
+bool shutdown() {
+    const Component::Turn turn(Component::instance());
+    return turn.granted() && zelvo::qt::Toolkit::leave();
+}
+
 int runInTerminal(const std::string& script, const std::function<void(clsZELVOInterface&)>& chart) {
     return inTerminal(script, [&chart](ConsoleDesktop& desktop) {
         auto parts = std::make_unique<clsZELVOInterface::Parts>();
-        parts->desktop = &desktop;
+        parts->terminal = &desktop;
         clsZELVOInterface component(std::move(parts));
         chart(component);
     });

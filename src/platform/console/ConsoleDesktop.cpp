@@ -59,6 +59,10 @@ void ConsoleDesktop::sent(const std::vector<std::string>& values) {
 }
 
 Answer ConsoleDesktop::messageBox(const screen::MessageBox& box) {
+    return answered(box);
+}
+
+Answer ConsoleDesktop::answered(const screen::MessageBox& box) {
     Answer answer = box.defaultAnswer;
     if (!answers_.empty()) {
         answer = pressable(answers_.front(), box);
@@ -157,6 +161,7 @@ void ConsoleDesktop::obey(const Line& line) {
     const std::string said = repeatable(line.text);
     try {
         runCommand(*this, line.text);
+        commandDone();
     } catch (const UnreadableError& error) {
         fail(line, exits::unreadable, error.what());
     } catch (const ExpectationError& error) {

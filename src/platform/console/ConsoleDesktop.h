@@ -49,7 +49,7 @@ public:
     int exitCode() const;
 
     /// For the commands.
-    UserActions& user() { return user_; }
+    virtual UserActions& user() { return user_; }
     std::ostream& out() { return parts_.out; }
     bool afterMain() const { return mainWas_ && runs_.empty(); }
     const std::vector<screen::Window*>& openWindows() const { return runs_; }
@@ -72,6 +72,12 @@ public:
     void runModal(screen::Window& window) override;
     screen::SettingsStore& settings() override { return parts_.settings; }
     void openBrowser(std::string_view address) override;
+
+protected:
+    /// The next queued answer, or the box's default; the box is recorded with it.
+    screen::Answer answered(const screen::MessageBox& box);
+    /// A command of the script has run.
+    virtual void commandDone() {}
 
 private:
     struct Page {
