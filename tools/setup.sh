@@ -17,9 +17,10 @@ need() {
   "${apt[@]}" install -y -qq --no-install-recommends "${missing[@]}" >&2
 }
 
-build_packages=(g++ cmake ninja-build ccache pkg-config libsqlite3-dev libcurl4-openssl-dev libcpp-httplib-dev)
-run_packages=(sqlite3 ca-certificates)
-test_packages=(libgtest-dev openssl unrtf)
+build_packages=(g++ cmake ninja-build ccache pkg-config libsqlite3-dev libcurl4-openssl-dev libcpp-httplib-dev
+                unixodbc-dev)
+run_packages=(sqlite3 ca-certificates tdsodbc)
+test_packages=(libgtest-dev libsqliteodbc openssl unrtf)
 check_packages=(clang-format clang-tidy)
 
 # What was compiled once, in whatever folder, is not compiled again.

@@ -1,12 +1,12 @@
 #include "assembly/Component.h"
 
-#include "basics/Fault.h"
 #include "components/AccountPrompt.h"
 #include "components/EatGuideEditor.h"
 #include "components/PostalLookup.h"
 #include "platform/files/FileSystemObject.h"
 #include "platform/http/PostalPage.h"
 #include "platform/http/clsOrderCostText.h"
+#include "platform/odbc/OdbcConnection.h"
 #include "platform/sqlite/SqliteConnection.h"
 #include "platform/text/MachineCodePages.h"
 
@@ -19,7 +19,7 @@ Component& Component::instance() {
 
 std::unique_ptr<data::Connection> openPharmacy(const data::ServerLogin& login) {
     if (sqlite::isFileAddress(login.address)) return sqlite::openFile(login);
-    throw basics::Fault("no driver for the server address " + login.address);
+    return odbc::openServer(login);
 }
 
 namespace {

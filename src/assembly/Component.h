@@ -40,7 +40,8 @@ private:
     std::atomic<bool> taken_ = false;
 };
 
-/// Opens the connection that the address asks for: "sqlite:" and a path is a file. Throws Fault.
+/// Opens the connection that the address asks for: "sqlite:" and a path is a file, anything else
+/// a SQL Server. Throws Fault.
 std::unique_ptr<data::Connection> openPharmacy(const data::ServerLogin& login);
 
 /// Registers the components of this machine that no window of a host has brought; those that are windows

@@ -21,6 +21,9 @@ public:
     /// Lets the event loop work; a walk calls it once a row. The session sets it when it opens the
     /// connection.
     std::function<void()> yield = [] {};
+    /// Opens one more connection to the same server, for a single question when this one has broken. Throws
+    /// Fault. The session sets it when it opens the connection.
+    std::function<std::unique_ptr<Connection>()> another;
 
     virtual bool isOpen() const = 0;
     virtual void close() = 0;

@@ -283,8 +283,23 @@ void RecordSet::Filler::addNumber(std::int64_t value) {
     rows_->cells.add(basics::decimalText(value), PackedRows::Kind::Number);
 }
 
+void RecordSet::Filler::addNumber(float value) {
+    rows_->cells.add(basics::decimalText(value), PackedRows::Kind::Number);
+}
+
 void RecordSet::Filler::addNumber(double value) {
     rows_->cells.add(basics::decimalText(value), PackedRows::Kind::Number);
+}
+
+void RecordSet::Filler::addDecimal(std::string_view digits) {
+    if (digits.find('.') != std::string_view::npos) {
+        while (digits.back() == '0') digits.remove_suffix(1);
+        if (digits.back() == '.') digits.remove_suffix(1);
+    }
+    std::string text(digits);
+    const std::size_t first = text.starts_with('-') ? 1 : 0;
+    if (first == text.size() || text[first] == '.') text.insert(first, "0");
+    rows_->cells.add(text == "-0" ? "0" : text, PackedRows::Kind::Number);
 }
 
 void RecordSet::Filler::addNull() {

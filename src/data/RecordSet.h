@@ -95,7 +95,11 @@ public:
         /// The next cell, from left to right. Bytes that are not UTF-8 are replaced.
         void add(std::string_view text);
         void addNumber(std::int64_t value);
+        void addNumber(float value);
         void addNumber(double value);
+        /// A number as a server writes it, its scale to the last zero: "12500.0000" is "12500", ".50" is
+        /// "0.5".
+        void addDecimal(std::string_view digits);
         void addFlag(bool value) { add(value ? "True" : "False"); }
         void addNull();
         void finish(Cursor cursor, UpdateTarget target, std::unique_ptr<RowWriter> writer);

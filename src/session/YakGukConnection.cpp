@@ -39,12 +39,18 @@ std::string BuildYakGukPassword() {
     return first + secondPiece() + third + fourthPiece();
 }
 
+/// One way for all: the password is joined for each opening.
+std::unique_ptr<data::Connection> openedAt(const data::ConnectionOpener& open,
+                                           const std::string& ServerAddress) {
+    return open({ServerAddress, "zelvo", "zelvo", BuildYakGukPassword()});
+}
+
 std::unique_ptr<data::Connection> opened(screen::Desktop& desktop, const data::ConnectionOpener& open,
                                          const std::string& ServerAddress) {
     const screen::BusyPointer busy(desktop);
     std::unique_ptr<data::Connection> connection;
     try {
-        connection = open({ServerAddress, "zelvo", "zelvo", BuildYakGukPassword()});
+        connection = openedAt(open, ServerAddress);
     } catch (const std::exception&) {
         return nullptr;
     }
@@ -64,6 +70,7 @@ bool ConnectYakGukServer(Session& session, screen::Desktop& desktop, const data:
         return false;
     }
     connection->yield = [&desktop] { desktop.yield(); };
+    connection->another = [open, ServerAddress] { return openedAt(open, ServerAddress); };
     session.g_conYakGuk = std::move(connection);
     return true;
 }

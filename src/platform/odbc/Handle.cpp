@@ -1,0 +1,44 @@
+#include "platform/odbc/Handle.h"
+
+#include <algorithm>
+#include <array>
+
+#include "basics/Numbers.h"
+
+namespace zelvo::odbc {
+namespace {
+
+/// Class 08 is the line itself; HYT is a time-out, behind which an answer may still lie that belongs to
+/// nobody.
+bool tellsBrokenLine(std::string_view state) {
+    return state.starts_with("08") || state.starts_with("HYT");
+}
+
+}  // namespace
+
+ServerFault faultOf(SQLSMALLINT kind, SQLHANDLE handle) {
+    std::array<SQLWCHAR, 6> state{};
+    std::array<SQLWCHAR, 4096> message{};
+    std::string description;
+    bool broken = false;
+    for (SQLSMALLINT record = 1;; ++record) {
+        SQLINTEGER number = 0;
+        SQLSMALLINT length = 0;
+        if (!SQL_SUCCEEDED(SQLGetDiagRecW(kind, handle, record, state.data(), &number, message.data(),
+                                          static_cast<SQLSMALLINT>(message.size()), &length))) {
+            break;
+        }
+        std::string stateText;
+        appendUtf8(stateText, state.data(), 5);
+        broken = broken || tellsBrokenLine(stateText);
+        if (!description.empty()) description += ' ';
+        description += "[" + stateText + "] ";
+        const auto told = std::min<std::size_t>(static_cast<std::size_t>(std::max<SQLSMALLINT>(length, 0)),
+                                                message.size() - 1);
+        appendUtf8(description, message.data(), told);
+        description += " (" + basics::decimalText(std::int64_t{number}) + ")";
+    }
+    return {description.empty() ? "the driver says nothing of its failure" : description, broken};
+}
+
+}  // namespace zelvo::odbc

@@ -1,0 +1,126 @@
+#include "platform/odbc/OdbcConnection.h"
+
+#include <cstdlib>
+#include <utility>
+#include <vector>
+
+#include "basics/Fault.h"
+#include "basics/Text.h"
+#include "data/Statement.h"
+#include "platform/odbc/ConnectionString.h"
+#include "platform/odbc/Fetch.h"
+#include "platform/odbc/Settings.h"
+
+namespace zelvo::odbc {
+
+using basics::Fault;
+
+namespace {
+
+/// Rows of an updatable result set go back by statements of their own, keyed by the set's key column.
+class KeyedWriter : public data::RowWriter {
+public:
+    KeyedWriter(std::weak_ptr<Line> line, OdbcConnection::Dialect dialect)
+        : line_(std::move(line)), dialect_(dialect) {}
+
+    void update(const data::UpdateTarget& target, std::string_view keyValue,
+                const std::vector<std::pair<std::string, std::string>>& changed) override {
+        std::vector<std::string> assignments;
+        assignments.reserve(changed.size());
+        for (const auto& [field, value] : changed) assignments.push_back(name(field) + " = " + quoted(value));
+        write("UPDATE " + name(target.table) + " SET " + basics::join(assignments, ", "), target, keyValue);
+    }
+
+    void remove(const data::UpdateTarget& target, std::string_view keyValue) override {
+        write("DELETE FROM " + name(target.table), target, keyValue);
+    }
+
+private:
+    static std::string name(std::string_view text) { return "[" + basics::replaceAll(text, "]", "]]") + "]"; }
+    static std::string quoted(std::string_view text) {
+        return data::Statement("'[Value]'").fill("[Value]", text).text();
+    }
+
+    void write(const std::string& change, const data::UpdateTarget& target, std::string_view keyValue) {
+        const std::shared_ptr<Line> line = line_.lock();
+        if (!line) throw Fault("the connection is closed");
+        const SQLLEN rows =
+            line->run(dialect_(change + " WHERE " + name(target.key) + " = " + quoted(keyValue)));
+        if (rows == 0) throw Fault("the row is gone");
+    }
+
+    std::weak_ptr<Line> line_;
+    OdbcConnection::Dialect dialect_;
+};
+
+}  // namespace
+
+OdbcConnection::OdbcConnection(const std::string& connectionString, const Limits& limits, Dialect dialect)
+    : line_(std::make_shared<Line>(connectionString, limits)), dialect_(dialect) {}
+
+OdbcConnection::~OdbcConnection() = default;
+
+void OdbcConnection::close() {
+    line_.reset();
+    inTransaction_ = false;
+}
+
+Line& OdbcConnection::line() const {
+    if (!line_) throw Fault("the connection is closed");
+    return *line_;
+}
+
+void OdbcConnection::execute(const std::string& statement) {
+    line().run(dialect_(statement));
+}
+
+void OdbcConnection::open(data::RecordSet& set, const std::string& statement, data::Cursor cursor,
+                          const data::UpdateTarget& target) {
+    std::unique_ptr<data::RecordSet::Filler> rows;
+    line().query(dialect_(statement), [&](const StatementHandle& result) { rows = fetch(result, set); });
+    // Not before all has come: what goes wrong behind the rows must not leave half of them.
+    rows->finish(cursor, target, std::make_unique<KeyedWriter>(line_, dialect_));
+}
+
+// A unit of work is said in the server's own words, one round trip each: switching a driver's auto-commit off
+// and on costs more, and what a driver makes of a transaction that the server has ended is its own affair.
+void OdbcConnection::begin() {
+    if (inTransaction_) throw Fault("a transaction is open");
+    line().run(dialect_("BEGIN TRANSACTION"));
+    inTransaction_ = true;
+}
+
+data::CommitOutcome OdbcConnection::commit() {
+    try {
+        line().run(dialect_("COMMIT TRANSACTION"));
+    } catch (const ServerFault& fault) {
+        if (!fault.lineBroken()) return data::CommitOutcome::Refused;
+        inTransaction_ = false;
+        return data::CommitOutcome::Unknown;
+    } catch (const Fault&) {
+        // Nothing was sent on a line that had been closed before.
+        return data::CommitOutcome::Refused;
+    }
+    inTransaction_ = false;
+    return data::CommitOutcome::Done;
+}
+
+void OdbcConnection::rollback() {
+    inTransaction_ = false;
+    try {
+        // Some failures (a deadlock, say) have rolled back already.
+        line().run(dialect_("IF @@TRANCOUNT > 0 ROLLBACK TRANSACTION"));
+    } catch (const Fault&) {
+        close();
+        throw;
+    }
+}
+
+std::unique_ptr<data::Connection> openServer(const data::ServerLogin& login) {
+    const Settings settings = readSettings([](const char* name) { return std::getenv(name); });
+    return std::make_unique<OdbcConnection>(
+        connectionString(login, settings),
+        Limits{.loginSeconds = settings.loginSeconds, .querySeconds = settings.querySeconds});
+}
+
+}  // namespace zelvo::odbc

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "data/Connection.h"
+#include "platform/odbc/Dialect.h"
+#include "platform/odbc/Line.h"
+
+namespace zelvo::odbc {
+
+/// The pharmacy's database on its server. A line that breaks, or that leaves a statement without an answer
+/// for too long, is closed: what comes then fails at once.
+class OdbcConnection : public data::Connection {
+public:
+    using Dialect = std::string (*)(std::string_view statement);
+
+    /// Logs in. Throws Fault. The connection string is not kept: it holds the password.
+    OdbcConnection(const std::string& connectionString, const Limits& limits, Dialect dialect = toSqlServer);
+    ~OdbcConnection() override;
+
+    bool isOpen() const override { return line_ && line_->isOpen(); }
+    void close() override;
+
+    void execute(const std::string& statement) override;
+    void open(data::RecordSet& set, const std::string& statement, data::Cursor cursor,
+              const data::UpdateTarget& target = {}) override;
+
+    void begin() override;
+    /// Unknown when the line broke before the answer.
+    data::CommitOutcome commit() override;
+    /// One that fails closes the connection: the server then takes the transaction back by itself.
+    void rollback() override;
+
+private:
+    Line& line() const;
+
+    // Shared with the row writers of its result sets, which only watch it: they may outlive the connection.
+    std::shared_ptr<Line> line_;
+    Dialect dialect_;
+    bool inTransaction_ = false;
+};
+
+/// Opens the SQL Server at the login's address, by the driver that the environment names. Throws Fault.
+std::unique_ptr<data::Connection> openServer(const data::ServerLogin& login);
+
+}  // namespace zelvo::odbc

@@ -1,0 +1,188 @@
+// The line over the real driver, to a desk that is no SQL Server, and to ports where none stands.
+#include <gtest/gtest.h>
+#include <netinet/in.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
+#include <chrono>
+
+#include "basics/Fault.h"
+#include "platform/odbc/ConnectionString.h"
+#include "platform/odbc/OdbcConnection.h"
+#include "support/TestDatabase.h"
+#include "support/tds/TdsServer.h"
+
+namespace zelvo::odbc {
+
+using basics::Fault;
+using data::CommitOutcome;
+using testing::TdsServer;
+using Trouble = TdsServer::Trouble;
+
+constexpr const char* insert = "INSERT INTO t_EatGuide (CBJ_PK) VALUES (1)";
+
+class OdbcLine : public ::testing::Test {
+protected:
+    std::unique_ptr<data::Connection> connect(const data::ServerLogin& login, int querySeconds = 1) const {
+        Settings settings;
+        settings.encrypted = false;
+        return std::make_unique<OdbcConnection>(connectionString(login, settings),
+                                                Limits{.loginSeconds = 1, .querySeconds = querySeconds});
+    }
+    std::unique_ptr<data::Connection> connect() const {
+        return connect({server_.address(), "zelvo", "zelvo", "pw"});
+    }
+    /// Seconds that the work takes, which must end in a Fault.
+    template <class Work>
+    static double failsAfter(Work&& work) {
+        const auto start = std::chrono::steady_clock::now();
+        EXPECT_THROW(work(), Fault);
+        return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+    }
+    std::string guides() const { return database_.value("SELECT count(*) FROM t_EatGuide"); }
+
+    testing::TestDatabase database_{false};
+    TdsServer server_{database_.path()};
+    data::RecordSet set_;
+};
+
+TEST_F(OdbcLine, TheLoginArrivesAsItWasMeant) {
+    for (const std::string password :
+         {"{; =x ", "}", "a;UID=sa", " ", "a} =b{", "비밀'\"", "a}}b", "{", "[a](b)?*=!@,\\"}) {
+        connect({server_.address(), "ze lvo", "zel;vo", password});
+        const TdsServer::Login login = server_.lastLogin();
+        EXPECT_EQ(login.password, password);
+        EXPECT_EQ(login.database + login.user + login.language, "ze lvozel;vous_english") << password;
+    }
+    for (const char* unsayable : {"p}};UID=sa;PWD={x", "a};b", "{a}", "}a ", " }"})
+        EXPECT_THROW(connect({server_.address(), "zelvo", "zelvo", unsayable}), Fault) << unsayable;
+}
+
+TEST_F(OdbcLine, NativeTypesBecomeTheSystemsTexts) {
+    database_.run(
+        "CREATE TABLE t_Types (a MONEY, b DECIMAL(18,4), c REAL, d FLOAT, e DATETIME, f DATETIME, g BIT, h INT);"
+        "INSERT INTO t_Types VALUES (12500, -0.5, 0.1, 0.1, '2024-05-06', '2024-05-06 09:08:07', 1, -2147483648),"
+        " (0.25, 0, 17.5, 1e15, NULL, NULL, 0, 0), (-1, 1000, NULL, NULL, NULL, NULL, NULL, NULL)");
+    for (const bool smallPieces : {false, true}) {
+        server_.smallPieces = smallPieces;
+        connect()->open(set_, "SELECT * FROM t_Types", data::Cursor::Static);
+        std::string all;
+        for (; !set_.atEnd(); set_.moveNext()) {
+            for (const std::string& field : set_.fields())
+                all += set_.isNull(field) ? "-;" : set_.text(field) + ";";
+        }
+        EXPECT_EQ(all,
+                  "12500;-0.5;0.1;0.1;2024-05-06;2024-05-06 09:08:07;True;-2147483648;"
+                  "0.25;0;17.5;1000000000000000;-;-;False;0;-1;1000;-;-;-;-;-;-;");
+    }
+}
+
+TEST_F(OdbcLine, AFailureBearsTheServersWords) {
+    const auto connection = connect();
+    connection->execute(insert);
+    try {
+        connection->execute(insert);
+        ADD_FAILURE() << "the key stands already";
+    } catch (const Fault& fault) {
+        EXPECT_NE(std::string(fault.what()).find("UNIQUE constraint failed: t_EatGuide.CBJ_PK"),
+                  std::string::npos)
+            << fault.what();
+    }
+    EXPECT_TRUE(connection->isOpen());
+}
+
+TEST_F(OdbcLine, EachStatementIsOneBatchAndNothingElseIsSent) {
+    const auto connection = connect();
+    server_.takeBatches();
+    connection->begin();
+    connection->execute(insert);
+    connection->open(set_, "SELECT BogYak FROM t_EatGuide", data::Cursor::Keyset, {"t_EatGuide", "CBJ_PK"});
+    EXPECT_EQ(connection->commit(), CommitOutcome::Done);
+    connection->begin();
+    connection->rollback();
+    const std::vector<std::string> batches = {"BEGIN TRANSACTION",
+                                              insert,
+                                              "SELECT BogYak FROM t_EatGuide",
+                                              "COMMIT TRANSACTION",
+                                              "BEGIN TRANSACTION",
+                                              "IF @@TRANCOUNT > 0 ROLLBACK TRANSACTION"};
+    EXPECT_EQ(server_.takeBatches(), batches);
+}
+
+TEST_F(OdbcLine, EveryBreakIsTheNextOperationsFailure) {
+    const struct {
+        const char* at;
+        Trouble trouble;
+    } cases[] = {{"INSERT", Trouble::CutBeforeRun}, {"INSERT", Trouble::CutBeforeAnswer},
+                 {"INSERT", Trouble::Mute},         {"SELECT", Trouble::CutBeforeRun},
+                 {"SELECT", Trouble::CutInAnswer},  {"SELECT", Trouble::Mute}};
+    for (const auto& test : cases) {
+        SCOPED_TRACE(std::string(test.at) + " " + std::to_string(static_cast<int>(test.trouble)));
+        const auto connection = connect();
+        server_.misbehave(test.at, test.trouble);
+        connection->begin();
+        const double seconds = failsAfter([&] {
+            connection->execute(insert);
+            connection->open(set_, "SELECT * FROM t_Doctor", data::Cursor::Static);
+        });
+        EXPECT_LT(seconds, 4);
+        EXPECT_FALSE(connection->isOpen());
+        EXPECT_LT(failsAfter([&] { connection->execute(insert); }), 0.1);
+        EXPECT_LT(failsAfter([&] { connection->rollback(); }), 0.1);
+        EXPECT_EQ(guides(), "0") << "what was begun is gone";
+    }
+}
+
+TEST_F(OdbcLine, ACommitWithoutAnAnswerIsUnknown) {
+    const struct {
+        Trouble trouble;
+        CommitOutcome outcome;
+        const char* rows;
+    } cases[] = {{Trouble::None, CommitOutcome::Done, "1"},
+                 {Trouble::CutBeforeRun, CommitOutcome::Unknown, "0"},
+                 {Trouble::CutBeforeAnswer, CommitOutcome::Unknown, "1"},
+                 {Trouble::CutInAnswer, CommitOutcome::Unknown, "1"},
+                 {Trouble::Mute, CommitOutcome::Unknown, "0"}};
+    for (const auto& test : cases) {
+        SCOPED_TRACE(static_cast<int>(test.trouble));
+        database_.run("DELETE FROM t_EatGuide");
+        auto connection = connect();
+        server_.misbehave("COMMIT", test.trouble);
+        data::Transaction transaction(*connection);
+        connection->execute(insert);
+        EXPECT_EQ(transaction.commit(), test.outcome);
+        connection->close();
+        EXPECT_EQ(guides(), test.rows);
+    }
+}
+
+TEST_F(OdbcLine, ARollbackThatFailsClosesTheConnection) {
+    const auto connection = connect();
+    connection->begin();
+    connection->execute(insert);
+    server_.misbehave("ROLLBACK", Trouble::CutBeforeRun);
+    EXPECT_THROW(connection->rollback(), Fault);
+    EXPECT_FALSE(connection->isOpen());
+}
+
+TEST_F(OdbcLine, ALoginEndsWithinItsTimeWhateverStandsThere) {
+    server_.misbehave("", Trouble::Mute);
+    EXPECT_LT(failsAfter([&] { connect(); }), 4);
+    server_.misbehave("", Trouble::CutBeforeRun);
+    EXPECT_LT(failsAfter([&] { connect(); }), 4);
+
+    const int closed = ::socket(AF_INET, SOCK_STREAM, 0);
+    sockaddr_in place{};
+    place.sin_family = AF_INET;
+    place.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    socklen_t size = sizeof place;
+    ASSERT_EQ(::bind(closed, reinterpret_cast<sockaddr*>(&place), size), 0);
+    ASSERT_EQ(::getsockname(closed, reinterpret_cast<sockaddr*>(&place), &size), 0);
+    const std::string address = "127.0.0.1:" + std::to_string(ntohs(place.sin_port));
+    EXPECT_LT(failsAfter([&] { connect({address, "zelvo", "zelvo", "pw"}); }), 4);
+    ::close(closed);
+    // A line in plain text is never fallen back to.
+    EXPECT_THROW(openServer({server_.address(), "zelvo", "zelvo", "pw"}), Fault);
+}
+
+}  // namespace zelvo::odbc

@@ -1,0 +1,112 @@
+// What is said to a driver, as text: settings, connection strings, statements.
+#include <gtest/gtest.h>
+
+#include <map>
+
+#include "basics/Fault.h"
+#include "platform/odbc/ConnectionString.h"
+#include "platform/odbc/Dialect.h"
+
+namespace zelvo::odbc {
+
+using basics::Fault;
+using Variables = std::map<std::string, std::string>;
+
+Settings settingsOf(const Variables& variables) {
+    return readSettings([&](const char* name) {
+        const auto found = variables.find(name);
+        return found == variables.end() ? nullptr : found->second.c_str();
+    });
+}
+
+const std::string freeTds = "UID=zelvo;PWD=pw;TDS_Version=7.4;ClientCharset=UTF-8;Encryption=";
+const std::string common = "Language=us_english;APP=DoctorZELVO;";
+
+TEST(ConnectionString, IsSaidInTheDriversOwnWords) {
+    const struct {
+        Variables variables;
+        std::string address, text;
+    } cases[] = {
+        {{},
+         "pharmacy.example",
+         "Driver={FreeTDS};Server=pharmacy.example;Port=1433;Database=zelvo;" + freeTds + "require;" +
+             common},
+        {{{"ZELVO_ODBC_DRIVER", "/opt/libtdsodbc.so"}, {"ZELVO_ODBC_ENCRYPT", "off"}},
+         "10.0.0.1\\ZEL VO",
+         "Driver={/opt/libtdsodbc.so};Server={10.0.0.1\\ZEL VO};Database=zelvo;" + freeTds + "off;" + common},
+        {{{"ZELVO_ODBC_FREETDS_SECTION", "pharmacy"}, {"ZELVO_ODBC_CERTIFICATE", "check"}},
+         "pharmacy.example",
+         "Driver={FreeTDS};Servername=pharmacy;Database=zelvo;" + freeTds + "require;" + common},
+        {{{"ZELVO_ODBC_DRIVER", "ODBC Driver 18 for SQL Server"}},
+         "tcp:10.0.0.1,1500",
+         "Driver={ODBC Driver 18 for SQL Server};Server={tcp:10.0.0.1,1500};Database=zelvo;UID=zelvo;PWD=pw;"
+         "Encrypt=yes;TrustServerCertificate=yes;ConnectRetryCount=0;" +
+             common},
+        {{{"ZELVO_ODBC_DRIVER", "SQL Server"}, {"ZELVO_ODBC_CERTIFICATE", "check"}},
+         "host\\A",
+         "Driver={SQL Server};Server=host\\A;Database=zelvo;UID=zelvo;PWD=pw;Encrypt=yes;"
+         "TrustServerCertificate=no;ConnectRetryCount=0;" +
+             common},
+    };
+    for (const auto& test : cases) {
+        EXPECT_EQ(connectionString({test.address, "zelvo", "zelvo", "pw"}, settingsOf(test.variables)),
+                  test.text);
+    }
+    EXPECT_NE(connectionString({"h;UID=sa", "d b", "u}} x", "{; =x "}, {})
+                  .find("Server={h;UID=sa};Port=1433;Database={d b};UID=u}} x;PWD={{; =x };TDS"),
+              std::string::npos);
+    Settings other;
+    other.driver = "SQL Server";
+    EXPECT_NE(
+        connectionString({"h", "zelvo", "u};", "{;}} "}, other).find("UID={u}};};PWD={{;}}}} };Encrypt"),
+        std::string::npos);
+}
+
+TEST(ConnectionString, ReadsAddressesAndRefusesWhatIsNone) {
+    const std::pair<const char*, const char*> places[] = {
+        {"host", "host||"},           {"host:1500", "host|1500|"}, {"TCP:host,1500", "host|1500|"},
+        {"host\\NAME", "host||NAME"}, {"[::1]:1433", "::1|1433|"}, {"fe80::1,1433", "fe80::1|1433|"},
+    };
+    for (const auto& [address, parts] : places) {
+        const ServerPlace place = readPlace(address);
+        EXPECT_EQ(place.host + "|" + place.port + "|" + place.instance, parts) << address;
+    }
+    for (const char* address : {"", ":1433", "host:", "host:0", "host:65536", "host:1433x", "host:-1",
+                                "host\\", "host\\A,1433", "[::1", "[::1]x"}) {
+        EXPECT_THROW(readPlace(address), Fault) << address;
+    }
+}
+
+TEST(Settings, AMistypedWordNeverWeakensTheLine) {
+    const Variables cases[] = {
+        {{"ZELVO_ODBC_ENCRYPT", "no"}},
+        {{"ZELVO_ODBC_CERTIFICATE", "yes"}},
+        {{"ZELVO_ODBC_CERTIFICATE", "check"}},  // FreeTDS has no word for it
+        {{"ZELVO_ODBC_CERTIFICATE", "check"},
+         {"ZELVO_ODBC_ENCRYPT", "off"},
+         {"ZELVO_ODBC_DRIVER", "SQL Server"}},
+        {{"ZELVO_ODBC_LOGIN_SECONDS", "0"}},
+        {{"ZELVO_ODBC_QUERY_SECONDS", "3601"}},
+        {{"ZELVO_ODBC_QUERY_SECONDS", "5 "}},
+    };
+    for (const Variables& variables : cases) {
+        EXPECT_THROW(settingsOf(variables), Fault) << variables.begin()->first << variables.begin()->second;
+    }
+    const Settings settings = settingsOf({{"ZELVO_ODBC_LOGIN_SECONDS", "7"}, {"ZELVO_ODBC_ENCRYPT", ""}});
+    EXPECT_TRUE(settings.loginSeconds == 7 && settings.querySeconds == 30 && settings.encrypted);
+}
+
+TEST(Dialect, MeansTheSameToTheServer) {
+    const std::pair<std::string, std::string> cases[] = {
+        {"SELECT 1", "SELECT 1"},
+        {"a = 'x' AND b = '당귀'' \\' AND c = ''", "a = 'x' AND b = N'당귀'' \\' AND c = ''"},
+        {"('a\\\\\r\nb')", "((CAST('' AS varchar(max)) + 'a\\\\' + '\r\nb'))"},
+        {"'귀\\\n''\\\n'", "(CAST(N'' AS nvarchar(max)) + N'귀\\' + N'\n''\\' + N'\n')"},
+        {"'\\\r'", "(CAST('' AS varchar(max)) + '\\' + '\r')"},
+        {"'\\n \\' + '\n'", "'\\n \\' + '\n'"},
+        {"SELECT 당귀, 'open", "SELECT 당귀, 'open"},
+    };
+    for (const auto& [statement, said] : cases) EXPECT_EQ(toSqlServer(statement), said);
+}
+
+}  // namespace zelvo::odbc

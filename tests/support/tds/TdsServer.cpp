@@ -1,0 +1,269 @@
+#include "support/tds/TdsServer.h"
+
+#include <netinet/in.h>
+#include <netinet/tcp.h>
+#include <sqlite3.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <chrono>
+#include <stdexcept>
+#include <utility>
+
+#include "basics/Text.h"
+#include "platform/sqlite/Dialect.h"
+#include "platform/sqlite/Functions.h"
+#include "support/tds/TdsWire.h"
+
+namespace zelvo::testing {
+namespace {
+
+constexpr char batchPacket = 1, answerPacket = 4, attentionPacket = 6, loginPacket = 16, preloginPacket = 18;
+
+/// A batch as SQLite reads it: sums of texts, N'', and what a backslash before a line end does in a text.
+std::string toSqlite(std::string_view batch) {
+    std::string text;
+    bool inside = false;
+    for (std::size_t at = 0; at < batch.size();) {
+        const std::string_view rest = batch.substr(at);
+        const auto step = [&](std::string_view what, std::string_view with) {
+            if (!rest.starts_with(what)) return false;
+            text += with;
+            at += what.size();
+            return true;
+        };
+        if (inside && (step("\\\r\n", "") || step("\\\n", ""))) continue;
+        if (!inside && (step("CAST('' AS varchar(max)) + ", "") ||
+                        step("CAST(N'' AS nvarchar(max)) + ", "") || step(" + ", " || "))) {
+            continue;
+        }
+        if (!inside && rest.starts_with("N'")) {
+            ++at;
+            continue;
+        }
+        inside ^= batch[at] == '\'';
+        text += batch[at++];
+    }
+    return sqlite::toSqlite(text);
+}
+
+}  // namespace
+
+/// One client at the desk.
+class TdsTalk {
+public:
+    TdsTalk(TdsServer& server, int socket) : server_(server), socket_(socket) {
+        if (sqlite3_open(server.path_.c_str(), &database_) != SQLITE_OK)
+            throw std::runtime_error("no database");
+        sqlite3_busy_timeout(database_, 5000);
+        sqlite::registerServerFunctions(database_);
+    }
+    ~TdsTalk() { sqlite3_close(database_); }
+
+    void run() {
+        char kind = 0;
+        std::string body;
+        while (receive(kind, body)) {
+            if (muted_) continue;
+            if (kind == preloginPacket) {
+                if (troubled("")) return;
+                send(std::string("\0\0\x0B\0\6\1\0\x11\0\1\xFF\x10\0\0\0\0\0\2", 18));
+            } else if (kind == loginPacket) {
+                login(body);
+                send(tds::loginAnswer("zelvo"));
+            } else if (kind == attentionPacket) {
+                send(tds::done(0x20, 0));
+            } else if (kind == batchPacket) {
+                const std::size_t headers = static_cast<unsigned char>(body.at(0));
+                if (!batch(tds::fromUtf16(std::string_view(body).substr(headers)))) return;
+            } else {
+                send(tds::errorAnswer(50001, "a call of a procedure, where a batch was expected"));
+            }
+        }
+    }
+
+private:
+    bool receive(char& kind, std::string& body) const {
+        body.clear();
+        for (bool last = false; !last;) {
+            char head[8];
+            if (::recv(socket_, head, sizeof head, MSG_WAITALL) != sizeof head) return false;
+            const std::size_t size =
+                static_cast<unsigned char>(head[2]) * 256U + static_cast<unsigned char>(head[3]) - 8;
+            std::string piece(size, '\0');
+            if (size != 0 && ::recv(socket_, piece.data(), size, MSG_WAITALL) != static_cast<ssize_t>(size))
+                return false;
+            body += piece;
+            kind = head[0];
+            last = (head[1] & 1) != 0;
+        }
+        return true;
+    }
+
+    void write(std::string_view bytes) const {
+        const std::size_t most = server_.smallPieces ? 7 : bytes.size();
+        for (std::size_t at = 0; at < bytes.size(); at += most) {
+            if (::send(socket_, bytes.data() + at, std::min(most, bytes.size() - at), MSG_NOSIGNAL) < 0)
+                return;
+        }
+    }
+
+    void send(std::string_view answer, bool half = false) const {
+        constexpr std::size_t most = 4096 - 8;
+        const std::size_t end = half ? answer.size() / 2 : answer.size();
+        for (std::size_t at = 0; at < end; at += most) {
+            const std::string_view piece = answer.substr(at, most);
+            const bool last = at + piece.size() == answer.size();
+            const std::size_t size = piece.size() + 8;
+            const char head[8] = {answerPacket,
+                                  static_cast<char>(last ? 1 : 0),
+                                  static_cast<char>(size >> 8),
+                                  static_cast<char>(size),
+                                  0,
+                                  0,
+                                  1,
+                                  0};
+            write(std::string(head, 8).append(piece.substr(0, end - at)));
+        }
+    }
+
+    void login(const std::string& body) {
+        const auto field = [&](std::size_t place) {
+            const auto number = [&](std::size_t at) {
+                return static_cast<unsigned char>(body.at(at)) +
+                       static_cast<unsigned char>(body.at(at + 1)) * 256U;
+            };
+            return body.substr(number(place), number(place + 2) * 2U);
+        };
+        std::string password = field(44);
+        for (char& c : password) {
+            const auto plain = static_cast<unsigned char>(c ^ '\xA5');
+            c = static_cast<char>(plain << 4 | plain >> 4);
+        }
+        const std::lock_guard lock(server_.mutex_);
+        server_.login_ = {tds::fromUtf16(field(40)), tds::fromUtf16(password), tds::fromUtf16(field(68)),
+                          tds::fromUtf16(field(64))};
+    }
+
+    /// True when the line is to be cut.
+    bool troubled(const std::string& text) {
+        trouble_ = server_.troubleAt(text);
+        muted_ = trouble_ == TdsServer::Trouble::Mute;
+        return trouble_ == TdsServer::Trouble::CutBeforeRun;
+    }
+
+    /// False when the line is to be cut.
+    bool batch(const std::string& text) {
+        std::this_thread::sleep_for(std::chrono::milliseconds(server_.milliseconds));
+        if (troubled(text)) return false;
+        if (muted_) return true;
+        const std::string answer = answerTo(text);
+        if (trouble_ == TdsServer::Trouble::CutBeforeAnswer) return false;
+        send(answer, trouble_ == TdsServer::Trouble::CutInAnswer);
+        return trouble_ != TdsServer::Trouble::CutInAnswer;
+    }
+
+    std::string answerTo(const std::string& batch) {
+        std::string text = batch;
+        if (text == "BEGIN TRANSACTION") text = "BEGIN IMMEDIATE";
+        if (text == "IF @@TRANCOUNT > 0 ROLLBACK TRANSACTION") {
+            if (sqlite3_get_autocommit(database_) != 0) return tds::done(0, 0);
+            text = "ROLLBACK";
+        }
+        sqlite3_stmt* statement = nullptr;
+        const std::string translated = toSqlite(text);
+        int result = sqlite3_prepare_v2(database_, translated.c_str(), -1, &statement, nullptr);
+        if (result == SQLITE_OK) result = sqlite3_step(statement);
+        tds::Bytes out;
+        std::vector<tds::Column> columns;
+        for (int i = 0; i < sqlite3_column_count(statement); ++i) columns.emplace_back(statement, i);
+        if (!columns.empty()) out.number(0x81, 1).number(columns.size(), 2);
+        for (const tds::Column& column : columns) column.describe(out);
+        std::uint64_t rows = 0;
+        for (; result == SQLITE_ROW; result = sqlite3_step(statement), ++rows) {
+            out.number(0xD1, 1);
+            for (std::size_t i = 0; i < columns.size(); ++i)
+                columns[i].value(out, statement, static_cast<int>(i));
+        }
+        const std::string message = sqlite3_errmsg(database_);
+        sqlite3_finalize(statement);
+        if (result != SQLITE_DONE)
+            return out.get() + tds::errorAnswer(result == SQLITE_CONSTRAINT ? 2627 : 208, message);
+        if (columns.empty()) rows = static_cast<std::uint64_t>(sqlite3_changes64(database_));
+        return out.get() + tds::done(0x10, rows);
+    }
+
+    TdsServer& server_;
+    int socket_;
+    sqlite3* database_ = nullptr;
+    bool muted_ = false;
+    TdsServer::Trouble trouble_ = TdsServer::Trouble::None;
+};
+
+TdsServer::TdsServer(std::string databasePath) : path_(std::move(databasePath)) {
+    listener_ = ::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
+    sockaddr_in place{};
+    place.sin_family = AF_INET;
+    place.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    socklen_t size = sizeof place;
+    if (::bind(listener_, reinterpret_cast<sockaddr*>(&place), size) != 0 || ::listen(listener_, 8) != 0 ||
+        ::getsockname(listener_, reinterpret_cast<sockaddr*>(&place), &size) != 0) {
+        throw std::runtime_error("can't listen");
+    }
+    port_ = ntohs(place.sin_port);
+    server_ = std::thread([this] { serve(); });
+}
+
+TdsServer::~TdsServer() {
+    ending_ = true;
+    ::shutdown(listener_, SHUT_RDWR);
+    server_.join();
+    for (const int socket : sockets_) ::shutdown(socket, SHUT_RDWR);
+    for (std::thread& talk : talks_) talk.join();
+    for (const int socket : sockets_) ::close(socket);
+    ::close(listener_);
+}
+
+void TdsServer::serve() {
+    while (!ending_) {
+        const int socket = ::accept(listener_, nullptr, nullptr);
+        if (socket < 0) continue;
+        const int on = 1;
+        ::setsockopt(socket, IPPROTO_TCP, TCP_NODELAY, &on, sizeof on);
+        sockets_.push_back(socket);
+        talks_.emplace_back([this, socket] {
+            TdsTalk(*this, socket).run();
+            ::shutdown(socket, SHUT_RDWR);
+        });
+    }
+}
+
+std::string TdsServer::address() const {
+    return "127.0.0.1:" + std::to_string(port_);
+}
+
+void TdsServer::misbehave(const std::string& text, Trouble trouble) {
+    const std::lock_guard lock(mutex_);
+    troubleText_ = text;
+    trouble_ = trouble;
+}
+
+TdsServer::Trouble TdsServer::troubleAt(const std::string& text) {
+    const std::lock_guard lock(mutex_);
+    if (!text.empty()) batches_.push_back(text);
+    const bool meant = troubleText_.empty() ? text.empty() : text.find(troubleText_) != std::string::npos;
+    return meant ? std::exchange(trouble_, Trouble::None) : Trouble::None;
+}
+
+TdsServer::Login TdsServer::lastLogin() const {
+    const std::lock_guard lock(mutex_);
+    return login_;
+}
+
+std::vector<std::string> TdsServer::takeBatches() {
+    const std::lock_guard lock(mutex_);
+    return std::exchange(batches_, {});
+}
+
+}  // namespace zelvo::testing

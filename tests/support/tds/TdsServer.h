@@ -1,0 +1,67 @@
+#pragma once
+
+#include <atomic>
+#include <functional>
+#include <list>
+#include <mutex>
+#include <string>
+#include <thread>
+#include <vector>
+
+namespace zelvo::testing {
+
+/// No SQL Server: a desk that speaks as much of TDS 7.4 as FreeTDS needs, with a SQLite file behind it, and
+/// that can be told to misbehave. It shows what the client sends, that native types, errors and transactions
+/// come through the real driver, and what a broken line does. It proves nothing of SQL Server's grammar,
+/// types, locks, collations, code pages or encryption: it has none of its own.
+class TdsServer {
+public:
+    /// What a connection does at a batch that holds a certain text, or at its login.
+    enum class Trouble {
+        None,
+        Mute,             ///< reads on and says nothing
+        CutBeforeRun,     ///< the line is cut, the statement never ran
+        CutBeforeAnswer,  ///< the statement ran, the line is cut
+        CutInAnswer       ///< half of the answer, then the line is cut
+    };
+    struct Login {
+        std::string user, password, database, language;
+    };
+
+    explicit TdsServer(std::string databasePath);
+    ~TdsServer();
+    TdsServer(const TdsServer&) = delete;
+    TdsServer& operator=(const TdsServer&) = delete;
+
+    std::string address() const;
+    /// Once, at the next batch with `text` in it; "" is the login.
+    void misbehave(const std::string& text, Trouble trouble);
+    /// All answers go out a few bytes at a time.
+    std::atomic<bool> smallPieces = false;
+    /// Waited before each answer.
+    std::atomic<int> milliseconds = 0;
+
+    Login lastLogin() const;
+    /// The batches since the last call, as they came.
+    std::vector<std::string> takeBatches();
+
+private:
+    friend class TdsTalk;
+    void serve();
+    Trouble troubleAt(const std::string& text);
+
+    std::string path_;
+    int listener_ = -1;
+    int port_ = 0;
+    mutable std::mutex mutex_;
+    std::string troubleText_;
+    Trouble trouble_ = Trouble::None;
+    Login login_;
+    std::vector<std::string> batches_;
+    std::list<int> sockets_;
+    std::list<std::thread> talks_;
+    std::atomic<bool> ending_ = false;
+    std::thread server_;
+};
+
+}  // namespace zelvo::testing
