@@ -96,7 +96,7 @@ esac
 # The scenario once more, through the real windows on a screen that nobody sees: a picture of each step in out/.
 window_pictures() {
   rm -rf out
-  QT_QPA_PLATFORM="offscreen:configfile=demo/stage/screen.json" \
+  QT_QPA_PLATFORM="offscreen:configfile=demo/stage/screen.json" QT_LOGGING_RULES="default.warning=false" \
     build/bin/zelvo-stage out doctor --script demo/scenarios/first-order.zs "${values[@]}" >/dev/null
   echo
   echo "The same through the real windows, a picture of each step: $(find out -name '*.png' | wc -l) in out/"
