@@ -15,7 +15,7 @@ namespace zelvo::qt {
 namespace {
 
 constexpr int fieldHeight = 26, tabHeight = 28, mainTabHeight = 32, headingHeight = 22;
-constexpr int buttonEdge = 12, tabEdge = 14;
+constexpr int buttonEdge = 12, tabEdge = 14, innerTabEdge = 10;
 constexpr double radius = 4;
 /// Shares of the text's colour in what is drawn on its ground.
 constexpr double fieldLine = 0.32, markLine = 0.55, dimLine = 0.16, frameLine = 0.25, plainButton = 0.05,
@@ -144,6 +144,8 @@ void ClinicStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* op
             // A line inside a field of another kind stands in that field's box.
             const auto* frame = qstyleoption_cast<const QStyleOptionFrame*>(option);
             if (!frame || frame->lineWidth == 0) {
+                // Nor has one of a record a box of its own.
+                if (option->state.testFlag(State_ReadOnly)) return;
                 if (qobject_cast<const QAbstractSpinBox*>(widget ? widget->parentWidget() : nullptr)) return;
                 break;
             }
@@ -157,10 +159,11 @@ void ClinicStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* op
             drawMark(*painter, *option, true);
             return;
         case PE_Frame: {
-            painter->save();
-            painter->setPen(shade(*option, frameLine));
-            painter->drawRect(option->rect.adjusted(0, 0, -1, -1));
-            painter->restore();
+            // Filled, not stroked: at broken scales a stroke comes to lie under what the frame holds.
+            const QRect& rect = option->rect;
+            const QRect inner = rect.adjusted(1, 1, -1, -1);
+            for (const QRect& side : QRegion(rect).subtracted(inner))
+                painter->fillRect(side, shade(*option, frameLine));
             return;
         }
         case PE_FrameLineEdit:
@@ -257,7 +260,7 @@ QRect ClinicStyle::subElementRect(SubElement element, const QStyleOption* option
 int ClinicStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const {
     switch (metric) {
         case PM_TabBarTabHSpace:
-            return isHeading(widget) ? 0 : 2 * tabEdge;
+            return isHeading(widget) ? 0 : 2 * (isOutermost(widget) ? tabEdge : innerTabEdge);
         case PM_IndicatorWidth:
         case PM_IndicatorHeight:
         case PM_ExclusiveIndicatorWidth:
