@@ -1,8 +1,12 @@
 // The toolkit's life in a host's process: whose application it is, who may call, and when it ends.
 #include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QStyle>
+#include <clocale>
+#include <cstdlib>
 #include <thread>
 
 #include "Host.h"
@@ -119,6 +123,37 @@ TEST_F(Life, theFirstThreadNeedNotBeTheProcesssFirst) {
         EXPECT_EQ(onlooker.windows, 2);
         EXPECT_TRUE(doctorzelvo::shutdown());
     }).join();
+}
+
+TEST_F(Life, aProcessThatEndsWithoutShutdownEndsWell) {
+    for (const bool onItsOwnThread : {false, true}) {
+        const pid_t host = fork();
+        if (host == 0) {
+            Onlooker onlooker;
+            std::string error = "not called";
+            const auto chart = [&] { error = call(database.address()); };
+            if (onItsOwnThread) {
+                std::thread(chart).join();
+            } else {
+                chart();
+            }
+            std::exit(error.empty() && onlooker.windows == 1 ? 7 : 1);
+        }
+        int status = 0;
+        ASSERT_EQ(waitpid(host, &status, 0), host);
+        EXPECT_TRUE(WIFEXITED(status)) << "on its own thread: " << onItsOwnThread;
+        EXPECT_EQ(WEXITSTATUS(status), 7) << "on its own thread: " << onItsOwnThread;
+    }
+}
+
+// The user's locale has a decimal comma, maybe; the host may write its files without one.
+TEST_F(Life, theHostWritesNumbersAndDatesAsBefore) {
+    qputenv("LC_ALL", "C.UTF-8");
+    std::setlocale(LC_ALL, "C");
+    Onlooker onlooker;
+    EXPECT_EQ(call(database.address()), "");
+    for (const int category : {LC_NUMERIC, LC_TIME, LC_COLLATE})
+        EXPECT_STREQ(std::setlocale(category, nullptr), "C") << category;
 }
 
 TEST_F(Life, anOpenWindowIsNotShutDownNorOpenedTwice) {
