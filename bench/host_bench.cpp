@@ -1,16 +1,12 @@
 // A whole session's start against its statements run bare, and a keystroke in the packets against the sum it
 // makes.
 #include <sqlite3.h>
-#include <unistd.h>
 
-#include <filesystem>
-#include <fstream>
-#include <numeric>
-#include <sstream>
 #include <stdexcept>
 #include <vector>
 
 #include "BareDesktop.h"
+#include "DemoSession.h"
 #include "Measure.h"
 #include "basics/Numbers.h"
 #include "host/clsZELVOInterface.h"
@@ -20,29 +16,10 @@ namespace {
 
 using namespace zelvo;
 using bench::BareDesktop;
+using bench::chartCall;
 using bench::Comparison;
-namespace fs = std::filesystem;
 
 constexpr int startRuns = 60, keyRuns = 200, herbs = 100;
-
-void runBare(sqlite3* database, const std::string& statements) {
-    if (sqlite3_exec(database, statements.c_str(), nullptr, nullptr, nullptr) != SQLITE_OK) {
-        throw std::runtime_error(sqlite3_errmsg(database));
-    }
-}
-
-void makePharmacy(const std::string& path) {
-    sqlite3* database = nullptr;
-    if (sqlite3_open(path.c_str(), &database) != SQLITE_OK) throw std::runtime_error("can't make " + path);
-    for (const char* file :
-         {"schema", "herbs", "prices", "options", "prescriptions", "doctors", "orders", "notices"}) {
-        std::ifstream in(std::string(ZELVO_SOURCE_DIR) + "/demo/pharmacy/" + file + ".sql");
-        std::ostringstream text;
-        text << in.rdbuf();
-        runBare(database, text.str());
-    }
-    sqlite3_close(database);
-}
 
 /// Keeps the texts of what a session's start asks for.
 class Recorder : public data::Connection {
@@ -65,17 +42,6 @@ private:
     std::unique_ptr<data::Connection> inner_;
     std::vector<std::string>& statements_;
 };
-
-host::HostArguments chartCall(const std::string& path) {
-    host::HostArguments call;
-    call.YakGukIP = "sqlite:" + path;
-    call.DoctorIDPWD = "doctor1/$/pass1";
-    call.PatientPK = 1024;
-    call.PatientName = "김하늘";
-    call.PatientCell = "010-1234-5678";
-    call.HospitalName = "하늘한의원";
-    return call;
-}
 
 /// One session on a window that closes at once, or after what is to be done in it.
 void runSession(const std::string& path, const data::ConnectionOpener& open,
@@ -167,16 +133,13 @@ bool compareKeystrokes(const std::string& path) {
 }  // namespace
 
 int main() {
-    const std::string path =
-        (fs::temp_directory_path() / ("zelvo-host-bench-" + std::to_string(getpid()) + ".db")).string();
     bool within = false;
     try {
-        makePharmacy(path);
-        within = compareStarts(path);
-        within = compareKeystrokes(path) && within;
+        const bench::DemoPharmacy pharmacy;
+        within = compareStarts(pharmacy.path());
+        within = compareKeystrokes(pharmacy.path()) && within;
     } catch (const std::exception& fault) {
         std::fprintf(stderr, "%s\n", fault.what());
     }
-    fs::remove(path);
     return within ? 0 : 1;
 }

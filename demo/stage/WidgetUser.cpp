@@ -17,6 +17,7 @@
 
 #include "basics/Dates.h"
 #include "basics/Utf8.h"
+#include "platform/qt/GridDelegate.h"
 #include "platform/qt/Texts.h"
 #include "screen/Fields.h"
 #include "screen/TextField.h"
@@ -84,8 +85,7 @@ void WidgetUser::pressNamed(const std::string& name) {
 }
 
 void WidgetUser::typeText(const std::string& text) {
-    for (const char32_t character :
-         qt::qtText(text).replace(QLatin1String("\r\n"), QLatin1String("\n")).toUcs4()) {
+    for (const char32_t character : qt::qtText(text).toUcs4()) {
         const QString typed = QString::fromUcs4(&character, 1);
         if (character == U'\n' || character == U'\r') {
             pressNamed("Enter");
@@ -142,7 +142,8 @@ void WidgetUser::type(const std::string& field, const std::string& text) {
     screen::Field& target = reach(field);
     screen::Window& window = target.window();
     enter(target);
-    for (const char32_t character : qt::qtText(text).toUcs4()) {
+    const QString typed = qt::qtText(text).replace(QLatin1String("\r\n"), QLatin1String("\n"));
+    for (const char32_t character : typed.toUcs4()) {
         if (!stillIn(window) || !target.hasFocus()) return;
         typeText(basics::toUtf8(character));
     }
@@ -234,8 +235,9 @@ void WidgetUser::clickCell(const screen::Grid& grid, int row, int column, bool a
     const QModelIndex index = table.model()->index(row, column);
     table.scrollTo(index);
     const QRect cell = table.visualRect(index);
-    const QPoint at = atButton ? QPoint(cell.right() - cell.height() / 2, cell.center().y()) : cell.center();
-    click(*table.viewport(), at);
+    const auto* delegate = dynamic_cast<const qt::GridDelegate*>(table.itemDelegate());
+    const QRect target = atButton && delegate ? delegate->pressTarget(cell, row, column) : cell;
+    click(*table.viewport(), target.center());
 }
 
 void WidgetUser::row(const std::string& grid, int row) {

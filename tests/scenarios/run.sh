@@ -1,9 +1,11 @@
 #!/usr/bin/env bash
-# Runs one console script on a demo pharmacy of its own: run.sh BIN_DIR SCRIPT.
+# Runs one console script on a demo pharmacy of its own: run.sh BIN_DIR SCRIPT [stage]; on the stage it works the real
+# windows, on a screen that nobody sees.
 # A line "# call: ..." in the script gives the words behind `zelvo`; "# exit: N" the exit code it comes to (0 without it).
 set -euo pipefail
 bin=$1
 script=$2
+place=${3:-console}
 scratch=$(mktemp -d)
 server=
 trap '[ -z "$server" ] || kill "$server" 2>/dev/null || true; rm -rf "$scratch"' EXIT
@@ -22,5 +24,10 @@ expected=$(sed -n 's/^# exit: //p' "$script" | head -1)
 read -r -a words <<<"$call"
 words=("${words[@]//_/ }")
 status=0
-"$bin/zelvo" "${words[@]}" --console --server "sqlite:$db" --script "$script" || status=$?
+if [ "$place" = stage ]; then
+  export QT_QPA_PLATFORM="offscreen:configfile=$(dirname "${BASH_SOURCE[0]}")/../../demo/stage/screen.json"
+  "$bin/zelvo-stage" "" "${words[@]}" --server "sqlite:$db" --script "$script" || status=$?
+else
+  "$bin/zelvo" "${words[@]}" --console --server "sqlite:$db" --script "$script" || status=$?
+fi
 [ "$status" -eq "${expected:-0}" ] || { echo "exit $status, expected ${expected:-0}" >&2; exit 1; }

@@ -4,20 +4,41 @@
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QStyleFactory>
 #include <array>
+#include <clocale>
 #include <memory>
 
 #include "platform/qt/Display.h"
+#include "platform/qt/Owned.h"
 #include "platform/qt/Theme.h"
 
 namespace zelvo::qt {
 
 namespace {
 
-/// The application of ours; its arguments live as long as the process does.
+/// The application of ours. Only `leave` ends it: when a process ends without that, the toolkit's own state
+/// goes first, and an application that went after it would fall.
 std::unique_ptr<QApplication>& ownApplication() {
-    static std::unique_ptr<QApplication> application;
+    static auto& application = owned<std::unique_ptr<QApplication>>();
     return application;
 }
+
+/// The toolkit takes over the user's locale. The host's numbers, dates and order of texts stay as they were.
+class HostLocale {
+public:
+    HostLocale() {
+        for (std::size_t i = 0; i < categories.size(); ++i)
+            before_[i] = std::setlocale(categories[i], nullptr);
+    }
+    ~HostLocale() {
+        for (std::size_t i = 0; i < categories.size(); ++i) std::setlocale(categories[i], before_[i].c_str());
+    }
+    HostLocale(const HostLocale&) = delete;
+    HostLocale& operator=(const HostLocale&) = delete;
+
+private:
+    static constexpr std::array categories{LC_NUMERIC, LC_TIME, LC_MONETARY, LC_COLLATE};
+    std::array<std::string, categories.size()> before_;
+};
 
 std::unique_ptr<QApplication> makeApplication(const std::string& platform) {
     static char name[] = "DoctorZELVO", option[] = "-platform";
@@ -27,6 +48,7 @@ std::unique_ptr<QApplication> makeApplication(const std::string& platform) {
     value = platform;
     arguments = {name, option, value.data(), nullptr};
     count = platform.empty() ? 1 : 3;
+    const HostLocale host;
     auto application = std::make_unique<QApplication>(count, arguments.data());
     // Our windows come and go in the host's process, which ends when the host says so.
     QApplication::setQuitOnLastWindowClosed(false);

@@ -1,0 +1,192 @@
+// The window on the glass: from the chart's call to its first paint, a long list, and a key until it is
+// drawn.
+#include <QtCore/QElapsedTimer>
+#include <QtGui/QKeyEvent>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QScrollBar>
+#include <QtWidgets/QStyleFactory>
+#include <QtWidgets/QTabWidget>
+#include <QtWidgets/QTableView>
+#include <algorithm>
+#include <stdexcept>
+#include <vector>
+
+#include "BareDesktop.h"
+#include "DemoSession.h"
+#include "Measure.h"
+#include "host/clsZELVOInterface.h"
+#include "platform/qt/Forms.h"
+#include "platform/qt/Shell.h"
+#include "platform/sqlite/SqliteConnection.h"
+#include "screen/Fields.h"
+#include "screen/TextField.h"
+
+namespace {
+
+using namespace zelvo;
+using bench::Comparison;
+
+constexpr int startRuns = 15, paintRuns = 15, keyRuns = 300, herbs = 60;
+constexpr double frame = 16;
+
+/// Told when the widget has been painted for the first time.
+class Painted : public QObject {
+public:
+    explicit Painted(QWidget& widget) { widget.installEventFilter(this); }
+    void wait() const {
+        while (!painted_) QCoreApplication::processEvents();
+        QCoreApplication::processEvents();
+    }
+    bool eventFilter(QObject*, QEvent* event) override {
+        painted_ = painted_ || event->type() == QEvent::Paint;
+        return false;
+    }
+
+private:
+    bool painted_ = false;
+};
+
+/// Puts windows on the glass, does what is to be done there, and closes them.
+class GlassDesktop : public bench::BareDesktop {
+public:
+    std::function<void(qt::Shell&)> onGlass = [](qt::Shell&) {};
+    double screenWidth() const override { return 19200; }
+    void runModal(screen::Window& window) override {
+        qt::Shell shell(window, nullptr);
+        const Painted painted(shell);
+        shell.open();
+        painted.wait();
+        onGlass(shell);
+        window.userClose();
+    }
+};
+
+void runSession(const std::string& path, const std::function<void(qt::Shell&, session::Session&)>& work) {
+    GlassDesktop desktop;
+    session::Session session;
+    desktop.onGlass = [&](qt::Shell& shell) { work(shell, session); };
+    host::clsZELVOInterface(desktop, session, sqlite::openFile).ZELVOInterface(bench::chartCall(path));
+    if (desktop.boxes > 0) throw std::runtime_error("a box stood in the way");
+}
+
+void showBareForm() {
+    const auto form = qt::makeForm("frmDoctorOCSmain");
+    form->findChild<QTabWidget*>(QStringLiteral("c1tMain"))->setCurrentIndex(1);
+    form->resize(1280, 800);
+    const Painted painted(*form);
+    form->show();
+    painted.wait();
+}
+
+/// From the chart's call to the window's first paint, on the form shown by a bare program.
+bool compareStarts(const std::string& path) {
+    Comparison start("first_paint", 2);
+    for (int run = 0; run < startRuns; ++run) {
+        start.floor(showBareForm);
+        start.measured([&] { runSession(path, [](qt::Shell&, session::Session&) {}); });
+    }
+    return start.report();
+}
+
+screen::Grid& herbGrid(qt::Shell& shell) {
+    return dynamic_cast<screen::Grid&>(*shell.window().field("tdbDGL"));
+}
+
+void fill(tables::XArrayDB& rows, int count) {
+    rows.reDim(-1, rows.upperColumn());
+    rows.insertRows(0, count);
+    for (int row = 0; row < count; ++row) {
+        for (int column = 1; column <= 6; ++column) rows.set(row, column, "12");
+        rows.set(row, 8, "0");
+    }
+}
+
+void paintNow(QWidget& widget) {
+    widget.repaint();
+    QCoreApplication::processEvents();
+}
+
+/// A list of 100,000 rows against one of 100: bound, drawn, scrolled to its end.
+bool compareLists(const std::string& path) {
+    Comparison first("list_first_paint", 1.2), end("list_end_paint", 1.2);
+    runSession(path, [&](qt::Shell& shell, session::Session& session) {
+        screen::Grid& grid = herbGrid(shell);
+        auto& view = dynamic_cast<QTableView&>(*shell.binder().widgetOf(grid));
+        tables::XArrayDB small, large;
+        small.reDim(-1, session.g_xaDrug.upperColumn());
+        large.reDim(-1, session.g_xaDrug.upperColumn());
+        fill(small, 100);
+        fill(large, 100000);
+        const auto show = [&](tables::XArrayDB& rows) {
+            grid.bind(&rows);
+            shell.binder().flush();
+            paintNow(*view.viewport());
+        };
+        const auto empty = [&] {
+            grid.bind(nullptr);
+            shell.binder().flush();
+            QCoreApplication::processEvents();
+        };
+        for (int run = 0; run < paintRuns; ++run) {
+            empty();
+            first.floor([&] { show(small); });
+            empty();
+            first.measured([&] { show(large); });
+            view.scrollToTop();
+            end.floor([&] { paintNow(*view.viewport()); });
+            view.verticalScrollBar()->setValue(view.verticalScrollBar()->maximum());
+            end.measured([&] { paintNow(*view.viewport()); });
+        }
+        grid.bind(&session.g_xaDrug);
+    });
+    const bool within = first.report();
+    return end.report() && within;
+}
+
+/// A key in the packets until the glass shows what it comes to.
+bool measureKeys(const std::string& path) {
+    std::vector<double> times;
+    runSession(path, [&](qt::Shell& shell, session::Session& session) {
+        fill(session.g_xaDrug, herbs);
+        herbGrid(shell).refresh();
+        auto& packets = dynamic_cast<screen::EditField&>(*shell.window().field("txtChubsu"));
+        shell.window().userFocus(packets);
+        shell.binder().flush();
+        for (int run = 0; run < keyRuns; ++run) {
+            packets.select(0, 3);
+            const QString typed = QString::number(run % 9 + 1);
+            times.push_back(bench::milliseconds([&] {
+                QKeyEvent key(QEvent::KeyPress, Qt::Key_0 + run % 9 + 1, Qt::NoModifier, typed);
+                QCoreApplication::sendEvent(QApplication::focusWidget(), &key);
+                QCoreApplication::sendPostedEvents();
+                QCoreApplication::processEvents();
+            }));
+            if (packets.text() != typed.toStdString()) throw std::runtime_error("the keys went astray");
+        }
+    });
+    std::sort(times.begin(), times.end());
+    const auto at = [&](double share) { return times[static_cast<std::size_t>(share * (keyRuns - 1))]; };
+    std::printf("%-28s p50 %.2f p95 %.2f p99 %.2f max %.2f ms   (at most %.0f at p95)\n",
+                "key_to_paint_60_herbs", at(0.5), at(0.95), at(0.99), times.back(), frame);
+    return at(0.95) <= frame;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QApplication application(argc, argv);
+    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    QApplication::setQuitOnLastWindowClosed(false);
+    bool within = false;
+    try {
+        const bench::DemoPharmacy pharmacy;
+        within = compareStarts(pharmacy.path());
+        within = compareLists(pharmacy.path()) && within;
+        within = measureKeys(pharmacy.path()) && within;
+    } catch (const std::exception& fault) {
+        std::fprintf(stderr, "%s\n", fault.what());
+        return 1;
+    }
+    return within ? 0 : 1;
+}
