@@ -9,6 +9,7 @@
 #include "basics/Numbers.h"
 #include "basics/Pictures.h"
 #include "basics/Text.h"
+#include "data/OrderOutcome.h"
 #include "data/Words.h"
 #include "ordering/OrderRows.h"
 #include "ordering/SendLog.h"
@@ -36,7 +37,8 @@ OrderSend::OrderSend(screen::Window& form, OrderDraft& draft, SendGate& gate, Co
       draft_(draft),
       gate_(gate),
       price_(price),
-      balance_(balance) {
+      balance_(balance),
+      unsettled_(form.desktop()) {
     lblsvrTime.setVisible(false);
     screen::usePressed(gate_.ssrCBJSend, [this] { Send_Order(); });
 }
@@ -61,6 +63,7 @@ void OrderSend::Send_Order() {
             draft_.herbs.tdbDGL.setFocus();
             return;
         }
+        if (!settlesFormer()) return;
     } catch (const std::exception& fault) {
         desktop.alarm(faultText(fault.what()), faultCaption);
         return;
@@ -73,9 +76,7 @@ void OrderSend::Send_Order() {
                 "처방전 전송 실패 - 처방전이 저장되지 않았습니다. [비용확인]부터 다시 실행하여 주십시오.",
                 failedCaption);
         case Stored::Unknown:
-            return desktop.alarm(
-                "처방전 전송 결과를 확인할 수 없습니다. [처방전 관리]에서 발행날짜로 확인한 후 다시 전송하여 주십시오.",
-                failedCaption);
+            return showKept();
         case Stored::Yes:
             break;
     }
@@ -138,6 +139,32 @@ bool OrderSend::wantsOtherHerbs() {
                                "처방전 전송");
 }
 
+/// Tells what became of this doctor's sends whose outcome was not known. False when the order is not to be
+/// sent now: one of them stands and that is enough, or nobody can say.
+bool OrderSend::settlesFormer() {
+    const std::int32_t doctor = draft_.session.m_DTRPK;
+    for (const std::string& time : unsettled_.of(doctor)) {
+        const std::string former = "[" + time + "] 결과를 확인할 수 없었던 처방전은 ";
+        const std::optional<bool> stands = data::orderStands(draft_.session.connection(), doctor, time);
+        if (!stands) {
+            form_.desktop().alarm(
+                former + "지금도 저장 여부를 확인할 수 없습니다. 처방전을 전송하지 않았습니다.",
+                failedCaption);
+            return false;
+        }
+        bool goesOn = true;
+        if (*stands) {
+            goesOn = form_.desktop().ask(former + "저장되어 있습니다.\r\n\r\n지금 처방전을 전송하시겠습니까?",
+                                         "처방전 전송", screen::Answer::No);
+        } else {
+            form_.desktop().inform(former + "저장되지 않았습니다. 지금 처방전을 전송합니다.", "처방전 전송");
+        }
+        unsettled_.settle(doctor, time);
+        if (!goesOn) return false;
+    }
+    return true;
+}
+
 /// The transaction from its begin to its end. What there is to say of it is kept until then.
 OrderSend::Stored OrderSend::storeOrder() {
     kept_.clear();
@@ -165,10 +192,40 @@ OrderSend::Stored OrderSend::storeOrder() {
                 Remove_SendLog(form_.desktop(), lblsvrTime.caption());
                 return Stored::Refused;
             case data::CommitOutcome::Unknown:
-                return Stored::Unknown;
+                break;
         }
     } catch (const std::exception&) {
         // A commit that ends in a fault has said nothing of what became of it.
+    }
+    return askAnother();
+}
+
+/// The line broke between the commit and its answer: one more connection asks whether the order stands.
+OrderSend::Stored OrderSend::askAnother() {
+    const std::int32_t doctor = draft_.session.m_DTRPK;
+    const std::string& time = lblsvrTime.caption();
+    std::optional<bool> stands;
+    try {
+        stands = data::orderStands(*draft_.session.connection().another(), doctor, time);
+    } catch (const std::exception&) {
+        // The server can't be reached at all.
+    }
+    if (stands) {
+        if (*stands) return Stored::Yes;
+        Remove_SendLog(form_.desktop(), time);
+        return Stored::Refused;
+    }
+    const std::string unknown = "처방전 전송 결과를 확인할 수 없습니다. ";
+    try {
+        unsettled_.add(doctor, time);
+        kept_ = {};
+        keepAlarm(
+            unknown +
+                "다시 전송하지 마십시오. ZELVO를 다시 시작하여 전송하면 먼저 저장 여부를 확인하여 알려 드립니다.",
+            failedCaption);
+    } catch (const std::exception&) {
+        kept_ = {};
+        keepAlarm(unknown + "[처방전 관리]에서 발행날짜로 확인한 후 다시 전송하여 주십시오.", failedCaption);
     }
     return Stored::Unknown;
 }

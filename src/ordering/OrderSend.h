@@ -10,6 +10,7 @@
 #include "ordering/CostConfirmation.h"
 #include "ordering/OrderDraft.h"
 #include "ordering/SendGate.h"
+#include "ordering/UnsettledSends.h"
 #include "screen/Event.h"
 #include "screen/Fields.h"
 
@@ -36,7 +37,9 @@ private:
     bool depositCovers();
     std::string duplicateHerb() const;
     bool wantsOtherHerbs();
+    bool settlesFormer();
     Stored storeOrder();
+    Stored askAnother();
     bool writeRows();
     bool stampTime();
     bool Send_InsertOrder(std::int32_t& CBJ_PK);
@@ -57,6 +60,7 @@ private:
     SendGate& gate_;
     CostConfirmation& price_;
     account::BalanceView& balance_;
+    UnsettledSends unsettled_;
     /// What there is to say while the transaction is open; shown when it has ended.
     std::vector<screen::MessageBox> kept_;
 };

@@ -70,6 +70,8 @@ public:
     /// Makes the file, or empties it, and writes the whole text; the file is whole on the disk when this
     /// returns.
     virtual void writeTextFile(const std::string& path, std::string_view text) = 0;
+    /// The whole text, "" for a file that is not there.
+    virtual std::string readTextFile(const std::string& path) = 0;
     virtual void deleteFile(const std::string& path) = 0;
 };
 

@@ -81,6 +81,7 @@ private:
         bool folderExists(const std::string&) override { return true; }
         void createFolder(const std::string&) override {}
         void writeTextFile(const std::string&, std::string_view) override {}
+        std::string readTextFile(const std::string&) override { return {}; }
         void deleteFile(const std::string&) override {}
     };
 };

@@ -263,10 +263,6 @@ TEST(OrderSend, WhatElseGoesWrongIsTold) {
          {{"처방전전송 에러", ""}},
          nothing},
         {[](OrderWindow& w) { w.dose.txtPouchTotal.setText("40000"); }, {{"처방전전송 에러", ""}}, nothing},
-        {[](OrderWindow& w) { w.line->nextCommit = data::CommitOutcome::Unknown; },
-         {{"처방전 전송 실패",
-           "처방전 전송 결과를 확인할 수 없습니다. [처방전 관리]에서 발행날짜로 확인한 후 다시 전송하여 주십시오."}},
-         all},
         {[](OrderWindow& w) { w.diskFull = true, w.chartFault = "진료부 닫힘"; },
          {{"처방전 로그",
            "[처방전 전송은 정상적으로 전송] 되었습니다. -  처방전 로그 파일 기록에 실패하였습니다."},
@@ -288,6 +284,86 @@ TEST(OrderSend, WhatElseGoesWrongIsTold) {
         EXPECT_EQ(written(*window.pharmacy), test.written);
         EXPECT_EQ(window.sent.size(), test.events);
         EXPECT_FALSE(window.gate.costConfirmed());
+    }
+}
+
+TEST(OrderSend, ACommitWithoutAnAnswerIsAskedAfter) {
+    const Box failed("처방전 전송 실패", "처방전 전송 실패 - 처방전이 저장되지 않았습니다.");
+    const Box unknown("처방전 전송 실패", "처방전 전송 결과를 확인할 수 없습니다. 다시 전송하지 마십시오.");
+    const Box unmarked("처방전 전송 실패", "처방전 전송 결과를 확인할 수 없습니다. [처방전 관리]에서");
+    const struct {
+        const char* name;
+        bool stored, answers, diskFull;
+        Box box;
+        std::size_t events, files;  // files: the log, and the mark beside it
+    } cases[] = {{"it stands", true, true, false, {"처방전 전송 성공", success}, 1, 1},
+                 {"it does not", false, true, false, failed, 0, 0},
+                 {"nobody says", true, false, false, unknown, 0, 2},
+                 {"nor can it be marked", true, false, true, unmarked, 0, 0}};
+    for (const auto& test : cases) {
+        SCOPED_TRACE(test.name);
+        OrderWindow window;
+        window.compose();
+        if (test.stored) {
+            window.line->nextCommit = data::CommitOutcome::Unknown;
+        } else {
+            window.line->before = [&](const std::string& statement) {
+                window.line->staysBroken = statement == "COMMIT";
+                window.line->failAt(statement == "COMMIT" ? 1 : 0);
+            };
+        }
+        window.line->another = [&] {
+            return test.answers ? window.pharmacy->connect() : throw basics::Fault("no server");
+        };
+        window.diskFull = test.diskFull;
+        window.run([&] { window.priceAndSend(); });
+        const screen::MessageBox box = window.desktop.takeBox();
+        EXPECT_EQ(box.caption, test.box.first);
+        EXPECT_TRUE(box.text.starts_with(test.box.second)) << box.text;
+        EXPECT_EQ(window.sent.size(), test.events);
+        EXPECT_EQ(window.logs.size(), test.files);
+        EXPECT_EQ(written(*window.pharmacy), test.stored ? all : nothing);
+    }
+}
+
+TEST(OrderSend, AMarkedSendIsAskedAfterBeforeTheNext) {
+    const std::string time = "2024-05-06 09:08:07", mark = "/logs/zelvo/unsettled.txt";
+    const std::string former = "[" + time + "] 결과를 확인할 수 없었던 처방전은 ";
+    const struct {
+        const char* name;
+        int doctor;
+        bool stands, lineBroken;
+        Answer answer;
+        std::string told, left;
+        bool sends;
+    } cases[] = {
+        {"another doctor's", 11, false, false, Answer::Yes, "", "11 " + time, true},
+        {"it stands and is enough", 1, true, false, Answer::No, "저장되어 있습니다", "", false},
+        {"it stands and this is one more", 1, true, false, Answer::Yes, "저장되어 있습니다", "", true},
+        {"it does not stand", 1, false, false, Answer::Yes, "저장되지 않았습니다", "", true},
+        {"nobody says", 1, true, true, Answer::Yes, "지금도", "1 " + time, false}};
+    for (const auto& test : cases) {
+        SCOPED_TRACE(test.name);
+        OrderWindow window;
+        window.compose();
+        if (test.stands)
+            window.pharmacy->run("INSERT INTO t_ChubangJun (DTR_PK, CBJ_RegDate) VALUES (1, '" + time + "')");
+        window.logs[mark] = std::to_string(test.doctor) + " " + time;
+        window.run([&] {
+            window.user.press("ssrCostConfirm");
+            if (test.lineBroken) window.line->failAt(1);
+            window.desktop.answer(test.answer);
+            window.user.press("ssrCBJSend");
+        });
+        if (!test.told.empty()) {
+            const screen::MessageBox box = window.desktop.takeBox();
+            EXPECT_TRUE(box.text.starts_with(former + test.told)) << box.text;
+        }
+        if (test.sends) {
+            EXPECT_EQ(window.desktop.takeBox().caption, "처방전 전송 성공");
+        }
+        EXPECT_EQ(window.sent.size(), test.sends ? 1U : 0U);
+        EXPECT_EQ(window.logs.contains(mark) ? window.logs[mark] : "", test.left);
     }
 }
 

@@ -58,6 +58,8 @@ TEST_F(UserFiles, ALogIsWrittenWholeAndForItsUserAlone) {
     files.writeTextFile(path, std::string(100'000, 'x'));
     files.writeTextFile(path, "당귀\xff");
     EXPECT_EQ(contentOf(path), "\xef\xbb\xbf당귀\uFFFD");
+    EXPECT_EQ(files.readTextFile(path) + "|" + files.readTextFile(path + "x"), "당귀\uFFFD|");
+    EXPECT_THROW(files.readTextFile(folder), basics::Fault);
     EXPECT_EQ(fs::status(path).permissions(), fs::perms::owner_read | fs::perms::owner_write);
     EXPECT_EQ(entriesOf(folder), 1);
 }

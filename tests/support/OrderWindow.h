@@ -19,6 +19,7 @@ struct CostPage {
     std::optional<std::string> fault;
     std::function<void()> whileAsked = [] {};
     std::vector<screen::OrderCostText::CostRequest> requests;
+    std::vector<screen::OrderCostText::UpdateRequest> updates;
 
     /// A good answer: total, ten amounts, mileage; each note is "note N" and a second line.
     static std::string priced(std::int64_t total, std::int64_t mileage = 0) {
@@ -39,13 +40,20 @@ class OrderWindow : public OrderPanes<ordering::SendGate> {
         explicit Page(CostPage& page) : page_(page) {}
         std::string ChubangJunCost(const CostRequest& request) override {
             page_.requests.push_back(request);
+            return answered();
+        }
+        std::string ChubangJunCostUpdate(const UpdateRequest& request) override {
+            page_.updates.push_back(request);
+            return answered();
+        }
+
+    private:
+        std::string answered() {
             page_.whileAsked();
             if (page_.fault) throw basics::Fault(*page_.fault);
             return page_.answer;
         }
-        std::string ChubangJunCostUpdate(const UpdateRequest&) override { return page_.answer; }
 
-    private:
         CostPage& page_;
     };
     class Files : public screen::FileSystemObject {
@@ -58,6 +66,9 @@ class OrderWindow : public OrderPanes<ordering::SendGate> {
         }
         void writeTextFile(const std::string& path, std::string_view text) override {
             owner_.logs[path] = text;
+        }
+        std::string readTextFile(const std::string& path) override {
+            return owner_.logs.contains(path) ? owner_.logs[path] : std::string();
         }
         void deleteFile(const std::string& path) override { owner_.logs.erase(path); }
 

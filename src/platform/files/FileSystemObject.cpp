@@ -1,5 +1,7 @@
 #include "platform/files/FileSystemObject.h"
 
+#include <fstream>
+
 #include "basics/Fault.h"
 #include "basics/Utf8.h"
 #include "platform/files/UserFolders.h"
@@ -22,6 +24,20 @@ void FileSystemObject::createFolder(const std::string& path) {
 
 void FileSystemObject::writeTextFile(const std::string& path, std::string_view text) {
     writeWholeFile(path, "\uFEFF" + basics::cleanUtf8(text));
+}
+
+std::string FileSystemObject::readTextFile(const std::string& path) {
+    std::error_code error;
+    const auto size = std::filesystem::file_size(path, error);
+    if (error == std::errc::no_such_file_or_directory) return {};
+    std::string bytes(error ? 0 : static_cast<std::size_t>(size), '\0');
+    std::ifstream file(path, std::ios::binary);
+    file.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+    if (error || !file) throw basics::Fault(path + " 파일을 읽을 수 없습니다.");
+    std::string text = basics::cleanUtf8(bytes);
+    constexpr std::string_view mark = "\uFEFF";
+    if (text.starts_with(mark)) text.erase(0, mark.size());
+    return text;
 }
 
 void FileSystemObject::deleteFile(const std::string& path) {

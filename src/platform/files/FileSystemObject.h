@@ -12,6 +12,7 @@ public:
     void createFolder(const std::string& path) override;
     /// The file is UTF-8 with a byte order mark. A fault leaves what stood there before.
     void writeTextFile(const std::string& path, std::string_view text) override;
+    std::string readTextFile(const std::string& path) override;
     void deleteFile(const std::string& path) override;
 };
 
