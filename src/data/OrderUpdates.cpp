@@ -39,11 +39,11 @@ void updateOrder(Connection& Conn, const CBJmUpdate& row) {
         .fill("[CBJ_Send_Cell]", row.CBJ_Send_Cell)
         .fill("[CBJ_Send_Zip]", row.CBJ_Send_Zip)
         .fill("[CBJ_Send_Address]", row.CBJ_Send_Address)
-        .fill("[CBJ_Msg]", row.CBJ_Msg)
-        .fill("[CBJ_BesongCost]", row.CBJ_BesongCost)
-        .fill("[CBJ_ElseCost]", row.CBJ_ElseCost)
-        .fill("[CBJPK]", row.CBJ_PK);
-    execute(Conn, statement);
+        .fill("[CBJ_Msg]", row.CBJ_Msg);
+    if (row.costChanged) {
+        statement.fill("[CBJ_BesongCost]", row.CBJ_BesongCost).fill("[CBJ_ElseCost]", row.CBJ_ElseCost);
+    }
+    execute(Conn, statement.fill("[CBJPK]", row.CBJ_PK));
 }
 
 void updateCostNotes(Connection& Conn, const CBJmUpdate& row) {
