@@ -20,6 +20,7 @@ public:
     explicit Form(ConsoleDesktop& console) : Window(console, "frmDoctorOCSmain", 9000, 6000) {
         txtNote.setMultiLine(true);
         hidden.setVisible(false);
+        hidden.masked = txtPassword.masked = true;
         herbs.reDim(1, 2);
         herbs.set(0, 1, "당귀");
         herbs.set(0, 2, 1500);
@@ -47,7 +48,7 @@ public:
     }
 
     screen::TextField txtChubsu{*this, "txtChubsu"}, txtNext{*this, "txtNext"}, txtNote{*this, "txtNote"},
-        hidden{*this, "txtHidden"};
+        hidden{*this, "txtHidden"}, txtPassword{*this, "txtPassword"};
     screen::Label lblLog{*this, "lblLog"};
     screen::Button sscNote{*this, "sscNote"}, sscAsk{*this, "sscAsk"}, sscSend{*this, "sscSend"},
         sscFault{*this, "sscFault"};
@@ -144,6 +145,10 @@ TEST(ConsoleTest, WhatCannotBeDoneOrDoesNotHoldEndsTheProgram) {
         {"press sscAsk\nexpect no message", 1,
          "expected no box, found [처방약재삭제] (question) 삭제하시겠습니까?\\r\\n"},
         {"focus txtHidden", 1, "~ txtHidden is hidden"},
+        {"type txtHidden geheim", 1,
+         "expected that a user can type txtHidden ****, found that txtHidden is hidden"},
+        {"type txtPassword geheim\nexpect txtPassword geheimer", 1,
+         "expected txtPassword as it was said, found another text"},
         {"type txtBehind 1", 1, "~ txtBehind stands on page 1 of c1tMain, which is not in front"},
         {"row tdbDGL 2", 1, "~ tdbDGL has no row 2, only 2"},
         {"cell tdbDGL 약재명 x", 1, "~ the cursor of tdbDGL does not stop in column 0 \"약재명\""},
@@ -173,7 +178,8 @@ TEST(ConsoleTest, WhatCannotBeDoneOrDoesNotHoldEndsTheProgram) {
 
 TEST(ConsoleTest, WhatHappensIsRecorded) {
     const Outcome outcome = runForm(
-        "answer Yes\npress sscAsk\npress sscSend\npress sscNote\nclose\ncellbutton tdbDGL 1\nshow lblLog\nclose\n"
+        "answer Yes\npress sscAsk\npress sscSend\npress sscNote\nclose\ncellbutton tdbDGL 1\nshow lblLog\n"
+        "type txtPassword geheim\nshow txtPassword\nclose\n"
         "expect window none\nexpect event 1 첩약\nexpect message 처방약재삭제 *\n");
     EXPECT_EQ(outcome.code, 0) << outcome.errors;
     EXPECT_EQ(outcome.out,
@@ -185,6 +191,7 @@ TEST(ConsoleTest, WhatHappensIsRecorded) {
               "closed frmMessage\n"
               "navigate http://sora/1\n"
               "lblLog \"yes note:당귀 finished \"\n"
+              "txtPassword **** focus\n"
               "closed frmDoctorOCSmain\n");
 }
 

@@ -150,7 +150,7 @@ std::string ConsoleDesktop::repeatable(const std::string& command) const {
     try {
         const std::string verb = words.word("the command"), name = words.word("FIELD");
         const screen::Field* const field = front() ? front()->field(name) : nullptr;
-        if (field && isMasked(*field)) return verb + " " + name + " ****";
+        if (field && isMasked(*field) && !words.atEnd()) return verb + " " + name + " ****";
     } catch (const UnreadableError&) {
         // No field is named.
     }
