@@ -5,11 +5,14 @@
 #include <unistd.h>
 
 #include <chrono>
+#include <cstdlib>
 
 #include "basics/Fault.h"
 #include "platform/odbc/ConnectionString.h"
 #include "platform/odbc/OdbcConnection.h"
+#include "session/YakGukConnection.h"
 #include "support/TestDatabase.h"
+#include "support/TestDesktop.h"
 #include "support/tds/TdsServer.h"
 
 namespace zelvo::odbc {
@@ -165,12 +168,8 @@ TEST_F(OdbcLine, ARollbackThatFailsClosesTheConnection) {
     EXPECT_FALSE(connection->isOpen());
 }
 
-TEST_F(OdbcLine, ALoginEndsWithinItsTimeWhateverStandsThere) {
-    server_.misbehave("", Trouble::Mute);
-    EXPECT_LT(failsAfter([&] { connect(); }), 4);
-    server_.misbehave("", Trouble::CutBeforeRun);
-    EXPECT_LT(failsAfter([&] { connect(); }), 4);
-
+TEST_F(OdbcLine, ALoginThatFailsEndsInTimeWithOneBox) {
+    ::setenv("ZELVO_ODBC_LOGIN_SECONDS", "1", 1);
     const int closed = ::socket(AF_INET, SOCK_STREAM, 0);
     sockaddr_in place{};
     place.sin_family = AF_INET;
@@ -178,11 +177,33 @@ TEST_F(OdbcLine, ALoginEndsWithinItsTimeWhateverStandsThere) {
     socklen_t size = sizeof place;
     ASSERT_EQ(::bind(closed, reinterpret_cast<sockaddr*>(&place), size), 0);
     ASSERT_EQ(::getsockname(closed, reinterpret_cast<sockaddr*>(&place), &size), 0);
-    const std::string address = "127.0.0.1:" + std::to_string(ntohs(place.sin_port));
-    EXPECT_LT(failsAfter([&] { connect({address, "zelvo", "zelvo", "pw"}); }), 4);
+    const std::string nobody = "127.0.0.1:" + std::to_string(ntohs(place.sin_port));
+    const struct {
+        const char* name;
+        std::string address;
+        Trouble trouble = Trouble::None;
+        const char* encrypt = "off";
+    } cases[] = {
+        {"a closed port", nobody},
+        {"accepts and says nothing", server_.address(), Trouble::Mute},
+        {"says nothing where encryption is asked for", server_.address(), Trouble::Mute, "on"},
+        {"closes in mid-login", server_.address(), Trouble::CutBeforeRun},
+        {"can't encrypt, and plain text is never fallen back to", server_.address(), Trouble::None, "on"},
+        {"no such driver's address", "host:x"}};
+    for (const auto& test : cases) {
+        SCOPED_TRACE(test.name);
+        ::setenv("ZELVO_ODBC_ENCRYPT", test.encrypt, 1);
+        if (test.trouble != Trouble::None) server_.misbehave("", test.trouble);
+        session::Session session;
+        testing::TestDesktop desktop;
+        const auto start = std::chrono::steady_clock::now();
+        EXPECT_FALSE(session::ConnectYakGukServer(session, desktop, openServer, test.address));
+        EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(4));
+        desktop.expectBox("한약국서버 연결 실패",
+                          "한약국 DB서버 [" + test.address + "] 접속에 실패 하였습니다.",
+                          screen::BoxIcon::Critical);
+    }
     ::close(closed);
-    // A line in plain text is never fallen back to.
-    EXPECT_THROW(openServer({server_.address(), "zelvo", "zelvo", "pw"}), Fault);
 }
 
 }  // namespace zelvo::odbc

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Runs one console script on a demo pharmacy of its own: run.sh BIN_DIR SCRIPT [stage]; on the stage it works the real
-# windows, on a screen that nobody sees.
+# Runs one console script on a demo pharmacy of its own: run.sh BIN_DIR SCRIPT [stage|desk]; on the stage it works the real
+# windows, on a screen that nobody sees; on the desk it goes through the real driver of a SQL Server, to a desk that is none.
 # A line "# call: ..." in the script gives the words behind `zelvo`; "# exit: N" the exit code it comes to (0 without it).
 set -euo pipefail
 bin=$1
@@ -24,10 +24,19 @@ expected=$(sed -n 's/^# exit: //p' "$script" | head -1)
 read -r -a words <<<"$call"
 words=("${words[@]//_/ }")
 status=0
+address="sqlite:$db"
+if [ "$place" = desk ]; then
+  mkfifo "$scratch/end"
+  "$bin/tds-desk" "$db" "$scratch/desk" <"$scratch/end" &
+  exec 9>"$scratch/end"
+  until [ -s "$scratch/desk" ]; do sleep 0.05; done
+  address=$(cat "$scratch/desk")
+  export ZELVO_ODBC_ENCRYPT=off ZELVO_DEMO_PHARMACY="$db"
+fi
 if [ "$place" = stage ]; then
   export QT_QPA_PLATFORM="offscreen:configfile=$(dirname "${BASH_SOURCE[0]}")/../../demo/stage/screen.json"
   "$bin/zelvo-stage" "" "${words[@]}" --server "sqlite:$db" --script "$script" || status=$?
 else
-  "$bin/zelvo" "${words[@]}" --console --server "sqlite:$db" --script "$script" || status=$?
+  "$bin/zelvo" "${words[@]}" --console --server "$address" --script "$script" || status=$?
 fi
 [ "$status" -eq "${expected:-0}" ] || { echo "exit $status, expected ${expected:-0}" >&2; exit 1; }

@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <cstdlib>
 #include <cstring>
 #include <filesystem>
 #include <system_error>
@@ -35,14 +36,19 @@ int exitCodeOf(pid_t child) {
     return WIFEXITED(status) ? WEXITSTATUS(status) : signalBase + WTERMSIG(status);
 }
 
+/// The file that the pharmacy's people work on.
+std::string pharmacyFile(const std::string& serverAddress) {
+    const std::string address = basics::trim(serverAddress);
+    if (address.starts_with(embedded)) return address.substr(embedded.size());
+    const char* told = std::getenv("ZELVO_DEMO_PHARMACY");
+    return told ? told : throw basics::Fault(address + " is no embedded database");
+}
+
 }  // namespace
 
 int runPharmacyTool(const std::string& serverAddress, const std::vector<std::string>& words) {
-    const std::string address = basics::trim(serverAddress);
-    if (!address.starts_with(embedded)) throw basics::Fault(address + " is no embedded database");
-
     std::vector<std::string> arguments{besideThisProgram("zelvo-pharmacy"), "--db",
-                                       address.substr(embedded.size())};
+                                       pharmacyFile(serverAddress)};
     arguments.insert(arguments.end(), words.begin(), words.end());
     std::vector<char*> pointers;
     pointers.reserve(arguments.size() + 1);
