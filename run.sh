@@ -42,18 +42,20 @@ esac
 need "${build_packages[@]}" "${run_packages[@]}"
 if [ -n "${WAYLAND_DISPLAY-}" ] && [ -z "${DISPLAY-}" ]; then need "${wayland_packages[@]}"; fi
 
-# The configuration is made once; the build system itself sees when it has to be made again.
-[ -f build/build.ninja ] || cmake -S . -B build -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo -DZELVO_TESTS=OFF >&2
-ninja -C build --quiet zelvo zelvo-chart zelvo-pharmacy zelvo-stage >&2
+# The configuration is made once; the build system itself sees when it has to be made again. Another build folder can be
+# named, so that what stands there already is not built twice.
+build=${ZELVO_BUILD:-build}
+[ -f "$build/build.ninja" ] || cmake -S . -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo -DZELVO_TESTS=OFF >&2
+ninja -C "$build" --quiet zelvo zelvo-chart zelvo-pharmacy zelvo-stage >&2
 [ "$mode" = build ] && exit 0
 
 data="${XDG_DATA_HOME:-$HOME/.local/share}/zelvo"
 db="$data/pharmacy.db"
 mkdir -p "$data"
-build/bin/zelvo-pharmacy --db "$db" init "${fresh[@]}" >&2
+"$build"/bin/zelvo-pharmacy --db "$db" init "${fresh[@]}" >&2
 
 ready=$(mktemp)
-build/bin/zelvo-pharmacy --db "$db" serve --parent $$ --ready-file "$ready" >&2 &
+"$build"/bin/zelvo-pharmacy --db "$db" serve --parent $$ --ready-file "$ready" >&2 &
 server=$!
 trap 'kill "$server" 2>/dev/null || true; wait "$server" 2>/dev/null || true; rm -f "$ready"' EXIT
 for _ in $(seq 100); do
@@ -83,12 +85,12 @@ status=0
 case "$mode" in
   chart)
     mapfile -t values < <(clinic_values)
-    build/bin/zelvo-chart "${values[@]}" || status=$?
+    "$build"/bin/zelvo-chart "${values[@]}" || status=$?
     exit "$status"
     ;;
   doctor|nurse)
     mapfile -t values < <("${mode}_values")
-    build/bin/zelvo "$mode" "${values[@]}" "$@" || status=$?
+    "$build"/bin/zelvo "$mode" "${values[@]}" "$@" || status=$?
     exit "$status"
     ;;
 esac
@@ -97,14 +99,14 @@ esac
 window_pictures() {
   rm -rf out
   QT_QPA_PLATFORM="offscreen:configfile=demo/stage/screen.json" QT_LOGGING_RULES="default.warning=false" \
-    build/bin/zelvo-stage out doctor --script demo/scenarios/first-order.zs "${values[@]}" >/dev/null
+    "$build"/bin/zelvo-stage out doctor --script demo/scenarios/first-order.zs "${values[@]}" >/dev/null
   echo
   echo "The same through the real windows, a picture of each step: $(find out -name '*.png' | wc -l) in out/"
 }
 
 mapfile -t values < <(doctor_values)
 before=$(sqlite3 "$db" 'SELECT COALESCE(MAX(CBJ_PK), 0) FROM t_ChubangJun')
-build/bin/zelvo doctor --console --script demo/scenarios/first-order.zs "${values[@]}"
+"$build"/bin/zelvo doctor --console --script demo/scenarios/first-order.zs "${values[@]}"
 show() {
   echo
   echo "$1"

@@ -1,3 +1,4 @@
+#include <QtCore/QTemporaryDir>
 #include <QtGui/QClipboard>
 #include <QtGui/QInputMethodEvent>
 #include <QtGui/QWheelEvent>
@@ -10,8 +11,14 @@
 #include <QtWidgets/QTabWidget>
 #include <QtWidgets/QTableView>
 #include <QtWidgets/QTextEdit>
+#include <QtWidgets/QToolButton>
 
 #include "GuiSession.h"
+#include "components/AccountPrompt.h"
+#include "components/EatGuideEditor.h"
+#include "components/PostalLookup.h"
+#include "platform/qt/SheetBar.h"
+#include "platform/qt/SheetPaper.h"
 #include "platform/qt/Texts.h"
 #include "screen/Fields.h"
 #include "screen/TextField.h"
@@ -24,6 +31,14 @@ bool takesInput(const QWidget& widget) {
     return qobject_cast<const QLineEdit*>(&widget) || qobject_cast<const QAbstractButton*>(&widget) ||
            qobject_cast<const QComboBox*>(&widget) || qobject_cast<const QAbstractItemView*>(&widget) ||
            qobject_cast<const QAbstractSpinBox*>(&widget) || qobject_cast<const QTextEdit*>(&widget);
+}
+
+/// The bar over the sheet's editor works on the editor alone.
+bool inABar(const QWidget& widget) {
+    for (const QWidget* at = &widget; at; at = at->parentWidget()) {
+        if (qobject_cast<const qt::SheetBar*>(at)) return true;
+    }
+    return false;
 }
 
 bool standsIn(const QWidget& widget, const screen::Place& place, qt::Binder& binder) {
@@ -47,11 +62,24 @@ void expectFormFits(GlassDesktop& glass) {
             << field->name() << " stands elsewhere";
     }
     for (const QWidget* widget : shell.findChildren<QWidget*>()) {
-        if (!takesInput(*widget)) continue;
+        if (!takesInput(*widget) || inABar(*widget)) continue;
         bool ours = false;
         for (const QWidget* at = widget; at && !ours; at = at->parentWidget()) ours = bound.contains(at);
         EXPECT_TRUE(ours) << window.name() << ": " << widget->objectName().toStdString() << " is no field";
     }
+}
+
+/// A syllable that is being composed, as an input method sends it.
+void preedit(const QString& text) {
+    QInputMethodEvent event(text, {});
+    QCoreApplication::sendEvent(QApplication::focusWidget(), &event);
+    GlassDesktop::settle();
+}
+void commit(const QString& text) {
+    QInputMethodEvent event;
+    event.setCommitString(text);
+    QCoreApplication::sendEvent(QApplication::focusWidget(), &event);
+    GlassDesktop::settle();
 }
 
 TEST(Window, TheFormFitsTheFields) {
@@ -62,6 +90,61 @@ TEST(Window, TheFormFitsTheFields) {
         session.hand().press("ssrYakGukDrug");
         session.desktop.whenShown("frmMessage", [&](screen::Window&) { expectFormFits(session.glass()); });
         session.hand().cellButton("tdbJobList", "자세히");
+
+        const auto fits = [&](screen::Window&) { expectFormFits(session.glass()); };
+        std::string first, second;
+        std::int32_t place = 0;
+        session.desktop.whenShown("frmLogin", fits);
+        components::AccountPrompt(session.desktop).Login(first, second);
+        session.desktop.whenShown("frmChangePassword", fits);
+        components::AccountPrompt(session.desktop).ChangePassword("old", second);
+        session.desktop.whenShown("frmPostalLookup", fits);
+        components::PostalLookup(session.desktop, {}).ZipCode(first, first, second, place, place);
+        session.desktop.whenShown("frmEatGuideEditor", fits);
+        components::EatGuideEditor(session.desktop).edit(nullptr, first, second, first, first);
+    });
+}
+
+TEST(Sheet, TheEditorKeepsTheFormThatTheBarGives) {
+    GuiSession session;
+    session.run([&] {
+        std::string patient = "김하늘", sheet, clinic = "하늘한의원", phone = "02-555-0123";
+        session.desktop.whenShown("frmEatGuideEditor", [&](screen::Window& window) {
+            auto& field = dynamic_cast<screen::RichTextField&>(*window.field("rtxSheet"));
+            auto& editor = session.widget<QTextEdit>("rtxSheet");
+            session.hand().focus("rtxSheet");
+            session.hand().typeText("식후 ");
+            stage::WidgetUser::click(
+                *session.glass().shell().findChild<QToolButton*>(QStringLiteral("bold")));
+            session.hand().typeText("30분");
+            EXPECT_EQ(field.text(), "식후 30분");
+            ASSERT_EQ(field.content().paragraphs.size(), 1U);
+            ASSERT_EQ(field.content().paragraphs[0].runs.size(), 2U);
+            EXPECT_TRUE(field.content().paragraphs[0].runs[1].style.bold);
+            preedit(QStringLiteral("가"));
+            EXPECT_EQ(field.text(), "식후 30분");
+            preedit({});
+            session.hand().pressNamed("Enter");
+            session.hand().typeText("a");
+            EXPECT_EQ(field.text(), "식후 30분\r\na");
+
+            const QTemporaryDir folder;
+            const qt::SheetPaper paper(*editor.document(), QStringLiteral("하늘한의원"),
+                                       QStringLiteral("02-555-0123"));
+            EXPECT_EQ(paper.page().toPlainText(), QStringLiteral("하늘한의원\n☎ 02-555-0123\n\n식후 30분\na"));
+            EXPECT_TRUE(paper.writePdf(folder.filePath(QStringLiteral("sheet.pdf"))));
+            EXPECT_FALSE(paper.writePdf(folder.filePath(QStringLiteral("none/sheet.pdf"))));
+            session.hand().press("cmdOK");
+        });
+        EXPECT_TRUE(components::EatGuideEditor(session.desktop).edit(nullptr, patient, sheet, clinic, phone));
+        EXPECT_NE(sheet.find("\\b"), std::string::npos);
+        // What was written opens with its form.
+        session.desktop.whenShown("frmEatGuideEditor", [&](screen::Window&) {
+            QTextCursor cursor = session.widget<QTextEdit>("rtxSheet").textCursor();
+            cursor.setPosition(5);
+            EXPECT_GT(cursor.charFormat().fontWeight(), QFont::Medium);
+        });
+        components::EatGuideEditor(session.desktop).edit(nullptr, patient, sheet, clinic, phone);
     });
 }
 
@@ -150,8 +233,6 @@ TEST(Window, ThePickerOpensUnderTheCellAndTakesTheKeys) {
         const auto typeAndOpen = [&](const std::string& key) {
             session.desktop.whenShown("frmYakGukDrug", [&, key](screen::Window& picker) {
                 EXPECT_EQ(picker.focus()->name(), "tdbYakgukDrug");
-                const QWidget& table = *QApplication::topLevelWidgets().front();
-                static_cast<void>(table);
                 hand.pressNamed(key);
                 EXPECT_TRUE(picker.leaving());
             });
@@ -173,19 +254,6 @@ TEST(Window, ThePickerOpensUnderTheCellAndTakesTheKeys) {
         });
         hand.cellKey("tdbDGL", "약재명", "Enter");
     });
-}
-
-/// A syllable that is being composed, as an input method sends it.
-void preedit(const QString& text) {
-    QInputMethodEvent event(text, {});
-    QCoreApplication::sendEvent(QApplication::focusWidget(), &event);
-    GlassDesktop::settle();
-}
-void commit(const QString& text) {
-    QInputMethodEvent event;
-    event.setCommitString(text);
-    QCoreApplication::sendEvent(QApplication::focusWidget(), &event);
-    GlassDesktop::settle();
 }
 
 TEST(Typing, HangulIsComposedToItsEnd) {

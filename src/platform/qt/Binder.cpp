@@ -40,6 +40,10 @@ Binder::Binder(screen::Window& window, QWidget& form) : window_(window), form_(f
         mirrors_.push_back(makeMirror(*field, *widget));
         byField_.insert(field, mirrors_.back().get());
         watch(*widget, *mirrors_.back());
+        for (const char* word : {"caption_", "unit_"}) {
+            QWidget* const around = byName.value(QLatin1String(word) + qtText(field->name()));
+            if (around) mirrors_.back()->words.push_back(around);
+        }
         mirrors_.back()->show();
     }
     form.installEventFilter(this);

@@ -14,6 +14,7 @@ Mirror::Mirror(screen::Field& field, QWidget& widget) : field_(field), widget_(w
 void Mirror::show() {
     const bool nested = std::exchange(drawing_, true);
     widget_.setVisible(field_.visible());
+    for (QWidget* word : words) word->setVisible(field_.visible());
     widget_.setEnabled(field_.enabled());
     widget_.setToolTip(qtText(field_.tipText()));
     if (!field_.label().empty()) widget_.setAccessibleName(qtText(field_.label()));

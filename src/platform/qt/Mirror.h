@@ -2,6 +2,7 @@
 
 #include <QtCore/QObject>
 #include <functional>
+#include <vector>
 
 #include "screen/Field.h"
 
@@ -32,6 +33,8 @@ public:
 
     /// Whether the field waits to be drawn.
     bool waits = false;
+    /// The form's words around the field (its caption, its unit): they come and go with it.
+    std::vector<QWidget*> words;
 
 protected:
     virtual void draw() = 0;

@@ -148,11 +148,12 @@ private:
         while (list_.count() > field_.itemCount())
             std::unique_ptr<QListWidgetItem>(list_.takeItem(list_.count() - 1)).reset();
         while (list_.count() < field_.itemCount()) list_.addItem(QString());
+        const bool marked = !list_.property("noMarks").toBool();
         for (int row = 0; row < field_.itemCount(); ++row) {
             QListWidgetItem* item = list_.item(row);
             item->setText(qtText(field_.item(row)));
             item->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable);
-            item->setCheckState(field_.itemChecked(row) ? Qt::Checked : Qt::Unchecked);
+            if (marked) item->setCheckState(field_.itemChecked(row) ? Qt::Checked : Qt::Unchecked);
         }
         list_.setCurrentRow(field_.selectedIndex());
     }

@@ -118,10 +118,13 @@ void LineMirror::drawText() {
     if (end > start && edit().hasFocus()) {
         if (line_.selectionStart() != start || line_.selectionEnd() != end)
             line_.setSelection(static_cast<int>(start), static_cast<int>(end - start));
-    } else if (line_.cursorPosition() != start || line_.hasSelectedText()) {
-        line_.deselect();
-        line_.setCursorPosition(edit().hasFocus() ? static_cast<int>(start) : 0);
+        return;
     }
+    // A text too long for its line shows its beginning, until the field is entered.
+    const int caret = edit().hasFocus() ? static_cast<int>(start) : 0;
+    if (line_.cursorPosition() == caret && !line_.hasSelectedText()) return;
+    line_.deselect();
+    line_.setCursorPosition(caret);
 }
 
 /// Only what differs is put in anew, so that the line's own undo still has its steps.

@@ -1,0 +1,199 @@
+#include "platform/qt/SheetBar.h"
+
+#include <QtGui/QAction>
+#include <QtGui/QFontDatabase>
+#include <QtGui/QTextBlock>
+#include <QtGui/QTextList>
+#include <QtWidgets/QComboBox>
+#include <QtWidgets/QHBoxLayout>
+#include <QtWidgets/QLineEdit>
+#include <QtWidgets/QMenu>
+#include <QtWidgets/QTextEdit>
+#include <QtWidgets/QToolButton>
+#include <array>
+
+#include "platform/qt/Owned.h"
+#include "platform/qt/SheetPaper.h"
+#include "platform/qt/Texts.h"
+#include "screen/RichText.h"
+
+namespace zelvo::qt {
+
+namespace {
+
+struct NamedColor {
+    const char* name;
+    QRgb color;
+};
+constexpr std::array colors{NamedColor{"검정", 0xff000000}, NamedColor{"빨강", 0xffc00000},
+                            NamedColor{"파랑", 0xff0000c0}, NamedColor{"초록", 0xff1c810a},
+                            NamedColor{"회색", 0xff606060}};
+constexpr std::array sizes{8, 9, 10, 11, 12, 14, 16, 18, 20, 24, 28, 36};
+
+QToolButton& addButton(QHBoxLayout& row, const QString& caption, const QString& tip) {
+    auto& button = owned<QToolButton>();
+    button.setText(caption);
+    button.setToolTip(tip);
+    button.setAccessibleName(tip);
+    button.setFocusPolicy(Qt::NoFocus);
+    row.addWidget(&button);
+    return button;
+}
+
+}  // namespace
+
+SheetBar::SheetBar(QWidget* parent) : QWidget(parent), row_(owned<QHBoxLayout>(this)) {
+    row_.setContentsMargins(0, 0, 0, 0);
+    row_.setSpacing(2);
+    addFonts();
+    addStyle(
+        QStringLiteral("bold"), QStringLiteral("가"), QStringLiteral("굵게 (Ctrl+B)"), QKeySequence::Bold,
+        [](QTextCharFormat& format, bool on) { format.setFontWeight(on ? QFont::Bold : QFont::Normal); });
+    addStyle(QStringLiteral("italic"), QStringLiteral("가"), QStringLiteral("기울임 (Ctrl+I)"),
+             QKeySequence::Italic, [](QTextCharFormat& format, bool on) { format.setFontItalic(on); });
+    addStyle(QStringLiteral("underline"), QStringLiteral("가"), QStringLiteral("밑줄 (Ctrl+U)"),
+             QKeySequence::Underline, [](QTextCharFormat& format, bool on) { format.setFontUnderline(on); });
+    addStyle(QStringLiteral("strike"), QStringLiteral("가"), QStringLiteral("취소선"), {},
+             [](QTextCharFormat& format, bool on) { format.setFontStrikeOut(on); });
+    addColors();
+    row_.addSpacing(8);
+    addAlignment(QStringLiteral("왼쪽"), QStringLiteral("왼쪽 맞춤"), Qt::AlignLeft);
+    addAlignment(QStringLiteral("가운데"), QStringLiteral("가운데 맞춤"), Qt::AlignHCenter);
+    addAlignment(QStringLiteral("오른쪽"), QStringLiteral("오른쪽 맞춤"), Qt::AlignRight);
+    addBullets();
+    row_.addStretch(1);
+    addPaper();
+}
+
+void SheetBar::addFonts() {
+    family_ = &owned<QComboBox>(this);
+    family_->setToolTip(QStringLiteral("글꼴"));
+    family_->addItem(qtText(screen::standardFamily));
+    family_->addItems(QFontDatabase::families(QFontDatabase::Korean));
+    family_->setMaximumWidth(150);
+    size_ = &owned<QComboBox>(this);
+    size_->setToolTip(QStringLiteral("글자 크기"));
+    for (const int size : sizes) size_->addItem(QString::number(size));
+    for (QComboBox* combo : {family_, size_}) {
+        combo->setFocusPolicy(Qt::NoFocus);
+        combo->setAccessibleName(combo->toolTip());
+        row_.addWidget(combo);
+    }
+    connect(family_, &QComboBox::textActivated, this, [this](const QString& family) {
+        format([&](QTextCharFormat& form) { form.setFontFamilies({family}); });
+    });
+    connect(size_, &QComboBox::textActivated, this, [this](const QString& size) {
+        format([&](QTextCharFormat& form) { form.setFontPointSize(size.toDouble()); });
+    });
+}
+
+void SheetBar::addStyle(const QString& name, const QString& caption, const QString& tip,
+                        const QKeySequence& keys, Change change) {
+    QToolButton& button = addButton(row_, caption, tip);
+    button.setObjectName(name);
+    button.setCheckable(true);
+    QFont font = button.font();
+    font.setBold(name == QLatin1String("bold"));
+    font.setItalic(name == QLatin1String("italic"));
+    font.setUnderline(name == QLatin1String("underline"));
+    font.setStrikeOut(name == QLatin1String("strike"));
+    button.setFont(font);
+    if (!keys.isEmpty()) button.setShortcut(keys);
+    connect(&button, &QToolButton::clicked, this, [this, change = std::move(change)](bool on) {
+        format([&](QTextCharFormat& form) { change(form, on); });
+    });
+}
+
+void SheetBar::addColors() {
+    QToolButton& button = addButton(row_, QStringLiteral("글자색"), QStringLiteral("글자색"));
+    auto& menu = owned<QMenu>(&button);
+    for (const NamedColor& color : colors) {
+        const QAction* action = menu.addAction(QString::fromUtf8(color.name));
+        connect(action, &QAction::triggered, this, [this, rgb = color.color] {
+            format([&](QTextCharFormat& form) { form.setForeground(QColor(rgb)); });
+        });
+    }
+    button.setMenu(&menu);
+    button.setPopupMode(QToolButton::InstantPopup);
+}
+
+void SheetBar::addAlignment(const QString& caption, const QString& tip, Qt::Alignment alignment) {
+    connect(&addButton(row_, caption, tip), &QToolButton::clicked, this, [this, alignment] {
+        if (editor_ && !editor_->isReadOnly()) editor_->setAlignment(alignment);
+    });
+}
+
+void SheetBar::addBullets() {
+    QToolButton& button = addButton(row_, QStringLiteral("• 목록"), QStringLiteral("글머리 기호"));
+    connect(&button, &QToolButton::clicked, this, [this] {
+        if (!editor_ || editor_->isReadOnly()) return;
+        QTextCursor cursor = editor_->textCursor();
+        if (QTextList* const list = cursor.currentList()) {
+            list->remove(cursor.block());
+            QTextBlockFormat plain = cursor.blockFormat();
+            plain.setIndent(0);
+            cursor.setBlockFormat(plain);
+        } else {
+            QTextListFormat bullet;
+            bullet.setStyle(QTextListFormat::ListDisc);
+            cursor.createList(bullet);
+        }
+    });
+}
+
+/// The sheet as the patient gets it, with the clinic's name and telephone as they stand in the form.
+void SheetBar::addPaper() {
+    const auto onPaper = [this](const QString& caption, const QString& tip,
+                                void (*act)(QWidget&, const SheetPaper&)) {
+        connect(&addButton(row_, caption, tip), &QToolButton::clicked, this, [this, act] {
+            if (!editor_) return;
+            const SheetPaper paper(*editor_->document(), textOf("txtHospName"), textOf("txtPhoneNo"));
+            act(*window(), paper);
+        });
+    };
+    onPaper(QStringLiteral("미리보기"), QStringLiteral("인쇄 미리보기"), previewSheet);
+    onPaper(QStringLiteral("인쇄"), QStringLiteral("복용법 인쇄"), printSheet);
+    onPaper(QStringLiteral("PDF"), QStringLiteral("PDF 파일로 저장"), saveSheet);
+}
+
+QString SheetBar::textOf(const char* field) const {
+    const auto* line = window()->findChild<QLineEdit*>(QLatin1String(field));
+    return line ? line->text().trimmed() : QString();
+}
+
+void SheetBar::showEvent(QShowEvent* event) {
+    QWidget::showEvent(event);
+    if (!editor_) follow();
+}
+
+void SheetBar::follow() {
+    editor_ = window()->findChild<QTextEdit*>(editorName_);
+    if (!editor_) return;
+    connect(editor_, &QTextEdit::currentCharFormatChanged, this, [this] { showForm(); });
+    connect(editor_, &QTextEdit::cursorPositionChanged, this, [this] { showForm(); });
+    showForm();
+}
+
+void SheetBar::format(const std::function<void(QTextCharFormat&)>& change) {
+    if (!editor_ || editor_->isReadOnly()) return;
+    QTextCharFormat form;
+    change(form);
+    editor_->mergeCurrentCharFormat(form);
+    editor_->setFocus();
+}
+
+void SheetBar::showForm() {
+    const QTextCharFormat form = editor_->currentCharFormat();
+    const auto mark = [this](const char* name, bool on) {
+        if (auto* button = findChild<QToolButton*>(QLatin1String(name))) button->setChecked(on);
+    };
+    mark("bold", form.fontWeight() > QFont::Medium);
+    mark("italic", form.fontItalic());
+    mark("underline", form.fontUnderline());
+    mark("strike", form.fontStrikeOut());
+    const QStringList families = form.fontFamilies().toStringList();
+    family_->setCurrentText(families.isEmpty() ? qtText(screen::standardFamily) : families.front());
+    size_->setCurrentText(QString::number(form.fontPointSize()));
+}
+
+}  // namespace zelvo::qt
