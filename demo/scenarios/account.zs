@@ -38,6 +38,7 @@ expect message "한약국 로그인" "한약국 로그인 성공! [ 접속 ID = 
 expect caption frmDoctorOCSmain "ZEL-VO 메인 윈도우 - 한의사(현재 접속 ID : doctor1)"
 expect panel stbMain 2 " 현재 접속 ID : doctor1"
 expect tab c1tMain 1
+expect focus tdbJobList
 expect txtHospitalName 보원한의원
 
 # The clinic has moved: the new address is found on the pharmacy's page, and the floor typed behind it.

@@ -62,6 +62,7 @@ void DoctorLogin::loggedIn(const std::string& id, const std::string& password, s
     form_.desktop().inform("한약국 로그인 성공! [ 접속 ID = " + id + " ]", loginCaption);
     for (int tab = 1; tab < views_.c1tMain.pageCount(); ++tab) views_.c1tMain.setSelectable(tab, true);
     views_.c1tMain.select(1);
+    form_.moveFocus();  // the button's page has gone behind: the keys go on where the order begins
 }
 
 void DoctorLogin::logOut() {

@@ -61,14 +61,12 @@ TEST_F(Windows, GiveWhatWasTypedAndTellWhatIsWrong) {
                *unfound = "[없는 길](으)로 찾은 주소가 없습니다.;주소를 먼저 찾아서 고르십시오.";
     const Case cases[] = {
         {login, "txtID= kim ;txtID<Enter;txtPassword= p w ;txtPassword<Enter", "kim| p w ", ""},
-        {login, "txtID=kim;txtPassword=pw;cmdCancel", "", ""},
         {login, "txtID=kim;txtPassword=pw;txtPassword<Esc", "", ""},
         {login, "txtPassword=pw;txtPassword<Enter", "", "아이디를 입력하여 주십시오."},
         {login, "txtID=kim;cmdOK;txtPassword=pw;cmdOK", "kim|pw", "비밀번호를 입력하여 주십시오."},
         {change, "txtOldPassword=Pass1;txtNewPassword=봄 봄;txtNewPasswordAgain=봄 봄;cmdOK", "봄 봄|came",
          ""},
         {change, "txtNewPassword=n;txtNewPasswordAgain=n;txtNewPasswordAgain<Enter", "", unlike},
-        {change, "txtOldPassword=pass1;cmdOK", "", "새 비밀번호를 입력하여 주십시오."},
         {change, "txtOldPassword=pass1;txtNewPassword=n ;txtNewPasswordAgain=n ;cmdOK", "",
          "비밀번호의 처음과 끝에는 빈칸을 쓸 수 없습니다."},
         {change, "txtOldPassword=pass1;txtNewPassword=a#$#b;cmdOK", "",
