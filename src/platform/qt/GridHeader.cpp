@@ -46,8 +46,9 @@ int GridHeader::firstShown() const {
     return column;
 }
 
-int GridHeader::leastWidth(int column) const {
-    const int text = fontMetrics().horizontalAdvance(qtText(grid_->column(column).caption));
+int GridHeader::leastWidth(int column, const QString& sample) const {
+    const int text = std::max(fontMetrics().horizontalAdvance(qtText(grid_->column(column).caption)),
+                              fontMetrics().horizontalAdvance(sample));
     const int edge = column == firstShown() ? GridDelegate::firstEdge : GridDelegate::edge;
     return edge + text + GridDelegate::edge + 1;
 }

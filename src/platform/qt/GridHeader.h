@@ -16,8 +16,8 @@ public:
     explicit GridHeader(QWidget* parent = nullptr);
     void hangOn(const screen::Grid& grid) { grid_ = &grid; }
     void setCaption(const QString& caption);
-    /// The narrowest width in which a column's head can be read.
-    int leastWidth(int column) const;
+    /// The narrowest width in which a column's head and a sample of its texts can be read.
+    int leastWidth(int column, const QString& sample) const;
     QSize sizeHint() const override;
 
 protected:

@@ -118,8 +118,13 @@ void GridView::fitColumns() {
     for (int i = 0; i < grid_->columnCount(); ++i) setColumnHidden(i, !grid_->column(i).shown);
     std::vector<GridColumns::Column> columns;
     const int fills = fillingColumn(*grid_);
-    for (int i = 0; i < grid_->columnCount(); ++i)
-        columns.push_back({designed_[static_cast<std::size_t>(i)], header_->leastWidth(i), i == fills});
+    const QStringList samples = property("samples").toStringList();
+    qsizetype shown = 0;
+    for (int i = 0; i < grid_->columnCount(); ++i) {
+        const QString sample = grid_->column(i).shown ? samples.value(shown++) : QString();
+        columns.push_back(
+            {designed_[static_cast<std::size_t>(i)], header_->leastWidth(i, sample), i == fills});
+    }
     columns_.reset(std::move(columns));
     layColumns();
 }

@@ -20,8 +20,8 @@ class GridHeader;
 class GridModel;
 
 /// A table in front of a grid of the screen model: it draws the grid's rows live and feeds it what the user
-/// does. Dynamic properties: compactRows (low rows), noCaption (the caption stands elsewhere). The Tab keys
-/// are the binder's.
+/// does. Dynamic properties: compactRows (low rows), noCaption (the caption stands elsewhere), samples (a
+/// text for each shown column that it must at least have room for). The Tab keys are the binder's.
 class GridView : public QTableView {
     Q_OBJECT
 

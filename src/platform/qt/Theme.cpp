@@ -1,6 +1,7 @@
 #include "platform/qt/Theme.h"
 
 #include <QtGui/QFontDatabase>
+#include <QtWidgets/QAbstractScrollArea>
 #include <QtWidgets/QTabBar>
 #include <algorithm>
 
@@ -45,6 +46,19 @@ void makeBold(QWidget& widget) {
     widget.setFont(bold);
 }
 
+/// What is read rather than filled in: no box of its own, and as easy to read while nothing in it can be
+/// changed.
+void makeRecord(QWidget& widget) {
+    if (auto* area = qobject_cast<QAbstractScrollArea*>(&widget))
+        area->viewport()->setAutoFillBackground(false);
+    QPalette own;
+    const QColor text = blended(widget.palette().color(QPalette::Active, QPalette::WindowText),
+                                widget.palette().color(QPalette::Active, QPalette::Window), 0.8);
+    for (const auto role : {QPalette::WindowText, QPalette::Text})
+        own.setColor(QPalette::Disabled, role, text);
+    widget.setPalette(own);
+}
+
 void dressWidget(QWidget& widget, QStyle& style) {
     widget.setStyle(&style);
     if (widget.property("keepsRoom").toBool()) {
@@ -54,6 +68,7 @@ void dressWidget(QWidget& widget, QStyle& style) {
     }
     const auto* tabs = qobject_cast<const QTabBar*>(&widget);
     if (widget.property("primary").toBool() || (tabs && tabs->count() == 1)) makeBold(widget);
+    if (widget.property("record").toBool()) makeRecord(widget);
     if (widget.property("quiet").toBool() && widget.inherits("QLabel"))
         widget.setForegroundRole(QPalette::PlaceholderText);
 }
