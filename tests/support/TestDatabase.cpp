@@ -73,13 +73,23 @@ std::string readFile(const fs::path& path) {
     return text.str();
 }
 
+void removeDatabase(const std::string& path) {
+    for (const char* ending : {"", "-journal", "-wal", "-shm"}) {
+        std::error_code ignored;
+        fs::remove(path + ending, ignored);
+    }
+}
+
+/// A path that nothing stands at: a program that was killed may have left its own under the same number.
 std::string freshPath() {
     static int number = 0;
     const std::string name =
         "zelvo-test-" + std::to_string(::getpid()) + "-" + std::to_string(++number) + ".db";
     // Every commit waits for the disk; a test need not.
     const fs::path memory = "/dev/shm";
-    return ((::access(memory.c_str(), W_OK) == 0 ? memory : fs::temp_directory_path()) / name).string();
+    const fs::path folder = ::access(memory.c_str(), W_OK) == 0 ? memory : fs::temp_directory_path();
+    removeDatabase((folder / name).string());
+    return (folder / name).string();
 }
 
 /// The bytes of a fresh pharmacy.
@@ -110,10 +120,7 @@ TestDatabase::TestDatabase(bool withCatalogue) : path_(freshPath()) {
 }
 
 TestDatabase::~TestDatabase() {
-    for (const char* ending : {"", "-journal", "-wal", "-shm"}) {
-        std::error_code ignored;
-        fs::remove(path_ + ending, ignored);
-    }
+    removeDatabase(path_);
 }
 
 std::unique_ptr<data::Connection> TestDatabase::connect() const {
