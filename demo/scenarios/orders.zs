@@ -74,6 +74,15 @@ row tdbCBJmCost 9
 cellbutton tdbCBJmCost 2
 expect caption frmMessage " 택배비용"
 key rtxMessage Esc
+press sscCBJmJobListDetail
+expect caption frmMessage "첩약 + 탕전"
+key rtxMessage Esc
+press sscCBJmTJMLDetail
+expect caption frmMessage 일반탕전
+key rtxMessage Esc
+cellbutton tdbCBJmDGL 비고
+expect caption frmMessage 당귀
+key rtxMessage Esc
 
 # The pharmacy moves it on; a press on its row reads it afresh.
 pharmacy state 10 1

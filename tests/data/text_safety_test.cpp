@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "DataTests.h"
+#include "basics/Numbers.h"
 #include "basics/Text.h"
 #include "basics/Utf8.h"
 #include "data/Statement.h"
@@ -94,6 +95,40 @@ TEST_F(TextSafety, WritesStoreWhatTheyGot) {
     EXPECT_EQ(database_.value("SELECT Patient_Name FROM t_ChubangJun WHERE CBJ_PK = " + std::to_string(key)),
               "'it's' 0[DTR_PK]");
     EXPECT_EQ(database_.rows("SELECT DTR_PK, DTR_ID, DTR_PWD FROM t_Doctor"), before);
+}
+
+TEST_F(TextSafety, ModificationsStoreWhatTheyGot) {
+    using Update = CBJmUpdate;
+    CBJmUpdate row;
+    row.costChanged = true;
+    row.CBJ_PK = basics::toInt32(database_.value("SELECT max(CBJ_PK) FROM t_ChubangJun"));
+    const auto others =
+        database_.rows("SELECT * FROM t_ChubangJun WHERE CBJ_PK < " + std::to_string(row.CBJ_PK));
+    const auto write = [&](const Update& update) {
+        return operations_.Update_ChubangJun(*connection_, update);
+    };
+    for (const auto& [name, text] : hostileTexts()) {
+        SCOPED_TRACE(name);
+        passThrough<Update>(
+            "t_ChubangJun",
+            "Patient_Name, Patient_Jumin, Patient_Email, CBJ_Reci_Tel, CBJ_Reci_Cell, CBJ_Reci_Zip, CBJ_Reci_Address,"
+            " CBJ_BesongMsg, CBJ_Reci_Date, CBJ_Send_Hospital, CBJ_Send_Name, CBJ_Send_Tel, CBJ_Send_Cell, CBJ_Send_Zip,"
+            " CBJ_Send_Address, CBJ_Msg",
+            {&Update::Patient_Name, &Update::Patient_Jumin, &Update::Patient_Email, &Update::CBJ_Reci_Tel,
+             &Update::CBJ_Reci_Cell, &Update::CBJ_Reci_Zip, &Update::CBJ_Reci_Address, &Update::CBJ_BesongMsg,
+             &Update::CBJ_Reci_Date, &Update::CBJ_Send_Hospital, &Update::CBJ_Send_Name,
+             &Update::CBJ_Send_Tel, &Update::CBJ_Send_Cell, &Update::CBJ_Send_Zip, &Update::CBJ_Send_Address,
+             &Update::CBJ_Msg},
+            row, text, write);
+        passThrough<Update>("t_CBJcostDetail", "CCD_BesongCost, CCD_ElseCost",
+                            {&Update::CCD_BesongCost, &Update::CCD_ElseCost}, row, text, write);
+        passThrough<Update>("t_EatGuide", "BogYak, HospName, PhoneNo",
+                            {&Update::BogYak, &Update::HospName, &Update::PhoneNo}, row, text, write);
+    }
+    row.Patient_Age = "0 OR 1";
+    EXPECT_FALSE(write(row)) << "an age is a number";
+    EXPECT_EQ(database_.rows("SELECT * FROM t_ChubangJun WHERE CBJ_PK < " + std::to_string(row.CBJ_PK)),
+              others);
 }
 
 TEST_F(TextSafety, SearchesFindWhatHoldsTheWordAndNothingElse) {

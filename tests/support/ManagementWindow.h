@@ -7,6 +7,7 @@
 #include "management/OrderModification.h"
 #include "management/OrderReuse.h"
 #include "management/OrderSearch.h"
+#include "platform/console/Texts.h"
 #include "screen/Fields.h"
 #include "support/OrderWindow.h"
 
@@ -62,18 +63,32 @@ public:
     void put(int key, const std::string& changes = "") const { put(*pharmacy, key, changes); }
     void listAll() { search.sscCBJsearchALL.onPress(); }
 
-    /// Everything that the fields of the tab say and let be done, but for the list and the pointer's place.
+    /// What fields say, parted by "|".
+    std::string says(std::initializer_list<const char*> names) const {
+        std::vector<std::string> all;
+        for (const char* name : names) all.push_back(console::textOf(*form.field(name)).value_or(""));
+        return basics::join(all, "|");
+    }
+    /// Everything that the fields of the order in view say and let be done.
     std::string panel() const {
-        std::string all;
+        std::string all =
+            rowsOf(detail.costs.m_xaCBJmCost, 0) + says({"txtEatGuideHosName2", "lblStatecancel"});
         for (const screen::Field* field : form.fields()) {
-            if (field->name().find("CBJm") == std::string::npos &&
-                field->name().find('2') == std::string::npos &&
-                field->name().find("state") == std::string::npos)
-                continue;
-            all += field->name() + "=" + said(*field) + (field->visible() ? "" : " hidden") +
-                   (field->enabled() ? "" : " disabled") + "\n";
+            if (field->name().find("CBJm") != std::string::npos) all += console::fieldLine(*field) + "\n";
         }
         return all;
+    }
+    /// The list's rows from its top: running numbers and keys.
+    std::string listed() const {
+        std::string all;
+        for (int row = 0; row < search.tdbCBJ.rowCount(); ++row)
+            all += search.tdbCBJ.valueAt(row, 0) + ":" + search.tdbCBJ.valueAt(row, 1) + " ";
+        return all;
+    }
+    /// The oldest box: "caption: text".
+    std::string box() {
+        const screen::MessageBox shown = desktop.takeBox();
+        return shown.caption + ": " + shown.text;
     }
     /// All that orders are kept in.
     std::string stored() const {
@@ -85,7 +100,6 @@ public:
         }
         return all;
     }
-    std::string say(const char* field) const { return said(*form.field(field)); }
 
     management::OrderSearch search{form, {}, session};
     management::OrderDetail detail{form, {}, session, search.tdbCBJ};
@@ -93,27 +107,6 @@ public:
     management::OrderCancel cancel{form, session, search, detail, balance};
     int shownOrderTab = 0;
     management::OrderReuse reuse{form, search.tdbCBJ, detail, draft, gate, [this] { ++shownOrderTab; }};
-
-private:
-    static std::string said(const screen::Field& field) {
-        if (const auto* text = dynamic_cast<const screen::EditField*>(&field)) return text->text();
-        if (const auto* label = dynamic_cast<const screen::Label*>(&field)) return label->caption();
-        if (const auto* combo = dynamic_cast<const screen::ComboList*>(&field)) return combo->text();
-        if (const auto* check = dynamic_cast<const screen::CheckButton*>(&field))
-            return check->value() ? "on" : "off";
-        if (const auto* option = dynamic_cast<const screen::OptionButton*>(&field))
-            return option->value() ? "on" : "off";
-        std::string all;
-        if (const auto* list = dynamic_cast<const screen::ItemList*>(&field)) {
-            for (int i = 0; i < list->itemCount(); ++i) all += list->item(i) + ";";
-        } else if (const auto* grid = dynamic_cast<const screen::Grid*>(&field)) {
-            for (int row = 0; row < grid->rowCount(); ++row) {
-                for (int column = 0; column < grid->columnCount(); ++column)
-                    all += grid->valueAt(row, column) + "|";
-            }
-        }
-        return all;
-    }
 };
 
 }  // namespace zelvo::testing
