@@ -8,6 +8,8 @@
 #include <cstdlib>
 
 #include "basics/Fault.h"
+#include "data/OrderOutcome.h"
+#include "data/clsZELVORecordSet.h"
 #include "platform/odbc/ConnectionString.h"
 #include "platform/odbc/OdbcConnection.h"
 #include "session/YakGukConnection.h"
@@ -159,6 +161,43 @@ TEST_F(OdbcLine, ACommitWithoutAnAnswerIsUnknown) {
     }
 }
 
+TEST_F(OdbcLine, ASendIsWholeOrNothingWhereverTheLineIsCut) {
+    const std::string time = "2024-05-06 09:08:07";
+    for (const char* at :
+         {"BEGIN", "Insert into t_ChubangJun", "SELECT MAX", "t_CBJDetail", "t_EatGuide", "COMMIT"}) {
+        for (const Trouble trouble :
+             {Trouble::CutBeforeRun, Trouble::CutBeforeAnswer, Trouble::CutInAnswer}) {
+            SCOPED_TRACE(std::string(at) + " " + std::to_string(static_cast<int>(trouble)));
+            database_.run("DELETE FROM t_ChubangJun; DELETE FROM t_CBJDetail; DELETE FROM t_EatGuide");
+            const auto connection = connect();
+            server_.misbehave(at, trouble);
+            data::clsZELVORecordSet operations;
+            bool written = false;
+            CommitOutcome outcome = CommitOutcome::Refused;
+            try {
+                data::Transaction transaction(*connection);
+                data::ChubangJun order;
+                order.DTR_PK = 1;
+                order.CBJ_RegDate = time;
+                const std::int32_t key = operations.Insert_ChubangJun(*connection, order);
+                written = key != -1 && operations.Insert_ChubangJun_Detail(*connection, key, {}) == 1 &&
+                          operations.Insert_ChubangJun_EatGuide(*connection, key, "식후", "", "") == 1;
+                if (written) outcome = transaction.commit();
+            } catch (const Fault&) {
+                EXPECT_EQ(at, std::string("BEGIN"));
+            }
+            EXPECT_EQ(written, at == std::string("COMMIT"));
+            EXPECT_EQ(outcome, written ? CommitOutcome::Unknown : CommitOutcome::Refused);
+            const bool stands = written && trouble != Trouble::CutBeforeRun;
+            EXPECT_EQ(data::orderStands(*connect(), 1, time), stands);
+            EXPECT_EQ(data::orderStands(*connection, 1, time), std::nullopt);
+            EXPECT_EQ(database_.value(
+                          "SELECT (SELECT count(*) FROM t_CBJDetail) || (SELECT count(*) FROM t_EatGuide)"),
+                      stands ? "11" : "00");
+        }
+    }
+}
+
 TEST_F(OdbcLine, ARollbackThatFailsClosesTheConnection) {
     const auto connection = connect();
     connection->begin();
@@ -183,17 +222,20 @@ TEST_F(OdbcLine, ALoginThatFailsEndsInTimeWithOneBox) {
         std::string address;
         Trouble trouble = Trouble::None;
         const char* encrypt = "off";
+        const char* at = "";
     } cases[] = {
         {"a closed port", nobody},
         {"accepts and says nothing", server_.address(), Trouble::Mute},
         {"says nothing where encryption is asked for", server_.address(), Trouble::Mute, "on"},
-        {"closes in mid-login", server_.address(), Trouble::CutBeforeRun},
+        {"says nothing in mid-login", server_.address(), Trouble::Mute, "off", "LOGIN7"},
+        {"closes at once", server_.address(), Trouble::CutBeforeRun},
+        {"closes in mid-login", server_.address(), Trouble::CutBeforeRun, "off", "LOGIN7"},
         {"can't encrypt, and plain text is never fallen back to", server_.address(), Trouble::None, "on"},
         {"no such driver's address", "host:x"}};
     for (const auto& test : cases) {
         SCOPED_TRACE(test.name);
         ::setenv("ZELVO_ODBC_ENCRYPT", test.encrypt, 1);
-        if (test.trouble != Trouble::None) server_.misbehave("", test.trouble);
+        if (test.trouble != Trouble::None) server_.misbehave(test.at, test.trouble);
         session::Session session;
         testing::TestDesktop desktop;
         const auto start = std::chrono::steady_clock::now();

@@ -34,8 +34,6 @@ Line::Line(const std::string& connectionString, const Limits& limits)
     const auto login = static_cast<SQLULEN>(limits.loginSeconds);
     connection_->require(
         SQLSetConnectAttrW(connection_->get(), SQL_ATTR_LOGIN_TIMEOUT, attribute(login), SQL_IS_UINTEGER));
-    // FreeTDS waits this long while it connects; others may not know the attribute.
-    SQLSetConnectAttrW(connection_->get(), SQL_ATTR_CONNECTION_TIMEOUT, attribute(login), SQL_IS_UINTEGER);
     std::vector<SQLWCHAR> wide = toWide(connectionString);
     const SQLRETURN result =
         SQLDriverConnectW(connection_->get(), nullptr, wide.data(), static_cast<SQLSMALLINT>(wide.size() - 1),

@@ -66,8 +66,11 @@ public:
         std::string body;
         while (receive(kind, body)) {
             if (muted_) continue;
+            if (kind == preloginPacket || kind == loginPacket) {
+                if (troubled(kind == preloginPacket ? "" : "LOGIN7")) return;
+                if (muted_) continue;
+            }
             if (kind == preloginPacket) {
-                if (troubled("")) return;
                 send(std::string("\0\0\x0B\0\6\1\0\x11\0\1\xFF\x10\0\0\0\0\0\2", 18));
             } else if (kind == loginPacket) {
                 login(body);

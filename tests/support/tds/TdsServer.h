@@ -34,7 +34,7 @@ public:
     TdsServer& operator=(const TdsServer&) = delete;
 
     std::string address() const;
-    /// Once, at the next batch with `text` in it; "" is the login.
+    /// Once, at the next batch with `text` in it; "" is the first word of a login, "LOGIN7" its second.
     void misbehave(const std::string& text, Trouble trouble);
     /// All answers go out a few bytes at a time.
     std::atomic<bool> smallPieces = false;
