@@ -6,7 +6,7 @@ namespace zelvo::components {
 
 namespace {
 
-constexpr double designWidth = 11400, designHeight = 9600;
+constexpr double designWidth = 12600, designHeight = 9600;
 
 std::string captionFor(const std::string& patientName) {
     const std::string name = basics::trim(patientName);
