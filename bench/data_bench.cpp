@@ -19,7 +19,7 @@ using namespace zelvo;
 using bench::Comparison;
 namespace fs = std::filesystem;
 
-constexpr int orders = 100'000, herbs = 30, runs = 9;
+constexpr int orders = 100'000, nurseOrders = 50'000, herbs = 30, runs = 9;
 constexpr double mostMegabytes = 60;
 
 class BareDatabase {
@@ -111,8 +111,23 @@ void makeDatabase(const std::string& path) {
         ") "
         "INSERT INTO t_ChubangJun (DTR_PK, Patient_Name, Patient_Jumin, CBJ_JobList_PK, CBJ_RegDate, CBJ_Msg) "
         "SELECT 1001, '환자' || i, printf('%06d-1234567', i), 1 + i % 2, datetime('2024-01-01', '+' || i || ' minutes'),"
-        " 'message of the order' FROM n;"
-        "COMMIT");
+        " 'message of the order' FROM n;");
+    for (const auto& [doctor, count] :
+         {std::pair{1002, nurseOrders}, {1003, nurseOrders}, {1004, nurseOrders}, {1005, 3 * nurseOrders}}) {
+        const std::string key = std::to_string(doctor);
+        database.run(
+            "INSERT INTO t_Doctor (DTR_PK, DTR_Name, DTR_ID, DTR_PWD) VALUES (" + key + ", '김보원', '" +
+            key +
+            "', 'pw');"
+            "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < " +
+            std::to_string(count) +
+            ") INSERT INTO t_ChubangJun (DTR_PK, Patient_Name, Patient_Jumin, CBJ_JobList_PK, CBJ_RegDate)"
+            " SELECT " +
+            key +
+            ", '환자' || i, printf('%06d-1234567', i), 1 + i % 2,"
+            " datetime('2024-01-01', '+' || i || ' minutes') FROM n");
+    }
+    database.run("COMMIT");
 }
 
 const std::string search =
@@ -121,8 +136,8 @@ const std::string search =
     "WHERE a.CBJ_JobList_PK = b.JL_PK AND a.DTR_PK = c.DTR_PK AND a.DTR_PK = 1001 AND a.CBJ_IsCanceled = 0 "
     "Order by a.CBJ_RegDate DESC ";
 
-void walk(data::Connection& connection, data::RecordSet& set, tables::XArrayDB& array) {
-    if (data::clsZELVORecordSet().RecordSet_CBJmInfo(connection, set, array, 99, 1001, "", "", "") != 1) {
+void walk(data::Connection& connection, data::RecordSet& set, tables::XArrayDB& array, int doctor = 1001) {
+    if (data::clsZELVORecordSet().RecordSet_CBJmInfo(connection, set, array, 99, doctor, "", "", "") != 1) {
         throw std::runtime_error("the search failed");
     }
 }
@@ -182,6 +197,29 @@ bool compareWalks(const std::string& path) {
     return again.report() && fast && megabytes <= mostMegabytes;
 }
 
+/// A nurse's three doctors, one before the other, against as many orders of one.
+bool compareDoctors(const std::string& path) {
+    sqlite::SqliteConnection connection(path);
+    Comparison nurse("walk_of_3_doctors", 1.1);
+    const auto search = [&](std::initializer_list<int> doctors) {
+        return [&connection, doctors = std::vector<int>(doctors)] {
+            tables::XArrayDB array;
+            array.reDim(-1, 6);
+            for (const int doctor : doctors) {
+                data::RecordSet set;
+                walk(connection, set, array, doctor);
+            }
+            if (array.rowCount() != std::size_t{3} * nurseOrders)
+                throw std::runtime_error("rows are missing");
+        };
+    };
+    for (int run = 0; run < runs; ++run) {
+        nurse.floor(search({1005}));
+        nurse.measured(search({1002, 1003, 1004}));
+    }
+    return nurse.report();
+}
+
 void sendOrder(data::Connection& connection) {
     data::clsZELVORecordSet operations;
     data::ChubangJun order;
@@ -238,6 +276,7 @@ int main() {
     try {
         makeDatabase(path);
         within = compareWalks(path);
+        within = compareDoctors(path) && within;
         within = compareSends(path) && within;
     } catch (const std::exception& fault) {
         std::fprintf(stderr, "%s\n", fault.what());

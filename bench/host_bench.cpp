@@ -1,5 +1,5 @@
-// A whole session's start against its statements run bare, and a keystroke in the packets against the sum it
-// makes.
+// A whole session's start and the detail of an order against their statements run bare, and a keystroke in
+// the packets against the sum it makes.
 #include <sqlite3.h>
 
 #include <stdexcept>
@@ -11,6 +11,8 @@
 #include "basics/Numbers.h"
 #include "host/clsZELVOInterface.h"
 #include "platform/sqlite/SqliteConnection.h"
+#include "screen/Fields.h"
+#include "screen/Grid.h"
 
 namespace {
 
@@ -55,9 +57,7 @@ void runSession(const std::string& path, const data::ConnectionOpener& open,
     if (desktop.boxes > 0) throw std::runtime_error("a box stood in the way");
 }
 
-void openAndRead(const std::string& path, const std::vector<std::string>& statements) {
-    sqlite3* database = nullptr;
-    sqlite3_open_v2(path.c_str(), &database, SQLITE_OPEN_READWRITE, nullptr);
+void readAll(sqlite3* database, const std::vector<std::string>& statements) {
     for (const std::string& text : statements) {
         sqlite3_stmt* statement = nullptr;
         if (sqlite3_prepare_v2(database, text.c_str(), -1, &statement, nullptr) != SQLITE_OK) {
@@ -72,6 +72,12 @@ void openAndRead(const std::string& path, const std::vector<std::string>& statem
         }
         sqlite3_finalize(statement);
     }
+}
+
+void openAndRead(const std::string& path, const std::vector<std::string>& statements) {
+    sqlite3* database = nullptr;
+    sqlite3_open_v2(path.c_str(), &database, SQLITE_OPEN_READWRITE, nullptr);
+    readAll(database, statements);
     sqlite3_close(database);
 }
 
@@ -86,6 +92,34 @@ bool compareStarts(const std::string& path) {
         start.measured([&] { runSession(path, sqlite::openFile); });
     }
     return start.report();
+}
+
+/// An order of the list comes into view: its ten or eleven statements bare, and the whole panel.
+bool compareDetails(const std::string& path) {
+    std::vector<std::string> statements;
+    sqlite3* database = nullptr;
+    sqlite3_open_v2(path.c_str(), &database, SQLITE_OPEN_READWRITE, nullptr);
+    Comparison detail("detail_of_an_order", 1.5);
+    const auto open = [&](const data::ServerLogin& login) {
+        return std::make_unique<Recorder>(sqlite::openFile(login), statements);
+    };
+    runSession(path, open, [&](screen::Window& window, session::Session&) {
+        dynamic_cast<screen::TabControl*>(window.field("c1tMain"))->select(2);
+        dynamic_cast<screen::Button*>(window.field("sscCBJsearchALL"))->onPress();
+        auto* list = dynamic_cast<screen::Grid*>(window.field("tdbCBJ"));
+        for (int run = 0; run < keyRuns; ++run) {
+            statements.clear();
+            list->setCurrentRow(1 + run % 2);
+            if (statements.size() < 10 || statements.size() > 11)
+                throw std::runtime_error(std::to_string(statements.size()) + " statements for one order");
+            const std::vector<std::string> ofOne = statements;
+            detail.floor([&] { readAll(database, ofOne); });
+            list->setCurrentRow(0);
+            detail.measured([&] { list->setCurrentRow(1 + run % 2); });
+        }
+    });
+    sqlite3_close(database);
+    return detail.report();
 }
 
 void fillHerbs(tables::XArrayDB& rows, std::vector<std::string>& amounts) {
@@ -138,6 +172,7 @@ int main() {
         const bench::DemoPharmacy pharmacy;
         within = compareStarts(pharmacy.path());
         within = compareKeystrokes(pharmacy.path()) && within;
+        within = compareDetails(pharmacy.path()) && within;
     } catch (const std::exception& fault) {
         std::fprintf(stderr, "%s\n", fault.what());
     }

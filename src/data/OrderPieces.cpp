@@ -1,4 +1,5 @@
 #include "basics/Numbers.h"
+#include "basics/Text.h"
 #include "basics/Utf8.h"
 #include "data/Running.h"
 #include "data/clsZELVORecordSet.h"
@@ -41,7 +42,8 @@ std::string readAddOns(Connection& Conn, std::string_view slots) {
     RecordSet own;
     Conn.open(
         own,
-        "SELECT TJAL_Prompt,TJAL_PK FROM t_TangJunAddList " + addOnCondition(slots) + " ORDER BY TJAL_Order",
+        basics::replaceAll("SELECT TJAL_Prompt,TJAL_PK FROM t_TangJunAddList [WHERE] ORDER BY TJAL_Order",
+                           "[WHERE]", addOnCondition(slots)),
         Cursor::Static);
     std::string adds;
     for (; !own.atEnd(); own.moveNext()) {

@@ -64,10 +64,11 @@ void OrderModification::save() {
     data::CBJmState order;
     if (!stillWaits(desktop, session_, detail_, CBJ_PK, saveCaption, order)) return;
 
-    data::CBJmUpdate row;
-    row.costChanged =
+    const bool CostChanged =
         detail_.patient.cboCBJmBesongMethod.text() != detail_.patient.lblCBJmBesongMethod.caption();
-    if (row.costChanged) {
+    data::CBJmUpdate row;
+    row.costChanged = CostChanged;
+    if (CostChanged) {
         const std::int16_t payMethod =
             order.CBJ_PayMethod.empty() ? std::int16_t{0} : basics::toInt16(order.CBJ_PayMethod);
         if (!Request_CostUpdate(CBJ_PK, payMethod)) return detail_.reload();
@@ -81,7 +82,7 @@ void OrderModification::save() {
     if (!stillWaits(desktop, session_, detail_, CBJ_PK, saveCaption, order)) return;
     if (!data::clsZELVORecordSet().Update_ChubangJun(session_.connection(), row)) {
         desktop.alarm("처방전수정 실패. [한약국으로 직접 연락] 바랍니다.", saveCaption);
-    } else if (row.costChanged) {
+    } else if (CostChanged) {
         desktop.inform("처방전 수정 성공! [처방전비용 변경됨]", saveCaption);
         balance_.Clear_StockView();
     } else {
