@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <functional>
 #include <utility>
 
 #include "screen/Fields.h"
@@ -8,9 +9,14 @@
 namespace zelvo::screen {
 
 void Window::setTabOrder(const std::vector<std::string>& names) {
-    std::vector<Field*> order;
-    const auto append = [&order](Field* next) {
-        if (next && std::find(order.begin(), order.end(), next) == order.end()) order.push_back(next);
+    std::vector<Field*> order, seen;  // the second one sorted
+    order.reserve(fields_.size());
+    seen.reserve(fields_.size());
+    const auto append = [&](Field* next) {
+        const auto at = std::lower_bound(seen.begin(), seen.end(), next, std::less<>());
+        if (!next || (at != seen.end() && *at == next)) return;
+        seen.insert(at, next);
+        order.push_back(next);
     };
     for (const std::string& name : names) append(field(name));
     for (Field* other : fields_) append(other);

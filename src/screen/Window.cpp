@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <exception>
+#include <iterator>
 #include <utility>
 
 namespace zelvo::screen {
@@ -83,9 +84,19 @@ void Window::registerField(Field& field) {
     tabOrder_.push_back(&field);
 }
 
+namespace {
+
+/// Takes a field out; most go in the reverse order of their making.
+void takeOut(std::vector<Field*>& fields, const Field& field) {
+    const auto found = std::find(fields.rbegin(), fields.rend(), &field);
+    if (found != fields.rend()) fields.erase(std::next(found).base());
+}
+
+}  // namespace
+
 void Window::forget(Field& field) {
-    std::erase(fields_, &field);
-    std::erase(tabOrder_, &field);
+    takeOut(fields_, field);
+    takeOut(tabOrder_, field);
     byName_.erase(field.name());
     if (focus_ == &field) focus_ = nullptr;
     if (mainTabs_ == &field) mainTabs_ = nullptr;
