@@ -21,7 +21,9 @@ void updateOrder(Connection& Conn, const CBJmUpdate& row) {
         statement.add(", CBJ_BesongCost = [CBJ_BesongCost] ").add(", CBJ_ElseCost = [CBJ_ElseCost] ");
     }
     statement.add("WHERE CBJ_PK = [CBJPK]");
-    statement.fill("[Patient_Name]", row.Patient_Name)
+    // The key first: what a doctor types may look like its placeholder.
+    statement.fill("[CBJPK]", row.CBJ_PK)
+        .fill("[Patient_Name]", row.Patient_Name)
         .fill("[Patient_Jumin]", row.Patient_Jumin)
         .fill("[Patient_Sex]", row.Patient_Sex)
         .fill("[Patient_Age]", row.Patient_Age)
@@ -43,7 +45,7 @@ void updateOrder(Connection& Conn, const CBJmUpdate& row) {
     if (row.costChanged) {
         statement.fill("[CBJ_BesongCost]", row.CBJ_BesongCost).fill("[CBJ_ElseCost]", row.CBJ_ElseCost);
     }
-    execute(Conn, statement.fill("[CBJPK]", row.CBJ_PK));
+    execute(Conn, statement);
 }
 
 void updateCostNotes(Connection& Conn, const CBJmUpdate& row) {
@@ -51,19 +53,19 @@ void updateCostNotes(Connection& Conn, const CBJmUpdate& row) {
                             "CCD_ElseCost = '[CCD_ElseCost]', "
                             "CCD_BesongCost = '[CCD_BesongCost]'"
                             "WHERE CBJ_PK = [CBJPK]")
+                      .fill("[CBJPK]", row.CBJ_PK)
                       .fill("[CCD_ElseCost]", row.CCD_ElseCost)
-                      .fill("[CCD_BesongCost]", row.CCD_BesongCost)
-                      .fill("[CBJPK]", row.CBJ_PK));
+                      .fill("[CCD_BesongCost]", row.CCD_BesongCost));
 }
 
 void updateSheet(Connection& Conn, const CBJmUpdate& row) {
     execute(Conn, Statement("UPDATE t_EatGuide "
                             "SET BogYak = '[BogYak]', HospName = '[HospName]', PhoneNo = '[PhoneNo]' "
                             "WHERE CBJ_PK = [CBJPK]")
+                      .fill("[CBJPK]", row.CBJ_PK)
                       .fill("[BogYak]", row.BogYak)
                       .fill("[HospName]", row.HospName)
-                      .fill("[PhoneNo]", row.PhoneNo)
-                      .fill("[CBJPK]", row.CBJ_PK));
+                      .fill("[PhoneNo]", row.PhoneNo));
 }
 
 /// The order's mileage becomes what it earns now. False when a row that it needs can't be written.

@@ -81,11 +81,6 @@ TEST_F(Five, CancellingFromTheEndShowsTheRowBefore) {
             EXPECT_NE(window.box() + window.box(), "");
             EXPECT_EQ(window.search.tdbCBJ.rowCount(), left - 1);
         }
-        window.detail.state.ssrCBJmCancel.setVisible(true);
-        window.desktop.answer(Answer::Yes);
-        window.user.press("ssrCBJmCancel");
-        EXPECT_EQ(window.box(), "처방전 취소: [] [] [] \r\n처방전을 취소하시겠습니까?");
-        EXPECT_EQ(window.box(), "처방전 취소: 처방전을 다시 선택해 주십시오.[처방전PK 선택 에러]");
         window.user.press("ssrCBJreuse");
         EXPECT_EQ(window.shownOrderTab, 0);
     });

@@ -60,7 +60,7 @@ TEST_F(Detail, ShowsWhatIsLeftOfAnOddOrder) {
         {"Patient_Sex = NULL, Patient_Age = NULL", "ssoCBJmSex(1)", "on"},
         {"CBJ_Reci_Date = NULL", "txtCBJmBesongDate", ""},
         {"CBJ_Reci_Date = '2024-05-09'", "txtCBJmBesongDate", "2024-05-09"},
-        {"CBJ_Msg = '  a  '", "txtCBJmCBMsg", "a"},
+        {"CBJ_BesongMsg = '  a  '", "txtCBJmBesongMsg", "a"},
         {"Patient_Name = NULL, CBJ_Send_Name = NULL, CBJ_Msg = NULL", "txtCBJmPatientName", ""},
         {"CBJ_JobList_PK = 99", "lblCBJmJobListPK", "0"},
         {"CBJ_JobList_PK = 8", "txtCBJmJobList", "마감"},
