@@ -180,6 +180,9 @@ bool BalanceView::showRows(screen::Grid& grid, data::RecordSet& rows, screen::Te
         sumField.setText("\\ " + basics::formatNumber(sum, basics::NumberPicture::Separated));
         return true;
     } catch (const std::exception&) {
+        if (rows.isOpen()) rows.close();
+        grid.bind(&rows);
+        sumField.setText("");
         return false;
     }
 }

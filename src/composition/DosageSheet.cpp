@@ -28,7 +28,8 @@ DosageSheet::DosageSheet(screen::Window& form, OrderFrames& frames, session::Ses
     txtCBJmsg.setMultiLine(true);
 
     cmdEatGuide.onPress.add([this, &session, &patientName] {
-        editSheet(form_.desktop(), session, {patientName, rtxEatGuide, txtEatGuideHosName, txtEatGuideCall});
+        editSheet(form_.desktop(), session,
+                  {patientName, rtxEatGuide, txtEatGuideHosName, txtEatGuideCall, cmdEatGuide.caption()});
     });
     cmdEatGuideReg.onPress.add([this] { saveDefaults(); });
     txtCBJmsg.onChange.add([&watch] { watch.priceOutdated(); });
@@ -57,7 +58,7 @@ void editSheet(screen::Desktop& desktop, const session::Session& session, const 
         const auto editor = desktop.components().make<screen::EatGuideEditor>("EatGuideEditor");
         if (!editor->edit(session.g_conChart, patientName, sheet, hospitalName, phoneNo)) return;
     } catch (const std::exception& fault) {
-        desktop.alarm(fault.what(), "복용법작성");
+        desktop.alarm(fault.what(), fields.caption);
         return;
     }
     fields.sheet.setRtf(sheet);

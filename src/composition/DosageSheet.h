@@ -36,6 +36,7 @@ struct SheetFields {
     screen::RichTextField& sheet;
     screen::TextField& hospitalName;
     screen::TextField& phoneNo;
+    std::string_view caption;  ///< of the box that tells of an editor's fault: the button's
 };
 
 /// Lets the user edit a sheet in the clinic's editor; the fields take over what was accepted there, the

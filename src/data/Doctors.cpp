@@ -73,15 +73,15 @@ bool clsZELVORecordSet::Update_DoctorInfo(Connection& Conn, std::int32_t DTR_PK,
             "DTR_HosName = '[DTR_HosName]', "
             "DTR_HosZip = '[DTR_HosZip]', DTR_Address = '[DTR_Address]' "
             "WHERE DTR_PK = [DTR_PK]");
-        statement.fill("[DTR_Name]", doctor.DTR_Name)
+        statement.fill("[DTR_PK]", DTR_PK)
+            .fill("[DTR_Name]", doctor.DTR_Name)
             .fill("[DTR_LicenseNo]", doctor.DTR_LicenseNo)
             .fill("[DTR_Cell]", doctor.DTR_Cell)
             .fill("[DTR_Email]", doctor.DTR_Email)
             .fill("[DTR_HosTel]", doctor.DTR_HosTel)
             .fill("[DTR_HosName]", doctor.DTR_HosName)
             .fill("[DTR_HosZip]", doctor.DTR_HosZip)
-            .fill("[DTR_Address]", doctor.DTR_Address)
-            .fill("[DTR_PK]", DTR_PK);
+            .fill("[DTR_Address]", doctor.DTR_Address);
         running::execute(Conn, statement);
         return true;
     });
@@ -93,7 +93,8 @@ bool clsZELVORecordSet::Update_DoctorPassword(Connection& Conn, std::int32_t DTR
         Statement statement(
             "UPDATE t_Doctor SET DTR_PWD = '[DTR_PWD]' "
             " WHERE DTR_PK = [DTR_PK]");
-        statement.fill("[DTR_PWD]", DTR_PWD).fill("[DTR_PK]", DTR_PK);
+        // The key first: what a doctor types may look like its placeholder.
+        statement.fill("[DTR_PK]", DTR_PK).fill("[DTR_PWD]", DTR_PWD);
         running::execute(Conn, statement);
         return true;
     });

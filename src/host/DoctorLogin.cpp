@@ -78,7 +78,7 @@ std::int16_t DoctorLogin::Load_DoctorInfo(LoginJob job, std::int32_t& DTRPK) {
             return 1;
         }
         return loadDoctor(job, DTRPK);
-    } catch (const basics::Fault& fault) {
+    } catch (const std::exception& fault) {
         form_.desktop().alarm(fault.what(), loginCaption);
         return -1;
     }
@@ -88,6 +88,7 @@ std::int16_t DoctorLogin::loadDoctor(LoginJob job, std::int32_t& DTRPK) {
     data::DoctorRecord doctor;
     std::int16_t kind = 2;
     if (job == LoginJob::Initialize) {
+        DTRPK = 0;
         if (session_.m_DoctorIDPWD.find(partSeparator) == std::string::npos) return -1;
         const auto parts = basics::split(session_.m_DoctorIDPWD, partSeparator);
         doctor.DTR_ID = basics::trim(parts[0]);

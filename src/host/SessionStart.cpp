@@ -105,7 +105,7 @@ void SessionStart::Load_SessionData() {
 void SessionStart::Load_PxInfo() {
     try {
         readPxInfo();
-    } catch (const basics::Fault&) {
+    } catch (const std::exception&) {
         form_.notices.lblYakGukSvrIP.setCaption("");
     }
 }

@@ -31,8 +31,8 @@ void OrderCancel::Cancel_Order() {
 
 void OrderCancel::cancel() {
     screen::Desktop& desktop = form_.desktop();
-    if (detail_.behindList()) return detail_.reload();
     const screen::Grid& list = search_.tdbCBJ;
+    if (detail_.behindList() || !list.onRow()) return detail_.reload();
     const std::int32_t CBJ_PK = detail_.listKey();
     const std::string order =
         "[" + list.value("발행날짜") + "] [" + list.value("환자명") + "] [" + list.value("주문서") + "]";

@@ -221,7 +221,7 @@ void OrderSearch::emptyList() {
 
 /// Sorts the list by a column, the other way round at the next click. The order that was current stays so.
 void OrderSearch::sortBy(int column) {
-    if (searching_ || m_xaCBJ.empty()) return;
+    if (searching_ || tdbCBJ.rowCount() == 0) return;
     const screen::BusyPointer busy(form_.desktop());
     descending_ = column == sortedBy_ && !descending_;
     sortedBy_ = column;

@@ -20,8 +20,9 @@ SheetSection::SheetSection(screen::Window& form, DetailFrames& frames, session::
     txtEatGuideHosName2.setLabel("한의원명:");
     txtEatGuideCall2.setLabel("연락처:");
     cmdEatGuideUpdate.onPress.add([this, &form, &session, &patientName] {
-        composition::editSheet(form.desktop(), session,
-                               {patientName, rtxCBJmEatMsg, txtEatGuideHosName2, txtEatGuideCall2});
+        composition::editSheet(
+            form.desktop(), session,
+            {patientName, rtxCBJmEatMsg, txtEatGuideHosName2, txtEatGuideCall2, cmdEatGuideUpdate.caption()});
     });
     clear();
 }

@@ -54,7 +54,7 @@ bool StateSection::load(const DetailRead& read, screen::TextField& message) {
     data::CBJmState state;
     if (!data::clsZELVORecordSet().RecordSet_CBJmStateInfo(read.connection, read.CBJ_PK, state)) return false;
     show(state);
-    management::show(message, state.CBJ_Msg);
+    message.setText(state.CBJ_Msg);
     return true;
 }
 

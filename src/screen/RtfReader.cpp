@@ -220,7 +220,12 @@ private:
     }
 
     void readText(std::string_view text) {
-        skippedByte_ = 0;
+        const auto first = std::exchange(skippedByte_, static_cast<unsigned char>(0));
+        // A pair that is a fallback ends with its second byte, which may be a plain letter.
+        if (first != 0 && !group().encoding.western && toSkip_ == 0 &&
+            RtfBytes::isPair(first, static_cast<unsigned char>(text.front()), group().encoding))
+            text.remove_prefix(1);
+        if (text.empty()) return;
         // The second byte of a pair may be a plain letter.
         if (bytes_.wants(text.front(), group().encoding)) {
             bytes_.add(static_cast<unsigned char>(text.front()), group().encoding);
@@ -458,12 +463,24 @@ private:
 
 }  // namespace
 
+namespace {
+
+/// What may stand before an RTF content: a byte order mark, blanks and line ends.
+std::string_view withoutLead(std::string_view text) {
+    constexpr std::string_view mark = "\xef\xbb\xbf";
+    if (text.starts_with(mark)) text.remove_prefix(mark.size());
+    text.remove_prefix(std::min(text.find_first_not_of(" \t\r\n"), text.size()));
+    return text;
+}
+
+}  // namespace
+
 bool looksLikeRtf(std::string_view text) {
-    return text.starts_with("{\\rtf");
+    return withoutLead(text).starts_with("{\\rtf");
 }
 
 RichText readRtf(std::string_view rtf, const CodePages& pages) {
-    return looksLikeRtf(rtf) ? Reader(rtf, pages).read() : tidied(richText(rtf));
+    return looksLikeRtf(rtf) ? Reader(withoutLead(rtf), pages).read() : tidied(richText(rtf));
 }
 
 }  // namespace zelvo::screen

@@ -23,7 +23,11 @@ std::chrono::year_month_day today() {
 }
 
 QString ageAndSex(const Patient& patient) {
-    return QStringLiteral("%1세 · %2").arg(ageOf(patient, today())).arg(sexOf(patient) == 1 ? "남" : "여");
+    return QStringLiteral("%1세 · %2")
+        .arg(ageOf(patient, today()))
+        .arg(sexOf(patient) == 1   ? "남"
+             : sexOf(patient) == 2 ? "여"
+                                   : "-");
 }
 
 }  // namespace

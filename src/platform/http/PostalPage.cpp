@@ -9,11 +9,22 @@ namespace zelvo::http {
 
 namespace {
 
+bool isDigit(char character) {
+    return character >= '0' && character <= '9';
+}
+
 /// "06236", or "135-080" as codes once were.
 bool isPostalCode(std::string_view text) {
-    return !text.empty() && std::all_of(text.begin(), text.end(), [](char character) {
-        return (character >= '0' && character <= '9') || character == '-';
-    });
+    return std::any_of(text.begin(), text.end(), isDigit) &&
+           std::all_of(text.begin(), text.end(),
+                       [](char character) { return isDigit(character) || character == '-'; });
+}
+
+/// An address is one line: what else a page puts between its words is a blank.
+std::string asLine(std::string text) {
+    std::replace_if(
+        text.begin(), text.end(), [](char character) { return character >= 0 && character < ' '; }, ' ');
+    return basics::trim(text);
 }
 
 }  // namespace
@@ -27,8 +38,9 @@ std::vector<PostalHit> findPostalCodes(const HttpClient& client, std::string_vie
     for (const std::string& line : basics::split(answer, "\n")) {
         const auto tab = line.find('\t');
         const std::string zip = basics::trim(line.substr(0, tab));
-        if (tab != std::string::npos && isPostalCode(zip)) {
-            hits.push_back({zip, basics::trim(line.substr(tab + 1))});
+        const std::string address = tab == std::string::npos ? std::string() : asLine(line.substr(tab + 1));
+        if (isPostalCode(zip) && !address.empty()) {
+            hits.push_back({zip, address});
         } else if (!basics::isBlank(line)) {
             nonsense = true;
         }

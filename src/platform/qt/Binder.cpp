@@ -1,6 +1,8 @@
 #include "platform/qt/Binder.h"
 
 #include <QtCore/QCoreApplication>
+#include <QtGui/QGuiApplication>
+#include <QtGui/QInputMethod>
 #include <QtGui/QKeyEvent>
 #include <QtWidgets/QAbstractScrollArea>
 #include <QtWidgets/QWidget>
@@ -15,6 +17,7 @@
 #include "platform/qt/Texts.h"
 #include "platform/qt/Twips.h"
 #include "screen/Fields.h"
+#include "screen/Grid.h"
 #include "screen/TextField.h"
 #include "screen/Window.h"
 
@@ -109,6 +112,8 @@ void Binder::showFocus() {
 }
 
 bool Binder::eventFilter(QObject* watched, QEvent* event) {
+    // A key that its widget has passed over goes on to those around it, and has been heard already.
+    if (event->type() == QEvent::KeyPress && watched != form_.window()->focusWidget()) return false;
     if (watched == &form_) {
         return event->type() == QEvent::KeyPress && keyDown(nullptr, static_cast<QKeyEvent&>(*event));
     }
@@ -139,6 +144,7 @@ bool Binder::eventFilter(QObject* watched, QEvent* event) {
 
 /// A key that went down in a field's widget, or in the form while no field can have it.
 bool Binder::keyDown(Mirror* mirror, QKeyEvent& event) {
+    if (repeatsAPress(event)) return true;
     if (turnsPage(event)) return true;
     if (event.key() == Qt::Key_Backtab ||
         (event.key() == Qt::Key_Tab && event.modifiers() == Qt::ShiftModifier)) {
@@ -159,6 +165,20 @@ bool Binder::keyDown(Mirror* mirror, QKeyEvent& event) {
     return true;
 }
 
+/// A key that is held writes on in a text, but it presses and answers nothing twice.
+bool Binder::repeatsAPress(const QKeyEvent& event) const {
+    if (!event.isAutoRepeat()) return false;
+    const int key = event.key();
+    if (key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Escape || key == Qt::Key_Space) {
+        const screen::Field* focus = window_.focus();
+        if (!focus) return true;
+        if (isText(*focus)) return false;
+        return focus->kind() != screen::FieldKind::Grid ||
+               !static_cast<const screen::Grid*>(focus)->editing();
+    }
+    return false;
+}
+
 /// The window's outermost tabs, turned by Ctrl+Tab, Ctrl+Page Up and Down, or Alt and a number.
 bool Binder::turnsPage(const QKeyEvent& event) {
     screen::TabControl* const tabs = mainTabs();
@@ -168,11 +188,14 @@ bool Binder::turnsPage(const QKeyEvent& event) {
     if (event.modifiers() & Qt::ControlModifier) {
         const bool forward = event.key() == Qt::Key_Tab || event.key() == Qt::Key_PageDown;
         const bool backward = event.key() == Qt::Key_Backtab || event.key() == Qt::Key_PageUp;
-        if (forward != backward) page = (tabs->current() + (forward ? 1 : count - 1)) % count;
+        const int step = forward ? 1 : count - 1;
+        if (forward != backward) page = (tabs->current() + step) % count;
+        while (page >= 0 && page != tabs->current() && !tabs->selectable(page)) page = (page + step) % count;
     } else if (event.modifiers() == Qt::AltModifier && event.key() >= Qt::Key_1) {
         if (event.key() - Qt::Key_1 < count) page = event.key() - Qt::Key_1;
     }
     if (page < 0) return false;
+    QGuiApplication::inputMethod()->commit();
     static_cast<void>(tabs->userClick(page));
     window_.desktop().deliverKeys();
     return true;

@@ -44,6 +44,7 @@ private:
     void schedule();
     void showFocus();
     bool keyDown(Mirror* mirror, QKeyEvent& event);
+    bool repeatsAPress(const QKeyEvent& event) const;
     bool turnsPage(const QKeyEvent& event);
     bool mouseDown(Mirror& mirror);
     void focusIn(const Mirror& mirror, const QEvent& event);

@@ -92,6 +92,7 @@ void BoxDialog::addButton(QDialogButtonBox& row, const QString& caption, Answer 
     QPushButton* const button =
         row.addButton(caption, answer == Answer::No ? QDialogButtonBox::NoRole : QDialogButtonBox::YesRole);
     button->setProperty("answer", static_cast<int>(answer));
+    button->installEventFilter(this);
     button->setAutoDefault(true);
     button->setDefault(answer == defaultAnswer);
     if (answer == defaultAnswer) button->setFocus();
@@ -103,10 +104,18 @@ void BoxDialog::give(Answer answer) {
     done(static_cast<int>(answer));
 }
 
+/// A key that is still held from before the box answers nothing.
+bool BoxDialog::eventFilter(QObject*, QEvent* event) {
+    return event->type() == QEvent::KeyPress && static_cast<const QKeyEvent&>(*event).isAutoRepeat();
+}
+
 void BoxDialog::keyPressEvent(QKeyEvent* event) {
+    if (event->isAutoRepeat()) return;
     if (event->matches(QKeySequence::Copy)) {
         if (const auto* label = findChild<QLabel*>(QStringLiteral("text")))
             QGuiApplication::clipboard()->setText(label->text());
+        if (const auto* page = findChild<QPlainTextEdit*>(QStringLiteral("text")))
+            QGuiApplication::clipboard()->setText(page->toPlainText());
         return;
     }
     if (asks_ && event->key() == Qt::Key_Y) return give(Answer::Yes);

@@ -1,5 +1,6 @@
 #include <QtGui/QClipboard>
 #include <QtGui/QGuiApplication>
+#include <QtGui/QInputMethod>
 #include <QtGui/QInputMethodEvent>
 #include <QtGui/QKeyEvent>
 #include <QtGui/QMouseEvent>
@@ -77,6 +78,7 @@ bool GridView::turnsPage(const QKeyEvent& event) {
         return false;
     }
     row = std::clamp(row, 0, grid_->rowCount() - 1);
+    if (row == grid_->currentRow()) return true;
     tell([&] {
         if (!grid_->userCell(row, grid_->currentColumn())) grid_->userRow(row);
     });
@@ -210,6 +212,8 @@ void GridView::setHeld(const QModelIndex& index) {
 
 void GridView::mousePressEvent(QMouseEvent* event) {
     if (!grid_ || event->button() != Qt::LeftButton) return;
+    // The view keeps the focus, so a syllable that is being composed has to be finished here.
+    if (editor_->composing()) QGuiApplication::inputMethod()->commit();
     const QPoint point = event->position().toPoint();
     const QModelIndex index = indexAt(point);
     if (!index.isValid()) {

@@ -15,7 +15,9 @@ namespace {
 
 /// The editor's text has one character for a line break where the field has CR LF.
 QString editorText(std::string_view text) {
-    return qtText(text).replace(QLatin1String("\r\n"), QLatin1String("\n"));
+    return qtText(text)
+        .replace(QLatin1String("\r\n"), QLatin1String("\n"))
+        .replace(QLatin1Char('\r'), QLatin1Char('\n'));
 }
 
 std::string fieldText(const QString& text) {
@@ -82,7 +84,10 @@ void LongTextMirror::drawText() {
     editor_.setReadOnly(edit().readOnly());
     const QString wanted = editorText(edit().text()), shown = editor_.toPlainText();
     QTextCursor change = editor_.textCursor();
-    if (wanted != shown) {
+    if (wanted != shown && !edit().hasFocus()) {
+        // What the program sets is nothing to undo: it may be another order's text.
+        editor_.setPlainText(wanted);
+    } else if (wanted != shown) {
         const auto [from, to] = std::mismatch(shown.begin(), shown.end(), wanted.begin(), wanted.end());
         const auto head = static_cast<int>(from - shown.begin());
         qsizetype tail = 0;

@@ -1,5 +1,7 @@
 #include "platform/qt/Mirrors.h"
 
+#include <QtGui/QGuiApplication>
+#include <QtGui/QInputMethod>
 #include <QtGui/QKeyEvent>
 #include <QtWidgets/QCheckBox>
 #include <QtWidgets/QComboBox>
@@ -172,7 +174,7 @@ private:
         const bool named = !panel_.property("noCaption").toBool();
         panel_.setCaption(named ? qtText(field_.caption()).trimmed() : QString());
         const screen::Color& color = field_.backColor();
-        if (color == plainColor_) {
+        if (color == screen::Color{240, 240, 240}) {
             panel_.setBackColor(std::nullopt);
         } else {
             panel_.setBackColor(QColor(color.red, color.green, color.blue));
@@ -181,22 +183,31 @@ private:
 
     screen::Panel& field_;
     FramePanel& panel_;
-    const screen::Color plainColor_ = field_.backColor();
 };
 
 class TabsMirror : public Mirror {
 public:
     TabsMirror(screen::TabControl& field, QTabWidget& tabs)
         : Mirror(field, tabs), field_(field), tabs_(tabs) {
+        tabs.tabBar()->installEventFilter(this);
         if (tabs.count() != field.pageCount())
             throw basics::Fault(field.name() + ": the form has another number of pages");
         connect(tabs.tabBar(), &QTabBar::tabBarClicked, this, [this](int page) {
-            if (page >= 0) userDoes([this, page] { static_cast<void>(field_.userClick(page)); });
+            if (page < 0) return;
+            // The bar takes no focus, so a syllable that is being composed has to be finished here.
+            QGuiApplication::inputMethod()->commit();
+            userDoes([this, page] { static_cast<void>(field_.userClick(page)); });
         });
         // The bar turns the page by itself; the field says whether it stays.
         connect(&tabs, &QTabWidget::currentChanged, this, [this](int page) {
             if (!drawing() && page != field_.current()) show();
         });
+    }
+
+    /// Only the left button turns a page.
+    bool eventFilter(QObject*, QEvent* event) override {
+        return event->type() == QEvent::MouseButtonPress &&
+               static_cast<const QMouseEvent&>(*event).button() != Qt::LeftButton;
     }
 
 private:
@@ -237,7 +248,9 @@ class DateMirror : public Mirror {
 public:
     DateMirror(screen::DateField& field, QDateEdit& edit) : Mirror(field, edit), field_(field), edit_(edit) {
         connect(&edit, &QDateEdit::dateChanged, this, [this](QDate date) {
+            if (drawing()) return;
             userDoes([&] { field_.userSetValue({date.year(), date.month(), date.day()}); });
+            show();
         });
     }
     bool ownKey(const QKeyEvent& key) const override {

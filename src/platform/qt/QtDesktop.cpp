@@ -25,6 +25,18 @@ public:
     ArrowPointer& operator=(const ArrowPointer&) = delete;
 };
 
+/// The shell in front, for as long as it is.
+class InFront {
+public:
+    InFront(std::vector<Shell*>& shells, Shell& shell) : shells_(shells) { shells_.push_back(&shell); }
+    ~InFront() { shells_.pop_back(); }
+    InFront(const InFront&) = delete;
+    InFront& operator=(const InFront&) = delete;
+
+private:
+    std::vector<Shell*>& shells_;
+};
+
 }  // namespace
 
 QtDesktop::QtDesktop(screen::SettingsStore& settings, std::function<void(std::string_view)> browse)
@@ -86,11 +98,12 @@ void QtDesktop::runModal(screen::Window& window) {
     const auto whenTouched = window.onTouched.listen([&](const screen::Field* field) {
         if (!field && window.leaving()) loop.quit();
     });
-    shells_.push_back(&shell);
-    shell.open();
-    deliverKeys();
-    if (!window.leaving()) loop.exec();
-    shells_.pop_back();
+    {
+        const InFront front(shells_, shell);
+        shell.open();
+        deliverKeys();
+        if (!window.leaving()) loop.exec();
+    }
     shell.hide();
     if (top()) top()->activateWindow();
 }

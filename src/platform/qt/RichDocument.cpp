@@ -107,6 +107,8 @@ Paragraph paragraphOf(const QTextBlock& block) {
 }  // namespace
 
 void fillDocument(QTextDocument& document, const RichText& content) {
+    // Nothing of this is the user's to undo.
+    document.setUndoRedoEnabled(false);
     document.clear();
     QTextCursor cursor(&document);
     cursor.setCharFormat(formatOf({}));
@@ -117,6 +119,7 @@ void fillDocument(QTextDocument& document, const RichText& content) {
         first = false;
         addParagraph(cursor, paragraph);
     }
+    document.setUndoRedoEnabled(true);
 }
 
 RichText contentOf(const QTextDocument& document) {

@@ -2,6 +2,8 @@
 
 #include <QtGui/QAction>
 #include <QtGui/QFontDatabase>
+#include <QtGui/QGuiApplication>
+#include <QtGui/QInputMethod>
 #include <QtGui/QTextBlock>
 #include <QtGui/QTextList>
 #include <QtWidgets/QComboBox>
@@ -38,6 +40,30 @@ QToolButton& addButton(QHBoxLayout& row, const QString& caption, const QString& 
     button.setFocusPolicy(Qt::NoFocus);
     row.addWidget(&button);
     return button;
+}
+
+/// The bar takes no focus, so a syllable that is being composed has to be finished by it.
+void finishSyllable() {
+    QGuiApplication::inputMethod()->commit();
+}
+
+/// Takes the paragraphs of the selection out of their lists; their form stays.
+void removeBullets(const QTextCursor& selection) {
+    const QTextDocument& document = *selection.document();
+    const QTextBlock end = document.findBlock(selection.selectionEnd()).next();
+    for (QTextBlock block = document.findBlock(selection.selectionStart()); block.isValid() && block != end;
+         block = block.next()) {
+        if (block.textList()) block.textList()->remove(block);
+        QTextBlockFormat form = block.blockFormat();
+        form.setIndent(0);
+        QTextCursor(block).setBlockFormat(form);
+    }
+}
+
+/// Shows what the selection has, also where the list does not offer it.
+void showChoice(QComboBox& combo, const QString& text) {
+    if (combo.findText(text) < 0) combo.addItem(text);
+    combo.setCurrentText(text);
 }
 
 }  // namespace
@@ -119,7 +145,9 @@ void SheetBar::addColors() {
 
 void SheetBar::addAlignment(const QString& caption, const QString& tip, Qt::Alignment alignment) {
     connect(&addButton(row_, caption, tip), &QToolButton::clicked, this, [this, alignment] {
-        if (editor_ && !editor_->isReadOnly()) editor_->setAlignment(alignment);
+        if (!editor_ || editor_->isReadOnly()) return;
+        finishSyllable();
+        editor_->setAlignment(alignment);
     });
 }
 
@@ -127,17 +155,12 @@ void SheetBar::addBullets() {
     QToolButton& button = addButton(row_, QStringLiteral("• 목록"), QStringLiteral("글머리 기호"));
     connect(&button, &QToolButton::clicked, this, [this] {
         if (!editor_ || editor_->isReadOnly()) return;
+        finishSyllable();
         QTextCursor cursor = editor_->textCursor();
-        if (QTextList* const list = cursor.currentList()) {
-            list->remove(cursor.block());
-            QTextBlockFormat plain = cursor.blockFormat();
-            plain.setIndent(0);
-            cursor.setBlockFormat(plain);
-        } else {
-            QTextListFormat bullet;
-            bullet.setStyle(QTextListFormat::ListDisc);
-            cursor.createList(bullet);
-        }
+        if (cursor.currentList()) return removeBullets(cursor);
+        QTextListFormat bullet;
+        bullet.setStyle(QTextListFormat::ListDisc);
+        cursor.createList(bullet);
     });
 }
 
@@ -147,6 +170,7 @@ void SheetBar::addPaper() {
                                 void (*act)(QWidget&, const SheetPaper&)) {
         connect(&addButton(row_, caption, tip), &QToolButton::clicked, this, [this, act] {
             if (!editor_) return;
+            finishSyllable();
             const SheetPaper paper(*editor_->document(), textOf("txtHospName"), textOf("txtPhoneNo"));
             act(*window(), paper);
         });
@@ -176,10 +200,11 @@ void SheetBar::follow() {
 
 void SheetBar::format(const std::function<void(QTextCharFormat&)>& change) {
     if (!editor_ || editor_->isReadOnly()) return;
+    finishSyllable();
     QTextCharFormat form;
     change(form);
     editor_->mergeCurrentCharFormat(form);
-    editor_->setFocus();
+    editor_->setFocus(Qt::ShortcutFocusReason);
 }
 
 void SheetBar::showForm() {
@@ -192,8 +217,8 @@ void SheetBar::showForm() {
     mark("underline", form.fontUnderline());
     mark("strike", form.fontStrikeOut());
     const QStringList families = form.fontFamilies().toStringList();
-    family_->setCurrentText(families.isEmpty() ? qtText(screen::standardFamily) : families.front());
-    size_->setCurrentText(QString::number(form.fontPointSize()));
+    showChoice(*family_, families.isEmpty() ? qtText(screen::standardFamily) : families.front());
+    if (form.fontPointSize() > 0) showChoice(*size_, QString::number(form.fontPointSize()));
 }
 
 }  // namespace zelvo::qt

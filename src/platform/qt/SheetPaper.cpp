@@ -17,6 +17,8 @@ namespace zelvo::qt {
 namespace {
 
 constexpr double headSize = 16, phoneSize = 10, margin = 20;
+/// A document is laid out in dots of the screen.
+constexpr double screenDots = 96, pointsPerInch = 72;
 
 void addHead(QTextCursor& cursor, const QString& text, double points, bool bold) {
     if (text.isEmpty()) return;
@@ -30,10 +32,16 @@ void addHead(QTextCursor& cursor, const QString& text, double points, bool bold)
     cursor.insertBlock(QTextBlockFormat(), QTextCharFormat());
 }
 
+void tellFailure(QWidget& over, const std::string& text, const char* caption) {
+    BoxDialog({text, caption, screen::BoxIcon::Critical, screen::BoxButtons::Ok, screen::Answer::Ok}, &over)
+        .exec();
+}
+
 }  // namespace
 
 SheetPaper::SheetPaper(const QTextDocument& sheet, const QString& hospitalName, const QString& phoneNo)
     : page_(sheet.clone()) {
+    if (hospitalName.isEmpty() && phoneNo.isEmpty()) return;
     QTextCursor cursor(page_.get());
     const QTextBlockFormat first = page_->firstBlock().blockFormat();
     // The head stands in blocks of its own, before the sheet's first.
@@ -47,7 +55,12 @@ SheetPaper::~SheetPaper() = default;
 
 void SheetPaper::print(QPrinter& printer) const {
     printer.setPageMargins(QMarginsF(margin, margin, margin, margin), QPageLayout::Millimeter);
-    page_->print(&printer);
+    // A page of its own size: the toolkit gives one without it margins and a page number of its own.
+    const std::unique_ptr<QTextDocument> sheet(page_->clone());
+    sheet->setDocumentMargin(0);
+    sheet->setPageSize(printer.pageLayout().paintRect(QPageLayout::Point).size() * screenDots /
+                       pointsPerInch);
+    sheet->print(&printer);
 }
 
 bool SheetPaper::writePdf(const QString& path) const {
@@ -74,18 +87,20 @@ void printSheet(QWidget& over, const SheetPaper& paper) {
     QPrinter printer(QPrinter::HighResolution);
     QPrintDialog dialog(&printer, &over);
     dialog.setWindowTitle(QStringLiteral("복용법 인쇄"));
-    if (dialog.exec() == QDialog::Accepted) paper.print(printer);
+    if (dialog.exec() != QDialog::Accepted) return;
+    paper.print(printer);
+    if (printer.printerState() == QPrinter::Error) tellFailure(over, "인쇄하지 못하였습니다.", "복용법 인쇄");
 }
 
 void saveSheet(QWidget& over, const SheetPaper& paper) {
-    const QString path =
-        QFileDialog::getSaveFileName(&over, QStringLiteral("PDF 파일로 저장"), QStringLiteral("복용법.pdf"),
-                                     QStringLiteral("PDF (*.pdf)"));
-    if (path.isEmpty() || paper.writePdf(path)) return;
-    BoxDialog({"파일을 저장하지 못하였습니다.\r\n" + utf8(path), "PDF 파일로 저장", screen::BoxIcon::Critical,
-               screen::BoxButtons::Ok, screen::Answer::Ok},
-              &over)
-        .exec();
+    QFileDialog dialog(&over, QStringLiteral("PDF 파일로 저장"), {}, QStringLiteral("PDF (*.pdf)"));
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setDefaultSuffix(QStringLiteral("pdf"));
+    dialog.selectFile(QStringLiteral("복용법.pdf"));
+    if (dialog.exec() != QDialog::Accepted) return;
+    const QString path = dialog.selectedFiles().constFirst();
+    if (!paper.writePdf(path))
+        tellFailure(over, "파일을 저장하지 못하였습니다.\r\n" + utf8(path), "PDF 파일로 저장");
 }
 
 }  // namespace zelvo::qt

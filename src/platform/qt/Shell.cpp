@@ -2,6 +2,7 @@
 
 #include <QtGui/QCloseEvent>
 #include <QtGui/QScreen>
+#include <QtGui/QWindow>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QScrollArea>
 #include <QtWidgets/QTableView>
@@ -34,6 +35,7 @@ Shell::Shell(screen::Window& window, Shell* over)
     setObjectName(qtText(window.name()));
     setAttribute(Qt::WA_QuitOnClose, false);
     setWindowModality(Qt::ApplicationModal);
+    setLocale(QLocale(QLocale::Korean));
     auto& layout = owned<QVBoxLayout>(this);
     layout.setContentsMargins(0, 0, 0, 0);
     layout.addWidget(&scroll_);
@@ -67,10 +69,19 @@ void Shell::open() {
          std::clamp(corner.y(), room.top(),
                     std::max(room.top(), room.bottom() + 1 - titleBar - size.height())));
     resize(size);
+    standOverHost();
     show();
     activateWindow();
     tellPlaces();
     binder_->flush();
+}
+
+/// The first window belongs over the host's, which waits for it.
+void Shell::standOverHost() {
+    const QWidget* const host = over_ ? nullptr : QApplication::activeWindow();
+    if (!host) return;
+    static_cast<void>(winId());  // makes the system's window
+    windowHandle()->setTransientParent(host->window()->windowHandle());
 }
 
 /// Under the cell or over the panel that the window opens at, else where its caller put it.

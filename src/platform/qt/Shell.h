@@ -32,6 +32,7 @@ protected:
     void changeEvent(QEvent* event) override;
 
 private:
+    void standOverHost();
     void tellPlaces();
     QPoint wantedCorner(const Shell* over) const;
 

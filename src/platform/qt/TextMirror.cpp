@@ -51,7 +51,10 @@ bool TextMirror::compose(QWidget& target, const QInputMethodEvent& event) {
         forwarding_ = false;
     };
     // Characters around the caret that the method wants replaced are the widget's own business.
-    if (event.replacementLength() > 0) return false;
+    if (event.replacementLength() > 0) {
+        composing_ = !event.preeditString().isEmpty();
+        return false;
+    }
     if (event.commitString().isEmpty()) {
         composing_ = !event.preeditString().isEmpty();
         forward(event.preeditString(), event.attributes());
@@ -62,6 +65,8 @@ bool TextMirror::compose(QWidget& target, const QInputMethodEvent& event) {
     forward({}, {});
     composing_ = false;
     userDoes([&] {
+        // A handler has moved the focus meanwhile: the syllable still belongs where it was begun.
+        if (!edit_.hasFocus()) return edit_.userInsert(utf8(event.commitString()));
         for (const char32_t character : event.commitString().toUcs4()) {
             edit_.window().userKey(screen::Key::typed(character));
             edit_.window().desktop().deliverKeys();
