@@ -179,7 +179,7 @@ TEST(PostalPage, AsksWithItsQueryAndReadsTheHits) {
         EXPECT_TRUE(page.asked().starts_with(line)) << page.asked();
         ASSERT_EQ(hits.size(), 2U);
         EXPECT_EQ(hits[0].zip + "|" + hits[0].address, "04524|서울 중구");
-        EXPECT_EQ(hits[1].zip + "|" + hits[1].address, "06236|서울\t강남");
+        EXPECT_EQ(hits[1].zip + "|" + hits[1].address, "06236|서울 강남");
     }
 }
 
