@@ -125,6 +125,7 @@ void DecoctionSection::clear() {
 
 std::vector<std::int32_t> DecoctionSection::addOnKeys() const {
     std::vector<std::int32_t> keys;
+    keys.reserve(static_cast<std::size_t>(lstCBJmTJAL.itemCount()));
     for (int i = 0; i < lstCBJmTJAL.itemCount(); ++i)
         keys.push_back(basics::toInt32(lastCharacters(lstCBJmTJAL.item(i), keyLength)));
     return keys;

@@ -182,7 +182,7 @@ private:
             return;
         }
         flush();
-        const Group closed = std::move(groups_.back());
+        const Group closed = groups_.back();
         groups_.pop_back();
         ended_ = groups_.size() <= 1;
         if (ended_ || closed.part == group().part) return;

@@ -116,7 +116,7 @@ bool isHeading(const QWidget* bar) {
 /// A tab control that stands in no other.
 bool isOutermost(const QWidget* bar) {
     const QWidget* holder = bar ? bar->parentWidget() : nullptr;
-    if (!qobject_cast<const QTabWidget*>(holder)) return false;
+    if (!holder || !qobject_cast<const QTabWidget*>(holder)) return false;
     for (holder = holder->parentWidget(); holder; holder = holder->parentWidget()) {
         if (qobject_cast<const QTabWidget*>(holder)) return false;
     }

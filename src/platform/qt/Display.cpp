@@ -74,9 +74,10 @@ Display findDisplay() {
     for (const QString& choice : named.split(QLatin1Char(';'), Qt::SkipEmptyParts)) {
         if (usable(choice.section(QLatin1Char(':'), 0, 0))) return {};
     }
-    if (!named.isEmpty())
+    if (!named.isEmpty()) {
         return {{},
                 "ZELVO can't open its window: no display of the kind " + named.toStdString() + " is there."};
+    }
     for (const char* platform : {"xcb", "wayland"}) {
         if (usable(QLatin1String(platform))) return {platform, {}};
     }

@@ -36,7 +36,7 @@ bool takesOne(const screen::Grid& grid) {
 }
 
 int alignmentOf(const screen::GridColumn& column) {
-    return (column.alignRight ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter;
+    return static_cast<int>((column.alignRight ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
 }
 
 QRect centred(const QSize& size, const QRect& cell) {

@@ -57,7 +57,7 @@ int GridHeader::alignment(int column) const {
     if (holdsChoice(*grid_, column)) return Qt::AlignCenter;
     const screen::GridColumn& shown = grid_->column(column);
     if (shown.button && !shown.editable) return Qt::AlignCenter;
-    return (shown.alignRight ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter;
+    return static_cast<int>((shown.alignRight ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
 }
 
 void GridHeader::paintEvent(QPaintEvent* event) {
@@ -88,9 +88,10 @@ void GridHeader::paintSection(QPainter* painter, const QRect& rect, int column) 
     const QColor text = palette().color(QPalette::WindowText), ground = palette().color(QPalette::Window);
     const QRect head = rect.adjusted(0, captionHeight(), 0, -1);
     painter->fillRect(head, blended(text, ground, 0.04));
-    if (rect.right() < viewport()->width() - 1)
+    if (rect.right() < viewport()->width() - 1) {
         painter->fillRect(QRect(head.right(), head.top() + 6, 1, head.height() - 12),
                           blended(text, ground, 0.2));
+    }
     const int edge = column == firstShown() ? GridDelegate::firstEdge : GridDelegate::edge;
     const int place = alignment(column);
     const QRect room = place == Qt::AlignCenter ? head : head.adjusted(edge, 0, -GridDelegate::edge, 0);

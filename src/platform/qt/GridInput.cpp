@@ -174,10 +174,10 @@ void GridView::inputMethodEvent(QInputMethodEvent* event) {
 QVariant GridView::inputMethodQuery(Qt::InputMethodQuery query) const {
     if (query == Qt::ImEnabled) return testAttribute(Qt::WA_InputMethodEnabled);
     if (!editor_->isOpen()) {
-        if (query != Qt::ImCursorRectangle) return QWidget::inputMethodQuery(query);
+        if (query != Qt::ImCursorRectangle) return QTableView::inputMethodQuery(query);
         return visualRect(currentIndex()).translated(viewport()->pos());
     }
-    const QVariant answer = editor_->inputMethodQuery(query);
+    QVariant answer = editor_->inputMethodQuery(query);
     if (answer.typeId() != QMetaType::QRect && answer.typeId() != QMetaType::QRectF) return answer;
     return answer.toRectF().translated(editor_->mapTo(this, QPoint(0, 0)));
 }

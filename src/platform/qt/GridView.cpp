@@ -115,6 +115,7 @@ void GridView::fitRows() {
 /// Columns that came, went or got another width by the logic: its proportions, instead of those dragged.
 void GridView::fitColumns() {
     std::vector<double> designed;
+    designed.reserve(static_cast<std::size_t>(grid_->columnCount()));
     for (int i = 0; i < grid_->columnCount(); ++i)
         designed.push_back(grid_->column(i).shown ? std::max(grid_->column(i).width, 1.0) : 0);
     if (designed == designed_) return;

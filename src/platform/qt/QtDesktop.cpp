@@ -43,7 +43,7 @@ QtDesktop::QtDesktop(screen::SettingsStore& settings, std::function<void(std::st
     : settings_(settings), browse_(std::move(browse)) {}
 
 QtDesktop::~QtDesktop() {
-    setPointer(screen::Pointer::Normal);
+    QtDesktop::setPointer(screen::Pointer::Normal);
 }
 
 void QtDesktop::flush() {

@@ -82,7 +82,7 @@ void dress(QWidget& topLevel) {
     style.setParent(&topLevel);
     dressWidget(topLevel, style);
     for (QWidget* widget : topLevel.findChildren<QWidget*>()) dressWidget(*widget, style);
-    owned<FocusRing>(topLevel);
+    owned<FocusRing>(topLevel).raise();
 }
 
 bool koreanFontInstalled() {

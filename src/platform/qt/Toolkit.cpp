@@ -60,9 +60,10 @@ std::unique_ptr<QApplication> makeApplication(const std::string& platform) {
 
 std::string Toolkit::enter() {
     if (const QCoreApplication* running = QCoreApplication::instance()) {
-        if (!qobject_cast<const QApplication*>(running))
+        if (!qobject_cast<const QApplication*>(running)) {
             return "The program runs without windows (it has a QCoreApplication only): ZELVO can't open its "
                    "window in it.";
+        }
         if (running->thread() != QThread::currentThread())
             return "ZELVO's window can be opened on the thread of the program's windows only.";
     } else {
@@ -70,9 +71,10 @@ std::string Toolkit::enter() {
         if (!display.missing.empty()) return display.missing;
         ownApplication() = makeApplication(display.platform);
     }
-    if (!koreanFontInstalled())
+    if (!koreanFontInstalled()) {
         return "No Korean font is installed on this computer, so ZELVO's texts could not be read. Install one "
                "(Debian: fonts-nanum) and call again.";
+    }
     return {};
 }
 
