@@ -131,7 +131,8 @@ TEST(Sheet, TheEditorKeepsTheFormThatTheBarGives) {
             const QTemporaryDir folder;
             const qt::SheetPaper paper(*editor.document(), QStringLiteral("하늘한의원"),
                                        QStringLiteral("02-555-0123"));
-            EXPECT_EQ(paper.page().toPlainText(), QStringLiteral("하늘한의원\n☎ 02-555-0123\n\n식후 30분\na"));
+            EXPECT_EQ(paper.page().toPlainText(),
+                      QStringLiteral("하늘한의원\n☎ 02-555-0123\n\n식후 30분\na"));
             EXPECT_TRUE(paper.writePdf(folder.filePath(QStringLiteral("sheet.pdf"))));
             EXPECT_FALSE(paper.writePdf(folder.filePath(QStringLiteral("none/sheet.pdf"))));
             session.hand().press("cmdOK");
