@@ -156,10 +156,10 @@ bool measureKeys(const std::string& path) {
             packets.select(0, 3);
             const QString typed = QString::number(run % 9 + 1);
             times.push_back(bench::milliseconds([&] {
+                const Painted painted(*QApplication::focusWidget());
                 QKeyEvent key(QEvent::KeyPress, Qt::Key_0 + run % 9 + 1, Qt::NoModifier, typed);
                 QCoreApplication::sendEvent(QApplication::focusWidget(), &key);
-                QCoreApplication::sendPostedEvents();
-                QCoreApplication::processEvents();
+                painted.wait();
             }));
             if (packets.text() != typed.toStdString()) throw std::runtime_error("the keys went astray");
         }
