@@ -67,18 +67,20 @@ public:
 
     bool isOpen() const override { return inner_.isOpen(); }
     void close() override { inner_.close(); }
-    void execute(const std::string& statement) override {
+
+protected:
+    void runStatement(const std::string& statement) override {
         statements.push_back(statement);
         inner_.execute(statement);
     }
-    void open(data::RecordSet& set, const std::string& statement, data::Cursor cursor,
-              const data::UpdateTarget& target) override {
+    void openSet(data::RecordSet& set, const std::string& statement, data::Cursor cursor,
+                 const data::UpdateTarget& target) override {
         statements.push_back(statement);
         inner_.open(set, statement, cursor, target);
     }
-    void begin() override { inner_.begin(); }
-    data::CommitOutcome commit() override { return inner_.commit(); }
-    void rollback() override { inner_.rollback(); }
+    void beginWork() override { inner_.begin(); }
+    data::CommitOutcome commitWork() override { return inner_.commit(); }
+    void rollbackWork() override { inner_.rollback(); }
 
 private:
     data::Connection& inner_;

@@ -1,8 +1,11 @@
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
+#include <string_view>
 
 #include "data/RecordSet.h"
 
@@ -28,15 +31,38 @@ public:
     virtual bool isOpen() const = 0;
     virtual void close() = 0;
 
-    /// Runs a statement and drops what it returns.
-    virtual void execute(const std::string& statement) = 0;
+    /// Runs a statement and drops what it returns. A statement that fails inside a unit of work spoils it:
+    /// nothing of it runs any more until it has been rolled back, for the server may have ended it, and what
+    /// came then would commit by itself.
+    void execute(const std::string& statement);
     /// Opens `set` on a statement: its rows come whole to the client. On a Fault the set stays as it was.
-    virtual void open(RecordSet& set, const std::string& statement, Cursor cursor,
-                      const UpdateTarget& target = {}) = 0;
+    void open(RecordSet& set, const std::string& statement, Cursor cursor, const UpdateTarget& target = {});
+    /// Runs the insert of one row into `table`. Gives the row's key where the server tells it in the same
+    /// answer, nothing where it has to be asked for.
+    std::optional<std::int32_t> insert(const std::string& statement, std::string_view table);
 
-    virtual void begin() = 0;
-    virtual CommitOutcome commit() = 0;
-    virtual void rollback() = 0;
+    /// Throws Fault when a unit of work is under way.
+    void begin();
+    /// A commit that is refused has been rolled back when this returns.
+    CommitOutcome commit();
+    void rollback();
+
+protected:
+    // What a driver does for each of them.
+    virtual void runStatement(const std::string& statement) = 0;
+    virtual void openSet(RecordSet& set, const std::string& statement, Cursor cursor,
+                         const UpdateTarget& target) = 0;
+    virtual std::optional<std::int32_t> runInsert(const std::string& statement, std::string_view table);
+    virtual void beginWork() = 0;
+    virtual CommitOutcome commitWork() = 0;
+    virtual void rollbackWork() = 0;
+
+private:
+    enum class Work { None, Sound, Spoiled };
+
+    void inWork(const std::function<void()>& step);
+
+    Work work_ = Work::None;
 };
 
 /// A unit of work: begun by the constructor (a Fault when it can't be), rolled back by the destructor unless
@@ -48,7 +74,6 @@ public:
     Transaction(const Transaction&) = delete;
     Transaction& operator=(const Transaction&) = delete;
 
-    /// A commit that is refused has been rolled back when this returns.
     CommitOutcome commit();
     /// Never throws: a line that is gone has taken the transaction with it.
     void rollback() noexcept;

@@ -1,3 +1,6 @@
+#include <exception>
+
+#include "data/OrderOutcome.h"
 #include "data/Running.h"
 #include "data/clsZELVORecordSet.h"
 
@@ -95,8 +98,15 @@ bool clsZELVORecordSet::Update_DoctorPassword(Connection& Conn, std::int32_t DTR
             " WHERE DTR_PK = [DTR_PK]");
         // The key first: what a doctor types may look like its placeholder.
         statement.fill("[DTR_PK]", DTR_PK).fill("[DTR_PWD]", DTR_PWD);
-        running::execute(Conn, statement);
-        return true;
+        try {
+            running::execute(Conn, statement);
+            return true;
+        } catch (const std::exception&) {
+            if (Conn.isOpen()) throw;
+        }
+        // Without its answer nobody knows which password holds.
+        return askAnother(Conn, [&](Connection& other) { return passwordIs(other, DTR_PK, DTR_PWD); }) ==
+               true;
     });
 }
 

@@ -1,21 +1,51 @@
 #include "data/OrderOutcome.h"
 
+#include <exception>
+
 #include "data/Running.h"
 
 namespace zelvo::data {
 
-std::optional<bool> orderStands(Connection& Conn, std::int32_t DTR_PK, const std::string& CBJ_RegDate) {
+namespace {
+
+std::optional<bool> rowStands(Connection& Conn, const Statement& statement) {
     std::optional<bool> stands;
-    running::status([&] {
-        stands = running::readRow(Conn,
-                                  Statement("SELECT CBJ_PK FROM t_ChubangJun "
-                                            "WHERE DTR_PK = [DTR_PK] "
-                                            "AND convert(varchar(19),CBJ_RegDate,120) = '[CBJ_RegDate]'")
-                                      .fill("[DTR_PK]", DTR_PK)
-                                      .fill("[CBJ_RegDate]", CBJ_RegDate),
-                                  [](const RecordSet&) {});
-    });
+    running::status([&] { stands = running::readRow(Conn, statement, [](const RecordSet&) {}); });
     return stands;
+}
+
+}  // namespace
+
+// A server that keeps versions of rows would answer from the last one committed, and a send that is just
+// being committed would seem not to stand.
+std::optional<bool> orderStands(Connection& Conn, std::int32_t DTR_PK, std::int32_t CBJ_PK) {
+    return rowStands(Conn, Statement("SELECT CBJ_PK FROM t_ChubangJun WITH (READCOMMITTEDLOCK) "
+                                     "WHERE CBJ_PK = [CBJ_PK] AND DTR_PK = [DTR_PK]")
+                               .fill("[CBJ_PK]", CBJ_PK)
+                               .fill("[DTR_PK]", DTR_PK));
+}
+
+std::optional<bool> orderIsCanceled(Connection& Conn, std::int32_t CBJ_PK) {
+    return rowStands(Conn, Statement("SELECT CBJ_PK FROM t_ChubangJun WITH (READCOMMITTEDLOCK) "
+                                     "WHERE CBJ_PK = [CBJ_PK] AND CBJ_IsCanceled = 1")
+                               .fill("[CBJ_PK]", CBJ_PK));
+}
+
+std::optional<bool> passwordIs(Connection& Conn, std::int32_t DTR_PK, const std::string& DTR_PWD) {
+    return rowStands(Conn, Statement("SELECT DTR_PK FROM t_Doctor WITH (READCOMMITTEDLOCK) "
+                                     "WHERE DTR_PK = [DTR_PK] AND DTR_PWD = '[DTR_PWD]'")
+                               .fill("[DTR_PK]", DTR_PK)
+                               .fill("[DTR_PWD]", DTR_PWD));
+}
+
+std::optional<bool> askAnother(const Connection& broken,
+                               const std::function<std::optional<bool>(Connection& Conn)>& question) {
+    try {
+        if (broken.another) return question(*broken.another());
+    } catch (const std::exception&) {
+        // The server can't be reached at all.
+    }
+    return std::nullopt;
 }
 
 }  // namespace zelvo::data

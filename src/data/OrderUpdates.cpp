@@ -1,4 +1,5 @@
 #include "basics/Dates.h"
+#include "data/OrderOutcome.h"
 #include "data/Running.h"
 #include "data/clsZELVORecordSet.h"
 
@@ -111,7 +112,9 @@ bool clsZELVORecordSet::Update_CBJCancel(Connection& Conn, std::int32_t CBJ_PK) 
         execute(Conn, Statement("UPDATE t_Stock SET CBJ_IsCanceled = 1 "
                                 " WHERE CBJ_PK = [CBJPK]")
                           .fill("[CBJPK]", CBJ_PK));
-        return transaction.commit() == CommitOutcome::Done;
+        const CommitOutcome outcome = transaction.commit();
+        if (outcome != CommitOutcome::Unknown) return outcome == CommitOutcome::Done;
+        return askAnother(Conn, [&](Connection& other) { return orderIsCanceled(other, CBJ_PK); }) == true;
     });
 }
 

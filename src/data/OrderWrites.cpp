@@ -1,3 +1,5 @@
+#include <optional>
+
 #include "basics/Dates.h"
 #include "data/Running.h"
 #include "data/clsZELVORecordSet.h"
@@ -73,6 +75,7 @@ void fillPharmacyColumns(Statement& statement) {
 }  // namespace
 
 std::int32_t clsZELVORecordSet::Insert_ChubangJun(Connection& Conn, const ChubangJun& row) {
+    std::optional<std::int32_t> key;
     const std::int16_t inserted = status([&] {
         Statement statement(
             "Insert into t_ChubangJun "
@@ -99,9 +102,10 @@ std::int32_t clsZELVORecordSet::Insert_ChubangJun(Connection& Conn, const Chuban
         fillPatientAndCosts(statement, row);
         fillDoseAndDelivery(statement, row);
         fillPharmacyColumns(statement);
-        execute(Conn, statement);
+        key = Conn.insert(statement.text(), "t_ChubangJun");
     });
-    return inserted == 1 ? RecordSet_MaxCBJPK(Conn) : -1;
+    if (inserted != 1) return -1;
+    return key ? *key : RecordSet_MaxCBJPK(Conn);
 }
 
 std::int32_t clsZELVORecordSet::RecordSet_MaxCBJPK(Connection& Conn) {

@@ -142,10 +142,10 @@ bool OrderSend::wantsOtherHerbs() {
 /// Tells what became of this doctor's sends whose outcome was not known. False when the order is not to be
 /// sent now: one of them stands and that is enough, or nobody can say.
 bool OrderSend::settlesFormer() {
-    const std::int32_t doctor = draft_.session.m_DTRPK;
-    for (const std::string& time : unsettled_.of(doctor)) {
-        const std::string former = "[" + time + "] 결과를 확인할 수 없었던 처방전은 ";
-        const std::optional<bool> stands = data::orderStands(draft_.session.connection(), doctor, time);
+    const session::Session& session = draft_.session;
+    for (const UnsettledSend& send : unsettled_.of(session.m_DTRPK, session.m_ServerAddress)) {
+        const std::string former = "[" + send.serverTime + "] 결과를 확인할 수 없었던 처방전은 ";
+        const std::optional<bool> stands = data::orderStands(session.connection(), send.DTR_PK, send.CBJ_PK);
         if (!stands) {
             form_.desktop().alarm(
                 former + "지금도 저장 여부를 확인할 수 없습니다. 처방전을 전송하지 않았습니다.",
@@ -154,12 +154,15 @@ bool OrderSend::settlesFormer() {
         }
         bool goesOn = true;
         if (*stands) {
-            goesOn = form_.desktop().ask(former + "저장되어 있습니다.\r\n\r\n지금 처방전을 전송하시겠습니까?",
+            goesOn = form_.desktop().ask(former +
+                                             "저장되어 있습니다. 진료부에는 전달되지 않았습니다.\r\n\r\n"
+                                             "지금 처방전을 전송하시겠습니까?",
                                          "처방전 전송", screen::Answer::No);
         } else {
+            Remove_SendLog(form_.desktop(), send.serverTime);
             form_.desktop().inform(former + "저장되지 않았습니다. 지금 처방전을 전송합니다.", "처방전 전송");
         }
-        unsettled_.settle(doctor, time);
+        unsettled_.settle(send);
         if (!goesOn) return false;
     }
     return true;
@@ -175,7 +178,8 @@ OrderSend::Stored OrderSend::storeOrder() {
         keepAlarm(faultText(fault.what()), faultCaption);
         return Stored::No;
     }
-    if (!writeRows()) {
+    std::int32_t CBJ_PK = 0;
+    if (!writeRows(CBJ_PK)) {
         transaction->rollback();
         return Stored::No;
     }
@@ -197,19 +201,16 @@ OrderSend::Stored OrderSend::storeOrder() {
     } catch (const std::exception&) {
         // A commit that ends in a fault has said nothing of what became of it.
     }
-    return askAnother();
+    return askAfter(CBJ_PK);
 }
 
 /// The line broke between the commit and its answer: one more connection asks whether the order stands.
-OrderSend::Stored OrderSend::askAnother() {
-    const std::int32_t doctor = draft_.session.m_DTRPK;
+OrderSend::Stored OrderSend::askAfter(std::int32_t CBJ_PK) {
+    const session::Session& session = draft_.session;
     const std::string& time = lblsvrTime.caption();
-    std::optional<bool> stands;
-    try {
-        stands = data::orderStands(*draft_.session.connection().another(), doctor, time);
-    } catch (const std::exception&) {
-        // The server can't be reached at all.
-    }
+    const std::optional<bool> stands = data::askAnother(session.connection(), [&](data::Connection& other) {
+        return data::orderStands(other, session.m_DTRPK, CBJ_PK);
+    });
     if (stands) {
         if (*stands) return Stored::Yes;
         Remove_SendLog(form_.desktop(), time);
@@ -217,7 +218,7 @@ OrderSend::Stored OrderSend::askAnother() {
     }
     const std::string unknown = "처방전 전송 결과를 확인할 수 없습니다. ";
     try {
-        unsettled_.add(doctor, time);
+        unsettled_.add({session.m_DTRPK, CBJ_PK, time, session.m_ServerAddress});
         kept_ = {};
         keepAlarm(
             unknown +
@@ -230,8 +231,7 @@ OrderSend::Stored OrderSend::askAnother() {
     return Stored::Unknown;
 }
 
-bool OrderSend::writeRows() {
-    std::int32_t CBJ_PK = 0;
+bool OrderSend::writeRows(std::int32_t& CBJ_PK) {
     return stampTime() && Send_InsertOrder(CBJ_PK) && Send_InsertCostDetail(CBJ_PK) &&
            (!draft_.hasHerbs() || Send_InsertDrugs(CBJ_PK)) && Send_InsertEatGuide(CBJ_PK);
 }

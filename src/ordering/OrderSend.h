@@ -39,8 +39,8 @@ private:
     bool wantsOtherHerbs();
     bool settlesFormer();
     Stored storeOrder();
-    Stored askAnother();
-    bool writeRows();
+    Stored askAfter(std::int32_t CBJ_PK);
+    bool writeRows(std::int32_t& CBJ_PK);
     bool stampTime();
     bool Send_InsertOrder(std::int32_t& CBJ_PK);
     std::int16_t Send_InsertMileage(std::int32_t DTR_PK, std::int32_t CBJ_PK, std::int32_t STK_Money,

@@ -1,6 +1,7 @@
 #include "ordering/UnsettledSends.h"
 
 #include <algorithm>
+#include <optional>
 
 #include "basics/Numbers.h"
 #include "basics/Text.h"
@@ -17,9 +18,22 @@ std::string path(screen::FileSystemObject& files) {
     return files.fixedFolder("zelvo") + "/unsettled.txt";
 }
 
-/// "17 2024-05-06 09:08:07"
-std::string lineOf(std::int32_t DTR_PK, const std::string& serverTime) {
-    return basics::decimalText(std::int64_t{DTR_PK}) + " " + serverTime;
+/// "17 345 2024-05-06 09:08:07 pharmacy.example:1433"
+std::string lineOf(const UnsettledSend& send) {
+    return basics::decimalText(std::int64_t{send.DTR_PK}) + " " +
+           basics::decimalText(std::int64_t{send.CBJ_PK}) + " " + send.serverTime + " " + send.server;
+}
+
+/// Nothing for a line that is none of these.
+std::optional<UnsettledSend> readLine(const std::string& line) {
+    const std::vector<std::string> words = basics::split(line, " ");
+    if (words.size() < 5 || !basics::IsNumeric(words[0]) || !basics::IsNumeric(words[1])) return std::nullopt;
+    UnsettledSend send{.DTR_PK = basics::toInt32(words[0]),
+                       .CBJ_PK = basics::toInt32(words[1]),
+                       .serverTime = words[2] + " " + words[3],
+                       .server = {}};
+    send.server = line.substr(lineOf(send).size());
+    return send;
 }
 
 }  // namespace
@@ -39,24 +53,24 @@ void UnsettledSends::write(const std::vector<std::string>& lines) const {
     files->writeTextFile(path(*files), basics::join(lines, basics::lineBreak));
 }
 
-std::vector<std::string> UnsettledSends::of(std::int32_t DTR_PK) const {
-    const std::string doctor = lineOf(DTR_PK, "");
-    std::vector<std::string> times;
+std::vector<UnsettledSend> UnsettledSends::of(std::int32_t DTR_PK, const std::string& server) const {
+    std::vector<UnsettledSend> sends;
     for (const std::string& line : lines()) {
-        if (line.starts_with(doctor)) times.push_back(line.substr(doctor.size()));
+        const std::optional<UnsettledSend> send = readLine(line);
+        if (send && send->DTR_PK == DTR_PK && send->server == server) sends.push_back(*send);
     }
-    return times;
+    return sends;
 }
 
-void UnsettledSends::add(std::int32_t DTR_PK, const std::string& serverTime) const {
+void UnsettledSends::add(const UnsettledSend& send) const {
     std::vector<std::string> all = lines();
-    all.push_back(lineOf(DTR_PK, serverTime));
+    all.push_back(lineOf(send));
     write(all);
 }
 
-void UnsettledSends::settle(std::int32_t DTR_PK, const std::string& serverTime) const {
+void UnsettledSends::settle(const UnsettledSend& send) const {
     std::vector<std::string> all = lines();
-    std::erase(all, lineOf(DTR_PK, serverTime));
+    std::erase(all, lineOf(send));
     write(all);
 }
 

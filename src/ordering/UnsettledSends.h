@@ -8,18 +8,24 @@
 
 namespace zelvo::ordering {
 
-/// The sends of this machine whose outcome nobody knows: a file beside the logs, a line a send, with nothing
-/// but its doctor's key and its server time.
+/// A send whose outcome nobody knows.
+struct UnsettledSend {
+    std::int32_t DTR_PK = 0, CBJ_PK = 0;
+    std::string serverTime;  ///< "yyyy-mm-dd hh:mm:ss"
+    std::string server;      ///< its address, as the chart gave it
+};
+
+/// The unsettled sends of this machine: a file beside the logs, a line a send.
 class UnsettledSends {
 public:
     explicit UnsettledSends(screen::Desktop& desktop) : desktop_(desktop) {}
 
-    /// Server times of a doctor's sends, the oldest first. Throws Fault when the file can't be read.
-    std::vector<std::string> of(std::int32_t DTR_PK) const;
+    /// A doctor's sends to a server, the oldest first. Throws Fault when the file can't be read.
+    std::vector<UnsettledSend> of(std::int32_t DTR_PK, const std::string& server) const;
     /// Throws Fault when it can't be written.
-    void add(std::int32_t DTR_PK, const std::string& serverTime) const;
+    void add(const UnsettledSend& send) const;
     /// What became of it is known. Throws Fault when it can't be written.
-    void settle(std::int32_t DTR_PK, const std::string& serverTime) const;
+    void settle(const UnsettledSend& send) const;
 
 private:
     std::vector<std::string> lines() const;

@@ -180,10 +180,15 @@ TEST_P(Port, KeepsOrDropsATransactionAsAWhole) {
     }
     Transaction transaction(*connection_);
     insert(4);
-    EXPECT_THROW(insert(4), Fault) << "a failed statement does not end the transaction by itself";
     insert(5);
     EXPECT_THROW(Transaction second(*connection_), Fault);
     EXPECT_EQ(transaction.commit(), CommitOutcome::Done);
+    Transaction spoiled(*connection_);
+    insert(6);
+    EXPECT_THROW(insert(6), Fault);
+    EXPECT_THROW(insert(7), Fault) << "the server may have ended it";
+    EXPECT_THROW(connection_->open(set_, "SELECT 1", Cursor::Static), Fault);
+    EXPECT_EQ(spoiled.commit(), CommitOutcome::Refused);
     EXPECT_EQ(database_.value("SELECT group_concat(CBJ_PK) FROM t_EatGuide"), "4,5");
 }
 

@@ -19,7 +19,8 @@ Settings settingsOf(const Variables& variables) {
     });
 }
 
-const std::string freeTds = "UID=zelvo;PWD=pw;TDS_Version=7.4;ClientCharset=UTF-8;Encryption=";
+const std::string freeTds =
+    "UID=zelvo;PWD=pw;TDS_Version=7.4;ClientCharset=UTF-8;TextSize=2147483647;Encryption=";
 const std::string common = "Language=us_english;APP=DoctorZELVO;";
 
 TEST(ConnectionString, IsSaidInTheDriversOwnWords) {

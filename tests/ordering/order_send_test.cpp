@@ -327,28 +327,29 @@ TEST(OrderSend, ACommitWithoutAnAnswerIsAskedAfter) {
 }
 
 TEST(OrderSend, AMarkedSendIsAskedAfterBeforeTheNext) {
-    const std::string time = "2024-05-06 09:08:07", mark = "/logs/zelvo/unsettled.txt";
+    const std::string time = "2024-05-06 09:08:07", file = "/logs/zelvo/unsettled.txt";
+    const std::string stands = "저장되어 있습니다. 진료부에는 전달되지 않았습니다.";
+    const auto mark = [&](int doctor) { return std::to_string(doctor) + " 345 " + time + " server:1"; };
     const std::string former = "[" + time + "] 결과를 확인할 수 없었던 처방전은 ";
     const struct {
         const char* name;
-        int doctor;
+        std::string marked;
         bool stands, lineBroken;
         Answer answer;
-        std::string told, left;
-        bool sends;
-    } cases[] = {
-        {"another doctor's", 11, false, false, Answer::Yes, "", "11 " + time, true},
-        {"it stands and is enough", 1, true, false, Answer::No, "저장되어 있습니다", "", false},
-        {"it stands and this is one more", 1, true, false, Answer::Yes, "저장되어 있습니다", "", true},
-        {"it does not stand", 1, false, false, Answer::Yes, "저장되지 않았습니다", "", true},
-        {"nobody says", 1, true, true, Answer::Yes, "지금도", "1 " + time, false}};
+        std::string told;
+        bool settled, sends;
+    } cases[] = {{"another doctor's", mark(11), false, false, Answer::Yes, "", false, true},
+                 {"another server's", mark(1) + "0", false, false, Answer::Yes, "", false, true},
+                 {"it stands and is enough", mark(1), true, false, Answer::No, stands, true, false},
+                 {"it stands and this is one more", mark(1), true, false, Answer::Yes, stands, true, true},
+                 {"it does not stand", mark(1), false, false, Answer::Yes, "저장되지 않았습니다", true, true},
+                 {"nobody says", mark(1), true, true, Answer::Yes, "지금도", false, false}};
     for (const auto& test : cases) {
         SCOPED_TRACE(test.name);
         OrderWindow window;
         window.compose();
-        if (test.stands)
-            window.pharmacy->run("INSERT INTO t_ChubangJun (DTR_PK, CBJ_RegDate) VALUES (1, '" + time + "')");
-        window.logs[mark] = std::to_string(test.doctor) + " " + time;
+        if (test.stands) window.pharmacy->run("INSERT INTO t_ChubangJun (CBJ_PK, DTR_PK) VALUES (345, 1)");
+        window.logs[file] = test.marked;
         window.run([&] {
             window.user.press("ssrCostConfirm");
             if (test.lineBroken) window.line->failAt(1);
@@ -363,7 +364,7 @@ TEST(OrderSend, AMarkedSendIsAskedAfterBeforeTheNext) {
             EXPECT_EQ(window.desktop.takeBox().caption, "처방전 전송 성공");
         }
         EXPECT_EQ(window.sent.size(), test.sends ? 1U : 0U);
-        EXPECT_EQ(window.logs.contains(mark) ? window.logs[mark] : "", test.left);
+        EXPECT_EQ(window.logs.contains(file) ? window.logs[file] : "", test.settled ? "" : test.marked);
     }
 }
 

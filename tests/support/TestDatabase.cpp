@@ -155,24 +155,30 @@ void FaultyConnection::count(const std::string& statement) {
     if (failsNow || broken_) throw basics::Fault("failed on purpose: " + statement);
 }
 
-void FaultyConnection::execute(const std::string& statement) {
+void FaultyConnection::runStatement(const std::string& statement) {
     count(statement);
     inner_->execute(statement);
 }
 
-void FaultyConnection::open(data::RecordSet& set, const std::string& statement, data::Cursor cursor,
-                            const data::UpdateTarget& target) {
+void FaultyConnection::openSet(data::RecordSet& set, const std::string& statement, data::Cursor cursor,
+                               const data::UpdateTarget& target) {
     count(statement);
     inner_->open(set, statement, cursor, target);
 }
 
-void FaultyConnection::begin() {
+std::optional<std::int32_t> FaultyConnection::runInsert(const std::string& statement,
+                                                        std::string_view table) {
+    count(statement);
+    return inner_->insert(statement, table);
+}
+
+void FaultyConnection::beginWork() {
     count("BEGIN");
     inner_->begin();
     inTransaction = true;
 }
 
-data::CommitOutcome FaultyConnection::commit() {
+data::CommitOutcome FaultyConnection::commitWork() {
     try {
         count("COMMIT");
     } catch (const basics::Fault&) {
@@ -185,7 +191,7 @@ data::CommitOutcome FaultyConnection::commit() {
     return asked.value_or(outcome);
 }
 
-void FaultyConnection::rollback() {
+void FaultyConnection::rollbackWork() {
     before("ROLLBACK");
     statements.emplace_back("ROLLBACK");
     if (!broken_) inner_->rollback();

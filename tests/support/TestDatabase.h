@@ -53,12 +53,15 @@ public:
 
     bool isOpen() const override { return inner_->isOpen(); }
     void close() override { inner_->close(); }
-    void execute(const std::string& statement) override;
-    void open(data::RecordSet& set, const std::string& statement, data::Cursor cursor,
-              const data::UpdateTarget& target = {}) override;
-    void begin() override;
-    data::CommitOutcome commit() override;
-    void rollback() override;
+
+protected:
+    void runStatement(const std::string& statement) override;
+    void openSet(data::RecordSet& set, const std::string& statement, data::Cursor cursor,
+                 const data::UpdateTarget& target) override;
+    std::optional<std::int32_t> runInsert(const std::string& statement, std::string_view table) override;
+    void beginWork() override;
+    data::CommitOutcome commitWork() override;
+    void rollbackWork() override;
 
 private:
     void count(const std::string& statement);

@@ -77,13 +77,14 @@ std::string freeTdsString(const data::ServerLogin& login, const Settings& settin
     } else {
         attributes.add("Servername", settings.section);
     }
-    // The version and the character set are never left to be found out; the encryption has a word of its own
-    // here, and "require" is the one that does not fall back.
+    // Its configuration file could cut a dosage sheet. The version and the character set are never left to be
+    // found out; the encryption has a word of its own here, and "require" is the one that does not fall back.
     return attributes.add("Database", login.database)
         .add("UID", login.user)
         .add("PWD", login.password)
         .add("TDS_Version", "7.4")
         .add("ClientCharset", "UTF-8")
+        .add("TextSize", "2147483647")
         .add("Encryption", settings.encrypted ? "require" : "off")
         .add("Language", "us_english")
         .add("APP", "DoctorZELVO")

@@ -8,10 +8,10 @@
 namespace zelvo::odbc {
 namespace {
 
-/// Class 08 is the line itself; HYT is a time-out, behind which an answer may still lie that belongs to
-/// nobody.
-bool tellsBrokenLine(std::string_view state) {
-    return state.starts_with("08") || state.starts_with("HYT");
+/// Class 08 is the line itself; HYT is a time-out.
+ServerFault::Kind kindOf(std::string_view state) {
+    if (state.starts_with("08")) return ServerFault::Kind::Broken;
+    return state.starts_with("HYT") ? ServerFault::Kind::Late : ServerFault::Kind::Refusal;
 }
 
 }  // namespace
@@ -20,7 +20,7 @@ ServerFault faultOf(SQLSMALLINT kind, SQLHANDLE handle) {
     std::array<SQLWCHAR, 6> state{};
     std::array<SQLWCHAR, 4096> message{};
     std::string description;
-    bool broken = false;
+    auto worst = ServerFault::Kind::Refusal;
     for (SQLSMALLINT record = 1;; ++record) {
         SQLINTEGER number = 0;
         SQLSMALLINT length = 0;
@@ -30,7 +30,7 @@ ServerFault faultOf(SQLSMALLINT kind, SQLHANDLE handle) {
         }
         std::string stateText;
         appendUtf8(stateText, state.data(), 5);
-        broken = broken || tellsBrokenLine(stateText);
+        worst = std::max(worst, kindOf(stateText));
         if (!description.empty()) description += ' ';
         description += "[" + stateText + "] ";
         const auto told = std::min<std::size_t>(static_cast<std::size_t>(std::max<SQLSMALLINT>(length, 0)),
@@ -38,7 +38,7 @@ ServerFault faultOf(SQLSMALLINT kind, SQLHANDLE handle) {
         appendUtf8(description, message.data(), told);
         description += " (" + basics::decimalText(std::int64_t{number}) + ")";
     }
-    return {description.empty() ? "the driver says nothing of its failure" : description, broken};
+    return {description.empty() ? "the driver says nothing of its failure" : description, worst};
 }
 
 }  // namespace zelvo::odbc

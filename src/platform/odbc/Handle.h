@@ -11,13 +11,17 @@ namespace zelvo::odbc {
 /// A fault of the driver or the server. Its text is theirs, for a developer's eyes.
 class ServerFault : public basics::Fault {
 public:
-    ServerFault(const std::string& description, bool lineBroken)
-        : Fault(description), lineBroken_(lineBroken) {}
-    /// The line is gone, or so late with its answer that nothing more is to be hoped from it.
-    bool lineBroken() const { return lineBroken_; }
+    enum class Kind {
+        Refusal,  ///< the server, or the driver, says no
+        Late,     ///< no answer within the time; the statement may have run or not
+        Broken    ///< the line is gone
+    };
+
+    ServerFault(const std::string& description, Kind kind) : Fault(description), kind_(kind) {}
+    Kind kind() const { return kind_; }
 
 private:
-    bool lineBroken_;
+    Kind kind_;
 };
 
 /// All that a handle has to say of its last call: "[SQLSTATE] message (number)" a record.
@@ -32,7 +36,7 @@ public:
         if (SQL_SUCCEEDED(SQLAllocHandle(Kind, parent, &handle_))) return;
         constexpr auto parentKind =
             static_cast<SQLSMALLINT>(Kind == SQL_HANDLE_STMT ? SQL_HANDLE_DBC : SQL_HANDLE_ENV);
-        throw parent == SQL_NULL_HANDLE ? ServerFault("no ODBC environment", false)
+        throw parent == SQL_NULL_HANDLE ? ServerFault("no ODBC environment", ServerFault::Kind::Refusal)
                                         : faultOf(parentKind, parent);
     }
     Handle(Handle&& other) noexcept : handle_(std::exchange(other.handle_, nullptr)) {}

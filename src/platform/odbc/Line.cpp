@@ -55,15 +55,13 @@ void Line::close() noexcept {
 /// A line that turns out to be broken is closed: whatever comes then fails at once.
 void Line::onLine(const std::function<void()>& work) {
     if (!isOpen()) throw basics::Fault("the connection is closed");
-    bool broken = false;
     try {
         return work();
     } catch (const ServerFault& fault) {
         SQLUINTEGER dead = SQL_CD_FALSE;
         SQLGetConnectAttrW(connection_->get(), SQL_ATTR_CONNECTION_DEAD, &dead, SQL_IS_UINTEGER, nullptr);
-        broken = fault.lineBroken() || dead == SQL_CD_TRUE;
-        if (!broken) throw;
-        const ServerFault told(fault.what(), true);
+        if (fault.kind() != ServerFault::Kind::Broken && dead != SQL_CD_TRUE) throw;
+        const ServerFault told(fault.what(), ServerFault::Kind::Broken);
         close();
         throw told;
     }
@@ -86,9 +84,11 @@ SQLLEN Line::run(const std::string& statement) {
     SQLLEN changed = -1;
     onLine([&] {
         const StatementHandle handle = send(statement);
-        SQLRowCount(handle.get(), &changed);
-        while (nextResult(handle)) {
-        }
+        // The counts of a trigger's statements stand before the statement's own.
+        do {
+            SQLLEN count = -1;
+            if (SQL_SUCCEEDED(SQLRowCount(handle.get(), &count)) && count >= 0) changed = count;
+        } while (nextResult(handle));
     });
     return changed;
 }

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "basics/Fault.h"
+#include "basics/Numbers.h"
 #include "basics/Text.h"
 #include "data/Statement.h"
 #include "platform/odbc/ConnectionString.h"
@@ -62,7 +63,6 @@ OdbcConnection::~OdbcConnection() = default;
 
 void OdbcConnection::close() {
     line_.reset();
-    inTransaction_ = false;
 }
 
 Line& OdbcConnection::line() const {
@@ -70,43 +70,51 @@ Line& OdbcConnection::line() const {
     return *line_;
 }
 
-void OdbcConnection::execute(const std::string& statement) {
+void OdbcConnection::runStatement(const std::string& statement) {
     line().run(dialect_(statement));
 }
 
-void OdbcConnection::open(data::RecordSet& set, const std::string& statement, data::Cursor cursor,
-                          const data::UpdateTarget& target) {
+void OdbcConnection::openSet(data::RecordSet& set, const std::string& statement, data::Cursor cursor,
+                             const data::UpdateTarget& target) {
     std::unique_ptr<data::RecordSet::Filler> rows;
     line().query(dialect_(statement), [&](const StatementHandle& result) { rows = fetch(result, set); });
     // Not before all has come: what goes wrong behind the rows must not leave half of them.
     rows->finish(cursor, target, std::make_unique<KeyedWriter>(line_, dialect_));
 }
 
-// A unit of work is said in the server's own words, one round trip each: switching a driver's auto-commit off
-// and on costs more, and what a driver makes of a transaction that the server has ended is its own affair.
-void OdbcConnection::begin() {
-    if (inTransaction_) throw Fault("a transaction is open");
-    line().run(dialect_("BEGIN TRANSACTION"));
-    inTransaction_ = true;
+std::optional<std::int32_t> OdbcConnection::runInsert(const std::string& statement, std::string_view table) {
+    // In a table whose keys are no identities the server would tell the last one of some other table.
+    data::RecordSet key;
+    openSet(key,
+            statement + "; SELECT CONVERT(int, SCOPE_IDENTITY()) AS NewKey WHERE IDENT_CURRENT('" +
+                std::string(table) + "') IS NOT NULL",
+            data::Cursor::Static, {});
+    if (key.atEnd() || key.isNull("NewKey")) return std::nullopt;
+    return basics::toInt32(key.text("NewKey"));
 }
 
-data::CommitOutcome OdbcConnection::commit() {
+// A unit of work is said in the server's own words, one round trip each: switching a driver's auto-commit off
+// and on costs more, and what a driver makes of a transaction that the server has ended is its own affair.
+void OdbcConnection::beginWork() {
+    line().run(dialect_("BEGIN TRANSACTION"));
+}
+
+data::CommitOutcome OdbcConnection::commitWork() {
     try {
         line().run(dialect_("COMMIT TRANSACTION"));
     } catch (const ServerFault& fault) {
-        if (!fault.lineBroken()) return data::CommitOutcome::Refused;
-        inTransaction_ = false;
+        if (fault.kind() == ServerFault::Kind::Refusal) return data::CommitOutcome::Refused;
+        close();
         return data::CommitOutcome::Unknown;
     } catch (const Fault&) {
         // Nothing was sent on a line that had been closed before.
         return data::CommitOutcome::Refused;
     }
-    inTransaction_ = false;
     return data::CommitOutcome::Done;
 }
 
-void OdbcConnection::rollback() {
-    inTransaction_ = false;
+void OdbcConnection::rollbackWork() {
+    if (!isOpen()) return;  // the server has let go of it
     try {
         // Some failures (a deadlock, say) have rolled back already.
         line().run(dialect_("IF @@TRANCOUNT > 0 ROLLBACK TRANSACTION"));

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -23,15 +25,17 @@ public:
     bool isOpen() const override { return line_ && line_->isOpen(); }
     void close() override;
 
-    void execute(const std::string& statement) override;
-    void open(data::RecordSet& set, const std::string& statement, data::Cursor cursor,
-              const data::UpdateTarget& target = {}) override;
-
-    void begin() override;
-    /// Unknown when the line broke before the answer.
-    data::CommitOutcome commit() override;
+protected:
+    void runStatement(const std::string& statement) override;
+    void openSet(data::RecordSet& set, const std::string& statement, data::Cursor cursor,
+                 const data::UpdateTarget& target) override;
+    /// The key comes with the insert: another clinic's row may be the highest by the time of a question.
+    std::optional<std::int32_t> runInsert(const std::string& statement, std::string_view table) override;
+    void beginWork() override;
+    /// Unknown when the line broke before the answer, or none came in time.
+    data::CommitOutcome commitWork() override;
     /// One that fails closes the connection: the server then takes the transaction back by itself.
-    void rollback() override;
+    void rollbackWork() override;
 
 private:
     Line& line() const;
@@ -39,7 +43,6 @@ private:
     // Shared with the row writers of its result sets, which only watch it: they may outlive the connection.
     std::shared_ptr<Line> line_;
     Dialect dialect_;
-    bool inTransaction_ = false;
 };
 
 /// Opens the SQL Server at the login's address, by the driver that the environment names. Throws Fault.

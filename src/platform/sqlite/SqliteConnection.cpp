@@ -152,12 +152,12 @@ sqlite3* SqliteConnection::database() const {
     return database_.get();
 }
 
-void SqliteConnection::execute(const std::string& statement) {
+void SqliteConnection::runStatement(const std::string& statement) {
     run(database(), toSqlite(statement));
 }
 
-void SqliteConnection::open(data::RecordSet& set, const std::string& statement, data::Cursor cursor,
-                            const data::UpdateTarget& target) {
+void SqliteConnection::openSet(data::RecordSet& set, const std::string& statement, data::Cursor cursor,
+                               const data::UpdateTarget& target) {
     sqlite3* const opened = database();
     const Prepared prepared = prepare(opened, toSqlite(statement));
     // The first step prepares anew when a table has changed since the last statement; only then the columns
@@ -181,11 +181,11 @@ void SqliteConnection::open(data::RecordSet& set, const std::string& statement, 
 }
 
 // Immediate: a read followed by a write would fail when somebody else wrote in between.
-void SqliteConnection::begin() {
+void SqliteConnection::beginWork() {
     run(database(), "BEGIN IMMEDIATE");
 }
 
-data::CommitOutcome SqliteConnection::commit() {
+data::CommitOutcome SqliteConnection::commitWork() {
     try {
         run(database(), "COMMIT");
         return data::CommitOutcome::Done;
@@ -194,7 +194,7 @@ data::CommitOutcome SqliteConnection::commit() {
     }
 }
 
-void SqliteConnection::rollback() {
+void SqliteConnection::rollbackWork() {
     // Some failures (a full disk, say) have rolled back already.
     if (sqlite3_get_autocommit(database()) == 0) run(database(), "ROLLBACK");
 }

@@ -22,14 +22,14 @@ public:
     bool isOpen() const override { return database_ != nullptr; }
     void close() override;
 
-    void execute(const std::string& statement) override;
-    void open(data::RecordSet& set, const std::string& statement, data::Cursor cursor,
-              const data::UpdateTarget& target = {}) override;
-
-    void begin() override;
+protected:
+    void runStatement(const std::string& statement) override;
+    void openSet(data::RecordSet& set, const std::string& statement, data::Cursor cursor,
+                 const data::UpdateTarget& target) override;
+    void beginWork() override;
     /// Durable when it says Done: the file has been synchronised.
-    data::CommitOutcome commit() override;
-    void rollback() override;
+    data::CommitOutcome commitWork() override;
+    void rollbackWork() override;
 
 private:
     sqlite3* database() const;

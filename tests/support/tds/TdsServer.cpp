@@ -160,7 +160,12 @@ private:
     bool batch(const std::string& text) {
         std::this_thread::sleep_for(std::chrono::milliseconds(server_.milliseconds));
         if (troubled(text)) return false;
-        if (muted_) return true;
+        if (muted_ || trouble_ == TdsServer::Trouble::Late) return true;
+        if (trouble_ == TdsServer::Trouble::Deadlock) {
+            sqlite3_exec(database_, "ROLLBACK", nullptr, nullptr, nullptr);
+            send(tds::errorAnswer(1205, "chosen as the deadlock victim"));
+            return true;
+        }
         const std::string answer = answerTo(text);
         if (trouble_ == TdsServer::Trouble::CutBeforeAnswer) return false;
         send(answer, trouble_ == TdsServer::Trouble::CutInAnswer);
@@ -169,6 +174,14 @@ private:
 
     std::string answerTo(const std::string& batch) {
         std::string text = batch;
+        if (text.starts_with("set textsize")) return tds::done(0, 0);
+        // The one batch of two: an insert and the question for its key.
+        const std::size_t question = text.find("; SELECT CONVERT(int, SCOPE_IDENTITY())");
+        if (question != std::string::npos) {
+            const std::string inserted = answerTo(text.substr(0, question));
+            if (!inserted.starts_with(tds::done(0x10, 1).front())) return inserted;
+            return tds::done(0x11, 1) + answerTo("SELECT last_insert_rowid() AS NewKey");
+        }
         if (text == "BEGIN TRANSACTION") text = "BEGIN IMMEDIATE";
         if (text == "IF @@TRANCOUNT > 0 ROLLBACK TRANSACTION") {
             if (sqlite3_get_autocommit(database_) != 0) return tds::done(0, 0);

@@ -20,6 +20,8 @@ public:
     enum class Trouble {
         None,
         Mute,             ///< reads on and says nothing
+        Late,             ///< says nothing until the client gives the batch up, and lives on
+        Deadlock,         ///< the statement fails and the server has ended the transaction
         CutBeforeRun,     ///< the line is cut, the statement never ran
         CutBeforeAnswer,  ///< the statement ran, the line is cut
         CutInAnswer       ///< half of the answer, then the line is cut
