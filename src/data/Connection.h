@@ -27,6 +27,8 @@ public:
     /// Opens one more connection to the same server, for a single question when this one has broken. Throws
     /// Fault. The session sets it when it opens the connection.
     std::function<std::unique_ptr<Connection>()> another;
+    /// The server's address, as the chart gave it. The session sets it when it opens the connection.
+    std::string server;
 
     virtual bool isOpen() const = 0;
     virtual void close() = 0;

@@ -142,10 +142,10 @@ bool OrderSend::wantsOtherHerbs() {
 /// Tells what became of this doctor's sends whose outcome was not known. False when the order is not to be
 /// sent now: one of them stands and that is enough, or nobody can say.
 bool OrderSend::settlesFormer() {
-    const session::Session& session = draft_.session;
-    for (const UnsettledSend& send : unsettled_.of(session.m_DTRPK, session.m_ServerAddress)) {
+    data::Connection& connection = draft_.session.connection();
+    for (const UnsettledSend& send : unsettled_.of(draft_.session.m_DTRPK, connection.server)) {
         const std::string former = "[" + send.serverTime + "] 결과를 확인할 수 없었던 처방전은 ";
-        const std::optional<bool> stands = data::orderStands(session.connection(), send.DTR_PK, send.CBJ_PK);
+        const std::optional<bool> stands = data::orderStands(connection, send.DTR_PK, send.CBJ_PK);
         if (!stands) {
             form_.desktop().alarm(
                 former + "지금도 저장 여부를 확인할 수 없습니다. 처방전을 전송하지 않았습니다.",
@@ -206,11 +206,11 @@ OrderSend::Stored OrderSend::storeOrder() {
 
 /// The line broke between the commit and its answer: one more connection asks whether the order stands.
 OrderSend::Stored OrderSend::askAfter(std::int32_t CBJ_PK) {
-    const session::Session& session = draft_.session;
+    const data::Connection& broken = draft_.session.connection();
+    const std::int32_t doctor = draft_.session.m_DTRPK;
     const std::string& time = lblsvrTime.caption();
-    const std::optional<bool> stands = data::askAnother(session.connection(), [&](data::Connection& other) {
-        return data::orderStands(other, session.m_DTRPK, CBJ_PK);
-    });
+    const std::optional<bool> stands = data::askAnother(
+        broken, [&](data::Connection& other) { return data::orderStands(other, doctor, CBJ_PK); });
     if (stands) {
         if (*stands) return Stored::Yes;
         Remove_SendLog(form_.desktop(), time);
@@ -218,7 +218,7 @@ OrderSend::Stored OrderSend::askAfter(std::int32_t CBJ_PK) {
     }
     const std::string unknown = "처방전 전송 결과를 확인할 수 없습니다. ";
     try {
-        unsettled_.add({session.m_DTRPK, CBJ_PK, time, session.m_ServerAddress});
+        unsettled_.add({doctor, CBJ_PK, time, broken.server});
         kept_ = {};
         keepAlarm(
             unknown +

@@ -71,8 +71,8 @@ bool ConnectYakGukServer(Session& session, screen::Desktop& desktop, const data:
     }
     connection->yield = [&desktop] { desktop.yield(); };
     connection->another = [open, ServerAddress] { return openedAt(open, ServerAddress); };
+    connection->server = ServerAddress;
     session.g_conYakGuk = std::move(connection);
-    session.m_ServerAddress = ServerAddress;
     return true;
 }
 

@@ -80,7 +80,7 @@ public:
     explicit OrderWindow(std::shared_ptr<OrderPharmacy> shared = std::make_shared<OrderPharmacy>())
         : OrderPanes(std::move(shared)) {
         session.m_DTRPK = 1;
-        session.m_ServerAddress = "server:1";
+        line->server = "server:1";
         desktop.onBox = [this](const screen::MessageBox& box) {
             EXPECT_FALSE(line->inTransaction) << "a box inside a transaction: " << box.text;
         };

@@ -44,9 +44,22 @@ private:
     QLabel& label_;
 };
 
+void drawState(const screen::Button& field, QPushButton& button) {
+    const screen::Color& color = field.textColor();
+    if (color == screen::Color{}) return;
+    QPalette palette = button.palette();
+    palette.setColor(QPalette::ButtonText, QColor(color.red, color.green, color.blue));
+    button.setPalette(palette);
+}
+
+void drawState(const screen::TwoStateButton& field, QPushButton& button) {
+    button.setDown(field.value());
+}
+
+template <class FieldKind>
 class ButtonMirror : public Mirror {
 public:
-    ButtonMirror(screen::Button& field, QPushButton& button)
+    ButtonMirror(FieldKind& field, QPushButton& button)
         : Mirror(field, button), field_(field), button_(button) {
         button.setAutoDefault(false);
         connect(&button, &QPushButton::clicked, this, [this] { userDoes([this] { field_.userPress(); }); });
@@ -55,32 +68,10 @@ public:
 private:
     void draw() override {
         button_.setText(plainCaption(field_.caption()));
-        const screen::Color& color = field_.textColor();
-        if (color == screen::Color{}) return;
-        QPalette palette = button_.palette();
-        palette.setColor(QPalette::ButtonText, QColor(color.red, color.green, color.blue));
-        button_.setPalette(palette);
+        drawState(field_, button_);
     }
 
-    screen::Button& field_;
-    QPushButton& button_;
-};
-
-class TwoStateMirror : public Mirror {
-public:
-    TwoStateMirror(screen::TwoStateButton& field, QPushButton& button)
-        : Mirror(field, button), field_(field), button_(button) {
-        button.setAutoDefault(false);
-        connect(&button, &QPushButton::clicked, this, [this] { userDoes([this] { field_.userPress(); }); });
-    }
-
-private:
-    void draw() override {
-        button_.setText(plainCaption(field_.caption()));
-        button_.setDown(field_.value());
-    }
-
-    screen::TwoStateButton& field_;
+    FieldKind& field_;
     QPushButton& button_;
 };
 
@@ -330,9 +321,10 @@ std::unique_ptr<Mirror> makeMirror(screen::Field& field, QWidget& widget) {
             return make.
             operator()<MarkMirror<screen::OptionButton, QRadioButton>, screen::OptionButton, QRadioButton>();
         case FieldKind::Button:
-            return make.operator()<ButtonMirror, screen::Button, QPushButton>();
+            return make.operator()<ButtonMirror<screen::Button>, screen::Button, QPushButton>();
         case FieldKind::TwoState:
-            return make.operator()<TwoStateMirror, screen::TwoStateButton, QPushButton>();
+            return make.
+            operator()<ButtonMirror<screen::TwoStateButton>, screen::TwoStateButton, QPushButton>();
         case FieldKind::Panel:
             return make.operator()<PanelMirror, screen::Panel, FramePanel>();
         case FieldKind::Tabs:
