@@ -1,3 +1,10 @@
+# What the compiler says of our own code ends the build.
+function(zelvo_warnings target)
+  target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Werror
+                         # GCC 12 warns of std::string + "literal" where nothing overlaps.
+                         $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>)
+endfunction()
+
 # One static library a folder of src/, named zelvo_<folder>, so that the linker sees the order of the house as well.
 # zelvo_room(screen USES basics tables) builds src/screen/*.cpp against the rooms below it.
 function(zelvo_room name)
@@ -12,9 +19,7 @@ function(zelvo_room name)
   else()
     add_library(zelvo_${name} STATIC ${sources})
     set(scope PUBLIC)
-    target_compile_options(zelvo_${name} PRIVATE -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Werror
-                           # GCC 12 warns of std::string + "literal" where nothing overlaps.
-                           $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>)
+    zelvo_warnings(zelvo_${name})
   endif()
   target_include_directories(zelvo_${name} ${scope} ${CMAKE_SOURCE_DIR}/src)
   foreach(room ${ROOM_USES})
