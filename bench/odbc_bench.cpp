@@ -118,8 +118,8 @@ bool compareSends(testing::TdsServer& desk, data::Connection& connection) {
             if (transaction.commit() != data::CommitOutcome::Done)
                 throw std::runtime_error("the commit failed");
         });
-        // begin, clock, order, key, mileage, notes, herbs, sheet, commit
-        constexpr int statements = 8 + herbs;
+        // begin, clock, order with its key, mileage, notes, herbs, sheet, commit
+        constexpr int statements = 7 + herbs;
         if (desk.takeBatches().size() != statements)
             throw std::runtime_error("more round trips than statements");
         send.floorIs(statements * lineMilliseconds);

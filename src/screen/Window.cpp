@@ -73,7 +73,7 @@ void Window::touch() {
 }
 
 Field* Window::field(std::string_view name) const {
-    const auto found = byName_.find(std::string(name));
+    const auto found = byName_.find(name);
     return found == byName_.end() ? nullptr : found->second;
 }
 

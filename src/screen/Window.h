@@ -143,7 +143,7 @@ private:
     std::string name_, caption_;
     double width_, height_;
     std::vector<Field*> fields_, tabOrder_;
-    std::unordered_map<std::string, Field*> byName_;
+    std::unordered_map<std::string_view, Field*> byName_;
     Field* focus_ = nullptr;
     bool entered_ = false;  ///< onFocus has run for the field that has the focus
     unsigned focusTurn_ = 0;
