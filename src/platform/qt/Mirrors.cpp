@@ -17,6 +17,7 @@
 #include <QtWidgets/QTextEdit>
 
 #include "basics/Fault.h"
+#include "platform/qt/Contrast.h"
 #include "platform/qt/FramePanel.h"
 #include "platform/qt/GridView.h"
 #include "platform/qt/LongTextMirror.h"
@@ -56,14 +57,19 @@ private:
     void draw() override {
         button_.setText(plainCaption(field_.caption()));
         const screen::Color& color = field_.textColor();
-        if (color == screen::Color{}) return;
-        QPalette palette = button_.palette();
-        palette.setColor(QPalette::ButtonText, QColor(color.red, color.green, color.blue));
-        button_.setPalette(palette);
+        if (color == shown_) return;
+        shown_ = color;
+        QPalette own;
+        if (color != screen::Color{}) {
+            const QColor ground = button_.palette().color(QPalette::Window);
+            own.setColor(QPalette::ButtonText, readableOn(ground, QColor(color.red, color.green, color.blue)));
+        }
+        button_.setPalette(own);
     }
 
     screen::Button& field_;
     QPushButton& button_;
+    screen::Color shown_;
 };
 
 class TwoStateMirror : public Mirror {
