@@ -61,7 +61,8 @@ void ChubangPane::dressFields() {
     txtMemo.setHangul(true);
     tdbList.setCaption(names_.listCaption);
     tdbList.setLabel(basics::trim(names_.listCaption));
-    tdbList.emptyHint = "처방명이나 메모의 일부를 넣고 Enter를 누르십시오. 비워 두면 모두 검색합니다.";
+    tdbList.emptyHint = std::string("처방명이나 ") + names_.memoCaption +
+                        "의 일부를 넣고 Enter를 누르십시오. 비워 두면 모두 검색합니다.";
     tdbDetail.setCaption(detailCaption);
     tdbDetail.setLabel("구성약재");
     tdbDetail.emptyHint = "선택한 처방의 약재가 여기에 나타납니다.";
@@ -151,7 +152,7 @@ bool ChubangPane::read(const std::string& word, data::SearchKind kind) {
 void ChubangPane::readAgain() {
     if (!read(word_, kind_)) rsList_.close();
     tdbList.refresh();
-    showRow();
+    if (!tdbList.onRow()) showRow();
 }
 
 void ChubangPane::showRow() {

@@ -17,6 +17,7 @@
 #include "components/AccountPrompt.h"
 #include "components/EatGuideEditor.h"
 #include "components/PostalLookup.h"
+#include "composition/frmMyChuBang.h"
 #include "platform/qt/SheetBar.h"
 #include "platform/qt/SheetPaper.h"
 #include "platform/qt/Texts.h"
@@ -90,10 +91,15 @@ TEST(Window, TheFormFitsTheFields) {
         session.hand().press("ssrYakGukDrug");
         session.desktop.whenShown("frmMessage", [&](screen::Window&) { expectFormFits(session.glass()); });
         session.hand().cellButton("tdbJobList", "자세히");
+        session.desktop.whenShown("frmChubangRead",
+                                  [&](screen::Window&) { expectFormFits(session.glass()); });
+        session.hand().press("sscCBJRead");
 
         const auto fits = [&](screen::Window&) { expectFormFits(session.glass()); };
         std::string first, second;
         std::int32_t place = 0;
+        session.desktop.whenShown("frmMyChuBang", fits);
+        composition::frmMyChuBang(session.desktop).Show_MyChubangADD(first, second);
         session.desktop.whenShown("frmLogin", fits);
         components::AccountPrompt(session.desktop).Login(first, second);
         session.desktop.whenShown("frmChangePassword", fits);

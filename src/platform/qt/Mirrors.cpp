@@ -62,7 +62,8 @@ private:
         QPalette own;
         if (color != screen::Color{}) {
             const QColor ground = button_.palette().color(QPalette::Window);
-            own.setColor(QPalette::ButtonText, readableOn(ground, QColor(color.red, color.green, color.blue)));
+            own.setColor(QPalette::ButtonText,
+                         readableOn(ground, QColor(color.red, color.green, color.blue)));
         }
         button_.setPalette(own);
     }
