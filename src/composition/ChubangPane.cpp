@@ -193,8 +193,12 @@ void ChubangPane::emptyDetail() {
 /// Both columns turn one direction.
 void ChubangPane::sortBy(int column) {
     if (!rsList_.isOpen() || (column != nameColumn && column != dateColumn)) return;
-    const std::string field = column == nameColumn ? "UCB_Name" : "UCB_Date";
-    rsList_.sort(field + (sortDescending_ ? "  ASC " : " DESC "));
+    const bool byName = column == nameColumn;
+    if (sortDescending_) {
+        rsList_.sort(byName ? "UCB_Name  ASC " : "UCB_Date  ASC ");
+    } else {
+        rsList_.sort(byName ? "UCB_Name DESC " : "UCB_Date DESC ");
+    }
     sortDescending_ = !sortDescending_;
     tdbList.refresh();
 }

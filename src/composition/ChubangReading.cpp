@@ -20,19 +20,18 @@ void ChubangReading::Read_Chubang() {
         return;
     }
     frmChubangRead library(desktop, session_, herbs_);
-    std::int16_t m_KeepChubangRead = 0, merged = 0;
-    do {
+    for (std::int16_t m_KeepChubangRead = 0;; m_KeepChubangRead = -1) {
         const screen::BusyPointer busy(desktop);
         library.left = form_.left + form_.width() - library.width();
         library.top = form_.top + form_.height() - library.height();
+        std::int16_t merged = 0;
         library.Show_ChubangRead(merged, m_KeepChubangRead);
         herbs_.tdbDGL.refresh();
         herbs_.showRowCount();
         if (merged == 0) return;
         herbs_.onCompositionChanged();
         watch_.priceOutdated();
-        m_KeepChubangRead = -1;
-    } while (true);
+    }
 }
 
 }  // namespace zelvo::composition

@@ -7,6 +7,7 @@
 #include <QtWidgets/QComboBox>
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QListView>
+#include <QtWidgets/QPushButton>
 #include <QtWidgets/QRadioButton>
 #include <QtWidgets/QTabWidget>
 #include <QtWidgets/QTableView>
@@ -108,6 +109,23 @@ TEST(Window, TheFormFitsTheFields) {
         components::PostalLookup(session.desktop, {}).ZipCode(first, first, second, place, place);
         session.desktop.whenShown("frmEatGuideEditor", fits);
         components::EatGuideEditor(session.desktop).edit(nullptr, first, second, first, first);
+    });
+}
+
+TEST(Window, AButtonTakesTheColourOfItsTextAndGivesItBack) {
+    GuiSession session;
+    session.run([&] {
+        session.desktop.whenShown("frmChubangRead", [&](screen::Window&) {
+            const auto text = [&] {
+                return session.widget<QPushButton>("sscConfirm(0)").palette().color(QPalette::ButtonText);
+            };
+            const QColor plain = text();
+            session.hand().check("sschkChubangRead(0)", true);
+            EXPECT_EQ(text(), QColor(192, 0, 0));
+            session.hand().check("sschkChubangRead(0)", false);
+            EXPECT_EQ(text(), plain);
+        });
+        session.hand().press("sscCBJRead");
     });
 }
 
