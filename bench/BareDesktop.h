@@ -26,7 +26,7 @@ public:
     double screenHeight() const override { return 12000; }
     void runModal(screen::Window& window) override {
         if (inWindow) inWindow(window);
-        window.userClose();
+        if (!window.closing()) window.userClose();
     }
     screen::SettingsStore& settings() override { return settings_; }
     void openBrowser(std::string_view) override {}

@@ -8,6 +8,7 @@
 #include "BareDesktop.h"
 #include "DemoSession.h"
 #include "Measure.h"
+#include "Recorder.h"
 #include "basics/Numbers.h"
 #include "host/clsZELVOInterface.h"
 #include "platform/sqlite/SqliteConnection.h"
@@ -20,32 +21,10 @@ using namespace zelvo;
 using bench::BareDesktop;
 using bench::chartCall;
 using bench::Comparison;
+using bench::readAll;
+using bench::Recorder;
 
 constexpr int startRuns = 60, keyRuns = 200, herbs = 100;
-
-/// Keeps the texts of what a session's start asks for.
-class Recorder : public data::Connection {
-public:
-    Recorder(std::unique_ptr<data::Connection> inner, std::vector<std::string>& statements)
-        : inner_(std::move(inner)), statements_(statements) {}
-    bool isOpen() const override { return inner_->isOpen(); }
-    void close() override { inner_->close(); }
-
-protected:
-    void runStatement(const std::string& statement) override { inner_->execute(statement); }
-    void openSet(data::RecordSet& set, const std::string& statement, data::Cursor cursor,
-                 const data::UpdateTarget& target) override {
-        statements_.push_back(statement);
-        inner_->open(set, statement, cursor, target);
-    }
-    void beginWork() override { inner_->begin(); }
-    data::CommitOutcome commitWork() override { return inner_->commit(); }
-    void rollbackWork() override { inner_->rollback(); }
-
-private:
-    std::unique_ptr<data::Connection> inner_;
-    std::vector<std::string>& statements_;
-};
 
 /// One session on a window that closes at once, or after what is to be done in it.
 void runSession(const std::string& path, const data::ConnectionOpener& open,
@@ -57,23 +36,6 @@ void runSession(const std::string& path, const data::ConnectionOpener& open,
     };
     host::clsZELVOInterface(desktop, session, open).ZELVOInterface(chartCall(path));
     if (desktop.boxes > 0) throw std::runtime_error("a box stood in the way");
-}
-
-void readAll(sqlite3* database, const std::vector<std::string>& statements) {
-    for (const std::string& text : statements) {
-        sqlite3_stmt* statement = nullptr;
-        if (sqlite3_prepare_v2(database, text.c_str(), -1, &statement, nullptr) != SQLITE_OK) {
-            throw std::runtime_error(sqlite3_errmsg(database));
-        }
-        std::size_t bytes = 0;
-        while (sqlite3_step(statement) == SQLITE_ROW) {
-            for (int i = 0; i < sqlite3_column_count(statement); ++i) {
-                if (sqlite3_column_text(statement, i))
-                    bytes += static_cast<std::size_t>(sqlite3_column_bytes(statement, i));
-            }
-        }
-        sqlite3_finalize(statement);
-    }
 }
 
 void openAndRead(const std::string& path, const std::vector<std::string>& statements) {

@@ -47,6 +47,12 @@ void HerbTable::Load_DrugFromGrid(screen::Grid& detail) {
     modHanYakGuk::Renumber_DrugRows(desktop, herbs);
 }
 
+void HerbTable::dropMergeMarks() {
+    tables::XArrayDB& herbs = session_.g_xaDrug;
+    for (int row = herbs.lowerRow(); row <= herbs.upperRow(); ++row) herbs.set(row, herb::merged, "");
+    tdbDGL.refresh();
+}
+
 /// Fills a new row from the current one of `detail`, with today's name and price of the pharmacy's herb.
 void HerbTable::lookUpHerb(const screen::Grid& detail, int row) {
     tables::XArrayDB& herbs = session_.g_xaDrug;

@@ -221,7 +221,7 @@ void HerbTable::editNote(int column) {
     if (column != herb::note || !tdbDGL.onRow()) return;
     tdbDGL.commitEdit();
     frmMessage note(form_.desktop());
-    note.placeBeside(frames_.c1eCBJMsg);
+    placeBeside(note, frames_.c1eCBJMsg);
     note.setCaption(tdbDGL.value("약재명"));
     note.rtxMessage.setText(tdbDGL.value("비고"));
     tdbDGL.setValue("비고", note.BigoInfo());

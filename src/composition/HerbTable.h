@@ -28,6 +28,8 @@ public:
     /// prices; into a filled table it merges by pharmacy herb, the larger amount wins. The caller refreshes
     /// the table.
     void Load_DrugFromGrid(screen::Grid& detail);
+    /// Takes the mark of the latest merge off all rows.
+    void dropMergeMarks();
     /// The caption with the row count, or the plain one for an empty table.
     void showRowCount();
     /// A herb line came, went or changed in a way that the packets' price depends on: packets and herb price

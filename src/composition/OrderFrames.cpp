@@ -16,4 +16,10 @@ OrderFrames::OrderFrames(screen::Window& form, screen::Place orderTab)
       c1eSendmain(form, "c1eSendmain", orderTab),
       c1eCostConfirm(form, "c1eCostConfirm", c1eSendmain.inside()) {}
 
+void placeBeside(screen::Window& small, const screen::Panel& panel) {
+    small.openedAt = &panel;
+    small.left = panel.window().left + panel.left + 150;
+    small.top = panel.window().top + panel.top + 650;
+}
+
 }  // namespace zelvo::composition

@@ -21,4 +21,7 @@ public:
     screen::Panel c1eCostConfirm;                         ///< the cost lines, inside c1eSendmain
 };
 
+/// Puts a small window beside a panel of the window that it opens from: under its heading, over its text.
+void placeBeside(screen::Window& small, const screen::Panel& panel);
+
 }  // namespace zelvo::composition

@@ -177,7 +177,7 @@ void OrderOptions::remember(int row, int& last) {
 
 void OrderOptions::explain(const screen::Grid& grid, const screen::Panel& beside) {
     frmMessage message(form_.desktop());
-    message.placeBeside(beside);
+    placeBeside(message, beside);
     message.read(grid.value(nameColumn), grid.value(messageColumn));
 }
 

@@ -30,12 +30,6 @@ frmMessage::frmMessage(screen::Desktop& desktop)
     });
 }
 
-void frmMessage::placeBeside(const screen::Panel& panel) {
-    openedAt = &panel;
-    left = panel.window().left + panel.left + 150;
-    top = panel.window().top + panel.top + 650;
-}
-
 void frmMessage::read(std::string_view caption, std::string_view text) {
     setCaption(caption);
     rtxMessage.setText(text);

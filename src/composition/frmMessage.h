@@ -19,8 +19,6 @@ public:
     screen::RichTextField rtxMessage;
     screen::Button cmdReg;
 
-    /// Puts the window beside a panel of the window that it opens from: under its heading, over its text.
-    void placeBeside(const screen::Panel& panel);
     /// Shows the text for reading, modally; the window is unloaded when this returns.
     void read(std::string_view caption, std::string_view text);
     /// Lets the text of rtxMessage be edited, modally, and gives it trimmed; the former one after Esc. The

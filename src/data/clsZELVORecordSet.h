@@ -96,6 +96,19 @@ struct HerbLine {
     std::int16_t DET_Order = 0;
 };
 
+/// A herb line of a stored prescription.
+struct UserHerbLine {
+    std::string DGL_CallSign;
+    std::int32_t DGL_PK = 0;
+    float UDET_Weight = 0;
+    std::int16_t UDET_Order = 0;
+    std::string UDET_Note;
+};
+
+/// How stored prescriptions are searched: by name, by memo; any other kind takes all.
+using SearchKind = std::uint8_t;
+inline constexpr SearchKind searchName = 1, searchMemo = 2;
+
 /// A row of t_Doctor; a member bears its column's name. NULL is "" or 0.
 struct DoctorRecord {
     std::string DTR_ID, DTR_PWD;
@@ -167,6 +180,25 @@ public:
                             std::string& CBJ_DrugCost);
     bool RecordSet_CBJmCostInfo(Connection& Conn, std::int32_t CBJ_PK, CBJmCosts& costs);
 
+    // Stored prescriptions (PersonalStore.cpp). The writes run inside the caller's transaction and roll
+    // nothing back. Rows of the reads can be changed and deleted: a prescription by UCB_PK, a herb line by
+    // UDET_PK.
+    /// The new prescription's key, or -1.
+    std::int32_t Insert_MyChubang(Connection& Conn, std::int32_t DTR_PK, const std::string& UCB_Name,
+                                  const std::string& UCB_Note);
+    std::int16_t Insert_MyChubangDetail(Connection& Conn, std::int32_t UCB_PK, const UserHerbLine& line);
+    /// All lines of a prescription at once.
+    std::int16_t Delete_MyChubangDetail(Connection& Conn, std::int32_t UCB_PK);
+    std::int16_t RecordSet_MyChubang(Connection& Conn, RecordSet& Rs, std::int32_t DTR_PK);
+    /// The herb lines, in their order, as the catalogue names the herbs; one whose herb has left it drops
+    /// out.
+    std::int16_t RecordSet_MyDrugList(Connection& Conn, RecordSet& Rs, std::int32_t UCB_PK);
+    std::int16_t RecordSet_FindMyChubang(Connection& Conn, RecordSet& Rs, const std::string& Word,
+                                         std::int32_t DTR_PK, SearchKind Kind);
+    /// The pharmacy's own.
+    std::int16_t RecordSet_FindYakGukChubang(Connection& Conn, RecordSet& Rs, const std::string& Word,
+                                             SearchKind Kind);
+
     // Doctors (Doctors.cpp).
     /// Kind 1 by id and password, 2 by key. 1 found, 0 no such doctor, -1 failure.
     std::int16_t RecordSet_DoctorInfo(Connection& Conn, std::int16_t Kind, DoctorRecord& doctor);
@@ -187,6 +219,7 @@ public:
 
 private:
     std::int32_t RecordSet_MaxCBJPK(Connection& Conn);
+    std::int32_t RecordSet_MaxUCBPK(Connection& Conn);
 };
 
 }  // namespace zelvo::data

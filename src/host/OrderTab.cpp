@@ -8,6 +8,8 @@ OrderTab::OrderTab(screen::Window& form, screen::Place tab, session::Session& se
       gate(form, frames),
       options(form, frames, session, gate),
       herbs(form, frames, session, gate),
+      chubangReading(form, session, herbs, gate),
+      chubangSaving(form, frames, session, herbs),
       dose(form, frames, session, herbs, gate),
       patient(form, frames, gate),
       sender(form, frames),

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "composition/ChubangReading.h"
+#include "composition/ChubangSaving.h"
 #include "composition/DosageSheet.h"
 #include "composition/DoseFields.h"
 #include "composition/HerbTable.h"
@@ -27,6 +29,8 @@ struct OrderTab {
     ordering::SendGate gate;
     composition::OrderOptions options;
     composition::HerbTable herbs;
+    composition::ChubangReading chubangReading;
+    composition::ChubangSaving chubangSaving;
     composition::DoseFields dose;
     composition::PatientDelivery patient;
     composition::SenderBlock sender;

@@ -245,7 +245,7 @@ void CostConfirmation::showCosts(const CostAnswer& answer) {
 void CostConfirmation::showNote() {
     if (!tdbCostConfirm.onRow()) return;
     composition::frmMessage message(form_.desktop());
-    message.placeBeside(draft_.frames.c1eCBJMsg);
+    composition::placeBeside(message, draft_.frames.c1eCBJMsg);
     message.read(tdbCostConfirm.value(cost::label), tdbCostConfirm.value(cost::note));
 }
 

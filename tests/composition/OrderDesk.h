@@ -118,7 +118,8 @@ struct PriceWatch : composition::OrderWatch {
 /// An order tab without price and send.
 class OrderDesk : public OrderPanes<PriceWatch> {
 public:
-    OrderDesk() : OrderPanes(std::make_shared<OrderPharmacy>()) {
+    explicit OrderDesk(std::shared_ptr<OrderPharmacy> shared = std::make_shared<OrderPharmacy>())
+        : OrderPanes(std::move(shared)) {
         herbs.onCompositionChanged.add([this] { ++changed; });
         gate.outdated = 0;
     }

@@ -43,6 +43,10 @@ TEST_F(Operations, EveryFailedStatementEndsInTheFailureValue) {
         {"herbs", [&] { return from.RecordSet_YakGukDrugList(line, set_, ""); }},
         {"one herb", [&] { return from.RecordSet_HapBang(line, "1", herb, price); }},
         {"orders", [&] { return from.RecordSet_CBJmInfo(line, set_, array_, 99, -1, "", "", ""); }},
+        {"own prescriptions", [&] { return from.RecordSet_MyChubang(line, set_, 1); }},
+        {"found ones", [&] { return from.RecordSet_FindMyChubang(line, set_, "", 1, searchName); }},
+        {"the pharmacy's", [&] { return from.RecordSet_FindYakGukChubang(line, set_, "", searchMemo); }},
+        {"herb lines", [&] { return from.RecordSet_MyDrugList(line, set_, 1); }},
         {"doctor", [&] { return from.RecordSet_DoctorInfo(line, 0, doctor); }},
         {"deposits", [&] { return from.RecordSet_StockMoneyIN(line, set_, 1, "", ""); }},
         {"used", [&] { return from.RecordSet_StockMoneyUsed(line, set_, 1, "", ""); }},
@@ -217,6 +221,30 @@ TEST_F(Operations, DoctorsAreFoundByIdOrKey) {
     doctor.DTR_PK = 18;
     EXPECT_EQ(operations_.RecordSet_DoctorInfo(connection_, 2, doctor), 0);
     EXPECT_EQ(doctor.DTR_IsUseBox, 1500) << "what nobody was found for stays";
+}
+
+TEST_F(Operations, StoredPrescriptionsAreTheirOwners) {
+    database_.run(
+        "DELETE FROM t_UserChubang; DELETE FROM t_UserDetail; INSERT INTO t_UserChubang VALUES"
+        " (1, 1, 'b', NULL, 'm'), (2, 1, 'a', NULL, NULL), (3, 0, 'c', NULL, 'm'), (4, 2, 'b', NULL, 'm'),"
+        " (5, 1, NULL, NULL, 'n')");
+    clsZELVORecordSet& from = operations_;
+    const std::tuple<const char*, std::string, std::function<std::int32_t()>> reads[] = {
+        {"all by name", "5 2 1 ", [&] { return from.RecordSet_MyChubang(connection_, set_, 1); }},
+        {"any other kind", "1 2 5 ",
+         [&] { return from.RecordSet_FindMyChubang(connection_, set_, "b", 1, 0); }},
+        {"no name", "1 2 ", [&] { return from.RecordSet_FindMyChubang(connection_, set_, "", 1, 1); }},
+        {"a memo", "1 ", [&] { return from.RecordSet_FindMyChubang(connection_, set_, "M", 1, 2); }},
+        {"the pharmacy's", "3 ", [&] { return from.RecordSet_FindYakGukChubang(connection_, set_, "m", 2); }},
+    };
+    for (const auto& [name, keys, read] : reads) {
+        SCOPED_TRACE(name);
+        ASSERT_EQ(read(), 1);
+        if (std::string(name) != "all by name") set_.sort("UCB_PK ASC");
+        std::string found;
+        for (; !set_.atEnd(); set_.moveNext()) found += set_.text("UCB_PK") + " ";
+        EXPECT_EQ(found, keys);
+    }
 }
 
 }  // namespace zelvo::data

@@ -44,6 +44,9 @@ TEST_F(TextSafety, WritesStoreWhatTheyGot) {
     struct Stock {
         std::string date;
     };
+    struct Prescription {
+        std::string name, memo;
+    };
     // Nothing that goes into another table may touch the doctors.
     const auto before = database_.rows("SELECT DTR_PK, DTR_ID, DTR_PWD FROM t_Doctor");
     std::int32_t key = 1'000;
@@ -82,6 +85,16 @@ TEST_F(TextSafety, WritesStoreWhatTheyGot) {
                                return operations_.Insert_ChubangJun_EatGuide(*connection_, key, sheet.text,
                                                                              sheet.clinic, sheet.phone);
                            });
+        passThrough<Prescription>(
+            "t_UserChubang", "UCB_Name, UCB_Note", {&Prescription::name, &Prescription::memo}, {}, text,
+            [&](const Prescription& own) {
+                return operations_.Insert_MyChubang(*connection_, 1, own.name, own.memo);
+            });
+        passThrough<UserHerbLine>("t_UserDetail", "DGL_CallSign, UDET_Note",
+                                  {&UserHerbLine::DGL_CallSign, &UserHerbLine::UDET_Note}, {}, text,
+                                  [&](const UserHerbLine& line) {
+                                      return operations_.Insert_MyChubangDetail(*connection_, 1, line);
+                                  });
         passThrough<Stock>("t_Stock", "STK_Date", {&Stock::date}, {}, text, [&](const Stock& stock) {
             return operations_.Insert_ChubangJun_Mileage(*connection_, 1, 1, 100, stock.date);
         });
@@ -140,14 +153,22 @@ TEST_F(TextSafety, SearchesFindWhatHoldsTheWordAndNothingElse) {
     for (const auto& [name, text] : hostileTexts()) {
         SCOPED_TRACE(name);
         const std::string stored = basics::cleanUtf8(text);
-        database_.run(Statement("UPDATE t_DrugList SET DGL_CallSign = '<[V]>' WHERE DGL_PK = 9001;"
-                                "UPDATE t_ChubangJun SET Patient_Name = '<[N]>';"
-                                "UPDATE t_Doctor SET DTR_Name = '<[N]>', DTR_ID = '[V]' WHERE DTR_PK = 1")
-                          .fill("[N]", basics::removeAll(stored, "'"))
-                          .fill("[V]", stored)
-                          .text());
+        database_.run(
+            Statement("UPDATE t_DrugList SET DGL_CallSign = '<[V]>' WHERE DGL_PK = 9001;"
+                      "UPDATE t_ChubangJun SET Patient_Name = '<[N]>';"
+                      "UPDATE t_UserChubang SET UCB_Name = '<[V]>', UCB_Note = '<[V]>' WHERE UCB_PK = 1;"
+                      "UPDATE t_Doctor SET DTR_Name = '<[N]>', DTR_ID = '[V]' WHERE DTR_PK = 1")
+                .fill("[N]", basics::removeAll(stored, "'"))
+                .fill("[V]", stored)
+                .text());
         ASSERT_EQ(operations_.RecordSet_YakGukDrugList(*connection_, set_, "<" + text + ">"), 1);
         EXPECT_EQ(set_.rowCount(), 1U);
+        for (const SearchKind kind : {searchName, searchMemo}) {
+            ASSERT_EQ(operations_.RecordSet_FindYakGukChubang(*connection_, set_, "<" + text + ">", kind), 1);
+            EXPECT_EQ(set_.rowCount(), 1U) << "kind " << int{kind};
+            ASSERT_EQ(operations_.RecordSet_FindMyChubang(*connection_, set_, "<" + text + ">", 1, kind), 1);
+            EXPECT_EQ(set_.rowCount(), 0U) << "kind " << int{kind};
+        }
         for (const std::int16_t kind : {2, 3}) {
             for (const char* end : {">", "!"}) {
                 array_.reDim(-1, 6);

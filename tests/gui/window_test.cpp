@@ -7,6 +7,7 @@
 #include <QtWidgets/QComboBox>
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QListView>
+#include <QtWidgets/QPushButton>
 #include <QtWidgets/QRadioButton>
 #include <QtWidgets/QTabWidget>
 #include <QtWidgets/QTableView>
@@ -17,6 +18,7 @@
 #include "components/AccountPrompt.h"
 #include "components/EatGuideEditor.h"
 #include "components/PostalLookup.h"
+#include "composition/frmMyChuBang.h"
 #include "platform/qt/SheetBar.h"
 #include "platform/qt/SheetPaper.h"
 #include "platform/qt/Texts.h"
@@ -90,10 +92,15 @@ TEST(Window, TheFormFitsTheFields) {
         session.hand().press("ssrYakGukDrug");
         session.desktop.whenShown("frmMessage", [&](screen::Window&) { expectFormFits(session.glass()); });
         session.hand().cellButton("tdbJobList", "자세히");
+        session.desktop.whenShown("frmChubangRead",
+                                  [&](screen::Window&) { expectFormFits(session.glass()); });
+        session.hand().press("sscCBJRead");
 
         const auto fits = [&](screen::Window&) { expectFormFits(session.glass()); };
         std::string first, second;
         std::int32_t place = 0;
+        session.desktop.whenShown("frmMyChuBang", fits);
+        composition::frmMyChuBang(session.desktop).Show_MyChubangADD(first, second);
         session.desktop.whenShown("frmLogin", fits);
         components::AccountPrompt(session.desktop).Login(first, second);
         session.desktop.whenShown("frmChangePassword", fits);
@@ -102,6 +109,23 @@ TEST(Window, TheFormFitsTheFields) {
         components::PostalLookup(session.desktop, {}).ZipCode(first, first, second, place, place);
         session.desktop.whenShown("frmEatGuideEditor", fits);
         components::EatGuideEditor(session.desktop).edit(nullptr, first, second, first, first);
+    });
+}
+
+TEST(Window, AButtonTakesTheColourOfItsTextAndGivesItBack) {
+    GuiSession session;
+    session.run([&] {
+        session.desktop.whenShown("frmChubangRead", [&](screen::Window&) {
+            const auto text = [&] {
+                return session.widget<QPushButton>("sscConfirm(0)").palette().color(QPalette::ButtonText);
+            };
+            const QColor plain = text();
+            session.hand().check("sschkChubangRead(0)", true);
+            EXPECT_EQ(text(), QColor(192, 0, 0));
+            session.hand().check("sschkChubangRead(0)", false);
+            EXPECT_EQ(text(), plain);
+        });
+        session.hand().press("sscCBJRead");
     });
 }
 

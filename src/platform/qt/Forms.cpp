@@ -9,10 +9,12 @@
 #include "ui_NoticesPage.h"
 #include "ui_OrderPage.h"
 #include "ui_frmChangePassword.h"
+#include "ui_frmChubangRead.h"
 #include "ui_frmDoctorOCSmain.h"
 #include "ui_frmEatGuideEditor.h"
 #include "ui_frmLogin.h"
 #include "ui_frmMessage.h"
+#include "ui_frmMyChuBang.h"
 #include "ui_frmPostalLookup.h"
 #include "ui_frmYakGukDrug.h"
 
@@ -41,10 +43,12 @@ struct Form {
 };
 constexpr std::array forms{
     Form{"frmChangePassword", setUp<Ui::frmChangePassword>},
+    Form{"frmChubangRead", setUp<Ui::frmChubangRead>},
     Form{"frmDoctorOCSmain", setUpMain},
     Form{"frmEatGuideEditor", setUp<Ui::frmEatGuideEditor>},
     Form{"frmLogin", setUp<Ui::frmLogin>},
     Form{"frmMessage", setUp<Ui::frmMessage>},
+    Form{"frmMyChuBang", setUp<Ui::frmMyChuBang>},
     Form{"frmPostalLookup", setUp<Ui::frmPostalLookup>},
     Form{"frmYakGukDrug", setUp<Ui::frmYakGukDrug>},
 };

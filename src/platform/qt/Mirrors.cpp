@@ -17,6 +17,7 @@
 #include <QtWidgets/QTextEdit>
 
 #include "basics/Fault.h"
+#include "platform/qt/Contrast.h"
 #include "platform/qt/FramePanel.h"
 #include "platform/qt/GridView.h"
 #include "platform/qt/LongTextMirror.h"
@@ -44,22 +45,9 @@ private:
     QLabel& label_;
 };
 
-void drawState(const screen::Button& field, QPushButton& button) {
-    const screen::Color& color = field.textColor();
-    if (color == screen::Color{}) return;
-    QPalette palette = button.palette();
-    palette.setColor(QPalette::ButtonText, QColor(color.red, color.green, color.blue));
-    button.setPalette(palette);
-}
-
-void drawState(const screen::TwoStateButton& field, QPushButton& button) {
-    button.setDown(field.value());
-}
-
-template <class FieldKind>
 class ButtonMirror : public Mirror {
 public:
-    ButtonMirror(FieldKind& field, QPushButton& button)
+    ButtonMirror(screen::Button& field, QPushButton& button)
         : Mirror(field, button), field_(field), button_(button) {
         button.setAutoDefault(false);
         connect(&button, &QPushButton::clicked, this, [this] { userDoes([this] { field_.userPress(); }); });
@@ -68,10 +56,38 @@ public:
 private:
     void draw() override {
         button_.setText(plainCaption(field_.caption()));
-        drawState(field_, button_);
+        const screen::Color& color = field_.textColor();
+        if (color == shown_) return;
+        shown_ = color;
+        QPalette own;
+        if (color != screen::Color{}) {
+            const QColor ground = button_.palette().color(QPalette::Window);
+            own.setColor(QPalette::ButtonText,
+                         readableOn(ground, QColor(color.red, color.green, color.blue)));
+        }
+        button_.setPalette(own);
     }
 
-    FieldKind& field_;
+    screen::Button& field_;
+    QPushButton& button_;
+    screen::Color shown_;
+};
+
+class TwoStateMirror : public Mirror {
+public:
+    TwoStateMirror(screen::TwoStateButton& field, QPushButton& button)
+        : Mirror(field, button), field_(field), button_(button) {
+        button.setAutoDefault(false);
+        connect(&button, &QPushButton::clicked, this, [this] { userDoes([this] { field_.userPress(); }); });
+    }
+
+private:
+    void draw() override {
+        button_.setText(plainCaption(field_.caption()));
+        button_.setDown(field_.value());
+    }
+
+    screen::TwoStateButton& field_;
     QPushButton& button_;
 };
 
@@ -321,10 +337,9 @@ std::unique_ptr<Mirror> makeMirror(screen::Field& field, QWidget& widget) {
             return make.
             operator()<MarkMirror<screen::OptionButton, QRadioButton>, screen::OptionButton, QRadioButton>();
         case FieldKind::Button:
-            return make.operator()<ButtonMirror<screen::Button>, screen::Button, QPushButton>();
+            return make.operator()<ButtonMirror, screen::Button, QPushButton>();
         case FieldKind::TwoState:
-            return make.
-            operator()<ButtonMirror<screen::TwoStateButton>, screen::TwoStateButton, QPushButton>();
+            return make.operator()<TwoStateMirror, screen::TwoStateButton, QPushButton>();
         case FieldKind::Panel:
             return make.operator()<PanelMirror, screen::Panel, FramePanel>();
         case FieldKind::Tabs:

@@ -1,0 +1,24 @@
+#pragma once
+
+#include "composition/HerbTable.h"
+#include "composition/OrderWatch.h"
+#include "session/Session.h"
+
+namespace zelvo::composition {
+
+/// The reading of stored prescriptions into the composition, from the press of sscCBJRead until the doctor
+/// closes the library.
+class ChubangReading {
+public:
+    ChubangReading(screen::Window& form, session::Session& session, HerbTable& herbs, OrderWatch& watch);
+
+private:
+    void Read_Chubang();
+
+    screen::Window& form_;
+    session::Session& session_;
+    HerbTable& herbs_;
+    OrderWatch& watch_;
+};
+
+}  // namespace zelvo::composition

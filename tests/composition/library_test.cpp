@@ -1,0 +1,277 @@
+// The library of stored prescriptions: its window, and what goes from it into a composition.
+#include <gtest/gtest.h>
+
+#include "LibraryDesk.h"
+
+namespace zelvo::composition {
+namespace {
+
+using screen::Answer;
+using screen::BoxIcon;
+using testing::LibraryDesk;
+
+constexpr const char* unread = "데이터베이스 접속에 오류가 발생했습니다.";
+
+TEST(StoredPrescriptions, FindsByNameOrMemoAndOnlyItsOwners) {
+    const struct {
+        int tab;
+        const char *field, *word, *caption, *found, *focus;
+    } cases[] = {
+        {0, "txtMyChubang", " 방 ", "처방명 = '방' 검색결과", "가방;나방;", "tdbMyChubang"},
+        {0, "txtMyChubang", "'50%_[x", "처방명 = ''50%_[x' 검색결과", "다'50%_[x];", "tdbMyChubang"},
+        {0, "txtMyChubang", "남의", "처방명 = '남의' 검색결과", "", "txtMyChubang"},
+        {0, "txtMyChubang", "", " 내약속처방", "가방;나방;다'50%_[x];", "tdbMyChubang"},
+        {0, "txtMyChubangMemo", "겨울", "메모 = '겨울' 검색결과", "나방;", "tdbMyChubang"},
+        {1, "txtYakGukChubang", "방", "처방명 = '방' 검색결과", "한약국방;", "tdbYakGukChubang"},
+        {1, "txtYakGukChubangRefer", "공", "참고사항 = '공' 검색결과", "한약국방;", "tdbYakGukChubang"},
+        {1, "txtYakGukChubangRefer", "겨울", "참고사항 = '겨울' 검색결과", "", "txtYakGukChubangRefer"},
+        {1, "txtYakGukChubang", "", " 한약국 약속처방", "한약국방;", "tdbYakGukChubang"},
+    };
+    LibraryDesk desk;
+    desk.run([&] {
+        desk.library({[&] {
+            EXPECT_EQ(
+                desk.textIn("rtxMyCBMemo") + desk.textIn("rtxYakGukCBRefer") + desk.textIn("rtxMyCBBigo"),
+                "사용자 메모 내용참고사항 내용비고내용");
+            for (const auto& each : cases) {
+                SCOPED_TRACE(std::string(each.field) + " " + each.word);
+                desk.user.tab("c1tabChubangRead", each.tab);
+                const std::string list = each.tab == 0 ? "tdbMyChubang" : "tdbYakGukChubang";
+                dynamic_cast<screen::EditField&>(*desk.shown->field(each.field)).setText(each.word);
+                desk.user.key(each.field, {"Enter"});
+                EXPECT_EQ(desk.grid(list).caption(), each.caption);
+                EXPECT_EQ(desk.column(list, 1), each.found);
+                EXPECT_EQ(desk.shown->focus()->name(), each.focus);
+                const bool found = *each.found != '\0';
+                EXPECT_EQ(desk.grid(list + "Detail").caption() != " 구성약재", found);
+                if (!found) {
+                    EXPECT_EQ(desk.grid(list + "Detail").rowCount(), 0);
+                }
+            }
+        }});
+    });
+}
+
+TEST(StoredPrescriptions, SortsByNameAndDateInTurnsAndShowsTheRowsHerbs) {
+    LibraryDesk desk;
+    desk.run([&] {
+        desk.library({[&] {
+            desk.user.head("tdbMyChubang", "처방명");  // nothing to sort yet: the direction stays
+            desk.user.press("sscMyCBsearch");
+            const std::pair<const char*, const char*> clicks[] = {{"처방명", "다'50%_[x];나방;가방;"},
+                                                                  {"등록날짜", "가방;다'50%_[x];나방;"},
+                                                                  {"사용자메모", "가방;다'50%_[x];나방;"},
+                                                                  {"처방명", "다'50%_[x];나방;가방;"}};
+            for (const auto& [head, order] : clicks) {
+                desk.user.head("tdbMyChubang", head);
+                EXPECT_EQ(desk.column("tdbMyChubang", 1), order) << head;
+            }
+            desk.user.row("tdbMyChubang", 2);
+            EXPECT_EQ(desk.grid("tdbMyChubangDetail").caption(), "[ 가방 ]의 구성약재");
+            EXPECT_EQ(desk.column("tdbMyChubangDetail", 2), "당귀;감초;천궁;당귀;작약;")
+                << "a herb that left the catalogue drops out";
+            EXPECT_EQ(desk.textIn("rtxMyCBMemo") + desk.textIn("rtxMyCBBigo"), "봄");
+            desk.user.row("tdbMyChubangDetail", 3);
+            EXPECT_EQ(desk.textIn("rtxMyCBBigo"), "또");
+            EXPECT_THROW(desk.user.cell("tdbMyChubangDetail", "비고", "x"), console::ActionError);
+        }});
+    });
+}
+
+/// Three merges in a row, the library coming back each time as it was.
+TEST(StoredPrescriptions, MergesOneOverTheOther) {
+    LibraryDesk desk;
+    desk.run([&] {
+        desk.dose.txtChubsu.setText("20");
+        desk.library(
+            {[&] {
+                 desk.listMine();
+                 desk.user.row("tdbMyChubang", 2);
+                 desk.merge(0);
+             },
+             [&] {
+                 EXPECT_EQ(
+                     desk.lines(),
+                     "당귀|토당귀|2|3.5|320|1120|1|0||\n감초|||2|||2|-1||넣지 말 것\n천궁|||3|||3|-1||\n"
+                     "당귀|토당귀|2|6|320|1920|4|0||또\n작약|작약(국산)|3|4|18|72|5|0||")
+                     << "into an empty table all is copied";
+                 EXPECT_EQ(desk.text("txtChubsu") + desk.text("txtDrugPrice"), "");
+                 desk.gate.outdated = 0;
+                 EXPECT_EQ(desk.grid("tdbMyChubang").currentRow(), 2);
+                 auto& button = dynamic_cast<screen::Button&>(*desk.shown->field("sscConfirm(0)"));
+                 EXPECT_EQ(button.caption(), "닫 기");
+                 EXPECT_TRUE(button.textColor() == screen::Color{});
+                 desk.user.tab("c1tabChubangRead", 1);
+                 desk.user.press("sscYakGukCBsearch");
+                 desk.merge(1);
+             },
+             [&] {
+                 EXPECT_EQ(
+                     desk.lines(),
+                     "당귀|토당귀|2|3.5|320|1120|1|0||\n감초|||2|||2|-1||넣지 말 것\n천궁|||3|||3|-1||\n"
+                     "당귀|토당귀|2|6|320|1920|4|0||또\n작약|작약(국산)|3|10|18|180|5|0|1|\n"
+                     "녹각||||||6|-1|1|");
+                 EXPECT_EQ(desk.grid("tdbYakGukChubang").rowCount(), 1);
+                 desk.user.tab("c1tabChubangRead", 0);
+                 desk.user.row("tdbMyChubang", 1);
+                 desk.merge(0);
+             },
+             [&] {
+                 EXPECT_EQ(
+                     desk.lines(),
+                     "감초|||2|||1|-1||넣지 말 것\n천궁|||3|||2|-1||\n당귀|토당귀|2|6|320|1920|3|0||또\n"
+                     "작약|작약(국산)|3|10|18|180|4|0|1|\n녹각||||||5|-1||\n"
+                     "당귀|토당귀|2|5|320|1600|6|0|1|볶은")
+                     << "the marks are those of the latest";
+                 desk.user.check("sschkChubangRead(0)", true);
+                 desk.user.check("sschkChubangRead(0)", false);
+                 desk.user.press("sscConfirm(0)");
+             }});
+    });
+    EXPECT_EQ(desk.herbs.tdbDGL.caption(),
+              " 1첩 기준의 약재 구성 [" + std::to_string(desk.herbs.tdbDGL.rowCount()) + "]");
+    EXPECT_EQ(desk.gate.outdated, 2) << "each merge takes the price back";
+}
+
+TEST(StoredPrescriptions, WithoutHerbsInViewTheMergeOnlyDropsTheMarks) {
+    LibraryDesk desk;
+    desk.add("당귀|토당귀|2|5|320|1600|1|0|1|");
+    desk.run([&] {
+        desk.library({[&] {
+            desk.merge(0);
+            EXPECT_EQ(desk.shown, desk.desktop.front());
+            EXPECT_EQ(desk.lines(), "당귀|토당귀|2|5|320|1600|1|0||");
+            desk.user.key("txtMyChubang", {"Esc"});
+        }});
+        EXPECT_EQ(desk.gate.outdated, 0);
+        desk.session.m_DTRPK = 0;
+        desk.user.press("sscCBJRead");
+    });
+    desk.desktop.expectBox("처방 읽어오기", "로그인 후에 사용 하십시오.(m_DTRPK = 0)");
+}
+
+TEST(StoredPrescriptions, KeepsMemoAndNoteOfTheRowsInHand) {
+    const struct {
+        const char *name, *refuses;  ///< the table whose changes the database refuses
+        std::string memo, note;
+    } cases[] = {{"both", "", "it's 50%_[x]\r\n", "'"},
+                 {"no memo", "t_UserChubang", "여름", "'"},
+                 {"no note", "t_UserDetail", "it's 50%_[x]\r\n", "달인"}};
+    for (const auto& each : cases) {
+        SCOPED_TRACE(each.name);
+        LibraryDesk desk;
+        if (*each.refuses) {
+            desk.pharmacy->run(std::string("CREATE TRIGGER no BEFORE UPDATE ON ") + each.refuses +
+                               " BEGIN SELECT RAISE(ABORT, 'no'); END");
+        }
+        desk.run([&] {
+            desk.library({[&] {
+                desk.user.press("sscMemoSave");  // no row: nothing to keep
+                desk.listMine();
+                dynamic_cast<screen::EditField&>(*desk.shown->field("rtxMyCBMemo"))
+                    .setText("it's 50%_[x]\r\n");
+                dynamic_cast<screen::EditField&>(*desk.shown->field("rtxMyCBBigo")).setText("'");
+                desk.user.press("sscMemoSave");
+                EXPECT_EQ(desk.grid("tdbMyChubang").valueAt(0, 3), each.memo);
+                EXPECT_EQ(desk.grid("tdbMyChubangDetail").valueAt(0, 7), each.note);
+            }});
+        });
+        if (*each.refuses)
+            desk.desktop.expectBox("내약속처방", "메모내용 저장중 오류가 발생했습니다.", BoxIcon::Critical);
+        EXPECT_EQ(desk.pharmacy->value("SELECT UCB_Note FROM t_UserChubang WHERE UCB_PK = 3"), each.memo);
+        EXPECT_EQ(desk.pharmacy->value("SELECT UDET_Note FROM t_UserDetail WHERE UDET_PK = 31"), each.note);
+        EXPECT_EQ(desk.pharmacy->value("SELECT group_concat(UCB_Note) FROM t_UserChubang WHERE UCB_PK <> 3"),
+                  "겨울,봄,공용,겨울");
+    }
+}
+
+TEST(StoredPrescriptions, DeletesThePrescriptionInHand) {
+    LibraryDesk desk;
+    desk.run([&] {
+        desk.library({[&] {
+            desk.user.press("sscDelete");
+            desk.listMine();
+            const auto& button = dynamic_cast<screen::Button&>(*desk.shown->field("sscDelete"));
+            desk.desktop.onBox = [&](const screen::MessageBox&) {
+                EXPECT_TRUE(button.textColor() == (screen::Color{192, 0, 0}));
+            };
+            desk.user.press("sscDelete");
+            desk.desktop.expectQuestion("내약속처방 삭제", "내약속처방 [다'50%_[x]] 을 삭제 하시겠습니까?");
+            EXPECT_EQ(desk.column("tdbMyChubang", 0), "3;1;2;");
+            for (const char* left : {"1;2;", "2;", ""}) {
+                desk.desktop.answer(Answer::Yes);
+                desk.user.press("sscDelete");
+                EXPECT_EQ(desk.column("tdbMyChubang", 0), left);
+                desk.desktop.takeBox();
+                EXPECT_EQ(desk.textIn("rtxMyCBMemo"), *left == '1'   ? "겨울"
+                                                      : *left == '2' ? "봄"
+                                                                     : "사용자 메모 내용");
+            }
+            EXPECT_EQ(desk.grid("tdbMyChubangDetail").rowCount(), 0);
+            EXPECT_EQ(desk.grid("tdbMyChubangDetail").caption(), " 구성약재");
+            EXPECT_TRUE(button.textColor() == screen::Color{});
+        }});
+    });
+    EXPECT_EQ(desk.stored(), "4|0|한약국방|공용|작약 3 10 1 ,녹각 6 2 2 \n5|2|남의방|겨울|\n6|1|||\n");
+}
+
+TEST(StoredPrescriptions, WhatFailsIsToldAndLeavesTheStoreAsItWas) {
+    const char *deleting = "내약속처방 삭제중 오류가 발생했습니다.", *deleted = "내약속처방 삭제";
+    const struct {
+        const char *name, *act;
+        int failing;
+        bool stays;
+        const char *trigger, *text, *caption;
+        BoxIcon icon;
+        int rows, herbs;  ///< what the doctor's lists show then
+    } cases[] = {
+        {"the search", "search", 1, false, "", unread, "내약속처방", BoxIcon::Information, 3, 0},
+        {"the search of the pharmacy's", "search1", 1, false, "", unread, "한약국약속처방",
+         BoxIcon::Information, 3, 1},
+        {"the herbs of a row", "row", 1, false, "", unread, "내약속처방", BoxIcon::Information, 3, 0},
+        {"the begin", "delete", 1, false, "", deleting, deleted, BoxIcon::Critical, 3, 1},
+        {"the lines", "delete", 2, false, "", deleting, deleted, BoxIcon::Critical, 3, 1},
+        {"the header", "delete", 0, false, "t_UserChubang", deleting, deleted, BoxIcon::Critical, 3, 1},
+        {"the commit", "delete", 3, false, "", deleting, deleted, BoxIcon::Critical, 3, 1},
+        {"the line at the lines", "delete", 2, true, "", deleting, deleted, BoxIcon::Critical, 3, 1},
+        {"the line at the commit", "delete", 3, true, "", deleting, deleted, BoxIcon::Critical, 0, 0},
+    };
+    for (const auto& each : cases) {
+        SCOPED_TRACE(each.name);
+        LibraryDesk desk;
+        const std::string before = desk.stored();
+        if (*each.trigger) {
+            desk.pharmacy->run(std::string("CREATE TRIGGER no BEFORE DELETE ON ") + each.trigger +
+                               " BEGIN SELECT RAISE(ABORT, 'no'); END");
+        }
+        desk.run([&] {
+            desk.library({[&] {
+                desk.listMine();
+                const std::string act = each.act;
+                desk.user.tab("c1tabChubangRead", act == "search1" ? 1 : 0);
+                desk.line->staysBroken = each.stays;
+                desk.line->failAt(each.failing);
+                if (act == "search") desk.user.press("sscMyCBsearch");
+                if (act == "search1") desk.user.press("sscYakGukCBsearch");
+                if (act == "row") desk.user.row("tdbMyChubang", 1);
+                if (act == "delete") {
+                    desk.desktop.answer(Answer::Yes);
+                    desk.user.press("sscDelete");
+                    desk.desktop.takeBox();
+                }
+                desk.desktop.expectBox(each.caption, each.text, each.icon);
+                EXPECT_EQ(desk.grid("tdbMyChubang").rowCount(), each.rows);
+                EXPECT_EQ(desk.grid("tdbMyChubangDetail").rowCount() > 0, each.herbs > 0);
+                EXPECT_EQ(desk.desktop.pointer(), screen::Pointer::Normal);
+                if (each.stays || act == "search1") return;
+                desk.user.row("tdbMyChubang", desk.grid("tdbMyChubang").currentRow());
+                EXPECT_GT(desk.grid("tdbMyChubangDetail").rowCount(), 0)
+                    << "a press on the row reads it again";
+            }});
+        });
+        EXPECT_EQ(desk.stored(), before);
+    }
+}
+
+}  // namespace
+}  // namespace zelvo::composition

@@ -1,0 +1,180 @@
+// A composition stored as a prescription of the doctor's own, and what a killed program leaves of it.
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <csignal>
+
+#include "LibraryDesk.h"
+
+namespace zelvo::composition {
+namespace {
+
+using screen::Answer;
+using screen::BoxIcon;
+using testing::LibraryDesk;
+
+TEST(SavedPrescription, IsStoredAsItWasComposedOrNotAtAll) {
+    constexpr const char *sound = "당귀|토당귀|2|5.5|320|1760|1|0||볶'은\n작약|작약(국산)|3|4|18|72|2|0|1|",
+                         *header = "내약속처방으로 등록중 오류가 발생했습니다.",
+                         *lines = "처방약재 추가 중 오류가 발생했습니다.";
+    const struct {
+        const char* name;
+        std::string rows;
+        std::optional<std::string> saved;
+        int failing;
+        std::optional<data::CommitOutcome> commit;
+        const char *text, *caption;
+        BoxIcon icon;
+        bool stored;
+    } cases[] = {
+        {"whole",
+         sound,
+         " O'Neil 50%_[x] ",
+         0,
+         {},
+         "내약속처방에 등록되었습니다.",
+         "내약속처방등록",
+         BoxIcon::Information,
+         true},
+        {"given up", sound, {}, 0, {}, nullptr, nullptr, {}, false},
+        {"nothing composed", "", {}, 0, {}, nullptr, nullptr, {}, false},
+        {"a red row",
+         std::string(sound) + "\n감초|||2|||3|-1||",
+         {},
+         0,
+         {},
+         "구성한 약재정보에 오류가 있습니다. 확인 바랍니다.",
+         "내약속처방으로 등록",
+         BoxIcon::Information,
+         false},
+        {"a row that nothing has checked",
+         "|||||||||\n" + std::string(sound),
+         "x",
+         0,
+         {},
+         lines,
+         "처방약재 추가오류",
+         BoxIcon::Critical,
+         false},
+        {"too much for an order number",
+         "당귀|토당귀|2|5|1|5|40000|0||",
+         "x",
+         0,
+         {},
+         lines,
+         "처방약재 추가오류",
+         BoxIcon::Critical,
+         false},
+        {"the begin fails", sound, "x", 1, {}, header, "내약속처방 등록", BoxIcon::Critical, false},
+        {"the time", sound, "x", 2, {}, header, "내약속처방 등록", BoxIcon::Critical, false},
+        {"the header", sound, "x", 3, {}, header, "내약속처방 등록", BoxIcon::Critical, false},
+        {"its key", sound, "x", 4, {}, header, "내약속처방 등록", BoxIcon::Critical, false},
+        {"the first line", sound, "x", 5, {}, lines, "처방약재 추가오류", BoxIcon::Critical, false},
+        {"the last line", sound, "x", 6, {}, lines, "처방약재 추가오류", BoxIcon::Critical, false},
+        {"the commit", sound, "x", 7, {}, header, "내약속처방 등록", BoxIcon::Critical, false},
+        {"its answer is lost", sound, " O'Neil 50%_[x] ", 0, data::CommitOutcome::Unknown,
+         "등록 결과를 확인할 수 없습니다. [처방읽어오기]에서 확인하여 주십시오.", "내약속처방 등록",
+         BoxIcon::Critical, true},
+    };
+    for (const auto& each : cases) {
+        SCOPED_TRACE(each.name);
+        LibraryDesk desk;
+        desk.add(each.rows);
+        desk.gate.outdated = 0;
+        const std::string before = desk.stored(), composed = desk.lines();
+        desk.line->nextCommit = each.commit;
+        desk.run([&] {
+            desk.line->failAt(each.failing);
+            const bool asks = each.saved || std::string(each.name) == "given up";
+            if (asks) {
+                desk.save(each.saved, " it's\r\n50% ");
+            } else {
+                desk.user.press("sscMyChubangReg");
+            }
+        });
+        if (each.text) desk.desktop.expectBox(each.caption, each.text, each.icon);
+        EXPECT_EQ(
+            desk.stored(),
+            before + (each.stored ? "7|1|O'Neil 50%_[x]|it's\r\n50%|당귀 2 5.5 1 볶'은,작약 3 4 2 \n" : ""));
+        EXPECT_EQ(desk.lines(), composed);
+        EXPECT_EQ(desk.gate.outdated, 0);
+        if (std::string(each.name) == "a red row") {
+            EXPECT_EQ(desk.herbs.tdbDGL.currentRow(), 2);
+        }
+    }
+}
+
+TEST(SavedPrescription, AsksUntilThereIsANameAndNeedsADoctor) {
+    LibraryDesk desk;
+    desk.add("당귀|토당귀|2|5|320|1600|1|0||");
+    desk.run([&] {
+        desk.desktop.whenShown("frmMyChuBang", [&](screen::Window& window) {
+            desk.user.paste("txtCBName", " \t");
+            desk.user.press("cmdSave");
+            desk.desktop.expectBox("내약속처방 등록", "처방명을 입력해 주십시오.");
+            EXPECT_EQ(window.focus()->name(), "txtCBName");
+            desk.user.key("txtCBName", {"Esc"});
+        });
+        desk.user.press("sscMyChubangReg");
+        desk.save("나방");
+        desk.desktop.expectBox("내약속처방등록", "내약속처방에 등록되었습니다.");
+        desk.session.m_DTRPK = 0;
+        desk.user.press("sscMyChubangReg");
+        desk.desktop.expectBox("내약속처방으로 등록", "로그인 후에 사용하십시오.(m_DTRPK = 0)");
+    });
+    EXPECT_EQ(desk.pharmacy->value("SELECT count(*) FROM t_UserChubang WHERE UCB_Name = '나방'"), "2");
+}
+
+/// Killed before each call of the two units of work, and behind them: whole or nothing.
+TEST(SavedPrescription, AKillLeavesAllOrNothing) {
+    for (const bool deleting : {false, true}) {
+        const int calls = deleting ? 3 : 7;
+        for (int at = 1; at <= calls + 1; ++at) {
+            SCOPED_TRACE((deleting ? "delete, " : "save, ") + std::to_string(at));
+            LibraryDesk desk;
+            const std::string before = desk.stored();
+            const pid_t child = ::fork();
+            if (child == 0) {
+                const auto kill = [left = at](const std::string&) mutable {
+                    if (--left == 0) ::kill(::getpid(), SIGKILL);
+                };
+                LibraryDesk victim(desk.pharmacy);
+                victim.add("당귀|토당귀|2|5|320|1600|1|0||\n작약|작약(국산)|3|4|18|72|2|0||");
+                victim.run([&] {
+                    if (deleting) {
+                        victim.library({[&] {
+                            victim.listMine();
+                            victim.desktop.answer(Answer::Yes);
+                            victim.line->before = kill;
+                            victim.user.press("sscDelete");
+                            ::kill(::getpid(), SIGKILL);
+                        }});
+                    } else {
+                        victim.line->before = kill;
+                        victim.save("새방");
+                        ::kill(::getpid(), SIGKILL);
+                    }
+                });
+                ::_exit(0);
+            }
+            int status = 0;
+            ::waitpid(child, &status, 0);
+            ASSERT_TRUE(WIFSIGNALED(status));
+            const std::string after = desk.stored();
+            if (at <= calls) {
+                EXPECT_EQ(after, before);
+            } else if (deleting) {
+                EXPECT_EQ(after.find("\n3|"), std::string::npos);
+            } else {
+                EXPECT_EQ(after, before + "7|1|새방||당귀 2 5 1 ,작약 3 4 2 \n");
+            }
+            EXPECT_EQ(desk.pharmacy->value("SELECT count(*) FROM t_UserDetail WHERE UCB_PK NOT IN"
+                                           " (SELECT UCB_PK FROM t_UserChubang)"),
+                      "0");
+        }
+    }
+}
+
+}  // namespace
+}  // namespace zelvo::composition
