@@ -40,7 +40,7 @@ void OrderModification::Begin_CBJmUpdate(bool Value) {
         return detail_.state.uncheckUpdate();
     detail_.Set_CBJmEditable(true);
     detail_.state.ssrCBJmUpdate.setVisible(true);
-    detail_.sheet.beginEditing();
+    detail_.sheet.setEditable(true);
     detail_.patient.beginEditing();
     detail_.patient.txtCBJmPatientName.setFocus();
 }

@@ -35,6 +35,8 @@ public:
     bool waiting() const { return picCBJstate[0].visible(); }
     /// A waiting order can be cancelled and modified.
     void offerActions();
+    /// Of an order that no longer waits nothing can be changed.
+    void withdrawActions();
     void uncheckUpdate();
 
 private:
