@@ -214,7 +214,7 @@ std::int16_t OrderSearch::readDoctor(std::int32_t DTR_PK, const Condition& condi
 }
 
 void OrderSearch::emptyList() {
-    sortedBy_ = -1;
+    tdbCBJ.markSorted(-1);
     m_xaCBJ.reDim(-1, lastColumn);
     tdbCBJ.refresh();
 }
@@ -223,10 +223,10 @@ void OrderSearch::emptyList() {
 void OrderSearch::sortBy(int column) {
     if (searching_ || tdbCBJ.rowCount() == 0) return;
     const screen::BusyPointer busy(form_.desktop());
-    descending_ = column == sortedBy_ && !descending_;
-    sortedBy_ = column;
+    const bool descending = column == tdbCBJ.sortedColumn() && !tdbCBJ.sortedDescending();
     const std::string key = tdbCBJ.value(keyColumn);
-    sortOrders(m_xaCBJ, column, descending_);
+    sortOrders(m_xaCBJ, column, descending);
+    tdbCBJ.markSorted(column, descending);
     tdbCBJ.refresh();
     tdbCBJ.setCurrentRow(m_xaCBJ.find(0, keyColumn, key));
 }

@@ -78,9 +78,13 @@ TEST_F(Search, HeadsSortTheListUnderTheOrderInView) {
         for (const auto& [column, order] : heads) {
             window.search.tdbCBJ.onHeadClick(column);
             EXPECT_EQ(window.listed(), order) << column;
+            EXPECT_EQ(window.search.tdbCBJ.sortedColumn(), column);
             EXPECT_EQ(window.search.tdbCBJ.value("CBJ_PK") + window.says({"txtCBJmPatientName"}),
                       "1다른 이름");
         }
+        EXPECT_TRUE(window.search.tdbCBJ.sortedDescending());
+        window.listAll();
+        EXPECT_EQ(window.search.tdbCBJ.sortedColumn(), -1) << "a search brings its own order";
     });
 }
 
