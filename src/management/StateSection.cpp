@@ -76,6 +76,7 @@ void StateSection::clear() {
     txtCBJmIsPaid.setText("");
     txtCBJmPayMethod.setText("");
     withdrawActions();
+    sschkCBJmUpdate.setVisible(false);
 }
 
 void StateSection::offerActions() {
@@ -87,7 +88,6 @@ void StateSection::offerActions() {
 void StateSection::withdrawActions() {
     ssrCBJmCancel.setVisible(false);
     ssrCBJmUpdate.setVisible(false);
-    sschkCBJmUpdate.setVisible(false);
     uncheckUpdate();
 }
 

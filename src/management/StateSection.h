@@ -35,7 +35,7 @@ public:
     bool waiting() const { return picCBJstate[0].visible(); }
     /// A waiting order can be cancelled and modified.
     void offerActions();
-    /// Of an order that no longer waits nothing can be changed.
+    /// The order no longer waits. The check box stays: a click on it brings what the list stands on.
     void withdrawActions();
     void uncheckUpdate();
 

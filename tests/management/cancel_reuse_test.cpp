@@ -86,7 +86,9 @@ TEST_F(Five, CancellingFromTheEndShowsTheRowBefore) {
                          window.detail.state.ssrCBJmUpdate.visible());
         }
         EXPECT_EQ(window.says({"txtCBJmPatientName"}), "환자5") << "a cancellation empties no panel";
-        EXPECT_FALSE(window.detail.state.sschkCBJmUpdate.visible());
+        EXPECT_FALSE(window.detail.state.sschkCBJmUpdate.value());
+        window.detail.state.sschkCBJmUpdate.userClick();
+        EXPECT_EQ(window.says({"txtCBJmPatientName", "sschkCBJmUpdate"}), "|off") << "no order is left";
         window.user.press("ssrCBJreuse");
         EXPECT_EQ(window.shownOrderTab, 0);
     });
