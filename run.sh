@@ -46,7 +46,7 @@ build=${ZELVO_BUILD:-build}
 ninja -C "$build" --quiet zelvo zelvo-chart zelvo-pharmacy zelvo-stage >&2
 [ "$mode" = build ] && exit 0
 
-# A session that has ended leaves the name of its display behind: what counts is that somebody answers.
+# A login that has ended leaves the name of its display behind: what counts is that somebody answers.
 has_display() { [ -n "${DISPLAY-}${WAYLAND_DISPLAY-}" ] && "$build"/bin/zelvo-stage --display; }
 if [ -z "$mode" ]; then
   mode=scenario
