@@ -20,11 +20,8 @@ data folder and lasts from run to run; --fresh, before anything else, makes it a
 TEXT
 }
 
-has_display() { [ -n "${DISPLAY-}${WAYLAND_DISPLAY-}" ]; }
-
 fresh=()
-mode=scenario
-if has_display; then mode=chart; fi
+mode=
 case "${1-}" in
   --help|-h) usage; exit 0 ;;
   --fresh) fresh=(--fresh); shift ;;
@@ -48,6 +45,13 @@ build=${ZELVO_BUILD:-build}
 [ -f "$build/build.ninja" ] || cmake -S . -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo -DZELVO_TESTS=OFF >&2
 ninja -C "$build" --quiet zelvo zelvo-chart zelvo-pharmacy zelvo-stage >&2
 [ "$mode" = build ] && exit 0
+
+# A login that has ended leaves the name of its display behind: what counts is that somebody answers.
+has_display() { [ -n "${DISPLAY-}${WAYLAND_DISPLAY-}" ] && "$build"/bin/zelvo-stage --display; }
+if [ -z "$mode" ]; then
+  mode=scenario
+  if has_display; then mode=chart; fi
+fi
 
 data="${XDG_DATA_HOME:-$HOME/.local/share}/zelvo"
 db="$data/pharmacy.db"

@@ -11,6 +11,8 @@
 
 #include "Measure.h"
 #include "data/clsZELVORecordSet.h"
+#include "platform/sqlite/Dialect.h"
+#include "platform/sqlite/Functions.h"
 #include "platform/sqlite/SqliteConnection.h"
 
 namespace {
@@ -19,7 +21,7 @@ using namespace zelvo;
 using bench::Comparison;
 namespace fs = std::filesystem;
 
-constexpr int orders = 100'000, nurseOrders = 50'000, herbs = 30, runs = 9;
+constexpr int orders = 100'000, nurseOrders = 50'000, herbs = 30, runs = 9, kindRuns = 5;
 constexpr double mostMegabytes = 60;
 
 class BareDatabase {
@@ -28,6 +30,7 @@ public:
         if (sqlite3_open(path.c_str(), &database_) != SQLITE_OK)
             throw std::runtime_error("can't open " + path);
         run("PRAGMA synchronous = EXTRA");
+        sqlite::registerServerFunctions(database_);
     }
     ~BareDatabase() { sqlite3_close(database_); }
     BareDatabase(const BareDatabase&) = delete;
@@ -138,6 +141,32 @@ const std::string search =
     "WHERE a.CBJ_JobList_PK = b.JL_PK AND a.DTR_PK = c.DTR_PK AND a.DTR_PK = 1001 AND a.CBJ_IsCanceled = 0 "
     "Order by a.CBJ_RegDate DESC ";
 
+/// A kind of search, and what makes all orders of the doctor found by it.
+struct Kind {
+    std::int16_t number;
+    const char* name;
+    const char* found = nullptr;  ///< columns as they are set, nullptr: as they are
+    const char* word = "";
+};
+
+constexpr Kind kinds[] = {{1, "walk_by_date"},
+                          {2, "walk_by_patient", nullptr, "환자"},
+                          {3, "walk_by_doctor", nullptr, "김보원"},
+                          {4, "walk_waiting", "CBJ_State = 0"},
+                          {5, "walk_made", "CBJ_State = 1"},
+                          {6, "walk_to_be_sent", "CBJ_State = 2"},
+                          {7, "walk_done", "CBJ_State = 3"},
+                          {8, "walk_unpaid", "CBJ_IsPaid = 0"},
+                          {9, "walk_paid", "CBJ_IsPaid = 1"},
+                          {10, "walk_from_deposit", "CBJ_PayMethod = 1"},
+                          {11, "walk_paid_later", "CBJ_PayMethod = 2"},
+                          {12, "walk_paid_settled", "CBJ_PayMethod = 3"},
+                          {13, "walk_undecided", "CBJ_BesongMethod = 1"},
+                          {14, "walk_by_parcel", "CBJ_BesongMethod = 2"},
+                          {15, "walk_by_courier", "CBJ_BesongMethod = 3"},
+                          {16, "walk_to_clinic", "CBJ_BesongMethod = 4"},
+                          {90, "walk_canceled", "CBJ_IsCanceled = 1"}};
+
 void walk(data::Connection& connection, data::RecordSet& set, tables::XArrayDB& array, int doctor = 1001) {
     if (data::clsZELVORecordSet().RecordSet_CBJmInfo(connection, set, array, 99, doctor, "", "", "") != 1) {
         throw std::runtime_error("the search failed");
@@ -197,6 +226,39 @@ bool compareWalks(const std::string& path) {
     if (bytes == 0) throw std::runtime_error("nothing was read");
     const bool fast = whole.report();
     return again.report() && fast && megabytes <= mostMegabytes;
+}
+
+/// Each kind of search that finds all of the doctor's orders, on its own statement read by bare SQLite.
+bool compareKinds(const std::string& path) {
+    sqlite::SqliteConnection connection(path);
+    BareDatabase bare(path);
+    bool within = true;
+    for (const Kind& kind : kinds) {
+        const std::string rows = " WHERE DTR_PK = 1001";
+        if (kind.found) bare.run("UPDATE t_ChubangJun SET " + std::string(kind.found) + rows);
+        Recorder recorder(connection);
+        const auto search = [&](data::Connection& asked) {
+            data::RecordSet set;
+            tables::XArrayDB array;
+            array.reDim(-1, 6);
+            data::clsZELVORecordSet().RecordSet_CBJmInfo(asked, set, array, kind.number, 1001, kind.word,
+                                                         "2024-01-01", "2025-01-01");
+            if (array.rowCount() != orders)
+                throw std::runtime_error(std::string(kind.name) + ": rows are missing");
+        };
+        search(recorder);
+        const std::string statement = sqlite::toSqlite(recorder.statements.back());
+        Comparison walk(kind.name, 2.5);
+        std::size_t bytes = 0;
+        for (int run = 0; run < kindRuns; ++run) {
+            walk.floor([&] { bytes += bare.readAll(statement); });
+            walk.measured([&] { search(connection); });
+        }
+        if (bytes == 0) throw std::runtime_error("nothing was read");
+        within = walk.report() && within;
+    }
+    bare.run("UPDATE t_ChubangJun SET CBJ_IsCanceled = 0 WHERE DTR_PK = 1001");
+    return within;
 }
 
 /// A nurse's three doctors, one before the other, against as many orders of one.
@@ -278,6 +340,7 @@ int main() {
     try {
         makeDatabase(path);
         within = compareWalks(path);
+        within = compareKinds(path) && within;
         within = compareDoctors(path) && within;
         within = compareSends(path) && within;
     } catch (const std::exception& fault) {

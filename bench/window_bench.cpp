@@ -26,7 +26,7 @@ namespace {
 using namespace zelvo;
 using bench::Comparison;
 
-constexpr int startRuns = 15, paintRuns = 15, keyRuns = 300, herbs = 60;
+constexpr int startRuns = 15, paintRuns = 15, keyRuns = 300, herbs = 60, rowRuns = 60;
 constexpr double frame = 16;
 
 /// Told when the widget has been painted for the first time.
@@ -171,6 +171,37 @@ bool measureKeys(const std::string& path) {
     return at(0.95) <= frame;
 }
 
+/// Another row of the sent orders until the whole order stands on the glass.
+bool measureRowChanges(const std::string& path) {
+    std::vector<double> times;
+    runSession(path, [&](qt::Shell& shell, session::Session& session) {
+        screen::Window& window = shell.window();
+        session.g_conYakGuk->execute("UPDATE t_ChubangJun SET DTR_PK = 1, CBJ_IsCanceled = 0");
+        dynamic_cast<screen::TabControl&>(*window.field("c1tMain")).select(2);
+        dynamic_cast<screen::DateField&>(*window.field("dtpCBJsearch(0)")).setValue({2000, 1, 1});
+        dynamic_cast<screen::Button&>(*window.field("sscCBJsearchDate")).onPress();
+        auto& list = dynamic_cast<screen::Grid&>(*window.field("tdbCBJ"));
+        const auto& patient = dynamic_cast<const screen::EditField&>(*window.field("txtCBJmPatientName"));
+        if (list.rowCount() < 2) throw std::runtime_error("the orders are missing");
+        shell.binder().flush();
+        paintNow(shell);
+        for (int run = 0; run < rowRuns; ++run) {
+            const int row = (list.currentRow() + 1) % list.rowCount();
+            times.push_back(bench::milliseconds([&] {
+                list.userRow(row);
+                shell.binder().flush();
+                paintNow(shell);
+            }));
+            if (patient.text() != list.value("환자명")) throw std::runtime_error("the order did not come");
+        }
+    });
+    std::sort(times.begin(), times.end());
+    const double median = times[times.size() / 2];
+    std::printf("%-28s p50 %.2f max %.2f ms   (at most %.0f at p50)\n", "row_to_paint", median, times.back(),
+                2 * frame + 1);
+    return median <= 2 * frame + 1;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -184,6 +215,7 @@ int main(int argc, char** argv) {
         within = compareStarts(pharmacy.path());
         within = compareLists(pharmacy.path()) && within;
         within = measureKeys(pharmacy.path()) && within;
+        within = measureRowChanges(pharmacy.path()) && within;
     } catch (const std::exception& fault) {
         std::fprintf(stderr, "%s\n", fault.what());
         return 1;

@@ -1,6 +1,7 @@
 // A console script worked through the real windows, with a picture of each step: zelvo-stage PICTURES
 // doctor|nurse
-// --script FILE [OPTION...], the options being those of zelvo.
+// --script FILE [OPTION...], the options being those of zelvo. zelvo-stage --display only tells whether a
+// window could be shown to somebody.
 #include <QtWidgets/QApplication>
 #include <filesystem>
 #include <fstream>
@@ -12,6 +13,7 @@
 #include "basics/Numbers.h"
 #include "host/clsZELVOInterface.h"
 #include "platform/console/PharmacyTool.h"
+#include "platform/qt/Display.h"
 #include "platform/qt/Toolkit.h"
 #include "platform/settings/UserSettings.h"
 
@@ -72,10 +74,17 @@ void passOn(QtMsgType, const QMessageLogContext&, const QString& message) {
 
 int main(int argc, char** argv) {
     qInstallMessageHandler(passOn);
+    if (argc == 2 && std::string_view(argv[1]) == "--display") {
+        const std::string missing = zelvo::qt::findDisplay().missing;
+        if (!missing.empty()) std::cerr << missing << "\n";
+        return missing.empty() ? zelvo::console::exits::done : zelvo::console::exits::failed;
+    }
     chart::ChartCall call;
     std::string error;
     if (argc < 3 || !chart::readChartCall({argv + 2, argv + argc}, call, error) || call.script.empty()) {
-        std::cerr << "usage: zelvo-stage PICTURES doctor|nurse --script FILE [OPTION...]\n" << error << "\n";
+        std::cerr << "usage: zelvo-stage PICTURES doctor|nurse --script FILE [OPTION...]\n"
+                     "       zelvo-stage --display\n"
+                  << error << "\n";
         return zelvo::console::exits::unreadable;
     }
     try {

@@ -27,6 +27,33 @@ struct ChartRecord {
     std::string strxDrugList;         ///< herbs: name "/$CD$/" grams, rows joined by "/$RD$/"
 };
 
+/// A host's own dialogs, each in the place of the component's. They are shown inside the running call, on the
+/// caller's thread, and return when they have closed: true if the user confirmed. A std::exception that
+/// leaves one is told to the user.
+class AccountPrompt {
+public:
+    virtual ~AccountPrompt() = default;
+    /// Both texts come empty and hold what was typed.
+    virtual bool Login(std::string& id, std::string& password) = 0;
+    virtual bool ChangePassword(const std::string& oldPassword, std::string& newPassword) = 0;
+};
+class PostalLookup {
+public:
+    virtual ~PostalLookup() = default;
+    /// `url` is the pharmacy's search page; `juso` and `zip` take the address and its code; left and top are
+    /// where the dialog is wanted, in twips.
+    virtual bool ZipCode(std::string& url, std::string& juso, std::string& zip, std::int32_t& left,
+                         std::int32_t& top) = 0;
+};
+class EatGuideEditor {
+public:
+    virtual ~EatGuideEditor() = default;
+    /// The sheet comes and goes as RTF, with the clinic's name and telephone that stand on it; `conSQL` is
+    /// the chart's connection, as it was handed over.
+    virtual bool edit(void* conSQL, std::string& patientName, std::string& sheetRtf,
+                      std::string& hospitalName, std::string& phoneNo) = 0;
+};
+
 /// The one class that a chart calls. A call opens the window and returns when it has closed. One window at a
 /// time stands open in a process: a call that comes meanwhile returns at once with an errorText and leaves
 /// the open one alone.
@@ -42,6 +69,12 @@ public:
 
     /// An order has been stored. Called inside the running call, on the caller's thread.
     std::function<void(const ChartRecord&)> Send2Chart;
+
+    /// Make the host's own dialogs, a fresh one for each use; an empty one leaves the component's. They count
+    /// from the next call on.
+    std::function<std::unique_ptr<AccountPrompt>()> makeAccountPrompt;
+    std::function<std::unique_ptr<PostalLookup>()> makePostalLookup;
+    std::function<std::unique_ptr<EatGuideEditor>()> makeEatGuideEditor;
 
     /// Opens the window for a doctor. The result is False on every path: what was ordered comes by Send2Chart
     /// alone. An error of the component's own leaves as a std::exception. `conSQL` is the chart's own

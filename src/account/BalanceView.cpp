@@ -16,6 +16,8 @@ namespace {
 
 /// The money column of the three lists.
 constexpr int moneyColumn = 1;
+constexpr const char *unsearched = "[전체검색] 또는 [날짜로 검색]을 누르면 내역이 표시됩니다.",
+                     *foundNone = "내역이 없습니다.";
 
 std::vector<screen::GridColumn> ledgerColumns(const char* dateField, const char* moneyField) {
     return {{.caption = "날짜", .field = dateField, .width = 2100},
@@ -64,7 +66,7 @@ BalanceView::BalanceView(screen::Window& form, screen::Place place, session::Ses
     dtpStockView1.setLabel("끝 날짜");
     for (screen::Grid* grid : {&tdbInStock, &tdbUsedStock, &tdbMileage}) {
         grid->allowsUpdate = false;
-        grid->emptyHint = "[전체검색] 또는 [날짜로 검색]을 누르면 내역이 표시됩니다.";
+        grid->emptyHint = unsearched;
     }
     tdbInStock.setCaption(" 적립금 적립 내역");
     tdbUsedStock.setCaption(" 적립금 사용 내역");
@@ -167,6 +169,7 @@ bool BalanceView::showRows(screen::Grid& grid, data::RecordSet& rows, screen::Te
     try {
         const bool opened = read(rows) != -1;
         if (!opened) rows.close();
+        grid.emptyHint = opened ? foundNone : unsearched;
         grid.bind(&rows);
         sumField.setText("");
         if (!opened || grid.rowCount() == 0) return opened;
@@ -181,6 +184,7 @@ bool BalanceView::showRows(screen::Grid& grid, data::RecordSet& rows, screen::Te
         return true;
     } catch (const std::exception&) {
         if (rows.isOpen()) rows.close();
+        grid.emptyHint = unsearched;
         grid.bind(&rows);
         sumField.setText("");
         return false;
@@ -193,7 +197,10 @@ void BalanceView::Clear_StockView() {
         field->setText("");
     }
     for (data::RecordSet* rows : {&m_rsInStock, &m_rsUsedStock, &m_rsMileage}) rows->close();
-    for (screen::Grid* grid : {&tdbInStock, &tdbUsedStock, &tdbMileage}) grid->refresh();
+    for (screen::Grid* grid : {&tdbInStock, &tdbUsedStock, &tdbMileage}) {
+        grid->emptyHint = unsearched;
+        grid->refresh();
+    }
 }
 
 }  // namespace zelvo::account

@@ -1,6 +1,7 @@
 #include "doctorzelvo/DoctorZELVO.hpp"
 
 #include "assembly/Component.h"
+#include "assembly/HostDialogs.h"
 #include "basics/Numbers.h"
 #include "host/clsZELVOInterface.h"
 #include "platform/browser/SystemBrowser.h"
@@ -42,10 +43,7 @@ int inTerminal(const std::string& script, const std::function<void(ConsoleDeskto
         return zelvo::console::runPharmacyTool(Component::instance().serverAddress, words);
     };
     return zelvo::console::runConsole({.script = script, .settings = settings, .pharmacy = pharmacy},
-                                      [&session](ConsoleDesktop& desktop) {
-                                          zelvo::assembly::registerComponents(desktop);
-                                          session(desktop);
-                                      });
+                                      session);
 }
 
 }  // namespace
@@ -55,17 +53,20 @@ struct clsZELVOInterface::Parts {
         nullptr;  ///< that the caller has set up; nullptr: the window stands on the screen
     std::string error;
 
-    using Chart = std::function<void(const ChartRecord&)>;
     using Call = std::function<void(zelvo::host::clsZELVOInterface&)>;
-    void run(const std::string& address, const Chart& chart, const Call& call);
+    /// A call of the chart that holds `chart`.
+    void run(const std::string& address, const clsZELVOInterface& chart, const Call& call);
 
 private:
-    void runInTerminal(const Chart& chart, const Call& call) const;
-    void runOnScreen(const Chart& chart, const Call& call);
-    static void runOn(zelvo::screen::Desktop& desktop, const Chart& chart, const Call& call);
+    using Send = std::function<void(const ChartRecord&)>;
+    void runInTerminal(const clsZELVOInterface& chart, const Call& call) const;
+    void runOnScreen(const clsZELVOInterface& chart, const Call& call);
+    static void runOn(zelvo::screen::Desktop& desktop, const clsZELVOInterface& chart, const Send& send,
+                      const Call& call);
 };
 
-void clsZELVOInterface::Parts::run(const std::string& address, const Chart& chart, const Call& call) {
+void clsZELVOInterface::Parts::run(const std::string& address, const clsZELVOInterface& chart,
+                                   const Call& call) {
     Component& component = Component::instance();
     const Component::Turn turn(component);
     error = turn.granted()
@@ -80,31 +81,33 @@ void clsZELVOInterface::Parts::run(const std::string& address, const Chart& char
     }
 }
 
-void clsZELVOInterface::Parts::runInTerminal(const Chart& chart, const Call& call) const {
+void clsZELVOInterface::Parts::runInTerminal(const clsZELVOInterface& chart, const Call& call) const {
     runOn(
-        *terminal,
+        *terminal, chart,
         [&](const ChartRecord& record) {
             terminal->sent(asTexts(record));
-            if (chart) chart(record);
+            if (chart.Send2Chart) chart.Send2Chart(record);
         },
         call);
 }
 
-void clsZELVOInterface::Parts::runOnScreen(const Chart& chart, const Call& call) {
+void clsZELVOInterface::Parts::runOnScreen(const clsZELVOInterface& chart, const Call& call) {
     error = zelvo::qt::Toolkit::enter();
     if (!error.empty()) return;
     zelvo::settings::UserSettings settings;
     zelvo::browser::SystemBrowser browser;
     zelvo::qt::QtDesktop desktop(settings, [&browser](std::string_view address) { browser.open(address); });
-    zelvo::assembly::registerComponents(desktop);
-    runOn(desktop, chart, call);
+    runOn(desktop, chart, chart.Send2Chart, call);
 }
 
-void clsZELVOInterface::Parts::runOn(zelvo::screen::Desktop& desktop, const Chart& chart, const Call& call) {
+void clsZELVOInterface::Parts::runOn(zelvo::screen::Desktop& desktop, const clsZELVOInterface& chart,
+                                     const Send& send, const Call& call) {
+    zelvo::assembly::registerComponents(desktop);
+    zelvo::assembly::registerOwnDialogs(desktop.components(), chart);
     zelvo::host::clsZELVOInterface host(desktop, Component::instance().session,
                                         zelvo::assembly::openPharmacy);
     host.Send2Chart.add([&](const zelvo::ordering::ChartRecord& record) {
-        if (chart) chart(toHost(record));
+        if (send) send(toHost(record));
     });
     call(host);
 }
@@ -128,7 +131,7 @@ bool clsZELVOInterface::ZELVOInterface(
         conSQL,     YakGukIP,    DoctorIDPWD, PatientPK,       PatientName,    PatientJumin, PatientAge,
         PatientSex, PatientCell, PatientTel,  PatientEmail,    PatientZipCode, PatientJuso,  HospitalName,
         DoctorName, HospitalTel, DoctorCell,  HospitalZipCode, HospitalJuso};
-    parts_->run(YakGukIP, Send2Chart,
+    parts_->run(YakGukIP, *this,
                 [&arguments](zelvo::host::clsZELVOInterface& host) { host.ZELVOInterface(arguments); });
     return false;
 }
@@ -139,7 +142,7 @@ bool clsZELVOInterface::ZELVOInterface_Nurse(void* conSQL, const std::string& Ya
     arguments.conSQL = conSQL;
     arguments.YakGukIP = YakGukIP;
     arguments.DoctorIDPWD = DoctorIDPWD;
-    parts_->run(YakGukIP, Send2Chart,
+    parts_->run(YakGukIP, *this,
                 [&arguments](zelvo::host::clsZELVOInterface& host) { host.ZELVOInterface_Nurse(arguments); });
     return false;
 }

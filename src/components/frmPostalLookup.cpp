@@ -75,6 +75,7 @@ void frmPostalLookup::show(const std::vector<PostalPlace>& places) {
         m_xaFound.set(row, zipColumn, place.zip);
         m_xaFound.set(row++, addressColumn, place.address);
     }
+    tdbFound.emptyHint = "찾은 주소가 없습니다.";
     tdbFound.refresh();
     tdbFound.setCaption(" 찾은 주소 [" + basics::decimalText(static_cast<std::int64_t>(places.size())) + "]");
 }

@@ -86,7 +86,8 @@ bool CostSection::load(const DetailRead& read) {
     makeRows();
     data::CBJmCosts costs;
     if (!data::clsZELVORecordSet().RecordSet_CBJmCostInfo(read.connection, read.CBJ_PK, costs)) return false;
-    show(storedLines(std::move(costs)));
+    stored_ = storedLines(std::move(costs));
+    showStored();
     return true;
 }
 
@@ -108,6 +109,7 @@ void CostSection::show(const Lines& lines) {
 }
 
 void CostSection::clear() {
+    stored_ = {};
     m_xaCBJmCost.reDim(-1, noteColumn);
     tdbCBJmCost.refresh();
 }

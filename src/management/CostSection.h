@@ -36,7 +36,10 @@ public:
     bool load(const DetailRead& read);
     void clear();
 
+    /// Shows lines in place of those that were read.
     void show(const Lines& lines);
+    /// Shows the lines that were last read again.
+    void showStored() { show(stored_); }
     /// The amount that a row shows in won; an empty cell is 0.
     std::int32_t amount(int row) const;
     std::string note(int row) const;
@@ -45,6 +48,7 @@ private:
     void makeRows();
 
     screen::Window& form_;
+    Lines stored_;
 };
 
 }  // namespace zelvo::management

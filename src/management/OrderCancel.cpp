@@ -45,7 +45,7 @@ void OrderCancel::cancel() {
     desktop.inform(order + "\r\n\r\n처방전을 성공적으로 취소 하였습니다.", caption);
     removeRow(CBJ_PK);
     balance_.Clear_StockView();
-    detail_.state.ssrCBJmCancel.setVisible(false);
+    detail_.withdraw();
 }
 
 void OrderCancel::removeRow(std::int32_t CBJ_PK) {

@@ -131,6 +131,12 @@ void OrderDetail::Set_CBJmEditable(bool editable) {
     patient.setEditable(editable);
 }
 
+void OrderDetail::withdraw() {
+    Set_CBJmEditable(false);
+    sheet.setEditable(false);
+    state.withdrawActions();
+}
+
 bool OrderDetail::behindList() const {
     return list_.onRow() && listKey() != shownKey_;
 }

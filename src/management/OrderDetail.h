@@ -54,6 +54,8 @@ public:
     void Clear_CBJmDetail();
     /// The look of the panel and what is open in it: editing or viewing.
     void Set_CBJmEditable(bool editable);
+    /// The order in view can be changed no more: the panel goes back to viewing and keeps what it shows.
+    void withdraw();
 
     /// Key of the order that stands in the panel whole, 0 for none.
     std::int32_t shownKey() const { return shownKey_; }

@@ -40,7 +40,7 @@ void OrderModification::Begin_CBJmUpdate(bool Value) {
         return detail_.state.uncheckUpdate();
     detail_.Set_CBJmEditable(true);
     detail_.state.ssrCBJmUpdate.setVisible(true);
-    detail_.sheet.beginEditing();
+    detail_.sheet.setEditable(true);
     detail_.patient.beginEditing();
     detail_.patient.txtCBJmPatientName.setFocus();
 }
@@ -78,8 +78,11 @@ void OrderModification::save() {
     row.CBJ_PK = CBJ_PK;
     takePatient(row);
     takeSenderAndSheet(row);
-    // The page may have taken long, and the pharmacy may have begun.
-    if (!stillWaits(desktop, session_, detail_, CBJ_PK, saveCaption, order)) return;
+    // The page may have taken long, and the pharmacy may have begun: then its price is nobody's.
+    if (!stillWaits(desktop, session_, detail_, CBJ_PK, saveCaption, order)) {
+        if (CostChanged) detail_.costs.showStored();
+        return;
+    }
     if (!data::clsZELVORecordSet().Update_ChubangJun(session_.connection(), row)) {
         desktop.alarm("처방전수정 실패. [한약국으로 직접 연락] 바랍니다.", saveCaption);
     } else if (CostChanged) {

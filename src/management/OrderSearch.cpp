@@ -31,6 +31,8 @@ enum Page { all, issueDate, doctor, patient, progress, delivery, payMethod, paid
 
 constexpr int keyColumn = 1, lastColumn = 6;
 constexpr const char* searchCaption = "검색";
+constexpr const char *unsearched = "위에서 검색하면 발행하신 처방전이 여기에 나타납니다.",
+                     *foundNone = "찾은 처방전이 없습니다.";
 
 void addEntries(screen::ComboList& list, std::initializer_list<std::string_view> entries) {
     for (const std::string_view entry : entries) list.addEntry(entry);
@@ -79,7 +81,7 @@ OrderSearch::OrderSearch(screen::Window& form, screen::Place managementTab, sess
     listen();
     cbodtrList.setVisible(false);
     tdbCBJ.allowsUpdate = false;
-    tdbCBJ.emptyHint = "위에서 검색하면 발행하신 처방전이 여기에 나타납니다.";
+    tdbCBJ.emptyHint = unsearched;
     tdbCBJ.setCaption(" 발행하신 처방전입니다.");
 }
 
@@ -191,7 +193,9 @@ void OrderSearch::search(std::string_view caption, const Condition& condition) {
         // Without a connection nothing is found, as with a search that fails.
     }
     searching_ = false;
-    if (found) tdbCBJ.refresh();
+    if (!found) return;
+    tdbCBJ.emptyHint = foundNone;
+    tdbCBJ.refresh();
 }
 
 /// False when the (last) read fails.
@@ -214,7 +218,8 @@ std::int16_t OrderSearch::readDoctor(std::int32_t DTR_PK, const Condition& condi
 }
 
 void OrderSearch::emptyList() {
-    sortedBy_ = -1;
+    tdbCBJ.markSorted(-1);
+    tdbCBJ.emptyHint = unsearched;
     m_xaCBJ.reDim(-1, lastColumn);
     tdbCBJ.refresh();
 }
@@ -223,10 +228,10 @@ void OrderSearch::emptyList() {
 void OrderSearch::sortBy(int column) {
     if (searching_ || tdbCBJ.rowCount() == 0) return;
     const screen::BusyPointer busy(form_.desktop());
-    descending_ = column == sortedBy_ && !descending_;
-    sortedBy_ = column;
+    const bool descending = column == tdbCBJ.sortedColumn() && !tdbCBJ.sortedDescending();
     const std::string key = tdbCBJ.value(keyColumn);
-    sortOrders(m_xaCBJ, column, descending_);
+    sortOrders(m_xaCBJ, column, descending);
+    tdbCBJ.markSorted(column, descending);
     tdbCBJ.refresh();
     tdbCBJ.setCurrentRow(m_xaCBJ.find(0, keyColumn, key));
 }

@@ -67,8 +67,6 @@ private:
     screen::Window& form_;
     session::Session& session_;
     bool searching_ = false;
-    int sortedBy_ = -1;
-    bool descending_ = false;
 };
 
 }  // namespace zelvo::management

@@ -41,15 +41,13 @@ void SheetSection::clear() {
     rtxCBJmEatMsg.setRtf("");
     txtEatGuideHosName2.setText("");
     txtEatGuideCall2.setText("");
-    cmdEatGuideUpdate.setVisible(false);
-    txtEatGuideHosName2.setEnabled(false);
-    txtEatGuideCall2.setEnabled(false);
+    setEditable(false);
 }
 
-void SheetSection::beginEditing() {
-    cmdEatGuideUpdate.setVisible(true);
-    txtEatGuideHosName2.setEnabled(true);
-    txtEatGuideCall2.setEnabled(true);
+void SheetSection::setEditable(bool editable) {
+    cmdEatGuideUpdate.setVisible(editable);
+    txtEatGuideHosName2.setEnabled(editable);
+    txtEatGuideCall2.setEnabled(editable);
 }
 
 }  // namespace zelvo::management

@@ -23,8 +23,8 @@ public:
     /// Reads the sheet; the message comes with the order's state.
     bool load(const DetailRead& read);
     void clear();
-    /// Lets the sheet be changed.
-    void beginEditing();
+    /// Whether the sheet can be changed.
+    void setEditable(bool editable);
 };
 
 }  // namespace zelvo::management

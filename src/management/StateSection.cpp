@@ -75,16 +75,20 @@ void StateSection::clear() {
     lblStatecancel.setVisible(false);
     txtCBJmIsPaid.setText("");
     txtCBJmPayMethod.setText("");
-    ssrCBJmCancel.setVisible(false);
-    ssrCBJmUpdate.setVisible(false);
+    withdrawActions();
     sschkCBJmUpdate.setVisible(false);
-    uncheckUpdate();
 }
 
 void StateSection::offerActions() {
     ssrCBJmCancel.setVisible(true);
     uncheckUpdate();
     sschkCBJmUpdate.setVisible(true);
+}
+
+void StateSection::withdrawActions() {
+    ssrCBJmCancel.setVisible(false);
+    ssrCBJmUpdate.setVisible(false);
+    uncheckUpdate();
 }
 
 void StateSection::uncheckUpdate() {

@@ -35,6 +35,8 @@ public:
     bool waiting() const { return picCBJstate[0].visible(); }
     /// A waiting order can be cancelled and modified.
     void offerActions();
+    /// The order no longer waits. The check box stays: a click on it brings what the list stands on.
+    void withdrawActions();
     void uncheckUpdate();
 
 private:

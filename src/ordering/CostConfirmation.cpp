@@ -185,6 +185,7 @@ bool CostConfirmation::Request_Cost() {
             return false;
         }
         clearCosts();
+        desktop.processEvents(false);  // the page is waited for with the glass as it stands
         const CostAnswer answer = readCostAnswer(askPage(fields));
         m_xaCostConfirm.reDim(cost::lastRow, cost::note);
         tdbCostConfirm.bind(&m_xaCostConfirm);

@@ -80,6 +80,12 @@ void Grid::setColumnWidth(int index, double twips) {
     touch();
 }
 
+void Grid::markSorted(int column, bool descending) {
+    sortedColumn_ = column;
+    sortedDescending_ = descending;
+    touch();
+}
+
 int Grid::columnOf(std::string_view caption) const {
     const auto found = std::find_if(columns_.begin(), columns_.end(),
                                     [&](const GridColumn& column) { return column.caption == caption; });

@@ -52,6 +52,10 @@ public:
     void setColumnWidth(int index, double twips);
     /// Column by caption; -1 when there is none.
     int columnOf(std::string_view caption) const;
+    /// The column that the rows stand sorted by, -1 for none, and their direction: for the head's mark.
+    int sortedColumn() const { return sortedColumn_; }
+    bool sortedDescending() const { return sortedDescending_; }
+    void markSorted(int column, bool descending = false);
     /// Whether the user may change cells of editable columns and delete rows (the Delete key is not the
     /// grid's own).
     bool allowsUpdate = true;
@@ -168,6 +172,8 @@ private:
     std::optional<Edit> edit_;
     std::uint64_t generation_ = 0;
     int rows_ = 0, row_ = -1, column_ = 0;
+    int sortedColumn_ = -1;
+    bool sortedDescending_ = false;
     bool held_ = false;
     Event<Field*>::Subscription whenTouched_;
 };

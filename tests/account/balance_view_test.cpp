@@ -62,6 +62,7 @@ TEST_F(BalanceViewTest, ReckonsTheBalanceAndLists) {
         user.press("ssrStockView(1)");
         EXPECT_EQ(view.tdbUsedStock.rowCount() + view.tdbMileage.rowCount(), 0)
             << "dates the wrong way round";
+        EXPECT_EQ(view.tdbUsedStock.emptyHint, "내역이 없습니다.");
     });
     view.Clear_StockView();
     EXPECT_EQ(figures(), Figures(7));
@@ -79,6 +80,7 @@ TEST_F(BalanceViewTest, EachFailingReadIsTold) {
         EXPECT_EQ(view.txTotalStock.text(), call == 1 ? "0" : "1,000");
         EXPECT_EQ(view.txtUsableStock.text(), "1,000");
         EXPECT_EQ(view.tdbInStock.rowCount(), call == 4 ? 0 : 1);
+        EXPECT_EQ(view.tdbInStock.emptyHint == "내역이 없습니다.", call != 4) << "nothing was read";
     }
 }
 

@@ -1,5 +1,6 @@
 #include "gui/GridViewTest.h"
 
+#include <QtGui/QClipboard>
 #include <QtWidgets/QHeaderView>
 #include <QtWidgets/QScrollBar>
 
@@ -89,6 +90,12 @@ TEST_F(GridViewTest, TypingInACell) {
     EXPECT_EQ(herbs.text(0, grams), "99") << "another row stores";
     key(Qt::Key_F2);
     EXPECT_EQ(editor.text(), "40");
+    type("\x1b");
+    QApplication::clipboard()->setText("1234567\n8");
+    key(Qt::Key_V, {}, Qt::ControlModifier);
+    EXPECT_EQ(editor.text(), "12345") << "pasting opens the cell";
+    type("\x1b");
+    EXPECT_EQ(herbs.text(1, grams), "40");
 }
 
 TEST_F(GridViewTest, AWordBeingComposedIsNeverCut) {

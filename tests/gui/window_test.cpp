@@ -7,6 +7,7 @@
 #include <QtWidgets/QComboBox>
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QListView>
+#include <QtWidgets/QPlainTextEdit>
 #include <QtWidgets/QPushButton>
 #include <QtWidgets/QRadioButton>
 #include <QtWidgets/QTabWidget>
@@ -126,6 +127,27 @@ TEST(Window, AButtonTakesTheColourOfItsTextAndGivesItBack) {
             EXPECT_EQ(text(), plain);
         });
         session.hand().press("sscCBJRead");
+    });
+}
+
+TEST(Typing, TheCaretStandsRightAmongBreaksOfAllKinds) {
+    GuiSession session;
+    session.run([&] {
+        session.hand().tab("c1tCBJmsg", 1);
+        auto& field = session.field<screen::TextField>("txtCBJmsg");
+        auto& editor = session.widget<QPlainTextEdit>("txtCBJmsg");
+        session.hand().focus("txtCBJmsg");
+        field.setText("a\nb\r\nc😀d");
+        GlassDesktop::settle();
+        const std::pair<int, std::size_t> places[] = {{1, 1}, {2, 2}, {3, 3}, {4, 5}, {5, 6}, {7, 7}, {8, 8}};
+        for (const auto& [shown, stands] : places) {
+            QTextCursor caret = editor.textCursor();
+            caret.setPosition(shown);
+            editor.setTextCursor(caret);
+            EXPECT_EQ(field.selectionStart(), stands) << shown;
+            GlassDesktop::settle();
+            EXPECT_EQ(editor.textCursor().position(), shown);
+        }
     });
 }
 

@@ -76,11 +76,19 @@ TEST_F(Five, CancellingFromTheEndShowsTheRowBefore) {
     run([&] {
         window.search.tdbCBJ.setCurrentRow(4);
         for (int left = 5; left > 0; --left) {
+            window.user.check("sschkCBJmUpdate", true);
             window.desktop.answer(Answer::Yes);
             window.user.press("ssrCBJmCancel");
             EXPECT_NE(window.box() + window.box(), "");
             EXPECT_EQ(window.search.tdbCBJ.rowCount(), left - 1);
+            EXPECT_FALSE(window.detail.frames.c1eCBJm3.enabled() ||
+                         window.detail.sheet.txtEatGuideCall2.enabled() ||
+                         window.detail.state.ssrCBJmUpdate.visible());
         }
+        EXPECT_EQ(window.says({"txtCBJmPatientName"}), "환자5") << "a cancellation empties no panel";
+        EXPECT_FALSE(window.detail.state.sschkCBJmUpdate.value());
+        window.detail.state.sschkCBJmUpdate.userClick();
+        EXPECT_EQ(window.says({"txtCBJmPatientName", "sschkCBJmUpdate"}), "|off") << "no order is left";
         window.user.press("ssrCBJreuse");
         EXPECT_EQ(window.shownOrderTab, 0);
     });

@@ -146,6 +146,7 @@ TEST(OrderModification, EveryFailedStatementLeavesTheOrderAsItWas) {
             const std::string before = window.stored();
             window.run([&] {
                 window.listAll();
+                const std::string costs = testing::rowsOf(window.detail.costs.m_xaCBJmCost, 0);
                 if (failing > 0) window.edit(otherDelivery);
                 window.line->failAt(std::max(failing, 1));
                 failing > 0 ? window.save() : window.detail.state.sschkCBJmUpdate.userClick();
@@ -153,6 +154,8 @@ TEST(OrderModification, EveryFailedStatementLeavesTheOrderAsItWas) {
                 EXPECT_EQ(window.stored(), before);
                 EXPECT_EQ(window.editing(), failing == 1 || failing == 2) << "there, what was typed stays";
                 EXPECT_EQ(window.detail.state.sschkCBJmUpdate.value(), window.editing());
+                EXPECT_EQ(testing::rowsOf(window.detail.costs.m_xaCBJmCost, 0), costs)
+                    << "no price of the page";
             });
         }
     }

@@ -41,11 +41,13 @@ TEST_F(Search, ANursesDoctorsStandOneBeforeTheOther) {
     window.session.m_DTRPK = 0;
     window.run([&] {
         window.listAll();
-        EXPECT_EQ(window.listed(), "") << "without doctors";
+        EXPECT_EQ(window.listed() + window.search.tdbCBJ.emptyHint, "찾은 처방전이 없습니다.")
+            << "without doctors";
         for (const char* entry : {"1/이한의", "nobody", "2/최한의"}) window.search.cbodtrList.addEntry(entry);
         for (const char* found : {"1:5 2:4 1:2 2:1 ", "1:5 2:4 ", ""}) {
             window.listAll();
             EXPECT_EQ(window.listed(), found) << "the last read counts";
+            EXPECT_EQ(window.search.tdbCBJ.emptyHint == "찾은 처방전이 없습니다.", *found != 0);
             window.line->failAt(*found ? (window.listed().size() > 9 ? 1 : 2) : 0);
         }
     });
@@ -78,9 +80,13 @@ TEST_F(Search, HeadsSortTheListUnderTheOrderInView) {
         for (const auto& [column, order] : heads) {
             window.search.tdbCBJ.onHeadClick(column);
             EXPECT_EQ(window.listed(), order) << column;
+            EXPECT_EQ(window.search.tdbCBJ.sortedColumn(), column);
             EXPECT_EQ(window.search.tdbCBJ.value("CBJ_PK") + window.says({"txtCBJmPatientName"}),
                       "1다른 이름");
         }
+        EXPECT_TRUE(window.search.tdbCBJ.sortedDescending());
+        window.listAll();
+        EXPECT_EQ(window.search.tdbCBJ.sortedColumn(), -1) << "a search brings its own order";
     });
 }
 

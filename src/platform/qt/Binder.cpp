@@ -214,7 +214,7 @@ screen::TabControl* Binder::mainTabs() const {
 /// or the text that entering the field has selected stays selected.
 bool Binder::mouseDown(Mirror& mirror) {
     screen::Field& field = mirror.field();
-    if (!field.takesFocus() || field.hasFocus()) return false;
+    if (!field.takesFocus() || field.hasFocus() || !field.reachable()) return false;
     window_.userFocus(field);
     window_.desktop().deliverKeys();
     flush();

@@ -2,6 +2,7 @@
 
 #include <QtCore/QDir>
 #include <QtCore/QFileInfo>
+#include <QtCore/QLibrary>
 #include <QtCore/QLibraryInfo>
 #include <QtCore/QString>
 #include <QtCore/QStringList>
@@ -21,7 +22,9 @@ namespace zelvo::qt {
 
 namespace {
 
-bool hasPlugin(const QString& platform) {
+/// Whether the toolkit's part for this kind of display is there, with all the libraries that it needs itself:
+/// where one is missing, the toolkit would end the process. `trouble` tells why a part can't be loaded.
+bool loads(const QString& platform, QString& trouble) {
     QStringList folders =
         qEnvironmentVariable("QT_QPA_PLATFORM_PLUGIN_PATH").split(QLatin1Char(':'), Qt::SkipEmptyParts);
     folders << QLibraryInfo::path(QLibraryInfo::PluginsPath) + QLatin1String("/platforms");
@@ -29,8 +32,13 @@ bool hasPlugin(const QString& platform) {
          qEnvironmentVariable("QT_PLUGIN_PATH").split(QLatin1Char(':'), Qt::SkipEmptyParts))
         folders << path + QLatin1String("/platforms");
     for (const QString& folder : folders) {
-        if (!QDir(folder).entryList({QLatin1String("libq") + platform + QLatin1String("*.so")}).isEmpty())
-            return true;
+        const QStringList parts =
+            QDir(folder).entryList({QLatin1String("libq") + platform + QLatin1String("*.so")}, QDir::Files);
+        for (const QString& part : parts) {
+            QLibrary library(QDir(folder).filePath(part));
+            if (library.load()) return true;
+            trouble = library.errorString();
+        }
     }
     return false;
 }
@@ -59,29 +67,36 @@ bool reachesWayland() {
     return reached;
 }
 
-bool usable(const QString& platform) {
-    if (!hasPlugin(platform)) return false;
+bool reaches(const QString& platform) {
     if (platform == QLatin1String("xcb")) return reachesX();
     if (platform.startsWith(QLatin1String("wayland"))) return reachesWayland();
     return true;
 }
 
+bool usable(const QString& platform, QString& trouble) {
+    return reaches(platform) && loads(platform, trouble);
+}
+
+std::string refusal(const std::string& reason, const QString& trouble) {
+    const std::string text = "ZELVO can't open its window: " + reason;
+    return trouble.isEmpty() ? text : text + " (" + trouble.toStdString() + ")";
+}
+
 }  // namespace
 
 Display findDisplay() {
+    QString trouble;
     const QString named = qEnvironmentVariable("QT_QPA_PLATFORM");
     // A platform is named with its options behind a colon; several stand behind one another.
     for (const QString& choice : named.split(QLatin1Char(';'), Qt::SkipEmptyParts)) {
-        if (usable(choice.section(QLatin1Char(':'), 0, 0))) return {};
+        if (usable(choice.section(QLatin1Char(':'), 0, 0), trouble)) return {};
     }
-    if (!named.isEmpty()) {
-        return {{},
-                "ZELVO can't open its window: no display of the kind " + named.toStdString() + " is there."};
-    }
+    if (!named.isEmpty())
+        return {{}, refusal("no display of the kind " + named.toStdString() + " is there.", trouble)};
     for (const char* platform : {"xcb", "wayland"}) {
-        if (usable(QLatin1String(platform))) return {platform, {}};
+        if (usable(QLatin1String(platform), trouble)) return {platform, {}};
     }
-    return {{}, "ZELVO can't open its window: no display can be reached."};
+    return {{}, refusal("no display can be reached.", trouble)};
 }
 
 #else

@@ -3,6 +3,7 @@
 #include <QtGui/QMouseEvent>
 #include <QtGui/QPainter>
 #include <algorithm>
+#include <array>
 
 #include "platform/qt/Contrast.h"
 #include "platform/qt/GridDelegate.h"
@@ -25,6 +26,13 @@ void GridHeader::setCaption(const QString& caption) {
     const int before = captionHeight();
     caption_ = caption;
     if (captionHeight() != before) emit geometriesChanged();
+    viewport()->update();
+}
+
+void GridHeader::showSorting() {
+    if (grid_->sortedColumn() == sortedColumn_ && grid_->sortedDescending() == descending_) return;
+    sortedColumn_ = grid_->sortedColumn();
+    descending_ = grid_->sortedDescending();
     viewport()->update();
 }
 
@@ -97,7 +105,27 @@ void GridHeader::paintSection(QPainter* painter, const QRect& rect, int column) 
     const QRect room = place == Qt::AlignCenter ? head : head.adjusted(edge, 0, -GridDelegate::edge, 0);
     painter->setPen(blended(text, ground, 0.8));
     const QString caption = qtText(grid_->column(column).caption).trimmed();
-    painter->drawText(room, place, painter->fontMetrics().elidedText(caption, Qt::ElideRight, room.width()));
+    QRect written;
+    painter->drawText(room, place, painter->fontMetrics().elidedText(caption, Qt::ElideRight, room.width()),
+                      &written);
+    if (column == sortedColumn_) drawSortMark(*painter, head, written);
+}
+
+/// An arrowhead beside the head's text, within the head.
+void GridHeader::drawSortMark(QPainter& painter, const QRect& head, const QRect& written) const {
+    const bool behind = head.right() - written.right() >= written.left() - head.left();
+    const double beside = behind ? written.right() + 9.0 : written.left() - 9.0;
+    const QPointF middle(std::clamp(beside, head.left() + 6.0, head.right() - 6.0),
+                         QRectF(head).center().y());
+    const double rise = descending_ ? -2 : 2;
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(readableOn(palette().color(QPalette::Window), palette().color(QPalette::Highlight)),
+                        1.5, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    const std::array<QPointF, 3> points{middle + QPointF(-4, rise), middle + QPointF(0, -rise),
+                                        middle + QPointF(4, rise)};
+    painter.drawPolyline(points.data(), static_cast<int>(points.size()));
+    painter.restore();
 }
 
 /// The caption is no head.

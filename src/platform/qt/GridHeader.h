@@ -16,6 +16,8 @@ public:
     explicit GridHeader(QWidget* parent = nullptr);
     void hangOn(const screen::Grid& grid) { grid_ = &grid; }
     void setCaption(const QString& caption);
+    /// Draws the mark of the sorted column anew where it changed.
+    void showSorting();
     /// The narrowest width in which a column's head and a sample of its texts can be read.
     int leastWidth(int column, const QString& sample) const;
     QSize sizeHint() const override;
@@ -31,9 +33,12 @@ private:
     int headHeight() const;
     int alignment(int column) const;
     int firstShown() const;
+    void drawSortMark(QPainter& painter, const QRect& head, const QRect& written) const;
 
     const screen::Grid* grid_ = nullptr;
     QString caption_;
+    int sortedColumn_ = -1;
+    bool descending_ = false;
 };
 
 }  // namespace zelvo::qt

@@ -57,6 +57,10 @@ bool GridView::specialKey(const QKeyEvent& event) {
         edit();
         return true;
     }
+    if (event.matches(QKeySequence::Paste)) {
+        paste();
+        return true;
+    }
     if (!event.matches(QKeySequence::Copy)) return false;
     copyCell();
     return true;
@@ -146,6 +150,20 @@ void GridView::copyCell() const {
     if (!grid_->onRow()) return;
     QGuiApplication::clipboard()->setText(
         qtText(grid_->shownText(grid_->currentRow(), grid_->currentColumn())));
+}
+
+/// Opens the cell that a typed character would go to, with the first line of the clipboard in it.
+void GridView::paste() {
+    const int column = textColumn();
+    QString line = QGuiApplication::clipboard()->text();
+    const auto end = std::find_if(line.begin(), line.end(),
+                                  [](QChar sign) { return sign.category() == QChar::Other_Control; });
+    line.truncate(end - line.begin());
+    if (column < 0 || line.isEmpty()) return;
+    tell([&] {
+        if (column != grid_->currentColumn()) grid_->userCell(grid_->currentRow(), column);
+        grid_->window().userInput([&] { grid_->userEdit(utf8(line)); });
+    });
 }
 
 /// What is finished is typed, so that the grid's listeners see each character; what is still being composed

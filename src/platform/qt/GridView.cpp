@@ -96,6 +96,7 @@ void GridView::showGrid() {
     model_->follow();
     const bool named = !property("noCaption").toBool();
     header_->setCaption(named ? qtText(grid_->caption()).trimmed() : QString());
+    header_->showSorting();
     fitColumns();
     followCursor();
     showEditor();

@@ -73,6 +73,7 @@ private:
     int textColumn() const;
     void edit();
     void copyCell() const;
+    void paste();
     QModelIndex buttonAt(const QPoint& point) const;
     void setHot(const QModelIndex& index);
     void setHeld(const QModelIndex& index);

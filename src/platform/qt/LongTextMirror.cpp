@@ -2,7 +2,11 @@
 
 #include <QtGui/QKeyEvent>
 #include <QtGui/QTextCursor>
+#include <QtGui/QWheelEvent>
+#include <QtWidgets/QApplication>
 #include <QtWidgets/QPlainTextEdit>
+#include <QtWidgets/QScrollBar>
+#include <QtWidgets/QStyle>
 #include <algorithm>
 
 #include "basics/Text.h"
@@ -33,9 +37,14 @@ int editorPosition(std::string_view text, std::size_t characters) {
     return static_cast<int>(before.size() - before.count(QLatin1String("\r\n")));
 }
 
-std::size_t fieldPosition(const QString& text, int position) {
-    const QString before = text.left(position);
-    return charactersIn(before, before.size()) + static_cast<std::size_t>(before.count(QLatin1Char('\n')));
+/// The other way round. Only where the field has CR LF is a break two characters long: a text that another
+/// program wrote may have single ones.
+std::size_t fieldPosition(std::string_view text, int position) {
+    const QString whole = qtText(text);
+    qsizetype at = 0;
+    for (; at < whole.size() && position > 0; --position)
+        at += QStringView(whole).mid(at).startsWith(QLatin1String("\r\n")) ? 2 : 1;
+    return charactersIn(whole, at);
 }
 
 }  // namespace
@@ -43,9 +52,33 @@ std::size_t fieldPosition(const QString& text, int position) {
 LongTextMirror::LongTextMirror(screen::EditField& field, QPlainTextEdit& editor)
     : TextMirror(field, editor), editor_(editor) {
     editor.setTabChangesFocus(true);
+    editor.viewport()->installEventFilter(this);
+    editor.verticalScrollBar()->installEventFilter(this);
     connect(&editor, &QPlainTextEdit::textChanged, this, [this] { tellText(); });
     connect(&editor, &QPlainTextEdit::selectionChanged, this, [this] { tellSelection(); });
     connect(&editor, &QPlainTextEdit::cursorPositionChanged, this, [this] { tellSelection(); });
+}
+
+/// What can't be changed can still be read to its end: a disabled editor would let its text stand still.
+bool LongTextMirror::eventFilter(QObject* watched, QEvent* event) {
+    QScrollBar& bar = *editor_.verticalScrollBar();
+    if (editor_.isEnabled() || bar.maximum() == bar.minimum()) return false;
+    if (event->type() == QEvent::Wheel) {
+        constexpr int notch = 120;
+        turned_ +=
+            static_cast<const QWheelEvent&>(*event).angleDelta().y() * QApplication::wheelScrollLines();
+        bar.setValue(bar.value() - turned_ / notch);
+        turned_ %= notch;
+        return true;
+    }
+    if (watched != &bar || (event->type() != QEvent::MouseButtonPress && event->type() != QEvent::MouseMove))
+        return false;
+    const auto& mouse = static_cast<const QMouseEvent&>(*event);
+    if (mouse.buttons().testFlag(Qt::LeftButton)) {
+        bar.setValue(QStyle::sliderValueFromPosition(
+            bar.minimum(), bar.maximum(), static_cast<int>(mouse.position().y()), bar.height() - 1));
+    }
+    return true;
 }
 
 /// The caret goes by lines as they stand on the glass.
@@ -67,15 +100,14 @@ QString LongTextMirror::selectedText() const {
 
 void LongTextMirror::tellText() {
     if (drawing() || composing()) return;
-    const QString text = editor_.toPlainText();
-    userDoes(
-        [&] { edit().userEdited(fieldText(text), fieldPosition(text, editor_.textCursor().position())); });
+    const std::string text = fieldText(editor_.toPlainText());
+    userDoes([&] { edit().userEdited(text, fieldPosition(text, editor_.textCursor().position())); });
 }
 
 void LongTextMirror::tellSelection() {
     if (drawing() || composing()) return;
-    const QString text = editor_.toPlainText();
-    if (text != editorText(edit().text())) return;
+    const std::string& text = edit().text();
+    if (editor_.toPlainText() != editorText(text)) return;
     const std::size_t start = fieldPosition(text, editor_.textCursor().selectionStart());
     edit().select(start, fieldPosition(text, editor_.textCursor().selectionEnd()) - start);
 }

@@ -11,6 +11,7 @@ class LongTextMirror : public TextMirror {
 public:
     LongTextMirror(screen::EditField& field, QPlainTextEdit& editor);
     bool ownKey(const QKeyEvent& key) const override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void drawText() override;
@@ -19,6 +20,7 @@ private:
     void tellSelection();
 
     QPlainTextEdit& editor_;
+    int turned_ = 0;  ///< of the wheel, what no whole line has come of yet
 };
 
 }  // namespace zelvo::qt

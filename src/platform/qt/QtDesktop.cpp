@@ -83,13 +83,13 @@ void QtDesktop::waitForEvents(std::chrono::milliseconds atMost) {
 }
 
 double QtDesktop::screenWidth() const {
-    const QScreen* const screen = QGuiApplication::primaryScreen();
-    return screen->size().width() * twipsPerInch / screen->logicalDotsPerInchX();
+    const QScreen& screen = screenInFront();
+    return screen.size().width() * twipsPerInch / screen.logicalDotsPerInchX();
 }
 
 double QtDesktop::screenHeight() const {
-    const QScreen* const screen = QGuiApplication::primaryScreen();
-    return screen->size().height() * twipsPerInch / screen->logicalDotsPerInchY();
+    const QScreen& screen = screenInFront();
+    return screen.size().height() * twipsPerInch / screen.logicalDotsPerInchY();
 }
 
 void QtDesktop::runModal(screen::Window& window) {

@@ -27,6 +27,11 @@ constexpr double noteLeft = 150, noteTop = 650;
 
 }  // namespace
 
+QScreen& screenInFront() {
+    const QWidget* const front = QApplication::activeWindow();
+    return *(front ? front->screen() : QGuiApplication::primaryScreen());
+}
+
 Shell::Shell(screen::Window& window, Shell* over)
     : QWidget(over, over ? Qt::Dialog : Qt::Window),
       window_(window),
@@ -60,7 +65,7 @@ Shell::Shell(screen::Window& window, Shell* over)
 Shell::~Shell() = default;
 
 void Shell::open() {
-    const QRect room = (over_ ? over_->screen() : screen())->availableGeometry();
+    const QRect room = (over_ ? *over_->screen() : screenInFront()).availableGeometry();
     const QSize wanted(pixels(*this, window_.width()), pixels(*this, window_.height()));
     const QSize size = wanted.boundedTo(QSize(room.width(), room.height() - titleBar));
     told_ = wanted;
@@ -84,7 +89,8 @@ void Shell::standOverHost() {
     windowHandle()->setTransientParent(host->window()->windowHandle());
 }
 
-/// Under the cell or over the panel that the window opens at, else where its caller put it.
+/// Under the cell or over the panel that the window opens at, else where its caller put it, which for the
+/// first window means a place on the screen in front.
 QPoint Shell::wantedCorner(const Shell* over) const {
     const screen::Field* const at = window_.openedAt;
     const QWidget* const widget = over && at ? over->binder().widgetOf(*at) : nullptr;
@@ -94,7 +100,8 @@ QPoint Shell::wantedCorner(const Shell* over) const {
                                                             : QPoint(0, 0));
     }
     if (widget) return widget->mapToGlobal(QPoint(pixels(*this, noteLeft), pixels(*this, noteTop)));
-    return {pixels(*this, window_.left), pixels(*this, window_.top)};
+    const QPoint corner(pixels(*this, window_.left), pixels(*this, window_.top));
+    return over ? corner : screenInFront().geometry().topLeft() + corner;
 }
 
 void Shell::tellPlaces() {

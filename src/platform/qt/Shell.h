@@ -6,9 +6,13 @@
 
 #include "platform/qt/Binder.h"
 
+class QScreen;
 class QScrollArea;
 
 namespace zelvo::qt {
+
+/// The screen of this program's window in front, else the first one.
+QScreen& screenInFront();
 
 /// The window on the glass: a title bar round a form, bound to a window of the screen model for as long as
 /// that is shown.

@@ -2,6 +2,7 @@
 
 #include <QtGui/QFontDatabase>
 #include <QtWidgets/QAbstractScrollArea>
+#include <QtWidgets/QPlainTextEdit>
 #include <QtWidgets/QTabBar>
 #include <algorithm>
 
@@ -46,17 +47,22 @@ void makeBold(QWidget& widget) {
     widget.setFont(bold);
 }
 
-/// What is read rather than filled in: no box of its own, and as easy to read while nothing in it can be
-/// changed.
-void makeRecord(QWidget& widget) {
-    if (auto* area = qobject_cast<QAbstractScrollArea*>(&widget))
-        area->viewport()->setAutoFillBackground(false);
+/// As easy to read while nothing in it can be changed; a long text then stands on its panel's ground.
+void makeReadable(QWidget& widget) {
     QPalette own;
     const QColor text = blended(widget.palette().color(QPalette::Active, QPalette::WindowText),
                                 widget.palette().color(QPalette::Active, QPalette::Window), 0.8);
     for (const auto role : {QPalette::WindowText, QPalette::Text})
         own.setColor(QPalette::Disabled, role, text);
+    own.setColor(QPalette::Disabled, QPalette::Base, Qt::transparent);
     widget.setPalette(own);
+}
+
+/// What is read rather than filled in: no box of its own.
+void makeRecord(QWidget& widget) {
+    if (auto* area = qobject_cast<QAbstractScrollArea*>(&widget))
+        area->viewport()->setAutoFillBackground(false);
+    makeReadable(widget);
 }
 
 void dressWidget(QWidget& widget, QStyle& style) {
@@ -68,6 +74,7 @@ void dressWidget(QWidget& widget, QStyle& style) {
     }
     const auto* tabs = qobject_cast<const QTabBar*>(&widget);
     if (widget.property("primary").toBool() || (tabs && tabs->count() == 1)) makeBold(widget);
+    if (qobject_cast<const QPlainTextEdit*>(&widget)) makeReadable(widget);
     if (widget.property("record").toBool()) makeRecord(widget);
     if (widget.property("quiet").toBool() && widget.inherits("QLabel"))
         widget.setForegroundRole(QPalette::PlaceholderText);

@@ -1,6 +1,8 @@
 #include "platform/qt/Toolkit.h"
 
+#include <QtCore/QLibraryInfo>
 #include <QtCore/QThread>
+#include <QtCore/QTranslator>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QStyleFactory>
 #include <array>
@@ -40,6 +42,14 @@ private:
     std::array<std::string, categories.size()> before_;
 };
 
+/// The toolkit's own words, in the menus of fields and the dialogs of printer and file, where its Korean is
+/// installed.
+void speakKorean(QApplication& application) {
+    auto& words = owned<QTranslator>(&application);
+    if (words.load(QStringLiteral("qtbase_ko"), QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+        QCoreApplication::installTranslator(&words);
+}
+
 std::unique_ptr<QApplication> makeApplication(const std::string& platform) {
     static char name[] = "DoctorZELVO", option[] = "-platform";
     static std::string value;
@@ -53,6 +63,7 @@ std::unique_ptr<QApplication> makeApplication(const std::string& platform) {
     // Our windows come and go in the host's process, which ends when the host says so.
     QApplication::setQuitOnLastWindowClosed(false);
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    speakKorean(*application);
     return application;
 }
 

@@ -3,6 +3,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <QtCore/QTemporaryDir>
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QStyle>
 #include <clocale>
@@ -31,6 +32,11 @@ protected:
     zelvo::testing::TestDatabase database;
 };
 
+/// A word of the toolkit's own, as its menus have it.
+QString copyWord() {
+    return QCoreApplication::translate("QWidgetTextControl", "&Copy");
+}
+
 struct HostApplication {
     int count = 1;
     char name[5] = "host";
@@ -46,11 +52,16 @@ TEST_F(Life, withoutADisplayTheCallSaysSoAndTheHostLivesOn) {
         {"nobody listens", nullptr, ":987", "nobody", "no display can be reached"},
         {"the wanted kind is not there", "xcb", ":987", nullptr, "of the kind xcb"},
         {"the wanted kind is unknown", "nothing", nullptr, nullptr, "of the kind nothing"},
+        {"what drives the wanted kind is broken", "broken", nullptr, nullptr, "libqbroken.so"},
     };
     const auto set = [](const char* name, const char* value) {
         if (!value) return static_cast<void>(qunsetenv(name));
         qputenv(name, value);
     };
+    const QTemporaryDir parts;
+    QFile broken(parts.filePath("libqbroken.so"));
+    ASSERT_TRUE(broken.open(QIODevice::WriteOnly) && broken.write("no library") > 0 && broken.flush());
+    set("QT_QPA_PLATFORM_PLUGIN_PATH", parts.path().toUtf8().constData());
     for (const auto& each : cases) {
         set("QT_QPA_PLATFORM", each.platform);
         set("DISPLAY", each.display);
@@ -58,6 +69,7 @@ TEST_F(Life, withoutADisplayTheCallSaysSoAndTheHostLivesOn) {
         EXPECT_NE(call(database.address()).find(each.expected), std::string::npos) << each.name;
         EXPECT_EQ(QCoreApplication::instance(), nullptr) << each.name;
     }
+    set("QT_QPA_PLATFORM_PLUGIN_PATH", nullptr);
 }
 
 TEST_F(Life, usesTheHostsApplicationAndLeavesItAsItWas) {
@@ -73,11 +85,36 @@ TEST_F(Life, usesTheHostsApplicationAndLeavesItAsItWas) {
     }
     EXPECT_TRUE(doctorzelvo::shutdown());
     EXPECT_EQ(QCoreApplication::instance(), &application);
+    EXPECT_EQ(copyWord(), "&Copy");
     QCoreApplication::processEvents();
     EXPECT_FALSE(quit);
     EXPECT_TRUE(QApplication::quitOnLastWindowClosed());
     EXPECT_EQ(QApplication::style()->name(), style);
     EXPECT_TRUE(QApplication::topLevelWidgets().isEmpty());
+}
+
+TEST_F(Life, opensInTheMiddleOfTheScreenThatTheHostStandsOn) {
+    const QTemporaryDir scratch;
+    QFile screens(scratch.filePath("screens.json"));
+    ASSERT_TRUE(screens.open(QIODevice::WriteOnly));
+    screens.write(R"({"screens": [{"name": "left", "x": 0, "y": 0, "width": 1280, "height": 800},
+                                  {"name": "right", "x": 1280, "y": 0, "width": 2560, "height": 1440}]})");
+    screens.close();
+    qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" + screens.fileName().toUtf8());
+    HostApplication host;
+    const QApplication application(host.count, host.words);
+    QWidget chart;
+    chart.setGeometry(1500, 200, 400, 300);
+    chart.show();
+    chart.activateWindow();
+    QCoreApplication::processEvents();
+    Onlooker onlooker;
+    onlooker.atWindow = [](QWidget& window) {
+        EXPECT_NEAR(window.geometry().center().x(), 2560, 2);
+        EXPECT_NEAR(window.geometry().center().y(), 720, 2);
+    };
+    EXPECT_EQ(call(database.address()), "");
+    EXPECT_EQ(onlooker.windows, 1);
 }
 
 TEST_F(Life, aHostWithoutWindowsIsToldSo) {
@@ -96,6 +133,7 @@ TEST_F(Life, keepsWhatItHasStartedUntilShutdownAndStartsAnew) {
         ASSERT_NE(started, nullptr);
         EXPECT_EQ(call(database.address()), "");
         EXPECT_EQ(QCoreApplication::instance(), started);
+        EXPECT_TRUE(copyWord().startsWith("복사"));
         EXPECT_EQ(onlooker.windows, 2 * life);
         EXPECT_TRUE(doctorzelvo::shutdown());
         EXPECT_EQ(QCoreApplication::instance(), nullptr);

@@ -1,0 +1,105 @@
+// The pages of the main window: their room, their colours, what is read in them, how they are turned.
+#include <QtGui/QKeyEvent>
+#include <QtGui/QWheelEvent>
+#include <QtWidgets/QPlainTextEdit>
+#include <QtWidgets/QScrollArea>
+#include <QtWidgets/QScrollBar>
+#include <QtWidgets/QTabWidget>
+#include <set>
+
+#include "GuiSession.h"
+#include "screen/Fields.h"
+
+namespace zelvo::testing {
+namespace {
+
+/// A smaller screen than 1280 by 800 less the title bar scrolls; that one does not.
+TEST(Pages, EveryPageFitsTheLeastScreen) {
+    GuiSession session;
+    session.run([&] {
+        auto& tabs = session.widget<QTabWidget>("c1tMain");
+        const QWidget& form = *session.glass().shell().findChild<QScrollArea*>()->widget();
+        for (int page = 0; page < tabs.count(); ++page) {
+            session.hand().tab("c1tMain", page);
+            GlassDesktop::settle();
+            EXPECT_LE(form.minimumSizeHint().width(), 1280) << page;
+            EXPECT_LE(form.minimumSizeHint().height(), 768) << page;
+        }
+    });
+}
+
+/// The sent orders with one that waits in view.
+void showWaitingOrder(GuiSession& session) {
+    session.database.run(
+        "UPDATE t_ChubangJun SET CBJ_State = 0, CBJ_IsCanceled = 0, CBJ_Msg = 'first' || "
+        "replace(printf('%30s', ''), ' ', x'0D0A') || 'last'");
+    session.hand().tab("c1tMain", 2);
+    session.hand().date("dtpCBJsearch(0)", "2000-01-01");
+    session.hand().press("sscCBJsearchDate");
+}
+
+TEST(SentOrders, TheColourTellsEditingFromViewing) {
+    GuiSession session;
+    session.run([&] {
+        showWaitingOrder(session);
+        const auto grounds = [&] {
+            std::set<std::string> names;
+            for (const char* frame : {"sspCBJm(2)", "sspCBJm(3)", "sspCBJm(4)", "sspCBJm(5)"}) {
+                QWidget& panel = session.widget<QWidget>(frame);
+                const QImage shown = panel.grab().toImage();
+                names.insert(shown.pixelColor(shown.width() / 2, shown.height() - 4).name().toStdString());
+            }
+            return names;
+        };
+        const auto viewing = grounds();
+        session.hand().check("sschkCBJmUpdate", true);
+        const auto editing = grounds();
+        EXPECT_EQ(viewing, std::set<std::string>{"#edf0ea"});
+        EXPECT_EQ(editing, std::set<std::string>{"#ffffe6"});
+        session.hand().check("sschkCBJmUpdate", false);
+        EXPECT_EQ(grounds(), viewing);
+    });
+}
+
+TEST(SentOrders, ALongMessageIsReadToItsEndWhileItCannotBeChanged) {
+    GuiSession session;
+    session.run([&] {
+        showWaitingOrder(session);
+        auto& message = session.widget<QPlainTextEdit>("txtCBJmCBMsg");
+        ASSERT_FALSE(message.isEnabled());
+        QWheelEvent turn({5, 5}, message.viewport()->mapToGlobal(QPointF(5, 5)), {}, {0, -240}, Qt::NoButton,
+                         Qt::NoModifier, Qt::NoScrollPhase, false);
+        QCoreApplication::sendEvent(message.viewport(), &turn);
+        EXPECT_EQ(message.verticalScrollBar()->value(), 2 * QApplication::wheelScrollLines());
+        stage::WidgetUser::click(*message.verticalScrollBar(),
+                                 {3, message.verticalScrollBar()->height() - 1});
+        EXPECT_EQ(message.verticalScrollBar()->value(), message.verticalScrollBar()->maximum());
+    });
+}
+
+TEST(Pages, AHeldKeyPressesOnceAndThePagesThatAreShutArePassedOver) {
+    GuiSession session;
+    session.run([&] {
+        session.hand().focus("ssrCostConfirm");
+        QKeyEvent held(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, QStringLiteral("\r"), true);
+        QCoreApplication::sendEvent(QApplication::focusWidget(), &held);
+        session.desktop.expectNoBox();
+        session.hand().pressNamed("Enter");
+        EXPECT_NE(session.desktop.takeBox().text, "");
+
+        auto& tabs = session.field<screen::TabControl>("c1tMain");
+        tabs.setSelectable(2, false);
+        const std::tuple<int, Qt::KeyboardModifiers, int> turns[] = {
+            {Qt::Key_Tab, Qt::ControlModifier, 3},
+            {Qt::Key_Tab, Qt::ControlModifier, 0},
+            {Qt::Key_Backtab, Qt::ControlModifier | Qt::ShiftModifier, 3},
+            {Qt::Key_PageUp, Qt::ControlModifier, 1}};
+        for (const auto& [key, modifiers, page] : turns) {
+            session.hand().pressKey(key, modifiers);
+            EXPECT_EQ(tabs.current(), page) << key;
+        }
+    });
+}
+
+}  // namespace
+}  // namespace zelvo::testing
