@@ -39,6 +39,8 @@ public:
     /// Shows `window` modally with this script.
     void show(screen::Window& window, std::function<void()> script);
 
+    /// Where the system's browser was opened.
+    std::vector<std::string> browsed;
     /// Runs at every pass of the event loop: at every yield, whatever time has passed.
     std::function<void()> onEvents;
 
@@ -56,7 +58,7 @@ public:
     double screenHeight() const override { return 12000; }
     void runModal(screen::Window& window) override;
     screen::SettingsStore& settings() override { return settings_; }
-    void openBrowser(std::string_view) override {}
+    void openBrowser(std::string_view address) override { browsed.emplace_back(address); }
 
 private:
     class MemorySettings : public screen::SettingsStore {
