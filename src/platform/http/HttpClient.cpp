@@ -161,6 +161,7 @@ void Exchange::prepare() {
     set(CURLOPT_QUICK_EXIT, 1L);  // a name server that hangs must not outlast the limit
 #endif
     set(CURLOPT_USERAGENT, "DoctorZELVO");
+    set(CURLOPT_MAXFILESIZE_LARGE, static_cast<curl_off_t>(limits_.bytes));  // where the size is said first
     set(CURLOPT_WRITEFUNCTION, &Page::take);
     set(CURLOPT_WRITEDATA, static_cast<void*>(&page_));
     if (body_ == nullptr) return;
@@ -258,8 +259,10 @@ void Exchange::throwFailure(CURLcode code, const WebAddress& address) const {
         case CURLE_HTTP2:
         case CURLE_HTTP2_STREAM:
             throw Fault(name + "와의 연결이 응답 도중에 끊어졌습니다.");
+        case CURLE_FILESIZE_EXCEEDED:
         case CURLE_WRITE_ERROR:
-            if (page_.tooBig) throw Fault(name + "의 응답이 너무 커서 받지 않았습니다.");
+            if (page_.tooBig || code == CURLE_FILESIZE_EXCEEDED)
+                throw Fault(name + "의 응답이 너무 커서 받지 않았습니다.");
             [[fallthrough]];
         default:
             throw Fault(name + "의 응답을 읽지 못했습니다.");
