@@ -6,8 +6,10 @@
 #include <optional>
 #include <vector>
 
+#include "basics/Numbers.h"
 #include "basics/Text.h"
 #include "basics/Utf8.h"
+#include "platform/qt/TableRoom.h"
 
 namespace zelvo::qt {
 
@@ -15,10 +17,12 @@ namespace {
 
 constexpr std::size_t mostElements = 20'000;
 constexpr std::size_t mostText = 1'000'000;  ///< bytes
-constexpr std::size_t longestWord = 20'000;  ///< bytes without a blank; a line break comes then
+constexpr std::size_t longestWord = 2'000;   ///< bytes without a blank; a line break comes then
 constexpr std::size_t deepest = 60;          ///< elements within each other
 constexpr std::size_t deepestTables = 8;     ///< each level doubles the layout's work
-constexpr std::size_t mostRemembered = 200;  ///< open elements, those that are left out included
+constexpr std::size_t mostRemembered = 80;   ///< open elements, those that are left out included
+constexpr std::size_t mostPictures = 200;
+constexpr std::size_t mostTags = 100'000;  ///< that are looked at
 
 using Names = std::string_view;  ///< " name name "
 
@@ -40,8 +44,11 @@ constexpr Names keptStyles =
     " background-color color font-family font-size font-style font-weight text-align text-decoration ";
 
 bool isIn(Names names, std::string_view name) {
-    if (name.empty() || name.find(' ') != std::string_view::npos) return false;
-    return names.find(" " + std::string(name) + " ") != Names::npos;
+    for (auto at = names.find(name); at != Names::npos; at = names.find(name, at + 1)) {
+        const std::size_t end = at + name.size();
+        if (at > 0 && names[at - 1] == ' ' && end < names.size() && names[end] == ' ') return true;
+    }
+    return false;
 }
 
 bool isBlank(char c) {
@@ -58,10 +65,15 @@ int largest(std::string_view attribute) {
         std::string_view attribute;
         int most;
     };
-    constexpr std::array bounds{
-        Bound{"width", 4000},      Bound{"height", 4000},     Bound{"border", 20},
-        Bound{"cellpadding", 100}, Bound{"cellspacing", 100}, Bound{"colspan", 50},
-        Bound{"rowspan", 200},     Bound{"size", 7},          Bound{"start", 100'000}};
+    constexpr std::array bounds{Bound{"width", 4000},
+                                Bound{"height", 4000},
+                                Bound{"border", 20},
+                                Bound{"cellpadding", 100},
+                                Bound{"cellspacing", 100},
+                                Bound{"colspan", 20},
+                                Bound{"rowspan", TableRoom::longestSpan},
+                                Bound{"size", 7},
+                                Bound{"start", 100'000}};
     const auto* const found = std::find_if(bounds.begin(), bounds.end(),
                                            [&](const Bound& bound) { return bound.attribute == attribute; });
     return found == bounds.end() ? 0 : found->most;
@@ -77,6 +89,11 @@ std::optional<std::string> boundedMeasure(std::string_view value, int most) {
     if (read.ec == std::errc::invalid_argument) return std::nullopt;
     const bool percent = read.ptr != end && *read.ptr == '%';
     return std::string(sign) + std::to_string(std::min(number, percent ? 100 : most)) + (percent ? "%" : "");
+}
+
+/// What a measure within its bound says as a span.
+std::size_t spanOf(const std::string& measure) {
+    return static_cast<std::size_t>(std::max(basics::numberFromStart(measure), 1.0));
 }
 
 /// A declaration's value with sizes of at most three digits and nothing that is fetched.
@@ -104,9 +121,10 @@ std::string modestStyle(std::string_view style) {
 
 struct Tag {
     std::string name;
-    bool closes = false;     ///< "</name>"
-    std::string attributes;  ///< as they are written out, each behind a blank
-    std::size_t end = 0;     ///< behind the '>'
+    bool closes = false;                ///< "</name>"
+    std::string attributes;             ///< as they are written out, each behind a blank
+    std::size_t columns = 1, rows = 1;  ///< that a cell spans
+    std::size_t end = 0;                ///< behind the '>'
 };
 
 /// Reads tags and writes down those that stay.
@@ -118,16 +136,16 @@ public:
 private:
     struct Open {
         std::string name;
-        bool written;
+        bool written = false;
     };
     std::optional<std::size_t> notAnElement(std::size_t at) const;
     std::optional<Tag> tagAt(std::size_t at) const;
-    void readAttribute(std::size_t& at, std::string& attributes) const;
+    void readAttribute(std::size_t& at, Tag& tag) const;
     void passUnread(const std::string& name, std::size_t& at) const;
     void text(std::string_view piece);
     void opens(const Tag& tag);
     void closes(std::string_view name);
-    bool isWanted(std::string_view name) const;
+    bool isWanted(const Tag& tag);
     void makeRoomFor(std::string_view name);
     void closeUpTo(Names names, Names barriers);
     void pop();
@@ -135,7 +153,8 @@ private:
     std::string_view html_;
     std::string out_;
     std::vector<Open> open_;
-    std::size_t depth_ = 0, tables_ = 0, elements_ = 0, text_ = 0, word_ = 0;
+    TableRoom tables_;
+    std::size_t depth_ = 0, elements_ = 0, tags_ = 0, pictures_ = 0, text_ = 0, word_ = 0;
 };
 
 std::string Reader::read() {
@@ -150,17 +169,14 @@ std::string Reader::read() {
         }
         const auto tag = tagAt(at);
         if (!tag) {
-            out_ += "&lt;";
-            ++at;
+            text(html_.substr(at++, 1));
             continue;
         }
         at = tag->end;
-        if (tag->closes) {
-            closes(tag->name);
-        } else if (isIn(unread, tag->name)) {
+        if (!tag->closes && isIn(unread, tag->name)) {
             passUnread(tag->name, at);
-        } else {
-            opens(*tag);
+        } else if (++tags_ <= mostTags) {
+            tag->closes ? closes(tag->name) : opens(*tag);
         }
     }
     while (!open_.empty()) pop();
@@ -190,13 +206,13 @@ std::optional<Tag> Reader::tagAt(std::size_t at) const {
     if (at == start) return std::nullopt;
     tag.name = basics::foldCase(html_.substr(start, at - start));
     if (isIn(divisions, tag.name)) tag.name = "div";
-    while (at < html_.size() && html_[at] != '>') readAttribute(at, tag.attributes);
+    while (at < html_.size() && html_[at] != '>') readAttribute(at, tag);
     tag.end = std::min(at + 1, html_.size());
     return tag;
 }
 
 /// One attribute, or one character that belongs to none.
-void Reader::readAttribute(std::size_t& at, std::string& attributes) const {
+void Reader::readAttribute(std::size_t& at, Tag& tag) const {
     const auto isNamePart = [](char c) { return isLetter(c) || c == '-'; };
     const auto skipBlanks = [&] {
         while (at < html_.size() && isBlank(html_[at])) ++at;
@@ -224,10 +240,12 @@ void Reader::readAttribute(std::size_t& at, std::string& attributes) const {
     if (quote != '\0' && at < html_.size()) ++at;
     if (!isIn(keptAttributes, name)) return;
     if (const int most = largest(name); most > 0) value = boundedMeasure(value, most).value_or("");
+    if (name == "colspan") tag.columns = spanOf(value);
+    if (name == "rowspan") tag.rows = spanOf(value);
     if (name == "style") value = modestStyle(value);
     if (value.empty()) return;
     value = basics::replaceAll(basics::replaceAll(value, "\"", "&quot;"), "<", "&lt;");
-    attributes += " " + name + "=\"" + value + "\"";
+    tag.attributes += " " + name + "=\"" + value + "\"";
 }
 
 void Reader::passUnread(const std::string& name, std::size_t& at) const {
@@ -254,7 +272,11 @@ void Reader::text(std::string_view piece) {
             out_ += "<br>";
             word_ = 0;
         }
-        out_ += c;
+        if (c == '<') {
+            out_ += "&lt;";
+        } else {
+            out_ += c;
+        }
     }
     text_ += piece.size();
 }
@@ -264,7 +286,7 @@ void Reader::opens(const Tag& tag) {
     makeRoomFor(tag.name);
     const bool isVoid = isIn(voids, tag.name);
     if (!isVoid && open_.size() >= mostRemembered) return;
-    const bool stays = isWanted(tag.name);
+    const bool stays = isWanted(tag);
     if (stays) {
         ++elements_;
         out_ += "<" + tag.name + tag.attributes + ">";
@@ -273,14 +295,20 @@ void Reader::opens(const Tag& tag) {
     if (isVoid) return;
     open_.push_back({tag.name, stays});
     depth_ += stays ? 1U : 0U;
-    if (tag.name == "table") ++tables_;
+    if (stays && tag.name == "table") tables_.open();
 }
 
-/// What stands in a table that was left out is left out with it, all but its texts.
-bool Reader::isWanted(std::string_view name) const {
+/// What stands in a table or a row that was left out is left out with it, all but its texts.
+bool Reader::isWanted(const Tag& tag) {
     if (elements_ >= mostElements || depth_ >= deepest) return false;
-    if (name == "table") return tables_ < deepestTables;
-    return !isIn(tableParts, name) || (tables_ > 0 && tables_ <= deepestTables);
+    if (tag.name == "img") return ++pictures_ <= mostPictures;
+    if (tag.name == "table") return tables_.depth() < deepestTables;
+    if (!isIn(tableParts, tag.name)) return true;
+    const auto holder = std::find_if(open_.rbegin(), open_.rend(),
+                                     [](const Open& open) { return isIn(" table tr ", open.name); });
+    if (holder == open_.rend() || !holder->written) return false;
+    if (tag.name == "tr") return tables_.takesRow();
+    return isIn(" td th ", tag.name) ? tables_.takesCell(tag.columns, tag.rows) : true;
 }
 
 /// Ends what a new element ends by itself: a row the row before it, a block the paragraph before it.
@@ -320,8 +348,8 @@ void Reader::pop() {
     if (last.written) {
         out_ += "</" + last.name + ">";
         --depth_;
+        if (last.name == "table") tables_.close();
     }
-    if (last.name == "table") --tables_;
     open_.pop_back();
 }
 
