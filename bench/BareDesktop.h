@@ -25,6 +25,7 @@ public:
     double screenWidth() const override { return 19200; }
     double screenHeight() const override { return 12000; }
     void runModal(screen::Window& window) override {
+        window.appear();
         if (inWindow) inWindow(window);
         if (!window.closing()) window.userClose();
     }

@@ -55,6 +55,7 @@ public:
         qt::Shell shell(window, nullptr);
         const Painted painted(shell);
         shell.open();
+        window.appear();
         painted.wait();
         onGlass(shell);
         window.userClose();

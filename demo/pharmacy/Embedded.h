@@ -12,7 +12,7 @@ struct EmbeddedFile {
 
 /// The scripts that make a fresh database, in the order in which they run.
 const std::vector<EmbeddedFile>& databaseScripts();
-/// The notices' pages; the name is the notice's key.
+/// The notices' pages, named by the notice's key ("2.html"), and the pictures in them; byte for byte.
 const std::vector<EmbeddedFile>& noticePages();
 /// The postal table as it stands in its file: a line a place, the code, a tab, the address.
 std::string_view postalText();

@@ -52,13 +52,17 @@ void answerForm(const std::string& databasePath, Answer answer, const httplib::C
     }
 }
 
+/// A notice's page by its key, or a picture of one by its file's name. A page says itself what charset it is
+/// in.
 void showNotice(const httplib::Request& request, httplib::Response& response) {
-    const auto key = request.matches[1].str();
+    const std::string name = request.matches[1].str();
+    const bool picture = name.ends_with(".png");
     const auto& pages = noticePages();
-    const auto page =
-        std::find_if(pages.begin(), pages.end(), [&](const EmbeddedFile& file) { return file.name == key; });
+    const auto page = std::find_if(pages.begin(), pages.end(), [&](const EmbeddedFile& file) {
+        return file.name == (picture ? name : name + ".html");
+    });
     if (page == pages.end()) return fail(response, httpNotFound, "공지사항이 없습니다.");
-    response.set_content(page->text.data(), page->text.size(), html);
+    response.set_content(page->text.data(), page->text.size(), picture ? "image/png" : "text/html");
 }
 
 }  // namespace
@@ -92,7 +96,7 @@ Pages::Pages(std::string databasePath) : insides_(std::make_unique<Insides>()) {
     server.Get("/zip", [](const httplib::Request& request, httplib::Response& response) {
         response.set_content(findPlaces(basics::cleanUtf8(request.get_param_value("find"))), plain);
     });
-    server.Get(R"(/notice/(\d+))", showNotice);
+    server.Get(R"(/notice/(\d+|[a-z]+\.png))", showNotice);
 }
 
 Pages::~Pages() {

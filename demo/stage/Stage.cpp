@@ -1,5 +1,6 @@
 #include "Stage.h"
 
+#include <QtCore/QTimer>
 #include <QtGui/QGuiApplication>
 #include <QtGui/QScreen>
 #include <QtWidgets/QPushButton>
@@ -77,6 +78,13 @@ double Stage::screenWidth() const {
 double Stage::screenHeight() const {
     return QGuiApplication::primaryScreen()->size().height() * twipsPerInch /
            QGuiApplication::primaryScreen()->logicalDotsPerInchY();
+}
+
+void Stage::await(std::chrono::milliseconds atMost) {
+    QTimer wake;
+    wake.setSingleShot(true);
+    wake.start(atMost);
+    QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents);
 }
 
 void Stage::commandDone() {

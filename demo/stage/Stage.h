@@ -24,6 +24,7 @@ public:
 
 private:
     void commandDone() override;
+    void await(std::chrono::milliseconds atMost) override;
     void keepPicture(QWidget& shown, const std::string& name);
 
     WidgetUser user_{*this};

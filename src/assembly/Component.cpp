@@ -5,6 +5,7 @@
 #include "components/PostalLookup.h"
 #include "platform/files/FileSystemObject.h"
 #include "platform/http/PostalPage.h"
+#include "platform/http/WebPage.h"
 #include "platform/http/clsOrderCostText.h"
 #include "platform/odbc/OdbcConnection.h"
 #include "platform/sqlite/SqliteConnection.h"
@@ -36,6 +37,9 @@ std::vector<components::PostalPlace> askPostalPage(const std::string& page, cons
 void registerComponents(screen::Desktop& desktop) {
     screen::Components& known = desktop.components();
     known.setCodePages(text::machineCodePages());
+    known.setWebFetch([](const std::string& address, const std::stop_token& stop) {
+        return http::fetchWebContent(http::HttpClient(http::pageLimits()), address, stop);
+    });
     known.add("OrderCostText.clsOrderCostText", [] { return std::make_unique<http::clsOrderCostText>(); });
     known.add("Scripting.FileSystemObject", [] { return std::make_unique<files::FileSystemObject>(); });
     known.add("AccountPrompt.clsAccountPrompt",

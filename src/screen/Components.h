@@ -10,6 +10,7 @@
 
 #include "basics/Fault.h"
 #include "screen/CodePage.h"
+#include "screen/WebFetch.h"
 
 namespace zelvo::screen {
 
@@ -95,6 +96,9 @@ public:
     /// The machine's code pages, for the bytes of documents that old word processors wrote.
     const CodePages& codePages() const { return codePages_; }
     void setCodePages(CodePages pages) { codePages_ = std::move(pages); }
+    /// The machine's way into the web, for pages that are shown in a window.
+    const WebFetch& webFetch() const { return webFetch_; }
+    void setWebFetch(WebFetch fetch) { webFetch_ = std::move(fetch); }
 
 private:
     std::unique_ptr<Component> create(const std::string& className) const;
@@ -102,6 +106,7 @@ private:
 
     std::map<std::string, Maker> makers_;
     CodePages codePages_;
+    WebFetch webFetch_;
 };
 
 }  // namespace zelvo::screen

@@ -42,7 +42,7 @@ void Desktop::deliverKeys() {
             keys_.clear();
             return;
         }
-        if (window->busy()) return;
+        if (!window->takesInput()) return;
         const Key key = keys_.front();
         keys_.pop_front();
         window->userKey(key);

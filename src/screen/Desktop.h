@@ -69,12 +69,15 @@ public:
     virtual void processEvents(bool userInput) = 0;
     /// Waits a moment for something to happen, letting events run with the user's input.
     virtual void waitForEvents(std::chrono::milliseconds atMost) = 0;
+    /// The time that waits are measured by; a desktop on which nobody waits may let it run faster.
+    virtual std::chrono::steady_clock::time_point now() const { return std::chrono::steady_clock::now(); }
 
     /// Screen size in twips.
     virtual double screenWidth() const = 0;
     virtual double screenHeight() const = 0;
 
-    /// Runs a window until window.leaving(); called by Window::showModal only.
+    /// Puts a window on the glass, tells it so (Window::appear) and runs it until window.leaving(); called by
+    /// Window::showModal only.
     virtual void runModal(Window& window) = 0;
     /// The window in front, nullptr when none is shown.
     Window* front() const { return shown_.empty() ? nullptr : shown_.back(); }

@@ -234,6 +234,8 @@ public:
     void navigate(std::string_view address);
     void stop();
     const std::string& address() const { return address_; }
+    /// The user clicks a link of the page: it opens in the system's browser.
+    void userFollow(std::string_view address);
 
     /// What the toolkit does at a navigation and at a stop.
     std::function<void(const std::string&)> driveNavigation;

@@ -57,7 +57,7 @@ void Grid::releaseHeldEvent() {
 }
 
 bool Grid::inView() const {
-    return window().shown() && shown();
+    return window().onGlass() && shown();
 }
 
 void Grid::refreshRow(int) {

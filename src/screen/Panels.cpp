@@ -101,6 +101,10 @@ void WebView::stop() {
     if (driveStop) driveStop();
 }
 
+void WebView::userFollow(std::string_view address) {
+    userClicks([this, link = std::string(address)] { window().desktop().openBrowser(link); });
+}
+
 Picture::Picture(Window& window, std::string name, Place place)
     : Field(window, std::move(name), FieldKind::Picture, place) {}
 

@@ -40,6 +40,7 @@ public:
     ~ModalRun() {
         window_.desktop_.closed(window_);
         window_.shown_ = false;
+        window_.onGlass_ = false;
         window_.entered_ = false;
         window_.waiting_.clear();
         if (window_.leaving_ == Leaving::Hide) window_.leaving_ = Leaving::No;
@@ -135,6 +136,12 @@ void Window::open() {
     if (first) giveFocus(*first);
 }
 
+void Window::appear() {
+    onGlass_ = true;
+    const Action appearing(*this);
+    touched(nullptr);
+}
+
 void Window::hide() {
     if (!shown_ || closing()) return;
     leaving_ = Leaving::Hide;
@@ -190,7 +197,7 @@ void Window::userInput(std::function<void()> input) {
 
 /// Works off the user's input in its order, as far as nothing stands in its way.
 void Window::runWaiting() {
-    while (!waiting_.empty() && (actions_ == 0 || inputAllowed_ > 0)) {
+    while (!waiting_.empty() && takesInput()) {
         const std::function<void()> input = std::move(waiting_.front());
         waiting_.pop_front();
         const InputTurn turn(*this);
@@ -208,7 +215,7 @@ void Window::userKey(const Key& key) {
 }
 
 bool Window::userKeyHeard(const Key& key) {
-    if (actions_ > 0 && inputAllowed_ == 0) return false;
+    if (!takesInput()) return false;
     bool stands = false;
     userInput([&] {
         Key asked = key;

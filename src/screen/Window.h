@@ -51,6 +51,10 @@ public:
     /// for an unloaded window.
     void showModal();
     bool shown() const { return shown_; }
+    /// For toolkits: the window can be seen from here on. What was held until then runs, the grids' first row
+    /// events above all.
+    void appear();
+    bool onGlass() const { return onGlass_; }
     /// Ends the modal run; the window can still be read by its caller.
     void hide();
     /// Ends the modal run, or the life of a window that was never shown or only hidden; onUnload runs once,
@@ -108,6 +112,8 @@ public:
         int unwinding_;
     };
     bool busy() const { return actions_ > 0; }
+    /// Whether the user's input comes in now.
+    bool takesInput() const { return actions_ == 0 || inputAllowed_ > 0; }
     /// While it lives, the running action lets the user's input in.
     class InputAllowed {
     public:
@@ -150,7 +156,7 @@ private:
     const Field* mainTabs_ = nullptr;
     std::deque<std::function<void()>> waiting_;
     int actions_ = 0, inputAllowed_ = 0;
-    bool loaded_ = false, shown_ = false, unloaded_ = false;
+    bool loaded_ = false, shown_ = false, onGlass_ = false, unloaded_ = false;
     Leaving leaving_ = Leaving::No;
 };
 

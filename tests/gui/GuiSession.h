@@ -33,6 +33,11 @@ public:
         settle();
         TestDesktop::processEvents(userInput);
     }
+    /// Here the clock is the real one: a page takes the time that it takes.
+    void waitForEvents(std::chrono::milliseconds) override {
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
+        TestDesktop::processEvents(true);
+    }
     qt::Shell& shell() { return *shells_.back(); }
     static void settle() {
         QCoreApplication::sendPostedEvents();

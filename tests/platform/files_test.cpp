@@ -123,10 +123,10 @@ TEST_F(UserFiles, TheBrowserGetsTheAddressAsOneArgumentAndNoShellReadsIt) {
     };
     setenv("PATH", (home.string() + ":" + std::getenv("PATH")).c_str(), 1);
     const std::string keeps = "printf '%s|' \"$#\" \"$1\" > '" + (home / "seen").string() + "'\n";
-    EXPECT_EQ(opens(keeps, " HTTP://notice.example/1?a=$(id)&b=';x' "), "no fault");
-    EXPECT_EQ(contentOf(home / "seen"), "1|HTTP://notice.example/1?a=$(id)&b=';x'|");
+    EXPECT_EQ(opens(keeps, " HTTP://notice.example/1?a=$(id)&b=';x y' "), "no fault");
+    EXPECT_EQ(contentOf(home / "seen"), "1|HTTP://notice.example/1?a=$(id)&b=';x%20y'|");
     EXPECT_EQ(opens("exit 3\n", "https://notice.example/"), "이 컴퓨터에서 웹 브라우저를 찾지 못했습니다.");
-    for (const char* address : {"", "file:///etc/passwd", "--version", "http://a b", "http://a\nb"})
+    for (const char* address : {"", "file:///etc/passwd", "--version", "a b", "http://a\nb"})
         EXPECT_EQ(opens(keeps, address), "열 수 없는 웹페이지 주소입니다.") << address;
 }
 

@@ -4,11 +4,13 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <thread>
 
 #include "basics/Fault.h"
 #include "platform/CannedServer.h"
 #include "platform/http/Charset.h"
 #include "platform/http/PostalPage.h"
+#include "platform/http/WebPage.h"
 #include "platform/http/clsOrderCostText.h"
 
 namespace zelvo::http {
@@ -163,6 +165,105 @@ TEST(Charset, PagesAreReadByTheCharsetThatTheyName) {
         {"text/html; charset=utf-16le", std::string("a\0\0\0b\0", 6), "ab"},
     };
     for (const Case& c : cases) EXPECT_EQ(decodePage(c.bytes, c.contentType), c.text) << c.contentType;
+}
+
+TEST(Charset, APageForPeopleMayNameItsCharsetItself) {
+    const std::string bytes = "\xb4\xe7\xb1\xcd";
+    struct Case {
+        std::string contentType, head, body, text;
+    };
+    const std::vector<Case> cases{
+        {"text/html", "<META HTTP-EQUIV=Content-Type content='text/html; charset=EUC-KR'>", bytes, "당귀"},
+        {"text/html", "<meta name=charset-hint><meta charset = \"ks_c_5601-1987\" />", bytes, "당귀"},
+        {"text/html; charset=euc-kr", "<meta charset=utf-8>", bytes, "당귀"},
+        {"text/html", "<meta charset=utf-16>", "당귀", "당귀"},
+        {"text/html", "\xEF\xBB\xBF<meta charset=euc-kr>", "당귀", "당귀"},
+        {"text/html", "<title>charset=euc-kr</title>", "당귀", "당귀"},
+        {"text/html", "says nothing", bytes, "당귀"},
+        {"", "<meta", bytes, "당귀"},
+    };
+    for (const Case& c : cases) {
+        const std::string text = decodeHtml(c.head + c.body, c.contentType);
+        EXPECT_TRUE(text.ends_with(c.text)) << c.head << ": " << text;
+    }
+    EXPECT_EQ(decodeHtml(std::string("\xff\xfe"
+                                     "a\0\xf9\xb2",
+                                     6),
+                         "text/html"),
+              "a당");
+}
+
+/// What fetching for a window comes to: "type address body", or "Fault".
+std::string fetched(const std::string& address, HttpClient::Limits limits = pageLimits()) {
+    try {
+        const screen::WebContent content = fetchWebContent(HttpClient(std::move(limits)), address, {});
+        return content.type + " " + content.address + " " + content.body;
+    } catch (const basics::Fault&) {
+        return "Fault";
+    }
+}
+
+TEST(WebPage, BoundsOfWhatAWindowShows) {
+    const std::string head = "HTTP/1.1 200 OK\r\nContent-Type: image/PNG; q=1\r\n";
+    const std::size_t most = std::size_t{5} * 1024 * 1024;
+    int hops = 10;
+    CannedServer server([&](const std::string& asked) -> CannedServer::Reply {
+        if (asked.starts_with("GET /hops")) {
+            const bool on = hops-- > 0;
+            return {on ? CannedServer::redirect("/hops/" + std::to_string(hops)) : CannedServer::ok("there")};
+        }
+        if (asked.starts_with("GET /big")) return {head + "\r\n" + std::string(most, 'x')};
+        if (asked.starts_with("GET /more")) return {head + "\r\n" + std::string(most + 1, 'x')};
+        if (asked.starts_with("GET /huge")) return {head + "Content-Length: 104857600\r\n\r\nxx", true};
+        if (asked.starts_with("GET /file")) return {CannedServer::redirect("file:///etc/hostname")};
+        if (asked.starts_with("GET /picture")) return {head + "Content-Length: 2\r\n\r\n\xb4\xe7"};
+        return {CannedServer::ok("page")};
+    });
+    EXPECT_EQ(fetched(server.address("/hops")), "text/html " + server.address("/hops/0") + " there");
+    hops = 11;
+    EXPECT_EQ(fetched(server.address("/hops")), "Fault");
+    EXPECT_EQ(fetched(server.address("/picture")), "image/png " + server.address("/picture") + " \xb4\xe7");
+    EXPECT_EQ(fetched(server.address("/file")), "Fault");
+    const std::string big = fetched(server.address("/big"));
+    EXPECT_EQ(big.size(), most + big.find(" x") + 1);
+    const std::string a = std::string(10'000, 'a');
+    const std::vector<std::pair<std::string, std::string>> addresses{
+        {server.address("/a b"), "text/html " + server.address("/a%20b") + " page"},
+        {server.address("/" + a), "text/html " + server.address("/" + a) + " page"},
+        {server.address("/a\tb"), "Fault"},
+        {"http://", "Fault"},
+        {"http:// 127.0.0.1/", "Fault"},
+        {"http://" + a + "/", "Fault"},
+        {"http://file:///etc/hostname", "Fault"},
+        {"file:///etc/hostname", "Fault"},
+        {"ftp://127.0.0.1/", "Fault"},
+        {"javascript:alert(1)", "Fault"},
+    };
+    for (const auto& [address, outcome] : addresses)
+        EXPECT_EQ(fetched(address), outcome) << address.substr(0, 80);
+    EXPECT_TRUE(fetched(server.address("/more")) == "Fault");
+    const auto start = std::chrono::steady_clock::now();
+    EXPECT_EQ(fetched(server.address("/huge")), "Fault") << "said to be too big before it comes";
+    EXPECT_LT(std::chrono::steady_clock::now() - start, 5s);
+}
+
+TEST(WebPage, EndsSoonWhenItIsStopped) {
+    const std::vector<CannedServer::Reply> replies{
+        {"", true}, {"HTTP/1.1 200 OK\r\nContent-Length: 9\r\n\r\npage", true}};
+    for (const auto& reply : replies) {
+        CannedServer server([&](const std::string&) { return reply; });
+        std::jthread loading([&](const std::stop_token& stop) {
+            EXPECT_THROW(fetchWebContent(HttpClient(pageLimits()), server.address(), stop), basics::Fault);
+        });
+        std::this_thread::sleep_for(100ms);
+        const auto asked = std::chrono::steady_clock::now();
+        loading.request_stop();
+        loading.join();
+        EXPECT_LT(std::chrono::steady_clock::now() - asked, 500ms);
+    }
+    std::stop_source before;
+    before.request_stop();
+    EXPECT_THROW(fetchWebContent(HttpClient(), "http://127.0.0.1:1/", before.get_token()), basics::Fault);
 }
 
 TEST(PostalPage, AsksWithItsQueryAndReadsTheHits) {

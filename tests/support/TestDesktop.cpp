@@ -67,6 +67,7 @@ void TestDesktop::processEvents(bool) {
 }
 
 void TestDesktop::runModal(screen::Window& window) {
+    window.appear();
     auto& scripts = scripts_[window.name()];
     if (scripts.empty()) {
         ADD_FAILURE() << window.name() << " opened unexpectedly";

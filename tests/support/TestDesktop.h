@@ -39,6 +39,8 @@ public:
     /// Shows `window` modally with this script.
     void show(screen::Window& window, std::function<void()> script);
 
+    /// Where the system's browser was opened.
+    std::vector<std::string> browsed;
     /// Runs at every pass of the event loop: at every yield, whatever time has passed.
     std::function<void()> onEvents;
 
@@ -46,12 +48,17 @@ public:
     void setPointer(screen::Pointer pointer) override { pointer_ = pointer; }
     screen::Pointer pointer() const override { return pointer_; }
     void processEvents(bool userInput) override;
-    void waitForEvents(std::chrono::milliseconds) override { processEvents(true); }
+    /// Nobody waits: the clock goes on at once.
+    void waitForEvents(std::chrono::milliseconds atMost) override {
+        waited_ += atMost;
+        processEvents(true);
+    }
+    std::chrono::steady_clock::time_point now() const override { return Desktop::now() + waited_; }
     double screenWidth() const override { return 19200; }
     double screenHeight() const override { return 12000; }
     void runModal(screen::Window& window) override;
     screen::SettingsStore& settings() override { return settings_; }
-    void openBrowser(std::string_view) override {}
+    void openBrowser(std::string_view address) override { browsed.emplace_back(address); }
 
 private:
     class MemorySettings : public screen::SettingsStore {
@@ -69,6 +76,7 @@ private:
     std::deque<screen::MessageBox> boxes_;
     std::map<std::string, std::deque<std::function<void(screen::Window&)>>> scripts_;
     MemorySettings settings_;
+    std::chrono::milliseconds waited_{0};
     screen::Pointer pointer_ = screen::Pointer::Normal;
 };
 

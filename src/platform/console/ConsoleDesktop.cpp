@@ -99,6 +99,7 @@ void ConsoleDesktop::runModal(Window& window) {
     }
     runs_.push_back(&window);
     hangPages(window);
+    window.appear();
     deliverKeys();
     deliverPages();
     while (!window.leaving()) {
@@ -183,42 +184,66 @@ void ConsoleDesktop::fail(const Line& line, int code, const std::string& what) {
 }
 
 void ConsoleDesktop::processEvents(bool) {
-    if (front() && front() != hung_) hangPages(*front());
     deliverPages();
 }
 
+/// For a page that never comes nobody sits out the time.
 void ConsoleDesktop::waitForEvents(std::chrono::milliseconds atMost) {
-    if (front() && front() != hung_) hangPages(*front());
-    if (!deliverPages()) std::this_thread::sleep_for(atMost);
+    if (deliverPages()) return;
+    if (never_) {
+        skipped_ += atMost;
+    } else {
+        await(atMost);
+    }
 }
 
-/// The console stands behind the window's web views: it writes where they go and says what came of it.
+void ConsoleDesktop::await(std::chrono::milliseconds atMost) {
+    std::this_thread::sleep_for(atMost);
+}
+
+/// The console stands before the window's web views: it writes where they go and says what came of it. Where
+/// a toolkit shows them, a page that comes is left to it.
 void ConsoleDesktop::hangPages(Window& window) {
-    hung_ = &window;
     for (screen::Field* field : window.fields()) {
         auto* view = dynamic_cast<screen::WebView*>(field);
         if (!view) continue;
-        view->driveNavigation = [this, view](const std::string& address) { navigated(*view, address); };
-        view->driveStop = [this, view] {
-            std::erase_if(pages_, [&](const Page& page) { return page.view == view; });
+        view->driveNavigation = [this, view, toolkit = std::move(view->driveNavigation)](
+                                    const std::string& address) { navigated(*view, address, toolkit); };
+        view->driveStop = [this, view, toolkit = std::move(view->driveStop)] {
+            forget(*view);
+            if (toolkit) toolkit();
         };
     }
 }
 
-void ConsoleDesktop::navigated(screen::WebView& view, const std::string& address) {
-    record("navigate " + escaped(address));
+void ConsoleDesktop::forget(const screen::WebView& view) {
     std::erase_if(pages_, [&](const Page& page) { return page.view == &view; });
+}
+
+void ConsoleDesktop::navigated(screen::WebView& view, const std::string& address, const Drive& toolkit) {
+    record("navigate " + escaped(address));
+    forget(view);
     PageOutcome outcome = PageOutcome::Finished;
     if (!outcomes_.empty()) {
         outcome = outcomes_.front();
         outcomes_.pop_front();
     }
-    if (outcome != PageOutcome::Never) pages_.push_back({&view, outcome});
+    never_ = outcome == PageOutcome::Never;
+    if (outcome == PageOutcome::Finished && toolkit) {
+        toolkit(address);
+    } else if (!never_) {
+        pages_.push_back({&view, outcome});
+    }
 }
 
 void ConsoleDesktop::dropPages(const Window& window) {
-    std::erase_if(pages_, [&](const Page& page) { return &page.view->window() == &window; });
-    if (hung_ == &window) hung_ = nullptr;
+    for (screen::Field* field : window.fields()) {
+        auto* view = dynamic_cast<screen::WebView*>(field);
+        if (!view) continue;
+        view->driveNavigation = nullptr;
+        view->driveStop = nullptr;
+        forget(*view);
+    }
 }
 
 /// Tells the web views what came of their pages; false when there was nothing to tell. A browser that can't

@@ -67,6 +67,7 @@ public:
     screen::Pointer pointer() const override { return pointer_; }
     void processEvents(bool userInput) override;
     void waitForEvents(std::chrono::milliseconds atMost) override;
+    std::chrono::steady_clock::time_point now() const override { return Desktop::now() + skipped_; }
     double screenWidth() const override;
     double screenHeight() const override;
     void runModal(screen::Window& window) override;
@@ -78,6 +79,8 @@ protected:
     screen::Answer answered(const screen::MessageBox& box);
     /// A command of the script has run.
     virtual void commandDone() {}
+    /// A wait for a page that is on its way.
+    virtual void await(std::chrono::milliseconds atMost);
 
 private:
     struct Page {
@@ -89,8 +92,10 @@ private:
     void obey(const Line& line);
     void fail(const Line& line, int code, const std::string& what);
     void closeAtEnd(screen::Window& window);
+    using Drive = std::function<void(const std::string&)>;
     void hangPages(screen::Window& window);
-    void navigated(screen::WebView& view, const std::string& address);
+    void navigated(screen::WebView& view, const std::string& address, const Drive& toolkit);
+    void forget(const screen::WebView& view);
     void dropPages(const screen::Window& window);
     bool deliverPages();
 
@@ -101,7 +106,8 @@ private:
     std::deque<PageOutcome> outcomes_;
     std::deque<Page> pages_;
     std::vector<screen::Window*> runs_;
-    const screen::Window* hung_ = nullptr;
+    bool never_ = false;  ///< the page asked for last never comes
+    std::chrono::milliseconds skipped_{0};
     std::vector<std::string> lastEvent_;
     int events_ = 0;
     bool mainWas_ = false, endedOpen_ = false;

@@ -48,7 +48,48 @@ std::optional<std::string> converted(std::string_view bytes, const std::string& 
     return converter.convert(std::string(bytes));
 }
 
+/// The charset in a "charset=…" of this text in lower case, "" if there is none.
+std::string namedCharset(std::string_view text) {
+    constexpr std::string_view word = "charset";
+    for (auto at = text.find(word); at != std::string_view::npos; at = text.find(word, at)) {
+        at = text.find_first_not_of(" \t\r\n", at + word.size());
+        if (at == std::string_view::npos) break;
+        if (text[at] != '=') continue;
+        at = text.find_first_not_of(" \t\r\n\"'", at + 1);
+        if (at == std::string_view::npos) break;
+        return std::string(text.substr(at, text.find_first_of(" \t\r\n\"';/>", at) - at));
+    }
+    return {};
+}
+
+/// The charset that a page's own meta element names. A page whose head could be read is not in UTF-16.
+std::string metaCharset(std::string_view bytes) {
+    constexpr std::size_t head = 4096;
+    const std::string start = basics::foldCase(bytes.substr(0, head));
+    for (auto at = start.find("<meta"); at != std::string::npos; at = start.find("<meta", at + 1)) {
+        const std::string charset =
+            namedCharset(std::string_view(start).substr(at, start.find('>', at) - at));
+        if (!charset.empty()) return charset.starts_with("utf-16") ? "utf-8" : charset;
+    }
+    return {};
+}
+
+std::string markedCharset(std::string_view bytes) {
+    if (bytes.starts_with("\xEF\xBB\xBF")) return "utf-8";
+    if (bytes.starts_with("\xFF\xFE")) return "utf-16le";
+    if (bytes.starts_with("\xFE\xFF")) return "utf-16be";
+    return {};
+}
+
 }  // namespace
+
+std::string decodeHtml(std::string_view bytes, std::string_view contentType) {
+    std::string charset = markedCharset(bytes);
+    if (charset.empty()) charset = charsetOf(contentType);
+    if (charset.empty()) charset = metaCharset(bytes);
+    if (charset.empty() && !basics::isUtf8(bytes)) charset = "cp949";
+    return decodePage(bytes, "text/html; charset=" + charset);
+}
 
 std::string decodePage(std::string_view bytes, std::string_view contentType) {
     const std::string charset = charsetOf(contentType);

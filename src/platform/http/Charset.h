@@ -10,4 +10,8 @@ namespace zelvo::http {
 /// is U+FFFD; a byte order mark at the start goes.
 std::string decodePage(std::string_view bytes, std::string_view contentType);
 
+/// The same for a page that is written for people: where its content type names no charset, a mark at its
+/// start or a meta element in its head does. One that says nothing and is no UTF-8 is in code page 949.
+std::string decodeHtml(std::string_view bytes, std::string_view contentType);
+
 }  // namespace zelvo::http

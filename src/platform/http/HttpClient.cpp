@@ -87,15 +87,18 @@ struct Page {
 /// One request with its redirects.
 class Exchange {
 public:
-    Exchange(const HttpClient::Limits& limits, const std::string* body)
-        : limits_(limits), body_(body), deadline_(Clock::now() + limits.total) {
+    Exchange(const HttpClient::Limits& limits, const std::string* body, std::stop_token stop)
+        : limits_(limits), body_(body), stop_(std::move(stop)), deadline_(Clock::now() + limits.total) {
         static const CURLcode ready = curl_global_init(CURL_GLOBAL_DEFAULT);
-        if (ready == CURLE_OK) handle_.reset(curl_easy_init());
-        if (!handle_) throw Fault("웹페이지 통신을 준비하지 못했습니다.");
+        if (ready == CURLE_OK) {
+            handle_.reset(curl_easy_init());
+            line_.reset(curl_multi_init());
+        }
+        if (!handle_ || !line_) throw Fault("웹페이지 통신을 준비하지 못했습니다.");
         prepare();
     }
 
-    std::string run(WebAddress address) {
+    Download run(WebAddress address) {
         for (int redirects = 0;; ++redirects) {
             fetch(address);
             const auto next = redirectOf(address);
@@ -110,7 +113,7 @@ public:
             throw Fault(server(address) + "가 오류 상태(" + std::to_string(status()) + ")로 응답했습니다.");
         const char* type = nullptr;
         curl_easy_getinfo(handle_.get(), CURLINFO_CONTENT_TYPE, &type);
-        return decodePage(page_.bytes, type != nullptr ? type : "");
+        return {address.text(), type != nullptr ? type : "", std::move(page_.bytes)};
     }
 
 private:
@@ -122,6 +125,7 @@ private:
 
     void prepare();
     void fetch(const WebAddress& address);
+    CURLcode perform();
     std::optional<WebAddress> redirectOf(const WebAddress& from) const;
     [[noreturn]] void throwFailure(CURLcode code, const WebAddress& address) const;
     std::string timeoutText(const WebAddress& address) const;
@@ -134,10 +138,12 @@ private:
 
     const HttpClient::Limits& limits_;
     const std::string* body_;
+    std::stop_token stop_;
     Clock::time_point deadline_;
     Page page_;
     std::unique_ptr<curl_slist, decltype(&curl_slist_free_all)> headers_{nullptr, &curl_slist_free_all};
     std::unique_ptr<CURL, decltype(&curl_easy_cleanup)> handle_{nullptr, &curl_easy_cleanup};
+    std::unique_ptr<CURLM, decltype(&curl_multi_cleanup)> line_{nullptr, &curl_multi_cleanup};
 };
 
 void Exchange::prepare() {
@@ -155,6 +161,7 @@ void Exchange::prepare() {
     set(CURLOPT_QUICK_EXIT, 1L);  // a name server that hangs must not outlast the limit
 #endif
     set(CURLOPT_USERAGENT, "DoctorZELVO");
+    set(CURLOPT_MAXFILESIZE_LARGE, static_cast<curl_off_t>(limits_.bytes));  // where the size is said first
     set(CURLOPT_WRITEFUNCTION, &Page::take);
     set(CURLOPT_WRITEDATA, static_cast<void*>(&page_));
     if (body_ == nullptr) return;
@@ -174,8 +181,28 @@ void Exchange::fetch(const WebAddress& address) {
     set(CURLOPT_URL, address.text().c_str());
     set(CURLOPT_TIMEOUT_MS, static_cast<long>(left.count()));
     set(CURLOPT_CONNECTTIMEOUT_MS, static_cast<long>(std::min(left, limits_.connect).count()));
-    const CURLcode code = curl_easy_perform(handle_.get());
+    const CURLcode code = perform();
+    if (stop_.stop_requested()) throw Fault("웹페이지 읽기를 그만두었습니다.");
     if (code != CURLE_OK) throwFailure(code, address);
+}
+
+/// Runs the transfer to its end, or until somebody asks for the end: that wakes it, whatever it waits for.
+CURLcode Exchange::perform() {
+    constexpr int longestPoll = 1000;
+    CURLM* const line = line_.get();
+    const std::stop_callback wake(stop_, [line] { curl_multi_wakeup(line); });
+    if (curl_multi_add_handle(line, handle_.get()) != CURLM_OK) return CURLE_FAILED_INIT;
+    CURLMcode state = CURLM_OK;
+    for (int running = 1; state == CURLM_OK && !stop_.stop_requested();) {
+        state = curl_multi_perform(line, &running);
+        if (running == 0) break;
+        if (state == CURLM_OK) state = curl_multi_poll(line, nullptr, 0, longestPoll, nullptr);
+    }
+    CURLcode code = CURLE_ABORTED_BY_CALLBACK;
+    int left = 0;
+    if (const CURLMsg* const ended = curl_multi_info_read(line, &left)) code = ended->data.result;
+    curl_multi_remove_handle(line, handle_.get());
+    return code;
 }
 
 /// Where the page has moved to, nothing if it hasn't.
@@ -232,8 +259,10 @@ void Exchange::throwFailure(CURLcode code, const WebAddress& address) const {
         case CURLE_HTTP2:
         case CURLE_HTTP2_STREAM:
             throw Fault(name + "와의 연결이 응답 도중에 끊어졌습니다.");
+        case CURLE_FILESIZE_EXCEEDED:
         case CURLE_WRITE_ERROR:
-            if (page_.tooBig) throw Fault(name + "의 응답이 너무 커서 받지 않았습니다.");
+            if (page_.tooBig || code == CURLE_FILESIZE_EXCEEDED)
+                throw Fault(name + "의 응답이 너무 커서 받지 않았습니다.");
             [[fallthrough]];
         default:
             throw Fault(name + "의 응답을 읽지 못했습니다.");
@@ -246,13 +275,19 @@ std::string HttpClient::post(std::string_view address, const FormFields& fields)
     const WebAddress page(address);
     const PipeSignalHeld held;
     const std::string body = formBody(fields);
-    return Exchange(limits_, &body).run(page);
+    const Download answer = Exchange(limits_, &body, {}).run(page);
+    return decodePage(answer.bytes, answer.contentType);
 }
 
 std::string HttpClient::get(std::string_view address) const {
+    const Download page = download(address);
+    return decodePage(page.bytes, page.contentType);
+}
+
+Download HttpClient::download(std::string_view address, const std::stop_token& stop) const {
     const WebAddress page(address);
     const PipeSignalHeld held;
-    return Exchange(limits_, nullptr).run(page);
+    return Exchange(limits_, nullptr, stop).run(page);
 }
 
 }  // namespace zelvo::http

@@ -2,12 +2,20 @@
 
 #include <chrono>
 #include <cstddef>
+#include <stop_token>
 #include <string>
 #include <string_view>
 
 #include "platform/http/Form.h"
 
 namespace zelvo::http {
+
+/// What came from an address, byte for byte.
+struct Download {
+    std::string address;  ///< where it stood in the end, behind all redirects
+    std::string contentType;
+    std::string bytes;
+};
 
 /// Asks the pharmacy's web pages. One request a call, which blocks until the page is there whole. Whatever
 /// goes wrong is a Fault with one plain sentence: no connection, a certificate that doesn't check, a status
@@ -31,6 +39,8 @@ public:
     std::string post(std::string_view address, const FormFields& fields) const;
     /// The page's text as UTF-8.
     std::string get(std::string_view address) const;
+    /// What stands at the address, as it came. Ends soon, in a Fault, when `stop` asks for it.
+    Download download(std::string_view address, const std::stop_token& stop = {}) const;
 
 private:
     Limits limits_;

@@ -14,6 +14,7 @@
 #include <QtWidgets/QRadioButton>
 #include <QtWidgets/QTabBar>
 #include <QtWidgets/QTabWidget>
+#include <QtWidgets/QTextBrowser>
 #include <QtWidgets/QTextEdit>
 
 #include "basics/Fault.h"
@@ -24,6 +25,7 @@
 #include "platform/qt/RichMirror.h"
 #include "platform/qt/TextMirror.h"
 #include "platform/qt/Texts.h"
+#include "platform/qt/WebMirror.h"
 #include "screen/Fields.h"
 #include "screen/Grid.h"
 #include "screen/TextField.h"
@@ -350,8 +352,9 @@ std::unique_ptr<Mirror> makeMirror(screen::Field& field, QWidget& widget) {
             return make.operator()<GridMirror, screen::Grid, GridView>();
         case FieldKind::Date:
             return make.operator()<DateMirror, screen::DateField, QDateEdit>();
-        case FieldKind::Picture:
         case FieldKind::Web:
+            return make.operator()<WebMirror, screen::WebView, QTextBrowser>();
+        case FieldKind::Picture:
             return std::make_unique<PictureMirror>(field, widget);
     }
     throw basics::Fault(field.name() + ": a field of no kind");

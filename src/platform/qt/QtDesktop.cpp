@@ -101,6 +101,7 @@ void QtDesktop::runModal(screen::Window& window) {
     {
         const InFront front(shells_, shell);
         shell.open();
+        window.appear();
         deliverKeys();
         if (!window.leaving()) loop.exec();
     }

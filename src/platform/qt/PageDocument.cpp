@@ -1,0 +1,112 @@
+#include "platform/qt/PageDocument.h"
+
+#include <QtCore/QBuffer>
+#include <QtGui/QImageReader>
+#include <QtGui/QPixmap>
+#include <QtGui/QTextBlock>
+#include <QtGui/QTextCursor>
+#include <algorithm>
+
+#include "platform/qt/PageHtml.h"
+#include "platform/qt/Texts.h"
+
+namespace zelvo::qt {
+
+namespace {
+
+constexpr int widestPicture = 4000, highestPicture = 20'000;
+constexpr qsizetype roomForPictures = qsizetype{256} * 1024 * 1024;
+constexpr std::size_t mostPictures = 100;
+constexpr qreal pageMargin = 12;
+
+bool isWeb(const QUrl& address) {
+    return address.scheme() == QLatin1String("http") || address.scheme() == QLatin1String("https");
+}
+
+/// The picture that a page brings within itself: "data:image/png;base64,…".
+QImage embeddedPicture(const QString& name) {
+    const qsizetype comma = name.indexOf(QLatin1Char(','));
+    if (comma < 0 || !name.left(comma).endsWith(QLatin1String(";base64"), Qt::CaseInsensitive)) return {};
+    return PageDocument::pictureIn(QByteArray::fromBase64(name.mid(comma + 1).toLatin1()).toStdString());
+}
+
+}  // namespace
+
+void PageDocument::startAnew() {
+    setUndoRedoEnabled(false);
+    clear();
+    pictureBytes_ = 0;
+    setDocumentMargin(pageMargin);
+}
+
+void PageDocument::showSentence(const QString& sentence) {
+    startAnew();
+    setPlainText(sentence);
+}
+
+std::vector<QUrl> PageDocument::showContent(const screen::WebContent& content) {
+    startAnew();
+    setBaseUrl(QUrl(qtText(content.address)));
+    if (content.type.starts_with("image/")) {
+        const QImage picture = pictureIn(content.body);
+        setHtml(QLatin1String("<img src=\"picture:\">"));
+        addPicture(QUrl(QStringLiteral("picture:")), picture);
+    } else if (content.type.empty() || content.type == "text/html" ||
+               content.type == "application/xhtml+xml") {
+        setHtml(qtText(readablePage(content.body)));
+        return picturesWanted();
+    } else if (content.type.starts_with("text/")) {
+        const QString text = qtText(content.body).toHtmlEscaped().replace(u'\n', QLatin1String("<br>"));
+        setHtml(qtText(readablePage(utf8(text))));
+    } else {
+        setPlainText(
+            QStringLiteral("이 창에서 볼 수 없는 형식의 공지사항입니다. 인터넷 브라우저로 여십시오."));
+    }
+    return {};
+}
+
+std::vector<QUrl> PageDocument::picturesWanted() {
+    std::vector<QUrl> wanted;
+    for (QTextBlock block = begin(); block.isValid(); block = block.next()) {
+        for (auto at = block.begin(); !at.atEnd(); ++at) {
+            const QTextCharFormat format = at.fragment().charFormat();
+            if (!format.isImageFormat() || wanted.size() >= mostPictures) continue;
+            const QString name = format.toImageFormat().name();
+            const QUrl address = baseUrl().resolved(QUrl(name));
+            if (address.scheme() == QLatin1String("data")) addPicture(address, embeddedPicture(name));
+            if (!isWeb(address) || std::find(wanted.begin(), wanted.end(), address) != wanted.end()) continue;
+            wanted.push_back(address);
+        }
+    }
+    return wanted;
+}
+
+void PageDocument::addPicture(const QUrl& address, const QImage& picture) {
+    if (picture.isNull() || pictureBytes_ + picture.sizeInBytes() > roomForPictures) return;
+    pictureBytes_ += picture.sizeInBytes();
+    addResource(ImageResource, address, QPixmap::fromImage(picture));
+    markContentsDirty(0, characterCount());
+}
+
+QImage PageDocument::pictureIn(const std::string& bytes) {
+    QByteArray raw = QByteArray::fromRawData(bytes.data(), static_cast<qsizetype>(bytes.size()));
+    QBuffer buffer(&raw);
+    QImageReader reader(&buffer);
+    reader.setDecideFormatFromContent(true);
+    reader.setAutoTransform(true);
+    const QSize size = reader.size();
+    if (size.width() > widestPicture || size.height() > highestPicture)
+        reader.setScaledSize(size.scaled(widestPicture, highestPicture, Qt::KeepAspectRatio));
+    return reader.read();
+}
+
+/// What has not come stands as an invisible dot: for a picture that is not there a document would look among
+/// this machine's files.
+QVariant PageDocument::loadResource(int type, const QUrl&) {
+    if (type != ImageResource) return QByteArray();
+    QImage dot(1, 1, QImage::Format_ARGB32_Premultiplied);
+    dot.fill(Qt::transparent);
+    return dot;
+}
+
+}  // namespace zelvo::qt

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <QtCore/QUrl>
+#include <QtGui/QTextDocument>
+#include <vector>
+
+#include "screen/WebFetch.h"
+
+namespace zelvo::qt {
+
+/// A page of the web as far as a text document can show it. It asks nobody for anything: a file of this
+/// machine is never read for it, whatever the page names.
+class PageDocument : public QTextDocument {
+    Q_OBJECT
+
+public:
+    using QTextDocument::QTextDocument;
+
+    /// Shows an HTML page, a text or a picture; for what is none of them a hint. Gives the addresses of the
+    /// pictures that are still wanted, absolute, each once.
+    std::vector<QUrl> showContent(const screen::WebContent& content);
+    /// Shows a sentence in place of a page.
+    void showSentence(const QString& sentence);
+    /// A picture that was wanted. The page takes it as far as it has room for pictures.
+    void addPicture(const QUrl& address, const QImage& picture);
+
+    /// The picture in these bytes, shrunk where it is larger than any page; none when they hold no picture.
+    /// Can be called on any thread.
+    static QImage pictureIn(const std::string& bytes);
+
+protected:
+    QVariant loadResource(int type, const QUrl& name) override;
+
+private:
+    std::vector<QUrl> picturesWanted();
+    void startAnew();
+
+    qsizetype pictureBytes_ = 0;
+};
+
+}  // namespace zelvo::qt

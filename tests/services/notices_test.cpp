@@ -1,0 +1,267 @@
+#include "services/Notices.h"
+
+#include "platform/console/UserActions.h"
+#include "support/TestDatabase.h"
+#include "support/TestDesktop.h"
+
+namespace zelvo::services {
+namespace {
+
+using namespace std::chrono_literals;
+
+/// The notice tab in a small window. What the browser does with a page is told by the test: it runs at the
+/// passes of the event loop.
+class NoticesTest : public ::testing::Test {
+protected:
+    NoticesTest() {
+        auto connection = std::make_unique<testing::FaultyConnection>(pharmacy.connect());
+        line = connection.get();
+        session.g_conYakGuk = std::move(connection);
+        notices.wbrGongJi.driveNavigation = [this](const std::string& address) {
+            navigated.push_back(address);
+            pending = true;
+        };
+        notices.wbrGongJi.driveStop = [this] { ++stops; };
+        desktop.onEvents = [this] {
+            if (!std::exchange(pending, false)) return;
+            const auto comesTo = browser;
+            comesTo();
+        };
+    }
+    void add(const std::string& title, const std::string& contType, const std::string& url,
+             const std::string& rtf = "") const {
+        pharmacy.run(
+            "INSERT INTO t_PxGongJi (PGJ_Type, PGJ_WriteDate, PGJ_Title, PGJ_ContType, PGJ_URLCont, PGJ_RTFCont) "
+            "SELECT 1, '2024-01-' || (20 - COUNT(*)), '" +
+            title + "', " + contType + ", '" + url + "', '" + rtf + "' FROM t_PxGongJi");
+    }
+    /// Two pages and a text between them.
+    void addThree() const {
+        add("text", "1", "", "안녕");
+        add("first", "0", "http://sora/1");
+        add("second", "0", "sora/2");
+    }
+    void show(std::function<void()> script) {
+        notices.Load_GongJi();
+        desktop.show(form, std::move(script));
+    }
+    void finishes() { notices.wbrGongJi.onFinished(); }
+    void fails() { notices.wbrGongJi.onFailed(); }
+    std::string shownFields() const {
+        std::string shown;
+        for (const screen::Field* field : {static_cast<const screen::Field*>(&notices.rtxGongJi),
+                                           static_cast<const screen::Field*>(&notices.wbrGongJi),
+                                           static_cast<const screen::Field*>(&notices.sscExplorer)})
+            shown += field->visible() ? field->name() + " " : "";
+        return shown;
+    }
+    std::chrono::milliseconds lasts(const std::function<void()>& act) const {
+        const auto start = desktop.now();
+        act();
+        return std::chrono::duration_cast<std::chrono::milliseconds>(desktop.now() - start);
+    }
+    /// The content can be used, and the pointer says so.
+    void expectRest() const {
+        EXPECT_TRUE(notices.c1eGongJi0.enabled());
+        EXPECT_EQ(desktop.pointer(), screen::Pointer::Normal);
+    }
+    void expectFailureBox(const std::string& text) {
+        desktop.expectBox("공지사항", text + "(인터넷 연결을 확인하여 주십시오.)", screen::BoxIcon::Critical);
+    }
+
+    testing::TestDesktop desktop;
+    testing::TestDatabase pharmacy{false};
+    session::Session session;
+    testing::FaultyConnection* line = nullptr;
+    screen::Window form{desktop, "frmNotices", 9000, 6000};
+    Notices notices{form, {}, session};
+    console::UserActions user{desktop};
+    std::vector<std::string> navigated;
+    std::function<void()> browser = [this] { finishes(); };
+    int stops = 0;
+    bool pending = false;
+};
+
+TEST_F(NoticesTest, TheKindDecidesWhatIsShown) {
+    struct Case {
+        std::string contType, url, navigated;
+    };
+    const std::vector<Case> cases{
+        {"0", "http://sora/1", "http://sora/1"},
+        {"'False'", "sora/1", "http://sora/1"},
+        {"0", "http://http://sora/?u=http://a", "http://sora/?u=a"},
+        {"0", "https://sora/1", "http://https://sora/1"},
+        {"0", "", "http://"},
+        {"1", "http://sora/1", ""},
+        {"2", "", ""},
+        {"'True'", "", ""},
+        {"''", "", ""},
+    };
+    add("elsewhere", "1", "", "first");
+    for (const Case& c : cases) add("notice", c.contType, c.url, "{\\rtf1 {\\b form}}");
+    show([&] {
+        for (int row = 1; row <= static_cast<int>(cases.size()); ++row) {
+            const Case& c = cases[static_cast<std::size_t>(row) - 1];
+            SCOPED_TRACE(c.contType + " " + c.url);
+            navigated.clear();
+            user.row("tdbGongJi", row);
+            EXPECT_EQ(navigated.empty() ? "" : navigated[0], c.navigated);
+            EXPECT_EQ(shownFields(), c.navigated.empty() ? "rtxGongJi " : "wbrGongJi sscExplorer ");
+            if (c.navigated.empty()) {
+                EXPECT_EQ(notices.rtxGongJi.text(), "form");
+            }
+            expectRest();
+        }
+        user.row("tdbGongJi", 2);
+        user.press("sscExplorer");
+        EXPECT_EQ(desktop.browsed, std::vector<std::string>{"http://sora/1"});
+    });
+}
+
+TEST_F(NoticesTest, TheFirstNoticeOpensWithTheWindowAndEachMoveLoadsAnew) {
+    add("first", "0", "sora/1");
+    notices.Load_GongJi();
+    EXPECT_TRUE(navigated.empty()) << "nobody sees it yet";
+    desktop.show(form, [&] {
+        EXPECT_EQ(navigated.size(), 1U);
+        user.cellKey("tdbGongJi", "등록일자", "Home");
+        EXPECT_EQ(navigated.size(), 3U) << "to the column and back";
+    });
+}
+
+TEST_F(NoticesTest, NoNoticesAndNoConnectionLeaveTheContentAsItWas) {
+    show([&] {
+        notices.Show_GongJi();
+        EXPECT_EQ(shownFields(), "rtxGongJi ");
+        EXPECT_EQ(notices.tdbGongJi.rowCount(), 0);
+        user.focus("rtxGongJi");
+    });
+    addThree();
+    line->failAt(1);
+    notices.Load_GongJi();
+    EXPECT_EQ(notices.tdbGongJi.rowCount(), 0);
+    EXPECT_TRUE(navigated.empty());
+}
+
+TEST_F(NoticesTest, WhatThePageComesToIsTold) {
+    const std::string failed = "http://sora/1 WEB 페이지 열기 실패",
+                      late = "http://sora/1 WEB 페이지 열기 시간초과";
+    struct Case {
+        const char* name;
+        std::function<void()> browser;
+        std::string box;
+        bool waitsItOut;
+    };
+    const Case cases[] = {
+        {"finished", [this] { finishes(); }, "", false},
+        {"failed, and its page about that finished", [this] { fails(), finishes(); }, failed, false},
+        {"failed, and no more", [this] { fails(); }, failed, true},
+        {"never", [] {}, late, true},
+    };
+    addThree();
+    show([&] {
+        for (const Case& c : cases) {
+            SCOPED_TRACE(c.name);
+            user.row("tdbGongJi", 0);
+            browser = [&] {
+                EXPECT_FALSE(notices.c1eGongJi0.enabled());
+                EXPECT_EQ(desktop.pointer(), screen::Pointer::Busy);
+                c.browser();
+            };
+            stops = 0;
+            const auto time = lasts([&] { user.row("tdbGongJi", 1); });
+            if (c.box.empty()) desktop.expectNoBox();
+            if (!c.box.empty()) expectFailureBox(c.box);
+            EXPECT_TRUE(c.waitsItOut ? time >= 20s && time < 21s : time < 1s) << time.count();
+            EXPECT_EQ(stops, c.box == failed ? 1 : 0);
+            EXPECT_EQ(notices.m_GongJiLoaded, !c.waitsItOut);
+            expectRest();
+        }
+        finishes();
+        EXPECT_TRUE(notices.m_GongJiLoaded) << "later than anybody waited";
+    });
+}
+
+TEST_F(NoticesTest, TheUserGoesOnDuringTheWaitAndOnlyThen) {
+    std::string done;
+    const auto does = [&](const std::string& what) { form.userInput([&done, what] { done += what; }); };
+    addThree();
+    show([&] {
+        browser = [&] {
+            does("1");
+            EXPECT_EQ(done, "1");
+            const screen::Window::Action telling(form);
+            desktop.onEvents = [&] { does("2"); };
+            finishes();
+            desktop.onEvents = nullptr;
+        };
+        user.row("tdbGongJi", 1);
+        EXPECT_EQ(done, "12");
+        desktop.onEvents = [&] {
+            does("3");
+            EXPECT_EQ(done, "12") << "no page is waited for";
+        };
+        user.row("tdbGongJi", 0);
+        EXPECT_EQ(done, "123");
+        desktop.onEvents = nullptr;
+    });
+}
+
+TEST_F(NoticesTest, AChangeOfRowGivesTheFirstWaitUp) {
+    struct Case {
+        const char* name;
+        int to;
+        std::function<void()> second;
+        std::string box;
+        std::chrono::seconds most;
+    };
+    const Case cases[] = {
+        {"to a text", 0, [] {}, "", 16s},
+        {"to a page that comes", 2, [this] { finishes(); }, "", 16s},
+        {"to a page that fails", 2, [this] { fails(), finishes(); }, "http://sora/2 WEB 페이지 열기 실패",
+         16s},
+        {"to a page that never comes", 2, [] {}, "http://sora/2 WEB 페이지 열기 시간초과", 36s},
+    };
+    addThree();
+    show([&] {
+        for (const Case& c : cases) {
+            SCOPED_TRACE(c.name);
+            user.row("tdbGongJi", 0);
+            navigated.clear();
+            const auto start = desktop.now();
+            int waits = 0;
+            desktop.onEvents = [&] {
+                if (waits == 0 && desktop.now() - start > 15s) {
+                    ++waits;
+                    browser = c.second;
+                    user.row("tdbGongJi", c.to);
+                } else if (navigated.size() == 2 && std::exchange(pending, false)) {
+                    const auto comesTo = browser;
+                    comesTo();
+                }
+            };
+            const auto time = lasts([&] { user.row("tdbGongJi", 1); });
+            EXPECT_EQ(waits, 1);
+            EXPECT_TRUE(time >= 15s && time < c.most) << time.count();
+            if (c.box.empty()) desktop.expectNoBox();
+            if (!c.box.empty()) expectFailureBox(c.box);
+            EXPECT_EQ(notices.tdbGongJi.currentRow(), c.to);
+            EXPECT_EQ(shownFields(), c.to == 0 ? "rtxGongJi " : "wbrGongJi sscExplorer ");
+            expectRest();
+        }
+    });
+}
+
+TEST_F(NoticesTest, ClosingTheWindowEndsTheWaitWithoutAWord) {
+    addThree();
+    show([&] {
+        browser = [&] { form.userClose(); };
+        EXPECT_LT(lasts([&] { user.row("tdbGongJi", 1); }), 1s);
+        EXPECT_TRUE(form.leaving());
+    });
+    EXPECT_TRUE(form.unloaded());
+    EXPECT_EQ(desktop.pointer(), screen::Pointer::Normal);
+}
+
+}  // namespace
+}  // namespace zelvo::services
