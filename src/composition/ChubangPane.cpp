@@ -85,12 +85,12 @@ void ChubangPane::listen() {
     });
     // After a search that failed its row still stands there, without its herbs.
     tdbList.onRowAgain.add([this] {
-        if (!rsDetail_.isOpen()) showRow();
+        if (!rsDetail_.isOpen()) told([this] { showHerbs(); });
     });
     tdbList.onHeadClick.add([this](int column) { sortBy(column); });
     tdbDetail.onRowChange.add([this](int previousRow, int) {
         if (previousRow != tdbDetail.currentRow() && tdbDetail.onRow())
-            rtxNote.setText(tdbDetail.value(noteColumn));
+            rtxNote.setText(basics::trim(tdbDetail.value(noteColumn)));
     });
     chkMerge.onClick.add([this] { mergeSwitched(); });
 }
@@ -161,9 +161,16 @@ void ChubangPane::showRow() {
         emptyDetail();
         return;
     }
-    try {
-        rtxMemo.setText(tdbList.value(memoColumn));
+    told([this] {
+        rtxMemo.setText(basics::trim(tdbList.value(memoColumn)));
         showHerbs();
+    });
+}
+
+/// What goes wrong in showing a row is told, and leaves no herbs in view.
+void ChubangPane::told(const std::function<void()>& showing) {
+    try {
+        showing();
     } catch (const std::exception& fault) {
         emptyDetail();
         form_.desktop().alarm(fault.what(), "내약속처방 에러");

@@ -67,6 +67,7 @@ private:
     void searchBy(screen::TextField& field, screen::Button& button, data::SearchKind kind);
     void search(screen::TextField& field, data::SearchKind kind);
     bool read(const std::string& word, data::SearchKind kind);
+    void told(const std::function<void()>& showing);
     void showHerbs();
     void sortBy(int column);
     void mergeSwitched();

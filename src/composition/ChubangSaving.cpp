@@ -72,8 +72,7 @@ bool ChubangSaving::askName(std::string& name, std::string& memo) {
 
 /// The transaction from its begin to its end; gives what there is to say of it.
 screen::MessageBox ChubangSaving::store(const std::string& name, const std::string& memo) {
-    const screen::MessageBox failed =
-        alarmBox("내약속처방으로 등록중 오류가 발생했습니다.", "내약속처방 등록");
+    screen::MessageBox failed = alarmBox("내약속처방으로 등록중 오류가 발생했습니다.", "내약속처방 등록");
     const screen::BusyPointer busy(form_.desktop());
     try {
         data::Connection& connection = session_.connection();
@@ -87,8 +86,9 @@ screen::MessageBox ChubangSaving::store(const std::string& name, const std::stri
             case data::CommitOutcome::Done:
                 return {.text = "내약속처방에 등록되었습니다.", .caption = "내약속처방등록"};
             case data::CommitOutcome::Unknown:
-                return alarmBox("등록 결과를 확인할 수 없습니다. [처방읽어오기]에서 확인하여 주십시오.",
-                                "내약속처방 등록");
+                return alarmBox(
+                    "등록 결과를 확인할 수 없습니다. ZELVO를 다시 시작하여 [처방읽어오기]에서 확인하여 주십시오.",
+                    "내약속처방 등록");
             case data::CommitOutcome::Refused:
                 break;
         }

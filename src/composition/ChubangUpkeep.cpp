@@ -2,6 +2,7 @@
 
 #include <exception>
 
+#include "basics/Text.h"
 #include "data/clsZELVORecordSet.h"
 
 namespace zelvo::composition {
@@ -14,7 +15,7 @@ constexpr screen::Color darkRed{192, 0, 0}, black{};
 /// Writes a text into the grid's current row. One that the database refuses leaves the row as it was.
 bool writeNote(screen::Grid& grid, int column, const std::string& text) {
     const std::string former = grid.value(column);
-    if (!grid.onRow() || text == former) return true;
+    if (!grid.onRow() || text == basics::trim(former)) return true;
     grid.setValue(column, text);
     if (grid.writeCurrentRow()) return true;
     grid.setValue(column, former);
@@ -56,17 +57,18 @@ void ChubangUpkeep::askAndDelete() {
 
 /// The list then shows what the database has, and memo and herbs are those of the row that is current now.
 void ChubangUpkeep::deleteCurrent() {
-    bool rowLeft = false, deleted = false;
+    bool rowLeft = false;
+    auto outcome = data::CommitOutcome::Refused;
     {
         const screen::BusyPointer busy(form_.desktop());
-        deleted = deleteStored(rowLeft) == data::CommitOutcome::Done;
+        outcome = deleteStored(rowLeft);
     }
-    if (!deleted) form_.desktop().alarm("내약속처방 삭제중 오류가 발생했습니다.", deleteCaption);
-    if (deleted) {
-        pane_.showRow();
-    } else if (rowLeft) {
-        pane_.readAgain();
-    }
+    if (outcome == data::CommitOutcome::Done) return pane_.showRow();
+    form_.desktop().alarm(outcome == data::CommitOutcome::Unknown
+                              ? "삭제 결과를 확인할 수 없습니다. ZELVO를 다시 시작하여 확인하여 주십시오."
+                              : "내약속처방 삭제중 오류가 발생했습니다.",
+                          deleteCaption);
+    if (rowLeft) pane_.readAgain();
 }
 
 /// The transaction from its begin to its end. `rowLeft` tells whether the row has left the list.

@@ -1,4 +1,5 @@
 #include <cstdint>
+#include <optional>
 
 #include "basics/Fault.h"
 #include "basics/Numbers.h"
@@ -22,8 +23,14 @@ std::string amountAtWholePrice(const std::string& grams, const std::string& pric
     }
 }
 
-float gramsOf(const std::string& text) {
-    return basics::IsNumeric(text) ? basics::toSingle(text) : 0.0F;
+/// Nothing for a text that is no amount.
+std::optional<float> gramsOf(const std::string& text) {
+    try {
+        if (basics::IsNumeric(text)) return basics::toSingle(text);
+    } catch (const basics::Fault&) {
+        // More than any herb weighs.
+    }
+    return std::nullopt;
 }
 
 }  // namespace
@@ -85,9 +92,8 @@ int HerbTable::mergeRow(int row) {
         modHanYakGuk::Find_DuplicateDrug(form_.desktop(), herbs, row, herb::pharmacyName, -1) - 1;
     if (older < 0) return row;
 
-    const std::string olderGrams = herbs.text(older, herb::grams);
-    if (basics::IsNumeric(olderGrams) &&
-        basics::toSingle(olderGrams) >= gramsOf(herbs.text(row, herb::grams))) {
+    const std::optional<float> olderGrams = gramsOf(herbs.text(older, herb::grams));
+    if (olderGrams && *olderGrams >= gramsOf(herbs.text(row, herb::grams)).value_or(0.0F)) {
         herbs.set(older, herb::merged, herb::mergedMark);
         herbs.deleteRows(row);
         return older;

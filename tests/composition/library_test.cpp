@@ -234,7 +234,9 @@ TEST(StoredPrescriptions, WhatFailsIsToldAndLeavesTheStoreAsItWas) {
         {"the header", "delete", 0, false, "t_UserChubang", deleting, deleted, BoxIcon::Critical, 3, 1},
         {"the commit", "delete", 3, false, "", deleting, deleted, BoxIcon::Critical, 3, 1},
         {"the line at the lines", "delete", 2, true, "", deleting, deleted, BoxIcon::Critical, 3, 1},
-        {"the line at the commit", "delete", 3, true, "", deleting, deleted, BoxIcon::Critical, 0, 0},
+        {"the line at the commit", "delete", 3, true, "",
+         "삭제 결과를 확인할 수 없습니다. ZELVO를 다시 시작하여 확인하여 주십시오.", deleted,
+         BoxIcon::Critical, 0, 0},
     };
     for (const auto& each : cases) {
         SCOPED_TRACE(each.name);

@@ -74,8 +74,8 @@ TEST(SavedPrescription, IsStoredAsItWasComposedOrNotAtAll) {
         {"the last line", sound, "x", 6, {}, lines, "처방약재 추가오류", BoxIcon::Critical, false},
         {"the commit", sound, "x", 7, {}, header, "내약속처방 등록", BoxIcon::Critical, false},
         {"its answer is lost", sound, " O'Neil 50%_[x] ", 0, data::CommitOutcome::Unknown,
-         "등록 결과를 확인할 수 없습니다. [처방읽어오기]에서 확인하여 주십시오.", "내약속처방 등록",
-         BoxIcon::Critical, true},
+         "등록 결과를 확인할 수 없습니다. ZELVO를 다시 시작하여 [처방읽어오기]에서 확인하여 주십시오.",
+         "내약속처방 등록", BoxIcon::Critical, true},
     };
     for (const auto& each : cases) {
         SCOPED_TRACE(each.name);
