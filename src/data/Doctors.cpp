@@ -102,11 +102,10 @@ bool clsZELVORecordSet::Update_DoctorPassword(Connection& Conn, std::int32_t DTR
             running::execute(Conn, statement);
             return true;
         } catch (const std::exception&) {
-            if (Conn.isOpen()) throw;
+            // Without its answer nobody knows which password holds.
         }
-        // Without its answer nobody knows which password holds.
-        return askAnother(Conn, [&](Connection& other) { return passwordIs(other, DTR_PK, DTR_PWD); }) ==
-               true;
+        const auto holds = [&](Connection& asked) { return passwordIs(asked, DTR_PK, DTR_PWD); };
+        return (Conn.isOpen() ? holds(Conn) : askAnother(Conn, holds)) == true;
     });
 }
 

@@ -82,6 +82,7 @@ void OrderSend::Send_Order() {
     }
     showKept();
     tellChart();
+    settle();
     offerReturn();
 }
 
@@ -174,60 +175,76 @@ OrderSend::Stored OrderSend::storeOrder() {
     std::optional<data::Transaction> transaction;
     try {
         transaction.emplace(draft_.session.connection());
-    } catch (const std::exception& fault) {
-        keepAlarm(faultText(fault.what()), faultCaption);
+    } catch (const std::exception&) {
+        keepAlarm(faultText("한약국 서버 연결 확인"), faultCaption);
         return Stored::No;
     }
-    std::int32_t CBJ_PK = 0;
-    if (!writeRows(CBJ_PK)) {
+    sending_ = {};
+    sending_.DTR_PK = draft_.session.m_DTRPK;
+    sending_.server = draft_.session.connection().server;
+    if (!writeRows(sending_.CBJ_PK)) {
         transaction->rollback();
         return Stored::No;
     }
+    sending_.serverTime = lblsvrTime.caption();
     if (!Write_SendLog(form_.desktop(), draft_, price_.m_xaCostConfirm, lblsvrTime.caption())) {
         kept_.push_back(
             {.text = "[처방전 전송은 정상적으로 전송] 되었습니다. -  처방전 로그 파일 기록에 실패하였습니다.",
              .caption = "처방전 로그"});
     }
-    try {
-        switch (transaction->commit()) {
-            case data::CommitOutcome::Done:
-                return Stored::Yes;
-            case data::CommitOutcome::Refused:
-                Remove_SendLog(form_.desktop(), lblsvrTime.caption());
-                return Stored::Refused;
-            case data::CommitOutcome::Unknown:
-                break;
-        }
-    } catch (const std::exception&) {
-        // A commit that ends in a fault has said nothing of what became of it.
+    // Marked before: who gives up waiting for the answer, and ends the program, must not send twice.
+    marked_ = mark();
+    switch (transaction->commit()) {
+        case data::CommitOutcome::Done:
+            return Stored::Yes;
+        case data::CommitOutcome::Refused:
+            return refused();
+        case data::CommitOutcome::Unknown:
+            break;
     }
-    return askAfter(CBJ_PK);
+    return askAfter();
+}
+
+/// Writes the mark that lets the next session ask what became of the order; false when it can't be written.
+bool OrderSend::mark() const {
+    try {
+        unsettled_.add(sending_);
+        return true;
+    } catch (const std::exception&) {
+        return false;
+    }
+}
+
+/// What became of the order is known. A mark that can't be taken away is asked after once more.
+void OrderSend::settle() const {
+    try {
+        if (marked_) unsettled_.settle(sending_);
+    } catch (const std::exception&) {
+        // The order itself is in order.
+    }
+}
+
+OrderSend::Stored OrderSend::refused() {
+    settle();
+    Remove_SendLog(form_.desktop(), sending_.serverTime);
+    return Stored::Refused;
 }
 
 /// The line broke between the commit and its answer: one more connection asks whether the order stands.
-OrderSend::Stored OrderSend::askAfter(std::int32_t CBJ_PK) {
-    const data::Connection& broken = draft_.session.connection();
-    const std::int32_t doctor = draft_.session.m_DTRPK;
-    const std::string& time = lblsvrTime.caption();
-    const std::optional<bool> stands = data::askAnother(
-        broken, [&](data::Connection& other) { return data::orderStands(other, doctor, CBJ_PK); });
-    if (stands) {
-        if (*stands) return Stored::Yes;
-        Remove_SendLog(form_.desktop(), time);
-        return Stored::Refused;
-    }
+OrderSend::Stored OrderSend::askAfter() {
+    const std::optional<bool> stands =
+        data::askAnother(draft_.session.connection(), [this](data::Connection& other) {
+            return data::orderStands(other, sending_.DTR_PK, sending_.CBJ_PK);
+        });
+    if (stands) return *stands ? Stored::Yes : refused();
     const std::string unknown = "처방전 전송 결과를 확인할 수 없습니다. ";
-    try {
-        unsettled_.add({doctor, CBJ_PK, time, broken.server});
-        kept_ = {};
-        keepAlarm(
-            unknown +
-                "다시 전송하지 마십시오. ZELVO를 다시 시작하여 전송하면 먼저 저장 여부를 확인하여 알려 드립니다.",
-            failedCaption);
-    } catch (const std::exception&) {
-        kept_ = {};
-        keepAlarm(unknown + "[처방전 관리]에서 발행날짜로 확인한 후 다시 전송하여 주십시오.", failedCaption);
-    }
+    kept_ = {};
+    keepAlarm(
+        unknown +
+            (marked_
+                 ? "다시 전송하지 마십시오. ZELVO를 다시 시작하여 전송하면 먼저 저장 여부를 확인하여 알려 드립니다."
+                 : "[처방전 관리]에서 발행날짜로 확인한 후 다시 전송하여 주십시오."),
+        failedCaption);
     return Stored::Unknown;
 }
 

@@ -39,7 +39,10 @@ private:
     bool wantsOtherHerbs();
     bool settlesFormer();
     Stored storeOrder();
-    Stored askAfter(std::int32_t CBJ_PK);
+    Stored askAfter();
+    Stored refused();
+    bool mark() const;
+    void settle() const;
     bool writeRows(std::int32_t& CBJ_PK);
     bool stampTime();
     bool Send_InsertOrder(std::int32_t& CBJ_PK);
@@ -61,6 +64,8 @@ private:
     CostConfirmation& price_;
     account::BalanceView& balance_;
     UnsettledSends unsettled_;
+    UnsettledSend sending_;
+    bool marked_ = false;
     /// What there is to say while the transaction is open; shown when it has ended.
     std::vector<screen::MessageBox> kept_;
 };

@@ -5,6 +5,7 @@
 
 #include "basics/Numbers.h"
 #include "basics/Text.h"
+#include "basics/Utf8.h"
 
 namespace zelvo::ordering {
 
@@ -22,6 +23,18 @@ std::string path(screen::FileSystemObject& files) {
 std::string lineOf(const UnsettledSend& send) {
     return basics::decimalText(std::int64_t{send.DTR_PK}) + " " +
            basics::decimalText(std::int64_t{send.CBJ_PK}) + " " + send.serverTime + " " + send.server;
+}
+
+/// One server under its two usual spellings: a changed setting must not hide what is open there.
+bool isSameServer(std::string_view one, std::string_view other) {
+    const auto plain = [](std::string_view address) {
+        std::string text = basics::foldCase(address);
+        for (const char* port : {":1433", ",1433"}) {
+            if (text.ends_with(port)) text.resize(text.size() - 5);
+        }
+        return text;
+    };
+    return plain(one) == plain(other);
 }
 
 /// Nothing for a line that is none of these.
@@ -57,7 +70,7 @@ std::vector<UnsettledSend> UnsettledSends::of(std::int32_t DTR_PK, const std::st
     std::vector<UnsettledSend> sends;
     for (const std::string& line : lines()) {
         const std::optional<UnsettledSend> send = readLine(line);
-        if (send && send->DTR_PK == DTR_PK && send->server == server) sends.push_back(*send);
+        if (send && send->DTR_PK == DTR_PK && isSameServer(send->server, server)) sends.push_back(*send);
     }
     return sends;
 }

@@ -238,13 +238,25 @@ TEST_F(OdbcLine, WhatTheServerHasEndedGoesNoFurther) {
     }
 }
 
+TEST_F(OdbcLine, ABeginWithoutAnAnswerLeavesNoTransactionBehind) {
+    auto connection = connect();
+    server_.misbehave("BEGIN", Trouble::LateAfterRun);
+    EXPECT_THROW(connection->begin(), Fault);
+    connection->begin();
+    connection->execute(insert);
+    EXPECT_EQ(connection->commit(), CommitOutcome::Done);
+    connection->close();
+    EXPECT_EQ(guides(), "1") << "a commit within the forgotten transaction is none";
+}
+
 TEST_F(OdbcLine, ALostAnswerIsAskedForOnASecondConnection) {
     data::clsZELVORecordSet operations;
     database_.run(
         "INSERT INTO t_ChubangJun (CBJ_PK, DTR_PK, CBJ_IsCanceled) VALUES (5, 1, 0);"
         "INSERT INTO t_Doctor (DTR_PK, DTR_ID, DTR_PWD) VALUES (1, 'kim', 'old')");
-    for (const Trouble trouble : {Trouble::CutBeforeRun, Trouble::CutBeforeAnswer}) {
-        const bool done = trouble == Trouble::CutBeforeAnswer;
+    for (const Trouble trouble : {Trouble::CutBeforeRun, Trouble::CutBeforeAnswer, Trouble::LateAfterRun}) {
+        const bool done = trouble != Trouble::CutBeforeRun;
+        const bool late = trouble == Trouble::LateAfterRun;
         for (const bool answers : {false, true}) {
             database_.run("UPDATE t_ChubangJun SET CBJ_IsCanceled = 0; UPDATE t_Doctor SET DTR_PWD = 'old'");
             const auto connected = [&] {
@@ -257,7 +269,7 @@ TEST_F(OdbcLine, ALostAnswerIsAskedForOnASecondConnection) {
             EXPECT_EQ(operations.Update_CBJCancel(*connection, 5), done && answers);
             connection = connected();
             server_.misbehave("DTR_PWD", trouble);
-            EXPECT_EQ(operations.Update_DoctorPassword(*connection, 1, "new"), done && answers);
+            EXPECT_EQ(operations.Update_DoctorPassword(*connection, 1, "new"), late || (done && answers));
         }
     }
 }

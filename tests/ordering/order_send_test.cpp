@@ -40,8 +40,15 @@ TEST(OrderSend, StoresTheOrderAndTellsTheChart) {
     window.compose();
     window.patient.txtBesongJuso.setText("서울 '강남' [CBJ_PK]");
     window.desktop.answer(Answer::No);
+    int marked = 0;
+    const auto look = [&] { marked += window.logs.contains("/logs/zelvo/unsettled.txt") ? 1 : 0; };
+    window.line->before = [&](const std::string& statement) {
+        if (statement == "COMMIT") look();
+    };
+    window.send.Send2Chart.add([&](const ChartRecord&) { look(); });
     window.run([&] {
         window.priceAndSend();
+        EXPECT_EQ(marked, 2) << "a program that ends before the chart is told must leave a mark";
         EXPECT_FALSE(window.gate.ssrCBJSend.visible() || window.form.leaving());
     });
     window.desktop.expectQuestion("처방전 전송 성공", success);
@@ -174,7 +181,7 @@ TEST(OrderSend, EachFailingStatementLeavesNothing) {
         return Box("처방전전송 에러", "처방전 전송 중 오류 발생 - 처방전 " + name + " 저장 에러");
     };
     const std::vector<Box> boxes = {
-        {"처방전 전송 에러", "처방전 전송 오류 - [failed on purpose: BEGIN ]"},
+        {"처방전 전송 에러", "처방전 전송 오류 - [한약국 서버 연결 확인 ]"},
         {"처방전 전송 실패", "DB서버 시간 가져오기 실패!"},
         table("테이블(t_ChubangJun)"),
         table("테이블(t_ChubangJun)"),
@@ -339,10 +346,12 @@ TEST(OrderSend, AMarkedSendIsAskedAfterBeforeTheNext) {
         std::string told;
         bool settled, sends;
     } cases[] = {{"another doctor's", mark(11), false, false, Answer::Yes, "", false, true},
-                 {"another server's", mark(1) + "0", false, false, Answer::Yes, "", false, true},
+                 {"another server's", mark(1) + ".kr", false, false, Answer::Yes, "", false, true},
                  {"it stands and is enough", mark(1), true, false, Answer::No, stands, true, false},
                  {"it stands and this is one more", mark(1), true, false, Answer::Yes, stands, true, true},
                  {"it does not stand", mark(1), false, false, Answer::Yes, "저장되지 않았습니다", true, true},
+                 {"the server spelled otherwise", "1 345 " + time + " SERVER:1,1433", true, false, Answer::No,
+                  stands, true, false},
                  {"nobody says", mark(1), true, true, Answer::Yes, "지금도", false, false}};
     for (const auto& test : cases) {
         SCOPED_TRACE(test.name);

@@ -1,6 +1,7 @@
 #include "platform/odbc/OdbcConnection.h"
 
 #include <cstdlib>
+#include <exception>
 #include <utility>
 #include <vector>
 
@@ -96,7 +97,22 @@ std::optional<std::int32_t> OdbcConnection::runInsert(const std::string& stateme
 // A unit of work is said in the server's own words, one round trip each: switching a driver's auto-commit off
 // and on costs more, and what a driver makes of a transaction that the server has ended is its own affair.
 void OdbcConnection::beginWork() {
-    line().run(dialect_("BEGIN TRANSACTION"));
+    try {
+        line().run(dialect_("BEGIN TRANSACTION"));
+    } catch (const ServerFault& fault) {
+        // Without its answer it may have begun, and a later commit would only end a transaction within it.
+        if (fault.kind() == ServerFault::Kind::Late) takeBack();
+        throw;
+    }
+}
+
+/// Ends a transaction that nobody knows to be there; a line that does not even do that is closed.
+void OdbcConnection::takeBack() noexcept {
+    try {
+        rollbackWork();
+    } catch (const std::exception&) {
+        line_.reset();
+    }
 }
 
 data::CommitOutcome OdbcConnection::commitWork() {

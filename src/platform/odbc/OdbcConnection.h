@@ -39,6 +39,7 @@ protected:
 
 private:
     Line& line() const;
+    void takeBack() noexcept;
 
     // Shared with the row writers of its result sets, which only watch it: they may outlive the connection.
     std::shared_ptr<Line> line_;

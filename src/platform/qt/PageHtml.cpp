@@ -114,7 +114,8 @@ std::string modestStyle(std::string_view style) {
         const std::string property = basics::trim(declaration.substr(0, colon));
         const std::string value = basics::trim(declaration.substr(colon + 1));
         const bool colour = property.ends_with("color") && value.size() <= 30;
-        if (isIn(keptStyles, property) && (colour || isModest(value))) kept += property + ":" + value + ";";
+        if (isIn(keptStyles, property) && (colour || isModest(value)))
+            kept.append(property).append(":").append(value).append(";");
     }
     return kept;
 }

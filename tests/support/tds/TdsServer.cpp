@@ -167,6 +167,7 @@ private:
             return true;
         }
         const std::string answer = answerTo(text);
+        if (trouble_ == TdsServer::Trouble::LateAfterRun) return true;
         if (trouble_ == TdsServer::Trouble::CutBeforeAnswer) return false;
         send(answer, trouble_ == TdsServer::Trouble::CutInAnswer);
         return trouble_ != TdsServer::Trouble::CutInAnswer;

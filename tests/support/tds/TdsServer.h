@@ -21,6 +21,7 @@ public:
         None,
         Mute,             ///< reads on and says nothing
         Late,             ///< says nothing until the client gives the batch up, and lives on
+        LateAfterRun,     ///< runs the statement, and then the same
         Deadlock,         ///< the statement fails and the server has ended the transaction
         CutBeforeRun,     ///< the line is cut, the statement never ran
         CutBeforeAnswer,  ///< the statement ran, the line is cut
