@@ -5,8 +5,8 @@
 
 namespace zelvo::pharmacy {
 
-/// The pharmacy's web pages on 127.0.0.1: POST /cost, POST /cost-update, GET /zip?find=, GET /notice/KEY and the
-/// pictures beside it.
+/// The pharmacy's web pages on 127.0.0.1: POST /cost, POST /cost-update, GET /zip?find=, GET /notice/KEY and
+/// the pictures beside it.
 class Pages {
 public:
     explicit Pages(std::string databasePath);

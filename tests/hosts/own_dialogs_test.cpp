@@ -76,13 +76,13 @@ TEST(OwnDialogs, standInThePlaceOfTheComponents) {
         component.makeEatGuideEditor = [] { return std::make_unique<Editor>(); };
     };
     std::string phone = "02-700-0001";
-    EXPECT_EQ(
-        play(std::string(login) + "expect plain rtxEatGuide 김하늘\nexpect txtEatGuideCall 02-700-0001\nclose\n",
-             &phone, bring),
-        0);
-    EXPECT_EQ(
-        play(std::string(login) + "expect message 복용법작성 \"the chart's editor is gone\"\nclose\n", nullptr, bring),
-        0);
+    EXPECT_EQ(play(std::string(login) +
+                       "expect plain rtxEatGuide 김하늘\nexpect txtEatGuideCall 02-700-0001\nclose\n",
+                   &phone, bring),
+              0);
+    EXPECT_EQ(play(std::string(login) + "expect message 복용법작성 \"the chart's editor is gone\"\nclose\n",
+                   nullptr, bring),
+              0);
 }
 
 TEST(OwnDialogs, oneThatCannotBeMadeIsTold) {
