@@ -1,5 +1,7 @@
 #include "basics/Text.h"
 
+#include <algorithm>
+
 namespace zelvo::basics {
 
 std::string trim(std::string_view text) {
@@ -26,6 +28,17 @@ std::string replaceAll(std::string_view text, std::string_view what, std::string
         start = at + what.size();
     }
     return result.append(text, start);
+}
+
+std::string pastedAddress(std::string_view text) {
+    constexpr std::string_view around = " \t\r\n";
+    const std::size_t start = text.find_first_not_of(around);
+    if (start == std::string_view::npos) return {};
+    text = text.substr(start, text.find_last_not_of(around) + 1 - start);
+    const std::size_t mark = text.find("://");
+    if (mark == std::string_view::npos) return std::string(text);
+    const std::size_t rest = std::min(text.find_first_not_of(around, mark + 3), text.size());
+    return std::string(text.substr(0, mark + 3)).append(text.substr(rest));
 }
 
 std::string removeAll(std::string_view text, std::string_view what) {

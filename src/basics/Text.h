@@ -20,6 +20,8 @@ bool isBlank(std::string_view text);
 std::string replaceAll(std::string_view text, std::string_view what, std::string_view with);
 /// Every occurrence of `what` removed.
 std::string removeAll(std::string_view text, std::string_view what);
+/// A web address as a person pasted it: without blanks and line ends around it or behind its "//".
+std::string pastedAddress(std::string_view text);
 /// Parts between the separators; an empty text gives one empty part.
 std::vector<std::string> split(std::string_view text, std::string_view separator);
 std::string join(const std::vector<std::string>& parts, std::string_view separator);

@@ -145,8 +145,11 @@ std::optional<Notices::Page> Notices::waitForPage() {
 }
 
 bool Notices::stillWaits() const {
-    if (!awaited_ || m_GongJiLoaded || form_.closing()) return false;
-    return form_.desktop().now() - awaited_->asked <= longestWait;
+    return awaited_ && !m_GongJiLoaded && !form_.closing() && !overdue();
+}
+
+bool Notices::overdue() const {
+    return awaited_ && form_.desktop().now() - awaited_->asked > longestWait;
 }
 
 void Notices::tellOutcome(const Page& page) {
@@ -165,7 +168,8 @@ void Notices::Page_Finished() {
 /// The wait goes on until the browser has finished its page about the failure.
 void Notices::Page_Failed() {
     form_.desktop().processEvents(false);
-    m_GongJiFailed = true;
+    // The time may have run out under another window: then that is what is told.
+    m_GongJiFailed = !overdue();
     wbrGongJi.stop();
 }
 

@@ -49,6 +49,7 @@ private:
     void ask(const std::string& page);
     std::optional<Page> waitForPage();
     bool stillWaits() const;
+    bool overdue() const;
     void tellOutcome(const Page& page);
     void Page_Finished();
     void Page_Failed();

@@ -226,7 +226,20 @@ TEST(PageHtml, KeepsWhatIsReadAndMendsTheRest) {
     for (const auto& [html, kept] : cases) EXPECT_EQ(qt::readablePage(html), kept) << html;
 }
 
+TEST(PageHtml, ADrawingThatCouldNameFilesIsNoPicture) {
+    EXPECT_TRUE(qt::PageDocument::pictureIn("<svg xmlns='http://www.w3.org/2000/svg' width='9' height='9'/>")
+                    .isNull());
+    EXPECT_EQ(qt::PageDocument::pictureIn(pictureBytes(Qt::red)).size(), QSize(8, 6));
+}
+
 TEST(PageHtml, NoPageHoldsTheWindowUp) {
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    QImage huge(5700, 5700, QImage::Format_Mono);
+    huge.fill(0);
+    huge.save(&buffer, "PNG");
+    const std::string hugePicture =
+        "<img src=\"data:image/png;base64," + bytes.toBase64().toStdString() + "\">";
     const std::vector<std::string> pages{
         repeated("<table><tr><td>", 50'000),
         repeated("<div style='float:left'><table><tr><td>", 20'000),
@@ -242,6 +255,7 @@ TEST(PageHtml, NoPageHoldsTheWindowUp) {
         repeated("<", 1'000'000),
         repeated("&amp;", 500'000),
         repeated("<img src=x.png>", 100'000),
+        repeated(hugePicture.c_str(), 200),
         repeated("<!--", 500'000) + repeated("<a b=\"", 100'000),
     };
     QTextBrowser browser;

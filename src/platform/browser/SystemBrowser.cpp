@@ -83,7 +83,7 @@ void SystemBrowser::collect() {
 
 void SystemBrowser::open(std::string_view address) {
     collect();
-    const std::string trimmed = basics::replaceAll(basics::trim(address), " ", "%20");
+    const std::string trimmed = basics::replaceAll(basics::pastedAddress(address), " ", "%20");
     if (!isWebAddress(trimmed)) throw basics::Fault("열 수 없는 웹페이지 주소입니다.");
     const auto process = Detached().start("xdg-open", trimmed);
     if (!process) throw basics::Fault("이 컴퓨터에서 웹 브라우저를 실행할 수 없습니다.");

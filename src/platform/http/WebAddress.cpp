@@ -33,7 +33,7 @@ std::string partOf(const Parts& parts, CURLUPart part) {
 }  // namespace
 
 WebAddress::WebAddress(std::string_view text) {
-    const std::string trimmed = basics::trim(text);
+    const std::string trimmed = basics::pastedAddress(text);
     if (trimmed.empty()) throw basics::Fault("웹페이지 주소가 비어 있습니다.");
     if (std::any_of(trimmed.begin(), trimmed.end(), isControl)) {
         throw basics::Fault("웹페이지 주소에 쓸 수 없는 문자가 들어 있습니다.");

@@ -6,6 +6,8 @@
 #include <QtGui/QTextBlock>
 #include <QtGui/QTextCursor>
 #include <algorithm>
+#include <array>
+#include <set>
 
 #include "platform/qt/PageHtml.h"
 #include "platform/qt/Texts.h"
@@ -16,11 +18,16 @@ namespace {
 
 constexpr int widestPicture = 4000, highestPicture = 20'000;
 constexpr qsizetype roomForPictures = qsizetype{256} * 1024 * 1024;
-constexpr std::size_t mostPictures = 100;
+constexpr std::size_t mostPictures = 100, mostEmbedded = 10;
 constexpr qreal pageMargin = 12;
 
 bool isWeb(const QUrl& address) {
     return address.scheme() == QLatin1String("http") || address.scheme() == QLatin1String("https");
+}
+
+bool isPlainFormat(const QByteArray& format) {
+    constexpr std::array<const char*, 6> plain = {"png", "jpeg", "gif", "bmp", "webp", "ico"};
+    return std::any_of(plain.begin(), plain.end(), [&](const char* name) { return format == name; });
 }
 
 /// The picture that a page brings within itself: "data:image/png;base64,…".
@@ -67,13 +74,17 @@ std::vector<QUrl> PageDocument::showContent(const screen::WebContent& content) {
 
 std::vector<QUrl> PageDocument::picturesWanted() {
     std::vector<QUrl> wanted;
+    std::set<QString> embedded;  // taken in here, where the window waits: few, and each once
     for (QTextBlock block = begin(); block.isValid(); block = block.next()) {
         for (auto at = block.begin(); !at.atEnd(); ++at) {
             const QTextCharFormat format = at.fragment().charFormat();
             if (!format.isImageFormat() || wanted.size() >= mostPictures) continue;
             const QString name = format.toImageFormat().name();
             const QUrl address = baseUrl().resolved(QUrl(name));
-            if (address.scheme() == QLatin1String("data")) addPicture(address, embeddedPicture(name));
+            if (address.scheme() == QLatin1String("data") && embedded.size() < mostEmbedded &&
+                embedded.insert(name).second) {
+                addPicture(address, embeddedPicture(name));
+            }
             if (!isWeb(address) || std::find(wanted.begin(), wanted.end(), address) != wanted.end()) continue;
             wanted.push_back(address);
         }
@@ -93,6 +104,8 @@ QImage PageDocument::pictureIn(const std::string& bytes) {
     QBuffer buffer(&raw);
     QImageReader reader(&buffer);
     reader.setDecideFormatFromContent(true);
+    // Others (a drawing, say) can name files of this machine, which their readers would open.
+    if (!isPlainFormat(reader.format())) return {};
     reader.setAutoTransform(true);
     const QSize size = reader.size();
     if (size.width() > widestPicture || size.height() > highestPicture)

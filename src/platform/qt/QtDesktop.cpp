@@ -16,13 +16,19 @@ namespace {
 
 constexpr double twipsPerInch = 1440;
 
-/// The arrow over a box, whatever the pointer is beneath it.
-class ArrowPointer {
+/// The arrow over a box or a window that waits for the user, whatever the pointer is beneath it.
+class PlainPointer {
 public:
-    ArrowPointer() { QGuiApplication::setOverrideCursor(Qt::ArrowCursor); }
-    ~ArrowPointer() { QGuiApplication::restoreOverrideCursor(); }
-    ArrowPointer(const ArrowPointer&) = delete;
-    ArrowPointer& operator=(const ArrowPointer&) = delete;
+    explicit PlainPointer(screen::Desktop& desktop) : desktop_(desktop), former_(desktop.pointer()) {
+        desktop_.setPointer(screen::Pointer::Normal);
+    }
+    ~PlainPointer() { desktop_.setPointer(former_); }
+    PlainPointer(const PlainPointer&) = delete;
+    PlainPointer& operator=(const PlainPointer&) = delete;
+
+private:
+    screen::Desktop& desktop_;
+    screen::Pointer former_;
 };
 
 /// The shell in front, for as long as it is.
@@ -52,7 +58,7 @@ void QtDesktop::flush() {
 
 screen::Answer QtDesktop::messageBox(const screen::MessageBox& box) {
     flush();
-    const ArrowPointer arrow;
+    const PlainPointer arrow(*this);
     BoxDialog dialog(box, top());
     dialog.exec();
     if (top()) top()->activateWindow();
@@ -93,6 +99,7 @@ double QtDesktop::screenHeight() const {
 }
 
 void QtDesktop::runModal(screen::Window& window) {
+    const PlainPointer arrow(*this);
     Shell shell(window, top());
     QEventLoop loop;
     const auto whenTouched = window.onTouched.listen([&](const screen::Field* field) {
