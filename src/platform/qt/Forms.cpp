@@ -55,11 +55,12 @@ constexpr std::array forms{
 
 }  // namespace
 
-std::unique_ptr<QWidget> makeForm(const std::string& windowName) {
+std::unique_ptr<QWidget> makeForm(const std::string& windowName, void (*first)(QWidget&)) {
     const auto* const form = std::find_if(forms.begin(), forms.end(),
                                           [&](const Form& known) { return known.window == windowName; });
     if (form == forms.end()) throw basics::Fault("no form for the window " + windowName);
     auto widget = std::make_unique<QWidget>();
+    if (first) first(*widget);
     form->setUp(*widget);
     return widget;
 }

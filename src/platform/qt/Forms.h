@@ -7,7 +7,7 @@
 namespace zelvo::qt {
 
 /// The form of a window of this class name ("frmMessage"), each widget named after its field. Throws Fault
-/// where there is none.
-std::unique_ptr<QWidget> makeForm(const std::string& windowName);
+/// where there is none. `first` gets the form while it is empty.
+std::unique_ptr<QWidget> makeForm(const std::string& windowName, void (*first)(QWidget&) = nullptr);
 
 }  // namespace zelvo::qt

@@ -48,7 +48,8 @@ Shell::Shell(screen::Window& window, Shell* over)
     scroll_.setWidgetResizable(true);
     scroll_.setFocusPolicy(Qt::NoFocus);
 
-    auto form = makeForm(window.name());
+    giveColours(*this);
+    auto form = makeForm(window.name(), giveColours);
     binder_ = std::make_unique<Binder>(window, *form);
     scroll_.setWidget(form.release());
     dress(*this);

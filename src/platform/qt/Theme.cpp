@@ -82,9 +82,12 @@ void dressWidget(QWidget& widget, QStyle& style) {
 
 }  // namespace
 
+void giveColours(QWidget& widget) {
+    widget.setFont(clinicFont(widget.font()));
+    widget.setPalette(clinicPalette(widget.palette()));
+}
+
 void dress(QWidget& topLevel) {
-    topLevel.setFont(clinicFont(topLevel.font()));
-    topLevel.setPalette(clinicPalette(topLevel.palette()));
     auto& style = owned<ClinicStyle>();
     style.setParent(&topLevel);
     dressWidget(topLevel, style);

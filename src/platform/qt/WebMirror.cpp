@@ -1,7 +1,5 @@
 #include "platform/qt/WebMirror.h"
 
-#include <QtCore/QMetaObject>
-#include <QtCore/QTimer>
 #include <QtCore/QUrl>
 #include <QtGui/QImage>
 #include <QtGui/QKeyEvent>
@@ -51,6 +49,16 @@ WebMirror::WebMirror(screen::WebView& view, QTextBrowser& browser)
     browser.setOpenLinks(false);
     browser.setPalette(paper(browser.palette()));
     connect(&browser, &QTextBrowser::anchorClicked, this, [this](const QUrl& link) { follow(link); });
+    connect(
+        this, &WebMirror::handed, this,
+        [this](unsigned turn, const std::function<void()>& act) {
+            if (turn == turn_) act();
+        },
+        Qt::QueuedConnection);
+    picturesEnd_.setSingleShot(true);
+    connect(&picturesEnd_, &QTimer::timeout, this, [this] {
+        for (std::jthread& hand : hands_) hand.request_stop();
+    });
     view.driveNavigation = [this](const std::string& address) { navigate(address); };
     view.driveStop = [this] { stop(); };
 }
@@ -68,17 +76,9 @@ bool WebMirror::ownKey(const QKeyEvent& key) const {
 /// Nothing that was under way is told any more.
 void WebMirror::stop() {
     ++turn_;
+    picturesEnd_.stop();
     for (std::jthread& hand : hands_) hand.request_stop();
     hands_.clear();
-}
-
-void WebMirror::later(unsigned turn, std::function<void()> act) {
-    QMetaObject::invokeMethod(
-        this,
-        [this, turn, act = std::move(act)] {
-            if (turn == turn_) act();
-        },
-        Qt::QueuedConnection);
 }
 
 void WebMirror::navigate(const std::string& address) {
@@ -89,9 +89,9 @@ void WebMirror::navigate(const std::string& address) {
         try {
             if (!fetch_) throw basics::Fault("이 컴퓨터에서는 웹페이지를 읽을 수 없습니다.");
             const auto content = std::make_shared<const screen::WebContent>(fetch_(address, stopped));
-            later(turn, [this, content] { pageCame(*content); });
+            emit handed(turn, [this, content] { pageCame(*content); });
         } catch (const std::exception& fault) {
-            later(turn, [this, reason = std::string(fault.what())] { pageFailed(reason); });
+            emit handed(turn, [this, reason = std::string(fault.what())] { pageFailed(reason); });
         }
     });
 }
@@ -122,15 +122,12 @@ void WebMirror::fetchPictures(const std::vector<QUrl>& wanted) {
             for (std::size_t i = first; i < wanted.size() && !stopped.stop_requested(); i += hands) {
                 const QUrl& address = wanted[i];
                 const QImage picture = fetchPicture(address.toEncoded().toStdString(), stopped);
-                later(turn, [this, address, picture] { page_.addPicture(address, picture); });
+                emit handed(turn, [this, address, picture] { page_.addPicture(address, picture); });
             }
-            later(turn, [this] { handDone(); });
+            emit handed(turn, [this] { handDone(); });
         });
     }
-    QTimer::singleShot(timeForPictures, this, [this, turn = turn_] {
-        if (turn != turn_) return;
-        for (std::jthread& hand : hands_) hand.request_stop();
-    });
+    picturesEnd_.start(timeForPictures);
 }
 
 QImage WebMirror::fetchPicture(const std::string& address, const std::stop_token& stopped) const {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QtCore/QTimer>
+#include <functional>
 #include <stop_token>
 #include <string>
 #include <thread>
@@ -23,10 +25,16 @@ class PageDocument;
 /// A page of the web. It is fetched off the window's thread, its pictures after it, and shown as a document;
 /// what the user clicks in it opens in the system's browser.
 class WebMirror : public Mirror {
+    Q_OBJECT
+
 public:
     WebMirror(screen::WebView& view, QTextBrowser& browser);
     ~WebMirror() override;
     bool ownKey(const QKeyEvent& key) const override;
+
+signals:
+    /// From a hand to the window's thread: to be done there, unless that navigation has been stopped by then.
+    void handed(unsigned turn, const std::function<void()>& act);
 
 private:
     void draw() override {}
@@ -39,8 +47,6 @@ private:
     void handDone();
     void follow(const QUrl& link);
     void report(const std::function<void()>& tell);
-    /// For the hands: runs it on the window's thread, unless that navigation has been stopped by then.
-    void later(unsigned turn, std::function<void()> act);
 
     screen::WebView& view_;
     QTextBrowser& browser_;
@@ -50,6 +56,7 @@ private:
     std::string address_;
     unsigned turn_ = 0;  ///< of the navigations
     std::size_t handsBusy_ = 0;
+    QTimer picturesEnd_;
 };
 
 }  // namespace zelvo::qt
