@@ -1,11 +1,8 @@
 // A composition stored as a prescription of the doctor's own, and what a killed program leaves of it.
 #include <gtest/gtest.h>
-#include <sys/wait.h>
-#include <unistd.h>
-
-#include <csignal>
 
 #include "LibraryDesk.h"
+#include "support/Killing.h"
 
 namespace zelvo::composition {
 namespace {
@@ -92,33 +89,22 @@ TEST(SavedPrescription, AKillLeavesAllOrNothing) {
             SCOPED_TRACE((deleting ? "delete, " : "save, ") + std::to_string(at));
             LibraryDesk desk;
             const std::string before = desk.stored();
-            const pid_t child = ::fork();
-            if (child == 0) {
-                const auto kill = [left = at](const std::string&) mutable {
-                    if (--left == 0) ::kill(::getpid(), SIGKILL);
-                };
+            ASSERT_TRUE(testing::diesIn([&] {
                 LibraryDesk victim(desk.pharmacy);
                 victim.add("당귀|토당귀|2|5|320|1600|1|0||\n작약|작약(국산)|3|4|18|72|2|0||");
-                victim.run([&] {
-                    if (deleting) {
-                        victim.library({[&] {
-                            victim.listMine();
-                            victim.desktop.answer(Answer::Yes);
-                            victim.line->before = kill;
-                            victim.user.press("sscDelete");
-                            ::kill(::getpid(), SIGKILL);
-                        }});
-                    } else {
-                        victim.line->before = kill;
-                        victim.save("새방");
-                        ::kill(::getpid(), SIGKILL);
-                    }
-                });
-                ::_exit(0);
-            }
-            int status = 0;
-            ::waitpid(child, &status, 0);
-            ASSERT_TRUE(WIFSIGNALED(status));
+                const auto dying = [&](const std::function<void()>& act) {
+                    testing::dieAt(*victim.line, at);
+                    act();
+                    testing::die();
+                };
+                const auto removal = [&] {
+                    victim.listMine();
+                    victim.desktop.answer(Answer::Yes);
+                    dying([&] { victim.user.press("sscDelete"); });
+                };
+                victim.run(
+                    [&] { deleting ? victim.library({removal}) : dying([&] { victim.save("새방"); }); });
+            }));
             const std::string after = desk.stored();
             if (at <= calls) {
                 EXPECT_EQ(after, before);
