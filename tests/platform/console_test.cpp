@@ -40,6 +40,7 @@ public:
         });
         sscSend.onPress.add([&console] {
             console.sent({"첩약", "20", "100", "3.5", "7", "21", "a\"b", "152000", ""});
+            console.alarm("끊겼습니다.", "연결 실패");
         });
         sscFault.onPress.add([] { throw basics::Fault("가게"); });
         wbrGongJi.onFinished.add([this] { log("finished"); });
@@ -77,7 +78,7 @@ struct Outcome {
 };
 
 /// Runs a script in a process of its own, as a failing command ends it.
-Outcome run(const std::string& script, const std::function<void(ConsoleDesktop&)>& session) {
+Outcome runForm(const std::string& script) {
     ::testing::internal::CaptureStdout();
     ::testing::internal::CaptureStderr();
     const pid_t child = fork();
@@ -87,8 +88,9 @@ Outcome run(const std::string& script, const std::function<void(ConsoleDesktop&)
         const auto pharmacy = [](const std::vector<std::string>& words) {
             return words[0] == "state" ? 0 : 5;
         };
-        const int code = runConsole(
-            {.script = "", .settings = settings.settings(), .pharmacy = pharmacy, .in = in}, session);
+        const int code =
+            runConsole({.script = "", .settings = settings.settings(), .pharmacy = pharmacy, .in = in},
+                       [](ConsoleDesktop& desktop) { Form(desktop).showModal(); });
         std::cout << std::flush;
         std::_Exit(code);
     }
@@ -96,10 +98,6 @@ Outcome run(const std::string& script, const std::function<void(ConsoleDesktop&)
     waitpid(child, &status, 0);
     return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, ::testing::internal::GetCapturedStdout(),
             ::testing::internal::GetCapturedStderr()};
-}
-
-Outcome runForm(const std::string& script) {
-    return run(script, [](ConsoleDesktop& desktop) { Form(desktop).showModal(); });
 }
 
 TEST(ConsoleTest, CommandsDoWhatAUserDoes) {
@@ -175,21 +173,13 @@ TEST(ConsoleTest, WhatHappensIsRecorded) {
               "[알림] (information) 끝 -> OK\n"
               "Send2Chart strJob=\"첩약\" intChupSu=20 intPouchAmount=100 sglDayTuYak=3.5 intTuyakilsu=7 "
               "intPouchTotal=21 strMessage=\"a\\\"b\" lngSumCost=152000 strxDrugList=\"\"\n"
+              "[연결 실패] (error) 끊겼습니다. -> OK\n"
               "window frmMessage \"비고 \\\"1\\\"\"\n"
               "closed frmMessage\n"
               "navigate http://sora/1\n"
               "lblLog \"yes note:당귀 finished \"\n"
               "txtPassword **** focus\n"
               "closed frmDoctorOCSmain\n");
-}
-
-TEST(ConsoleTest, ASessionThatOpensNoWindowReadsNoScript) {
-    const auto session = [](ConsoleDesktop& desktop) {
-        desktop.alarm("접속에 실패 하였습니다.", "연결 실패");
-    };
-    const Outcome outcome = run("nonsense\n", session);
-    EXPECT_EQ(outcome.code, 3);
-    EXPECT_EQ(outcome.out + outcome.errors, "[연결 실패] (error) 접속에 실패 하였습니다. -> OK\n");
 }
 
 TEST(ConsoleTest, AScriptThatIsNotThereIsSaidBeforeAnythingOpens) {
