@@ -1,7 +1,5 @@
 #pragma once
 
-#include <optional>
-
 #include "OrderDesk.h"
 #include "composition/ChubangReading.h"
 #include "composition/ChubangSaving.h"
@@ -74,11 +72,10 @@ public:
             all += basics::join(row, "|") + "\n";
         return all;
     }
-    /// Saves the composition under this name; without one the window is given up.
-    void save(const std::optional<std::string>& name, const std::string& memo = "") {
+    /// Saves the composition under this name.
+    void save(const std::string& name, const std::string& memo = "") {
         desktop.whenShown("frmMyChuBang", [&, name, memo](screen::Window&) {
-            if (!name) return user.press("cmdCancel");
-            user.type("txtCBName", *name);
+            user.type("txtCBName", name);
             user.paste("rtxNote", memo);
             user.press("cmdSave");
         });

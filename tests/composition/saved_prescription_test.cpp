@@ -1,11 +1,8 @@
 // A composition stored as a prescription of the doctor's own, and what a killed program leaves of it.
 #include <gtest/gtest.h>
-#include <sys/wait.h>
-#include <unistd.h>
-
-#include <csignal>
 
 #include "LibraryDesk.h"
+#include "support/Killing.h"
 
 namespace zelvo::composition {
 namespace {
@@ -15,69 +12,32 @@ using screen::BoxIcon;
 using testing::LibraryDesk;
 
 TEST(SavedPrescription, IsStoredAsItWasComposedOrNotAtAll) {
-    constexpr const char *sound = "당귀|토당귀|2|5.5|320|1760|1|0||볶'은\n작약|작약(국산)|3|4|18|72|2|0|1|",
-                         *header = "내약속처방으로 등록중 오류가 발생했습니다.",
-                         *lines = "처방약재 추가 중 오류가 발생했습니다.";
-    const struct {
-        const char* name;
-        std::string rows;
-        std::optional<std::string> saved;
-        int failing;
-        std::optional<data::CommitOutcome> commit;
-        const char *text, *caption;
-        BoxIcon icon;
-        bool stored;
-    } cases[] = {
-        {"whole",
-         sound,
-         " O'Neil 50%_[x] ",
-         0,
-         {},
-         "내약속처방에 등록되었습니다.",
-         "내약속처방등록",
-         BoxIcon::Information,
-         true},
-        {"given up", sound, {}, 0, {}, nullptr, nullptr, {}, false},
-        {"nothing composed", "", {}, 0, {}, nullptr, nullptr, {}, false},
-        {"a red row",
-         std::string(sound) + "\n감초|||2|||3|-1||",
-         {},
-         0,
-         {},
-         "구성한 약재정보에 오류가 있습니다. 확인 바랍니다.",
-         "내약속처방으로 등록",
-         BoxIcon::Information,
-         false},
-        {"a row that nothing has checked",
-         "|||||||||\n" + std::string(sound),
-         "x",
-         0,
-         {},
-         lines,
-         "처방약재 추가오류",
-         BoxIcon::Critical,
-         false},
-        {"too much for an order number",
-         "당귀|토당귀|2|5|1|5|40000|0||",
-         "x",
-         0,
-         {},
-         lines,
-         "처방약재 추가오류",
-         BoxIcon::Critical,
-         false},
-        {"the begin fails", sound, "x", 1, {}, header, "내약속처방 등록", BoxIcon::Critical, false},
-        {"the time", sound, "x", 2, {}, header, "내약속처방 등록", BoxIcon::Critical, false},
-        {"the header", sound, "x", 3, {}, header, "내약속처방 등록", BoxIcon::Critical, false},
-        {"its key", sound, "x", 4, {}, header, "내약속처방 등록", BoxIcon::Critical, false},
-        {"the first line", sound, "x", 5, {}, lines, "처방약재 추가오류", BoxIcon::Critical, false},
-        {"the last line", sound, "x", 6, {}, lines, "처방약재 추가오류", BoxIcon::Critical, false},
-        {"the commit", sound, "x", 7, {}, header, "내약속처방 등록", BoxIcon::Critical, false},
-        {"its answer is lost", sound, " O'Neil 50%_[x] ", 0, data::CommitOutcome::Unknown,
-         "등록 결과를 확인할 수 없습니다. ZELVO를 다시 시작하여 [처방읽어오기]에서 확인하여 주십시오.",
-         "내약속처방 등록", BoxIcon::Critical, true},
+    struct Case {
+        std::string name, rows;
+        const char *caption, *text;
+        int failing = 0;  ///< the call that fails
+        bool stored = false;
+        std::optional<data::CommitOutcome> commit = {};
     };
-    for (const auto& each : cases) {
+    const std::string sound = "당귀|토당귀|2|5.5|320|1760|1|0||볶'은\n작약|작약(국산)|3|4|18|72|2|0|1|";
+    const char
+        *own = "내약속처방 등록",
+        *header = "내약속처방으로 등록중 오류가 발생했습니다.", *herbs = "처방약재 추가오류",
+        *lines = "처방약재 추가 중 오류가 발생했습니다.",
+        *unknown =
+            "등록 결과를 확인할 수 없습니다. ZELVO를 다시 시작하여 [처방읽어오기]에서 확인하여 주십시오.";
+    std::vector<Case> cases{
+        {"whole", sound, "내약속처방등록", "내약속처방에 등록되었습니다.", 0, true},
+        {"a row that nothing has checked", "|||||||||\n" + sound, herbs, lines},
+        {"too much for an order number", "당귀|토당귀|2|5|1|5|40000|0||", herbs, lines},
+        {"its answer is lost", sound, own, unknown, 0, true, data::CommitOutcome::Unknown},
+    };
+    // Begin, time, header, its key, two lines, commit.
+    for (int call = 1; call <= 7; ++call) {
+        const bool atLines = call == 5 || call == 6;
+        cases.push_back({std::to_string(call), sound, atLines ? herbs : own, atLines ? lines : header, call});
+    }
+    for (const Case& each : cases) {
         SCOPED_TRACE(each.name);
         LibraryDesk desk;
         desk.add(each.rows);
@@ -86,39 +46,34 @@ TEST(SavedPrescription, IsStoredAsItWasComposedOrNotAtAll) {
         desk.line->nextCommit = each.commit;
         desk.run([&] {
             desk.line->failAt(each.failing);
-            const bool asks = each.saved || std::string(each.name) == "given up";
-            if (asks) {
-                desk.save(each.saved, " it's\r\n50% ");
-            } else {
-                desk.user.press("sscMyChubangReg");
-            }
+            desk.save(" O'Neil 50%_[x] ", " it's\r\n50% ");
         });
-        if (each.text) desk.desktop.expectBox(each.caption, each.text, each.icon);
+        desk.desktop.expectBox(each.caption, each.text,
+                               each.name == "whole" ? BoxIcon::Information : BoxIcon::Critical);
         EXPECT_EQ(
             desk.stored(),
             before + (each.stored ? "7|1|O'Neil 50%_[x]|it's\r\n50%|당귀 2 5.5 1 볶'은,작약 3 4 2 \n" : ""));
         EXPECT_EQ(desk.lines(), composed);
         EXPECT_EQ(desk.gate.outdated, 0);
-        if (std::string(each.name) == "a red row") {
-            EXPECT_EQ(desk.herbs.tdbDGL.currentRow(), 2);
-        }
     }
 }
 
-TEST(SavedPrescription, AsksUntilThereIsANameAndNeedsADoctor) {
+TEST(SavedPrescription, NeedsHerbsANameAndADoctor) {
     LibraryDesk desk;
-    desk.add("당귀|토당귀|2|5|320|1600|1|0||");
+    const std::string before = desk.stored();
     desk.run([&] {
-        desk.desktop.whenShown("frmMyChuBang", [&](screen::Window& window) {
+        desk.user.press("sscMyChubangReg");  // nothing is composed: nobody asks
+        desk.add("당귀|토당귀|2|5|320|1600|1|0||");
+        desk.desktop.whenShown("frmMyChuBang", [&](screen::Window&) {
             desk.user.paste("txtCBName", " \t");
             desk.user.press("cmdSave");
             desk.desktop.expectBox("내약속처방 등록", "처방명을 입력해 주십시오.");
-            EXPECT_EQ(window.focus()->name(), "txtCBName");
-            desk.user.key("txtCBName", {"Esc"});
+            desk.user.press("cmdCancel");
         });
         desk.user.press("sscMyChubangReg");
+        EXPECT_EQ(desk.stored(), before);
         desk.save("나방");
-        desk.desktop.expectBox("내약속처방등록", "내약속처방에 등록되었습니다.");
+        desk.desktop.takeBox();
         desk.session.m_DTRPK = 0;
         desk.user.press("sscMyChubangReg");
         desk.desktop.expectBox("내약속처방으로 등록", "로그인 후에 사용하십시오.(m_DTRPK = 0)");
@@ -134,33 +89,22 @@ TEST(SavedPrescription, AKillLeavesAllOrNothing) {
             SCOPED_TRACE((deleting ? "delete, " : "save, ") + std::to_string(at));
             LibraryDesk desk;
             const std::string before = desk.stored();
-            const pid_t child = ::fork();
-            if (child == 0) {
-                const auto kill = [left = at](const std::string&) mutable {
-                    if (--left == 0) ::kill(::getpid(), SIGKILL);
-                };
+            ASSERT_TRUE(testing::diesIn([&] {
                 LibraryDesk victim(desk.pharmacy);
                 victim.add("당귀|토당귀|2|5|320|1600|1|0||\n작약|작약(국산)|3|4|18|72|2|0||");
-                victim.run([&] {
-                    if (deleting) {
-                        victim.library({[&] {
-                            victim.listMine();
-                            victim.desktop.answer(Answer::Yes);
-                            victim.line->before = kill;
-                            victim.user.press("sscDelete");
-                            ::kill(::getpid(), SIGKILL);
-                        }});
-                    } else {
-                        victim.line->before = kill;
-                        victim.save("새방");
-                        ::kill(::getpid(), SIGKILL);
-                    }
-                });
-                ::_exit(0);
-            }
-            int status = 0;
-            ::waitpid(child, &status, 0);
-            ASSERT_TRUE(WIFSIGNALED(status));
+                const auto dying = [&](const std::function<void()>& act) {
+                    testing::dieAt(*victim.line, at);
+                    act();
+                    testing::die();
+                };
+                const auto removal = [&] {
+                    victim.listMine();
+                    victim.desktop.answer(Answer::Yes);
+                    dying([&] { victim.user.press("sscDelete"); });
+                };
+                victim.run(
+                    [&] { deleting ? victim.library({removal}) : dying([&] { victim.save("새방"); }); });
+            }));
             const std::string after = desk.stored();
             if (at <= calls) {
                 EXPECT_EQ(after, before);

@@ -140,16 +140,21 @@ TEST(NoticePage, WhatIsNoPageIsShownOrSaid) {
         {"http://sora/pdf", "application/pdf", "%PDF", "이 창에서 볼 수 없는 형식의 공지사항입니다."},
         {"http://sora/pic", "image/png", pictureBytes(Qt::blue), "\uFFFC"},
         {"http://sora/bad", "image/png", "no picture", "\uFFFC"},
+        {"http://sora/gone", "", "", "not there"},
     };
     for (const auto& c : cases) {
         session.notice("0", c[0]);
         session.web.page(c[0], c[2], c[1]);
     }
+    session.web.pages.erase("http://sora/gone");
     session.read([&] {
         for (std::size_t i = 0; i < cases.size(); ++i) {
             session.hand().row("tdbGongJi", static_cast<int>(i) + 1);
             EXPECT_TRUE(session.shown().starts_with(cases[i][3])) << cases[i][0] << ": " << session.shown();
         }
+        session.desktop.expectBox("공지사항",
+                                  "http://sora/gone WEB 페이지 열기 실패(인터넷 연결을 확인하여 주십시오.)",
+                                  screen::BoxIcon::Critical);
     });
 }
 
@@ -182,18 +187,6 @@ TEST(NoticePage, TheWindowLivesWhileAPageLoads) {
         EXPECT_EQ(session.web.stopped, 1);
     });
     EXPECT_EQ(session.web.stopped, 2) << "the closed window waits for nobody";
-}
-
-TEST(NoticePage, AFailureShowsItsReason) {
-    NoticeSession session;
-    session.notice("0", "sora/gone");
-    session.read([&] {
-        session.hand().row("tdbGongJi", 1);
-        session.desktop.expectBox("공지사항",
-                                  "http://sora/gone WEB 페이지 열기 실패(인터넷 연결을 확인하여 주십시오.)",
-                                  screen::BoxIcon::Critical);
-        EXPECT_EQ(session.shown(), "not there");
-    });
 }
 
 std::string repeated(const char* what, int times) {

@@ -1,8 +1,4 @@
-#include <sys/wait.h>
-#include <unistd.h>
-
-#include <csignal>
-
+#include "support/Killing.h"
 #include "support/ManagementWindow.h"
 
 namespace zelvo::management {
@@ -237,25 +233,18 @@ TEST(OrderModification, AKillLeavesAllOrNothing) {
         for (int at = 1; at <= calls + 1; ++at) {
             SCOPED_TRACE((canceling ? "cancel, " : "modification, ") + std::to_string(at));
             const auto pharmacy = Modifying::fresh();
-            const pid_t child = ::fork();
-            if (child == 0) {
+            ASSERT_TRUE(testing::diesIn([&] {
                 Modifying window(pharmacy);
                 window.desktop.answer(screen::Answer::Yes);
-                window.desktop.onBox = [&](const screen::MessageBox& box) {
-                    if (box.icon != screen::BoxIcon::Question) ::kill(::getpid(), SIGKILL);
+                window.desktop.onBox = [](const screen::MessageBox& box) {
+                    if (box.icon != screen::BoxIcon::Question) testing::die();
                 };
                 window.run([&] {
                     canceling ? window.listAll() : window.edit(true);
-                    window.line->before = [&, left = at](const std::string&) mutable {
-                        if (--left == 0) ::kill(::getpid(), SIGKILL);
-                    };
+                    testing::dieAt(*window.line, at);
                     window.user.press(canceling ? "ssrCBJmCancel" : "ssrCBJmUpdate");
                 });
-                ::_exit(0);
-            }
-            int status = 0;
-            ::waitpid(child, &status, 0);
-            ASSERT_TRUE(WIFSIGNALED(status));
+            }));
             const std::string whole = canceling ? "환자232 2 1900-01-01 4000택배-2 1000 1 5001" : changed;
             EXPECT_EQ(pharmacy->value(orders + "1"), at <= calls ? untouched : whole);
         }

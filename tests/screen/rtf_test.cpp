@@ -126,7 +126,8 @@ TEST(Rtf, ReadsTheTextOfWhatOtherEditorsWrite) {
         {"no character of the page", fonts + R"(\'c9\'a1\'b0\'a1})", "�가"},
         {"Hangul under a western font", fonts + R"(\f1\'c7\'d1 \'93a\'94 caf\'e9 b})", "한 “a” café b"},
         {"signs and another page", fonts + R"(\f2\'b7\f3\'83e\f0\'b0\'a1})", "•テ가"},
-        {"a western document", R"({\rtf1\ansi\ansicpg1252 \'b0\'e9})", "°é"},
+        {"a western document", R"({\rtf1\ansi\ansicpg1252 \'b0\'e9\'81\'94})", "°é�”"},
+        {"a page that nobody knows", R"({\rtf1\ansi\ansicpg4 a\'ff})", "aÿ"},
         {"binary data", "{\\rtf1 a{\\pict\\bin3 }}{}b}", "ab"},
         {"cut behind a backslash", "{\\rtf1 a\\", "a"},
         {"a number without end", R"({\rtf1 a\bin99999999999999999999b})", "a"},
@@ -135,6 +136,7 @@ TEST(Rtf, ReadsTheTextOfWhatOtherEditorsWrite) {
     };
     for (const Case& c : cases) EXPECT_EQ(plainText(read(c.rtf)), c.text) << c.name;
     EXPECT_EQ(plainText(readRtf(R"({\rtf1 a\'b0\'a1\'8cc})")), "a��") << "without the machine's tables";
+    EXPECT_EQ(text::machineCodePages()("a\xff", 4), "a\uFFFD") << "a page that this machine has not";
 }
 
 TEST(Rtf, ReadsTheForm) {
