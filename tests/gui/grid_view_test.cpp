@@ -37,6 +37,11 @@ TEST_F(GridViewTest, RowsGoAwayUnderTheView) {
     EXPECT_FALSE(view.currentIndex().isValid());
     type("\r");
     paint();
+    fill(5000);
+    grid.setCurrentRow(3);
+    view.showGrid();
+    EXPECT_EQ(view.currentIndex().row(), 3) << "a whole list that comes at once";
+    EXPECT_TRUE(view.selectionModel()->isRowSelected(3));
 }
 
 TEST_F(GridViewTest, TheGlassStaysWhereItIsUntilTheCursorMovesOrAllRowsAreNew) {

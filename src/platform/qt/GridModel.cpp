@@ -14,9 +14,20 @@ bool isChosen(const screen::Grid& grid, int row, int column) {
     return !value.empty() && value != "0" && value != "False";
 }
 
+namespace {
+
+constexpr int longInsert = 1000;  // rows
+
+}  // namespace
+
 void GridModel::follow() {
     const int wanted = grid_.rowCount();
-    if (wanted > rows_) {
+    if (wanted - rows_ > longInsert) {
+        // The view's heads take a whole list in at once, where they would take in each new row.
+        beginResetModel();
+        rows_ = wanted;
+        endResetModel();
+    } else if (wanted > rows_) {
         beginInsertRows({}, rows_, wanted - 1);
         rows_ = wanted;
         endInsertRows();
