@@ -248,6 +248,7 @@ TEST_F(NoticesTest, AChangeOfRowGivesTheFirstWaitUp) {
             EXPECT_EQ(notices.tdbGongJi.currentRow(), c.to);
             EXPECT_EQ(shownFields(), c.to == 0 ? "rtxGongJi " : "wbrGongJi sscExplorer ");
             expectRest();
+            desktop.onEvents = nullptr;
         }
     });
 }
