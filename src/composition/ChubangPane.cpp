@@ -146,6 +146,7 @@ bool ChubangPane::read(const std::string& word, data::SearchKind kind) {
     }
     word_ = word;
     kind_ = kind;
+    tdbList.markSorted(-1);
     return true;
 }
 
@@ -206,6 +207,7 @@ void ChubangPane::sortBy(int column) {
     } else {
         rsList_.sort(byName ? "UCB_Name DESC " : "UCB_Date DESC ");
     }
+    tdbList.markSorted(column, !sortDescending_);
     sortDescending_ = !sortDescending_;
     tdbList.refresh();
 }

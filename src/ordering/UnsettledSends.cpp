@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <optional>
 
+#include "basics/Fault.h"
 #include "basics/Numbers.h"
 #include "basics/Text.h"
 #include "basics/Utf8.h"
@@ -37,15 +38,20 @@ bool isSameServer(std::string_view one, std::string_view other) {
     return plain(one) == plain(other);
 }
 
-/// Nothing for a line that is none of these.
+/// Nothing for a line that is none of these: a damaged one must not stand in the way of every send.
 std::optional<UnsettledSend> readLine(const std::string& line) {
     const std::vector<std::string> words = basics::split(line, " ");
-    if (words.size() < 5 || !basics::IsNumeric(words[0]) || !basics::IsNumeric(words[1])) return std::nullopt;
-    UnsettledSend send{.DTR_PK = basics::toInt32(words[0]),
-                       .CBJ_PK = basics::toInt32(words[1]),
-                       .serverTime = words[2] + " " + words[3],
-                       .server = {}};
-    send.server = line.substr(lineOf(send).size());
+    if (words.size() < 5) return std::nullopt;
+    UnsettledSend send;
+    try {
+        send.DTR_PK = basics::toInt32(words[0]);
+        send.CBJ_PK = basics::toInt32(words[1]);
+    } catch (const basics::Fault&) {
+        return std::nullopt;
+    }
+    send.serverTime = words[2] + " " + words[3];
+    send.server = basics::join(std::vector<std::string>(words.begin() + 4, words.end()), " ");
+    if (lineOf(send) != line) return std::nullopt;
     return send;
 }
 

@@ -65,6 +65,8 @@ TEST(StoredPrescriptions, SortsByNameAndDateInTurnsAndShowsTheRowsHerbs) {
                 desk.user.head("tdbMyChubang", head);
                 EXPECT_EQ(desk.column("tdbMyChubang", 1), order) << head;
             }
+            EXPECT_EQ(desk.grid("tdbMyChubang").sortedColumn(), 1);
+            EXPECT_TRUE(desk.grid("tdbMyChubang").sortedDescending());
             desk.user.row("tdbMyChubang", 2);
             EXPECT_EQ(desk.column("tdbMyChubangDetail", 2), "당귀;감초;천궁;당귀;작약;")
                 << "a herb that left the catalogue drops out";

@@ -345,14 +345,16 @@ TEST(OrderSend, AMarkedSendIsAskedAfterBeforeTheNext) {
         Answer answer;
         std::string told;
         bool settled, sends;
-    } cases[] = {{"another doctor's", mark(11), false, false, Answer::Yes, "", false, true},
-                 {"another server's", mark(1) + ".kr", false, false, Answer::Yes, "", false, true},
-                 {"it stands and is enough", mark(1), true, false, Answer::No, stands, true, false},
-                 {"it stands and this is one more", mark(1), true, false, Answer::Yes, stands, true, true},
-                 {"it does not stand", mark(1), false, false, Answer::Yes, "저장되지 않았습니다", true, true},
-                 {"the server spelled otherwise", "1 345 " + time + " SERVER:1,1433", true, false, Answer::No,
-                  stands, true, false},
-                 {"nobody says", mark(1), true, true, Answer::Yes, "지금도", false, false}};
+    } cases[] = {
+        {"another doctor's", mark(11), false, false, Answer::Yes, "", false, true},
+        {"damaged", "1 99999999999 " + time + " server:1", false, false, Answer::Yes, "", false, true},
+        {"another server's", mark(1) + ".kr", false, false, Answer::Yes, "", false, true},
+        {"it stands and is enough", mark(1), true, false, Answer::No, stands, true, false},
+        {"it stands and this is one more", mark(1), true, false, Answer::Yes, stands, true, true},
+        {"it does not stand", mark(1), false, false, Answer::Yes, "저장되지 않았습니다", true, true},
+        {"the server spelled otherwise", "1 345 " + time + " SERVER:1,1433", true, false, Answer::No, stands,
+         true, false},
+        {"nobody says", mark(1), true, true, Answer::Yes, "지금도", false, false}};
     for (const auto& test : cases) {
         SCOPED_TRACE(test.name);
         OrderWindow window;
