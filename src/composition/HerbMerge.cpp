@@ -36,22 +36,34 @@ std::optional<float> gramsOf(const std::string& text) {
 }  // namespace
 
 void HerbTable::Load_DrugFromGrid(screen::Grid& detail) {
-    tables::XArrayDB& herbs = session_.g_xaDrug;
-    screen::Desktop& desktop = form_.desktop();
-    const bool merging = !herbs.empty();
-    const screen::BusyPointer busy(desktop);
-
+    const bool merging = !session_.g_xaDrug.empty();
+    const screen::BusyPointer busy(form_.desktop());
     for (detail.moveFirst(); !detail.atEnd(); detail.moveNext()) {
-        desktop.yield();
-        int row = rowCount();
-        herbs.insertRows(row);
-        lookUpHerb(detail, row);
-        herbs.set(row, herb::merged, merging ? herb::mergedMark : "");
-        if (merging) row = mergeRow(row);
-        modHanYakGuk::Check_DrugRow(desktop, herbs, row);
+        form_.desktop().yield();
+        append({detail.value("약재명"), detail.value("한약국약재PK"), detail.value("용량(g)"),
+                detail.value("비고")},
+               merging);
     }
     detail.moveFirst();
-    modHanYakGuk::Renumber_DrugRows(desktop, herbs);
+    modHanYakGuk::Renumber_DrugRows(form_.desktop(), session_.g_xaDrug);
+}
+
+void HerbTable::loadLines(const std::vector<HerbLine>& lines) {
+    session_.g_xaDrug.reDim(-1, herb::lastColumn);
+    for (const HerbLine& line : lines) append(line, false);
+    modHanYakGuk::Renumber_DrugRows(form_.desktop(), session_.g_xaDrug);
+    tdbDGL.bind(&session_.g_xaDrug);
+    showRowCount();
+}
+
+void HerbTable::append(const HerbLine& line, bool merging) {
+    tables::XArrayDB& herbs = session_.g_xaDrug;
+    int row = rowCount();
+    herbs.insertRows(row);
+    lookUpHerb(line, row);
+    herbs.set(row, herb::merged, merging ? herb::mergedMark : "");
+    if (merging) row = mergeRow(row);
+    modHanYakGuk::Check_DrugRow(form_.desktop(), herbs, row);
 }
 
 void HerbTable::dropMergeMarks() {
@@ -60,27 +72,26 @@ void HerbTable::dropMergeMarks() {
     tdbDGL.refresh();
 }
 
-/// Fills a new row from the current one of `detail`, with today's name and price of the pharmacy's herb.
-void HerbTable::lookUpHerb(const screen::Grid& detail, int row) {
+/// Fills a new row, with today's name and price of the pharmacy's herb.
+void HerbTable::lookUpHerb(const HerbLine& line, int row) {
     tables::XArrayDB& herbs = session_.g_xaDrug;
-    const std::string key = detail.value("한약국약재PK"), grams = detail.value("용량(g)");
-    herbs.set(row, herb::name, detail.value("약재명"));
-    herbs.set(row, herb::key, key);
-    herbs.set(row, herb::note, detail.value("비고"));
+    herbs.set(row, herb::name, line.name);
+    herbs.set(row, herb::key, line.key);
+    herbs.set(row, herb::note, line.note);
 
     std::string name, price;
     const bool offered = session_.g_conYakGuk && data::clsZELVORecordSet().RecordSet_HapBang(
-                                                     *session_.g_conYakGuk, key, name, price) != -1;
+                                                     *session_.g_conYakGuk, line.key, name, price) != -1;
     if (!offered) {
         herbs.set(row, herb::key, "");
-        herbs.set(row, herb::grams, grams);
+        herbs.set(row, herb::grams, line.grams);
     } else if (basics::isBlank(name) || basics::isBlank(price)) {
         herbs.set(row, herb::key, "");
     } else {
         herbs.set(row, herb::pharmacyName, name);
         herbs.set(row, herb::price, price);
-        herbs.set(row, herb::grams, grams);
-        herbs.set(row, herb::amount, amountAtWholePrice(grams, price));
+        herbs.set(row, herb::grams, line.grams);
+        herbs.set(row, herb::amount, amountAtWholePrice(line.grams, price));
     }
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "composition/OrderFrames.h"
 #include "composition/OrderWatch.h"
@@ -9,6 +10,11 @@
 #include "session/Session.h"
 
 namespace zelvo::composition {
+
+/// What is known of a herb that comes from elsewhere: as the doctor calls it, and the pharmacy's key.
+struct HerbLine {
+    std::string name, key, grams, note;
+};
 
 /// The table in which the doctor lists the herbs of one packet: tdbDGL over g_xaDrug, and the buttons around
 /// it.
@@ -28,6 +34,8 @@ public:
     /// prices; into a filled table it merges by pharmacy herb, the larger amount wins. The caller refreshes
     /// the table.
     void Load_DrugFromGrid(screen::Grid& detail);
+    /// The same for lines that stand in no grid, into an empty table.
+    void loadLines(const std::vector<HerbLine>& lines);
     /// Takes the mark of the latest merge off all rows.
     void dropMergeMarks();
     /// The caption with the row count, or the plain one for an empty table.
@@ -55,7 +63,8 @@ private:
     void resetTable();
     void browse();
     // Rows from elsewhere (HerbMerge.cpp).
-    void lookUpHerb(const screen::Grid& detail, int row);
+    void append(const HerbLine& line, bool merging);
+    void lookUpHerb(const HerbLine& line, int row);
     int mergeRow(int row);
 
     void showCount();

@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "basics/Numbers.h"
 #include "composition/frmMessage.h"
 #include "data/clsZELVORecordSet.h"
 
@@ -9,7 +10,7 @@ namespace zelvo::composition {
 
 namespace {
 
-constexpr int selectedColumn = 0, nameColumn = 2, messageColumn = 4;
+constexpr int selectedColumn = 0, keyColumn = 1, nameColumn = 2, messageColumn = 4;
 constexpr int drugVisibleColumn = 5, tangJunVisibleColumn = 6;  // of an order type
 constexpr int typeColumn = 6;                                   // of a form change
 constexpr screen::Color darkBlue{0, 0, 192};
@@ -150,11 +151,41 @@ void OrderOptions::pressTJAL(int column) {
     tdbTJAL.commitEdit();
 }
 
-void OrderOptions::selectOnly(screen::Grid& grid, tables::XArrayDB& options) {
+void OrderOptions::chooseJobList(std::int32_t key) {
+    unselectAll(m_xaJobList);
+    if (moveTo(tdbJobList, m_xaJobList, key)) pressJobList(selectedColumn);
+    tdbJobList.bind(&m_xaJobList);
+}
+
+void OrderOptions::chooseTJML(std::int32_t key) {
+    unselectAll(m_xaTJML);
+    if (moveTo(tdbTJML, m_xaTJML, key)) pressTJML(selectedColumn);
+    tdbTJML.bind(&m_xaTJML);
+}
+
+void OrderOptions::chooseTJAL(const std::vector<std::int32_t>& keys) {
+    unselectAll(m_xaTJAL);
+    for (const std::int32_t key : keys) {
+        if (moveTo(tdbTJAL, m_xaTJAL, key)) pressTJAL(selectedColumn);
+    }
+    tdbTJAL.bind(&m_xaTJAL);
+}
+
+bool OrderOptions::moveTo(screen::Grid& grid, tables::XArrayDB& options, std::int32_t key) {
+    const int row = options.find(0, keyColumn, basics::decimalText(std::int64_t{key}));
+    if (row >= 0) grid.setCurrentRow(row);
+    return row >= 0;
+}
+
+void OrderOptions::unselectAll(tables::XArrayDB& options) {
     for (int row = options.lowerRow(); row <= options.upperRow(); ++row) {
         options.set(row, selectedColumn, false);
         form_.desktop().yield();
     }
+}
+
+void OrderOptions::selectOnly(screen::Grid& grid, tables::XArrayDB& options) {
+    unselectAll(options);
     grid.refresh();
     options.set(grid.currentRow(), selectedColumn, true);
     grid.refreshRow(grid.currentRow());

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <cstdint>
+#include <vector>
+
 #include "composition/OrderFrames.h"
 #include "composition/OrderWatch.h"
 #include "screen/Grid.h"
@@ -30,7 +33,15 @@ public:
     void pressTJML(int column);
     void pressTJAL(int column);
 
+    /// Selects what stood in an earlier order, by its keys; what the pharmacy offers no more is left out, and
+    /// nothing else is selected in its place.
+    void chooseJobList(std::int32_t key);
+    void chooseTJML(std::int32_t key);
+    void chooseTJAL(const std::vector<std::int32_t>& keys);
+
 private:
+    bool moveTo(screen::Grid& grid, tables::XArrayDB& options, std::int32_t key);
+    void unselectAll(tables::XArrayDB& options);
     void selectOnly(screen::Grid& grid, tables::XArrayDB& options);
     void unselectSameType(int pressed);
     void remember(int row, int& last);

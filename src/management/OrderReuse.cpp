@@ -12,12 +12,6 @@ namespace {
 namespace herb = composition::herb;
 
 constexpr const char* caption = "처방전 재사용";
-constexpr int selectedColumn = 0, keyColumn = 1;
-
-std::string keyText(std::int32_t key) {
-    return basics::decimalText(std::int64_t{key});
-}
-
 }  // namespace
 
 OrderReuse::OrderReuse(screen::Window& form, const screen::Grid& list, OrderDetail& detail,
@@ -53,16 +47,11 @@ void OrderReuse::Reuse_Order() {
 
 void OrderReuse::Copy_CBJmToComposition() {
     copySheet();
-    if (choose(draft_.options.tdbJobList, draft_.options.m_xaJobList,
-               detail_.decoction.lblCBJmJobListPK.caption()))
-        draft_.options.pressJobList(selectedColumn);
-    draft_.options.tdbJobList.bind(&draft_.options.m_xaJobList);
+    draft_.options.chooseJobList(basics::toInt32(detail_.decoction.lblCBJmJobListPK.caption()));
     copyHerbs();
     copyDose();
-    if (choose(draft_.options.tdbTJML, draft_.options.m_xaTJML, detail_.decoction.lblCBJmTJMLPK.caption()))
-        draft_.options.pressTJML(selectedColumn);
-    draft_.options.tdbTJML.bind(&draft_.options.m_xaTJML);
-    chooseAddOns();
+    draft_.options.chooseTJML(basics::toInt32(detail_.decoction.lblCBJmTJMLPK.caption()));
+    draft_.options.chooseTJAL(detail_.decoction.addOnKeys());
     form_.desktop().yield();
     watch_.priceOutdated();
     showOrderTab_();
@@ -108,34 +97,6 @@ void OrderReuse::copyDose() {
     draft_.dose.txtTuyakilsu.setText(detail_.decoction.txtCBJmTuyakilsu.text());
     draft_.dose.txtPouchAmount.setText(detail_.decoction.txtCBJmPouchAmount.text());
     draft_.dose.txtPouchTotal.setText(detail_.decoction.txtCBJmPouchTotal.text());
-}
-
-void OrderReuse::chooseAddOns() {
-    screen::Grid& grid = draft_.options.tdbTJAL;
-    tables::XArrayDB& addOns = draft_.options.m_xaTJAL;
-    unselectAll(addOns);
-    for (const std::int32_t key : detail_.decoction.addOnKeys()) {
-        const int row = addOns.find(0, keyColumn, keyText(key));
-        if (row < 0) continue;
-        grid.setCurrentRow(row);
-        draft_.options.pressTJAL(selectedColumn);
-    }
-    grid.bind(&addOns);
-}
-
-/// Moves to the option of this key. False when the pharmacy offers it no more: then none is selected.
-bool OrderReuse::choose(screen::Grid& grid, tables::XArrayDB& options, const std::string& key) const {
-    unselectAll(options);
-    const int row = options.find(0, keyColumn, keyText(basics::toInt32(key)));
-    if (row >= 0) grid.setCurrentRow(row);
-    return row >= 0;
-}
-
-void OrderReuse::unselectAll(tables::XArrayDB& options) const {
-    for (int row = options.lowerRow(); row <= options.upperRow(); ++row) {
-        options.set(row, selectedColumn, false);
-        form_.desktop().yield();
-    }
 }
 
 }  // namespace zelvo::management

@@ -25,9 +25,6 @@ private:
     void copyDose();
     void copyHerbs();
     void priceHerbs();
-    void chooseAddOns();
-    bool choose(screen::Grid& grid, tables::XArrayDB& options, const std::string& key) const;
-    void unselectAll(tables::XArrayDB& options) const;
 
     screen::Window& form_;
     const screen::Grid& list_;
