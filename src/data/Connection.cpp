@@ -28,20 +28,20 @@ void Connection::open(RecordSet& set, const std::string& statement, Cursor curso
     inWork([&] { openSet(set, statement, cursor, target); });
 }
 
-std::optional<std::int32_t> Connection::insert(const std::string& statement, std::string_view table) {
+std::optional<std::int32_t> Connection::insert(const std::string& statement, const NewRow& row) {
     std::optional<std::int32_t> key;
-    inWork([&] { key = runInsert(statement, table); });
+    inWork([&] { key = runInsert(statement, row); });
     return key;
 }
 
-std::optional<std::int32_t> Connection::runInsert(const std::string& statement, std::string_view /*table*/) {
+std::optional<std::int32_t> Connection::runInsert(const std::string& statement, const NewRow& /*row*/) {
     runStatement(statement);
     return std::nullopt;
 }
 
-void Connection::begin() {
+void Connection::begin(std::string_view turn) {
     if (work_ != Work::None) throw Fault("a transaction is open");
-    beginWork();
+    beginWork(turn);
     work_ = Work::Sound;
 }
 
@@ -64,8 +64,8 @@ void Connection::rollback() {
     if (std::exchange(work_, Work::None) != Work::None) rollbackWork();
 }
 
-Transaction::Transaction(Connection& connection) : connection_(connection) {
-    connection_.begin();
+Transaction::Transaction(Connection& connection, std::string_view turn) : connection_(connection) {
+    connection_.begin(turn);
 }
 
 Transaction::~Transaction() {

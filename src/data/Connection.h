@@ -14,6 +14,12 @@ namespace zelvo::data {
 /// What a commit came to. Unknown: the line broke between the request and its answer.
 enum class CommitOutcome { Done, Refused, Unknown };
 
+/// The row that an insert makes: its table, the column of its key, and what else must hold of it.
+struct NewRow {
+    std::string_view table, key;
+    std::string condition;
+};
+
 /// What the statement layer asks of a database client. One connection lives for a session; all of it is used
 /// on one thread. Every failure of the database is a Fault that bears the driver's own words, for a
 /// developer's eyes.
@@ -39,12 +45,14 @@ public:
     void execute(const std::string& statement);
     /// Opens `set` on a statement: its rows come whole to the client. On a Fault the set stays as it was.
     void open(RecordSet& set, const std::string& statement, Cursor cursor, const UpdateTarget& target = {});
-    /// Runs the insert of one row into `table`. Gives the row's key where the server tells it in the same
-    /// answer, nothing where it has to be asked for.
-    std::optional<std::int32_t> insert(const std::string& statement, std::string_view table);
+    /// Runs the insert of one row. Gives the row's key where the server tells it in the same answer and a row
+    /// of that key meets the condition; nothing where the key has to be asked for. Throws Fault for a key
+    /// that no such row has, and for a row without one.
+    std::optional<std::int32_t> insert(const std::string& statement, const NewRow& row);
 
-    /// Throws Fault when a unit of work is under way.
-    void begin();
+    /// Units of work of the same `turn` (letters, digits and blanks) wait for each other where the server
+    /// can do that; "" waits for nobody. Throws Fault when a unit of work is under way.
+    void begin(std::string_view turn = "");
     /// A commit that is refused has been rolled back when this returns.
     CommitOutcome commit();
     void rollback();
@@ -54,8 +62,8 @@ protected:
     virtual void runStatement(const std::string& statement) = 0;
     virtual void openSet(RecordSet& set, const std::string& statement, Cursor cursor,
                          const UpdateTarget& target) = 0;
-    virtual std::optional<std::int32_t> runInsert(const std::string& statement, std::string_view table);
-    virtual void beginWork() = 0;
+    virtual std::optional<std::int32_t> runInsert(const std::string& statement, const NewRow& row);
+    virtual void beginWork(std::string_view turn) = 0;
     virtual CommitOutcome commitWork() = 0;
     virtual void rollbackWork() = 0;
 
@@ -71,7 +79,7 @@ private:
 /// committed.
 class Transaction {
 public:
-    explicit Transaction(Connection& connection);
+    explicit Transaction(Connection& connection, std::string_view turn = "");
     ~Transaction();
     Transaction(const Transaction&) = delete;
     Transaction& operator=(const Transaction&) = delete;

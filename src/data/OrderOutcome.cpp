@@ -8,34 +8,54 @@ namespace zelvo::data {
 
 namespace {
 
-std::optional<bool> rowStands(Connection& Conn, const Statement& statement) {
+std::optional<bool> rowStands(Connection& Conn, const Statement& statement, std::string_view turn) {
     std::optional<bool> stands;
-    running::status([&] { stands = running::readRow(Conn, statement, [](const RecordSet&) {}); });
+    running::status([&] {
+        const Transaction waiting(Conn, turn);
+        stands = running::readRow(Conn, statement, [](const RecordSet&) {});
+    });
     return stands;
 }
 
 }  // namespace
 
+std::string newOrdersTurn(std::int32_t DTR_PK) {
+    return "zelvo doctor " + basics::decimalText(std::int64_t{DTR_PK});
+}
+
+std::string orderTurn(std::int32_t CBJ_PK) {
+    return "zelvo order " + basics::decimalText(std::int64_t{CBJ_PK});
+}
+
 // A server that keeps versions of rows would answer from the last one committed, and a send that is just
-// being committed would seem not to stand.
-std::optional<bool> orderStands(Connection& Conn, std::int32_t DTR_PK, std::int32_t CBJ_PK) {
-    return rowStands(Conn, Statement("SELECT CBJ_PK FROM t_ChubangJun WITH (READCOMMITTEDLOCK) "
-                                     "WHERE CBJ_PK = [CBJ_PK] AND DTR_PK = [DTR_PK]")
-                               .fill("[CBJ_PK]", CBJ_PK)
-                               .fill("[DTR_PK]", DTR_PK));
+// being committed would seem not to stand: the turn keeps the answer back, and the hint where there is none.
+std::optional<bool> orderStands(Connection& Conn, std::int32_t DTR_PK, std::int32_t CBJ_PK,
+                                const std::string& CBJ_RegDate) {
+    return rowStands(
+        Conn,
+        Statement("SELECT CBJ_PK FROM t_ChubangJun WITH (READCOMMITTEDLOCK) "
+                  "WHERE CBJ_PK = [CBJ_PK] AND DTR_PK = [DTR_PK] AND CBJ_RegDate = '[CBJ_RegDate]'")
+            .fill("[CBJ_PK]", CBJ_PK)
+            .fill("[DTR_PK]", DTR_PK)
+            .fill("[CBJ_RegDate]", CBJ_RegDate),
+        newOrdersTurn(DTR_PK));
 }
 
 std::optional<bool> orderIsCanceled(Connection& Conn, std::int32_t CBJ_PK) {
-    return rowStands(Conn, Statement("SELECT CBJ_PK FROM t_ChubangJun WITH (READCOMMITTEDLOCK) "
-                                     "WHERE CBJ_PK = [CBJ_PK] AND CBJ_IsCanceled = 1")
-                               .fill("[CBJ_PK]", CBJ_PK));
+    return rowStands(Conn,
+                     Statement("SELECT CBJ_PK FROM t_ChubangJun WITH (READCOMMITTEDLOCK) "
+                               "WHERE CBJ_PK = [CBJ_PK] AND CBJ_IsCanceled = 1")
+                         .fill("[CBJ_PK]", CBJ_PK),
+                     orderTurn(CBJ_PK));
 }
 
 std::optional<bool> passwordIs(Connection& Conn, std::int32_t DTR_PK, const std::string& DTR_PWD) {
-    return rowStands(Conn, Statement("SELECT DTR_PK FROM t_Doctor WITH (READCOMMITTEDLOCK) "
-                                     "WHERE DTR_PK = [DTR_PK] AND DTR_PWD = '[DTR_PWD]'")
-                               .fill("[DTR_PK]", DTR_PK)
-                               .fill("[DTR_PWD]", DTR_PWD));
+    return rowStands(Conn,
+                     Statement("SELECT DTR_PK FROM t_Doctor WITH (READCOMMITTEDLOCK) "
+                               "WHERE DTR_PK = [DTR_PK] AND DTR_PWD = '[DTR_PWD]'")
+                         .fill("[DTR_PK]", DTR_PK)
+                         .fill("[DTR_PWD]", DTR_PWD),
+                     "");
 }
 
 std::optional<bool> askAnother(const Connection& broken,

@@ -9,9 +9,14 @@
 
 namespace zelvo::data {
 
-/// Whether the doctor's order of this key stands in the database; nothing when the database does not answer.
-/// While the order's own transaction has not ended the server keeps the answer back.
-std::optional<bool> orderStands(Connection& Conn, std::int32_t DTR_PK, std::int32_t CBJ_PK);
+/// What the units of work on a doctor's new orders, and on one order, take turns by.
+std::string newOrdersTurn(std::int32_t DTR_PK);
+std::string orderTurn(std::int32_t CBJ_PK);
+
+/// Whether the doctor's order of this key and time stamp ("yyyy-mm-dd hh:mm:ss") stands in the database;
+/// nothing when the database does not answer. A unit of work of that turn that has not ended is waited for.
+std::optional<bool> orderStands(Connection& Conn, std::int32_t DTR_PK, std::int32_t CBJ_PK,
+                                const std::string& CBJ_RegDate);
 /// Whether the order stands and is cancelled; nothing when the database does not answer.
 std::optional<bool> orderIsCanceled(Connection& Conn, std::int32_t CBJ_PK);
 /// Whether the doctor's password is this one; nothing when the database does not answer.

@@ -91,7 +91,7 @@ bool updateMileage(clsZELVORecordSet& records, Connection& Conn, const CBJmUpdat
 
 bool clsZELVORecordSet::Update_ChubangJun(Connection& Conn, const CBJmUpdate& row) {
     return running::flag([&] {
-        Transaction transaction(Conn);
+        Transaction transaction(Conn, orderTurn(row.CBJ_PK));
         updateOrder(Conn, row);
         bool result = true;
         if (row.costChanged) {
@@ -105,7 +105,7 @@ bool clsZELVORecordSet::Update_ChubangJun(Connection& Conn, const CBJmUpdate& ro
 
 bool clsZELVORecordSet::Update_CBJCancel(Connection& Conn, std::int32_t CBJ_PK) {
     return running::flag([&] {
-        Transaction transaction(Conn);
+        Transaction transaction(Conn, orderTurn(CBJ_PK));
         execute(Conn, Statement("UPDATE t_ChubangJun SET CBJ_IsCanceled = 1 "
                                 " WHERE CBJ_PK = [CBJPK]")
                           .fill("[CBJPK]", CBJ_PK));

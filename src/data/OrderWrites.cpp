@@ -72,6 +72,13 @@ void fillPharmacyColumns(Statement& statement) {
     }
 }
 
+/// What tells an order from any other beside its key.
+Statement isOwnRow(const ChubangJun& row) {
+    return Statement("DTR_PK = [DTR_PK] AND CBJ_RegDate = '[CBJ_RegDate]'")
+        .fill("[DTR_PK]", row.DTR_PK)
+        .fill("[CBJ_RegDate]", basics::formatDateTime(row.CBJ_RegDate));
+}
+
 }  // namespace
 
 std::int32_t clsZELVORecordSet::Insert_ChubangJun(Connection& Conn, const ChubangJun& row) {
@@ -102,10 +109,22 @@ std::int32_t clsZELVORecordSet::Insert_ChubangJun(Connection& Conn, const Chuban
         fillPatientAndCosts(statement, row);
         fillDoseAndDelivery(statement, row);
         fillPharmacyColumns(statement);
-        key = Conn.insert(statement.text(), "t_ChubangJun");
+        key = Conn.insert(statement.text(), {"t_ChubangJun", "CBJ_PK", isOwnRow(row).text()});
     });
     if (inserted != 1) return -1;
-    return key ? *key : RecordSet_MaxCBJPK(Conn);
+    return key ? *key : ownMaxCBJPK(Conn, row);
+}
+
+/// The highest key, where it is that of the doctor's order of this second; else -1: another clinic's row must
+/// not get this order's herbs.
+std::int32_t clsZELVORecordSet::ownMaxCBJPK(Connection& Conn, const ChubangJun& row) {
+    const std::int32_t key = RecordSet_MaxCBJPK(Conn);
+    const bool own = key != -1 && running::flag([&] {
+                         Statement question("SELECT CBJ_PK FROM t_ChubangJun WHERE CBJ_PK = [CBJ_PK] AND ");
+                         question.fill("[CBJ_PK]", key).add(isOwnRow(row).text());
+                         return running::readRow(Conn, question, [](const RecordSet&) {});
+                     });
+    return own ? key : -1;
 }
 
 std::int32_t clsZELVORecordSet::RecordSet_MaxCBJPK(Connection& Conn) {

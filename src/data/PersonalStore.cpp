@@ -39,8 +39,12 @@ std::int32_t clsZELVORecordSet::Insert_MyChubang(Connection& Conn, std::int32_t 
         statement.fill("[DTR_PK]", DTR_PK).fill("[UCB_Name]", UCB_Name);
         const std::string time = RecordSet_SvrGetdate(Conn);
         if (time == "-1") throw basics::Fault("the server does not tell its time");
-        statement.fill("[UCB_Date]", basics::formatDateTime(time)).fill("[UCB_Note]", UCB_Note);
-        key = Conn.insert(statement.text(), "t_UserChubang");
+        const std::string date = basics::formatDateTime(time);
+        statement.fill("[UCB_Date]", date).fill("[UCB_Note]", UCB_Note);
+        const Statement own = Statement("DTR_PK = [DTR_PK] AND UCB_Date = '[UCB_Date]'")
+                                  .fill("[DTR_PK]", DTR_PK)
+                                  .fill("[UCB_Date]", date);
+        key = Conn.insert(statement.text(), {"t_UserChubang", "UCB_PK", own.text()});
     });
     if (inserted != 1) return -1;
     return key ? *key : RecordSet_MaxUCBPK(Conn);

@@ -219,6 +219,7 @@ public:
 
 private:
     std::int32_t RecordSet_MaxCBJPK(Connection& Conn);
+    std::int32_t ownMaxCBJPK(Connection& Conn, const ChubangJun& row);
     std::int32_t RecordSet_MaxUCBPK(Connection& Conn);
 };
 

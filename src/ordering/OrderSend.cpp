@@ -146,7 +146,8 @@ bool OrderSend::settlesFormer() {
     data::Connection& connection = draft_.session.connection();
     for (const UnsettledSend& send : unsettled_.of(draft_.session.m_DTRPK, connection.server)) {
         const std::string former = "[" + send.serverTime + "] 결과를 확인할 수 없었던 처방전은 ";
-        const std::optional<bool> stands = data::orderStands(connection, send.DTR_PK, send.CBJ_PK);
+        const std::optional<bool> stands =
+            data::orderStands(connection, send.DTR_PK, send.CBJ_PK, send.serverTime);
         if (!stands) {
             form_.desktop().alarm(
                 former + "지금도 저장 여부를 확인할 수 없습니다. 처방전을 전송하지 않았습니다.",
@@ -174,7 +175,7 @@ OrderSend::Stored OrderSend::storeOrder() {
     kept_.clear();
     std::optional<data::Transaction> transaction;
     try {
-        transaction.emplace(draft_.session.connection());
+        transaction.emplace(draft_.session.connection(), data::newOrdersTurn(draft_.session.m_DTRPK));
     } catch (const std::exception&) {
         keepAlarm(faultText("한약국 서버 연결 확인"), faultCaption);
         return Stored::No;
@@ -234,7 +235,7 @@ OrderSend::Stored OrderSend::refused() {
 OrderSend::Stored OrderSend::askAfter() {
     const std::optional<bool> stands =
         data::askAnother(draft_.session.connection(), [this](data::Connection& other) {
-            return data::orderStands(other, sending_.DTR_PK, sending_.CBJ_PK);
+            return data::orderStands(other, sending_.DTR_PK, sending_.CBJ_PK, sending_.serverTime);
         });
     if (stands) return *stands ? Stored::Yes : refused();
     const std::string unknown = "처방전 전송 결과를 확인할 수 없습니다. ";

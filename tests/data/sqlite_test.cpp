@@ -55,8 +55,9 @@ TEST(SqliteFile, AnotherWriterIsWaitedFor) {
     EXPECT_EQ(database.value("SELECT count(*) FROM t_EatGuide"), "2");
 }
 
-/// The pharmacy's tables with all their rows, the columns declared some other way.
-void redeclare(const TestDatabase& database, const std::string& type) {
+/// The pharmacy's tables with all their rows, the columns declared some other way, and their values the texts
+/// that a person would have written.
+void redeclare(const TestDatabase& database, const std::string& type, bool texts) {
     std::string script = "BEGIN;";
     for (const auto& table : database.rows("SELECT name FROM sqlite_master WHERE type = 'table'")) {
         std::vector<std::string> declared, columns;
@@ -66,8 +67,9 @@ void redeclare(const TestDatabase& database, const std::string& type) {
                 column[1] != "0" && column[2] == "INTEGER" && columns.empty() && table[0] != "t_DrugDanga";
             declared.push_back(column[0] + (key ? " INTEGER PRIMARY KEY" : type));
             // A number in a column of texts stands there the way a person would have written it.
-            columns.push_back("CASE typeof(" + column[0] + ") WHEN 'real' THEN printf('%.6g', " + column[0] +
-                              ") ELSE " + column[0] + " END");
+            const std::string value = "CASE typeof(" + column[0] + ") WHEN 'real' THEN printf('%.6g', " +
+                                      column[0] + ") ELSE " + column[0] + " END";
+            columns.push_back(texts && !key ? "CAST(" + value + " AS TEXT)" : value);
         }
         script += "CREATE TABLE fresh (" + basics::join(declared, ", ") + "); INSERT INTO fresh SELECT " +
                   basics::join(columns, ", ") + " FROM " + table[0] + "; DROP TABLE " + table[0] +
@@ -77,7 +79,7 @@ void redeclare(const TestDatabase& database, const std::string& type) {
 }
 
 /// What a session reads of each kind of value, in one text: flags, prices, rates, sums between dates.
-std::string everything(data::Connection& connection) {
+std::string everything(data::Connection& connection, std::int32_t key) {
     clsZELVORecordSet operations;
     data::clsZELVOStockmoney money;
     RecordSet set;
@@ -92,6 +94,9 @@ std::string everything(data::Connection& connection) {
     data::DoctorRecord doctor;
     doctor.DTR_PK = 1;
     operations.RecordSet_DoctorInfo(connection, 2, doctor);
+    data::CBJmJobList job;
+    operations.RecordSet_CBJmJobListInfo(connection, key, job);
+    all += job.JL_Prompt + "|";
     std::int32_t deposit = 0, used = 0;
     money.ZELVO_StockMoney(connection, deposit, 1, "", "2000-01-01", "2999-12-31");
     money.ZELVO_CBJcostSum(connection, used, 1, "적립", "", "", "");
@@ -102,17 +107,35 @@ std::string everything(data::Connection& connection) {
 
 TEST(SqliteFile, AnyDeclaredTypesGiveTheSameSession) {
     std::vector<std::string> sessions;
-    for (const char* type : {"as the demo has them", "", " TEXT"}) {
+    const std::pair<const char*, bool> declared[] = {
+        {"as the demo has them", false}, {"", false}, {"", true}, {" TEXT", false}};
+    for (const auto& [type, texts] : declared) {
         const TestDatabase database;
-        if (!sessions.empty()) redeclare(database, type);
+        if (!sessions.empty()) redeclare(database, type, texts);
         const auto connection = database.connect();
         clsZELVORecordSet operations;
         const std::int32_t key = operations.Insert_ChubangJun(*connection, sampleOrder());
         EXPECT_EQ(operations.Insert_ChubangJun_Mileage(*connection, 1, key, 560, "2024-05-06"), 1);
-        sessions.push_back(everything(*connection));
+        sessions.push_back(everything(*connection, key));
         EXPECT_EQ(sessions.back(), sessions.front()) << "columns declared " << type;
     }
     EXPECT_NE(sessions[0].find("-1|"), std::string::npos) << "a flag is on";
+}
+
+TEST(SqliteFile, AnOrderWithoutAKeyIsNone) {
+    for (const char* key : {"CBJ_PK INT PRIMARY KEY", "CBJ_PK", "CBJ_PK INTEGER PRIMARY KEY"}) {
+        const TestDatabase database;
+        database.run(
+            "INSERT INTO t_ChubangJun (CBJ_PK, DTR_PK) VALUES (70, 2);"
+            "CREATE TABLE fresh AS SELECT * FROM t_ChubangJun; DROP TABLE t_ChubangJun");
+        std::string columns = database.value("SELECT group_concat(name) FROM pragma_table_info('fresh')");
+        database.run("CREATE TABLE t_ChubangJun (" + columns.replace(0, 6, key) +
+                     "); INSERT INTO t_ChubangJun SELECT * FROM fresh");
+        const auto connection = database.connect();
+        EXPECT_EQ(clsZELVORecordSet().Insert_ChubangJun(*connection, sampleOrder()),
+                  std::string(key).ends_with("INTEGER PRIMARY KEY") ? 71 : -1)
+            << key;
+    }
 }
 
 }  // namespace zelvo::sqlite

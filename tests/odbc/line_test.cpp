@@ -189,8 +189,8 @@ TEST_F(OdbcLine, ASendIsWholeOrNothingWhereverTheLineIsCut) {
             EXPECT_EQ(written, at == std::string("COMMIT"));
             EXPECT_EQ(outcome, written ? CommitOutcome::Unknown : CommitOutcome::Refused);
             const bool stands = written && trouble != Trouble::CutBeforeRun;
-            EXPECT_EQ(data::orderStands(*connect(), 1, key), stands);
-            EXPECT_EQ(data::orderStands(*connection, 1, key), std::nullopt);
+            EXPECT_EQ(data::orderStands(*connect(), 1, key, "2024-05-06 09:08:07"), stands);
+            EXPECT_EQ(data::orderStands(*connection, 1, key, "2024-05-06 09:08:07"), std::nullopt);
             EXPECT_EQ(database_.value(
                           "SELECT (SELECT count(*) FROM t_CBJDetail) || (SELECT count(*) FROM t_EatGuide)"),
                       stands ? "11" : "00");
@@ -206,6 +206,11 @@ TEST_F(OdbcLine, AnotherClinicsRowIsNeverTakenForTheNewOne) {
     ASSERT_EQ(server_.takeBatches().size(), 1U) << "a question of its own could meet another clinic's row";
     database_.run("INSERT INTO t_ChubangJun (DTR_PK) VALUES (2)");
     EXPECT_EQ(std::to_string(key), database_.value("SELECT CBJ_PK FROM t_ChubangJun WHERE DTR_PK = 1"));
+    database_.run(
+        "CREATE TRIGGER instead AFTER INSERT ON t_ChubangJun BEGIN"
+        " UPDATE t_ChubangJun SET CBJ_PK = 99 WHERE CBJ_PK = NEW.CBJ_PK; END");
+    EXPECT_EQ(operations.Insert_ChubangJun(*connection, testing::sampleOrder()), -1)
+        << "the key of what a trigger wrote is no order's";
 }
 
 TEST_F(OdbcLine, AStatementWithoutAnAnswerIsGivenUpAndTheLineLives) {

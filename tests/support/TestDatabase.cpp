@@ -167,14 +167,15 @@ void FaultyConnection::openSet(data::RecordSet& set, const std::string& statemen
 }
 
 std::optional<std::int32_t> FaultyConnection::runInsert(const std::string& statement,
-                                                        std::string_view table) {
+                                                        const data::NewRow& row) {
     count(statement);
-    return inner_->insert(statement, table);
+    const std::optional<std::int32_t> key = inner_->insert(statement, row);
+    return tellsKeys ? key : std::nullopt;
 }
 
-void FaultyConnection::beginWork() {
+void FaultyConnection::beginWork(std::string_view turn) {
     count("BEGIN");
-    inner_->begin();
+    inner_->begin(turn);
     inTransaction = true;
 }
 

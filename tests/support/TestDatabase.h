@@ -44,6 +44,8 @@ public:
     void failAt(int call) { countdown_ = call; }
     /// From the failing call on everything fails, as on a line that is gone.
     bool staysBroken = false;
+    /// Whether an insert tells its row's key, as not every server does.
+    bool tellsKeys = true;
     /// What the next commit comes to, in place of what it is.
     std::optional<data::CommitOutcome> nextCommit;
     /// Called before each call with its statement ("BEGIN", "COMMIT", "ROLLBACK" for those).
@@ -58,8 +60,8 @@ protected:
     void runStatement(const std::string& statement) override;
     void openSet(data::RecordSet& set, const std::string& statement, data::Cursor cursor,
                  const data::UpdateTarget& target) override;
-    std::optional<std::int32_t> runInsert(const std::string& statement, std::string_view table) override;
-    void beginWork() override;
+    std::optional<std::int32_t> runInsert(const std::string& statement, const data::NewRow& row) override;
+    void beginWork(std::string_view turn) override;
     data::CommitOutcome commitWork() override;
     void rollbackWork() override;
 

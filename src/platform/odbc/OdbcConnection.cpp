@@ -83,25 +83,42 @@ void OdbcConnection::openSet(data::RecordSet& set, const std::string& statement,
     rows->finish(cursor, target, std::make_unique<KeyedWriter>(line_, dialect_));
 }
 
-std::optional<std::int32_t> OdbcConnection::runInsert(const std::string& statement, std::string_view table) {
-    // In a table whose keys are no identities the server would tell the last one of some other table.
-    data::RecordSet key;
-    openSet(key,
-            statement + "; SELECT CONVERT(int, SCOPE_IDENTITY()) AS NewKey WHERE IDENT_CURRENT('" +
-                std::string(table) + "') IS NOT NULL",
+// In a table whose keys are no identities the server would tell the last one of some other table; and where a
+// trigger stands in for the insert, the key of what the trigger wrote.
+std::optional<std::int32_t> OdbcConnection::runInsert(const std::string& statement, const data::NewRow& row) {
+    const std::string table(row.table), key(row.key), told = "CONVERT(int, SCOPE_IDENTITY())";
+    data::RecordSet answer;
+    openSet(answer,
+            statement + "; SELECT " + told + " AS NewKey, (SELECT COUNT(*) FROM " + table + " WHERE " + key +
+                " = " + told + " AND " + row.condition + ") AS Stands WHERE IDENT_CURRENT('" + table +
+                "') IS NOT NULL",
             data::Cursor::Static, {});
-    if (key.atEnd() || key.isNull("NewKey")) return std::nullopt;
-    return basics::toInt32(key.text("NewKey"));
+    if (answer.atEnd() || answer.isNull("NewKey")) return std::nullopt;
+    if (answer.text("Stands") == "0") throw Fault("the key that came is not the row's");
+    return basics::toInt32(answer.text("NewKey"));
 }
+
+namespace {
+
+/// Waits in the server's own queue until the others of the turn have ended; the place ends with the
+/// transaction. A server that has no such queue goes on without.
+std::string takingTurn(std::string_view turn) {
+    if (turn.empty()) return {};
+    return "; DECLARE @turn int; BEGIN TRY EXEC @turn = sp_getapplock @Resource = '" + std::string(turn) +
+           "', @LockMode = 'Exclusive', @LockOwner = 'Transaction', @LockTimeout = 10000 END TRY "
+           "BEGIN CATCH SET @turn = 0 END CATCH; IF @turn < 0 RAISERROR('another of the turn goes on', 16, 1)";
+}
+
+}  // namespace
 
 // A unit of work is said in the server's own words, one round trip each: switching a driver's auto-commit off
 // and on costs more, and what a driver makes of a transaction that the server has ended is its own affair.
-void OdbcConnection::beginWork() {
+void OdbcConnection::beginWork(std::string_view turn) {
     try {
-        line().run(dialect_("BEGIN TRANSACTION"));
-    } catch (const ServerFault& fault) {
-        // Without its answer it may have begun, and a later commit would only end a transaction within it.
-        if (fault.kind() == ServerFault::Kind::Late) takeBack();
+        line().run(dialect_("BEGIN TRANSACTION" + takingTurn(turn)));
+    } catch (const ServerFault&) {
+        // It may have begun, and a later commit would only end a transaction within it.
+        takeBack();
         throw;
     }
 }

@@ -30,8 +30,8 @@ protected:
     void openSet(data::RecordSet& set, const std::string& statement, data::Cursor cursor,
                  const data::UpdateTarget& target) override;
     /// The key comes with the insert: another clinic's row may be the highest by the time of a question.
-    std::optional<std::int32_t> runInsert(const std::string& statement, std::string_view table) override;
-    void beginWork() override;
+    std::optional<std::int32_t> runInsert(const std::string& statement, const data::NewRow& row) override;
+    void beginWork(std::string_view turn) override;
     /// Unknown when the line broke before the answer, or none came in time.
     data::CommitOutcome commitWork() override;
     /// One that fails closes the connection: the server then takes the transaction back by itself.

@@ -33,7 +33,9 @@ constexpr std::string_view lockHint = "(READCOMMITTEDLOCK)";
 
 class Translator {
 public:
-    explicit Translator(std::string_view text) : text_(text) { result_.reserve(text.size() + 64); }
+    Translator(std::string_view text, bool looseColumns) : text_(text), looseColumns_(looseColumns) {
+        result_.reserve(text.size() + 64);
+    }
 
     std::string run() {
         while (at_ < text_.size()) {
@@ -44,6 +46,8 @@ public:
                 word();
             } else if (c == '=' && inConditions_ && !isComparison(at_)) {
                 equals();
+            } else if (looseColumns_ && inConditions_ && text_.substr(at_).starts_with("<>")) {
+                if (!comparesNumber(at_ + 2, "NOT IN (")) copyTo(at_ + 2);
             } else {
                 copyTo(at_ + 1);
             }
@@ -97,6 +101,7 @@ private:
 
     void equals() {
         const std::size_t open = skipBlanks(at_ + 1);
+        if (looseColumns_ && (comparesNumber(open, "IN (") || comparesColumn(open))) return;
         if (open >= text_.size() || text_[open] != '\'') return copyTo(at_ + 1);
         const std::size_t end = literalEnd(open);
         const std::string_view literal = text_.substr(open, end - open);
@@ -109,7 +114,33 @@ private:
         at_ = end;
     }
 
+    /// "1" as the number and as the text; false for anything but a whole number.
+    bool comparesNumber(std::size_t from, std::string_view with) {
+        const std::size_t open = skipBlanks(from);
+        std::size_t end = open < text_.size() && text_[open] == '-' ? open + 1 : open;
+        const std::size_t digits = end;
+        while (end < text_.size() && isDigit(text_[end])) ++end;
+        if (end == digits || (end < text_.size() && text_[end] == '.')) return false;
+        const std::string_view number = text_.substr(open, end - open);
+        result_.append(with).append(number).append(", '").append(number).append("')");
+        at_ = end;
+        return true;
+    }
+
+    /// The keys of two tables, compared as texts.
+    bool comparesColumn(std::size_t open) {
+        if (open >= text_.size() || !isNameStart(text_[open])) return false;
+        std::size_t end = open;
+        while (end < text_.size() && (isNameStart(text_[end]) || isDigit(text_[end]) || text_[end] == '.'))
+            ++end;
+        if (end < text_.size() && text_[end] == '(') return false;
+        result_.append("|| '' = ").append(text_.substr(open, end - open)).append(" || ''");
+        at_ = end;
+        return true;
+    }
+
     std::string_view text_;
+    bool looseColumns_;
     std::size_t at_ = 0;
     bool inConditions_ = false;
     std::string result_;
@@ -117,8 +148,8 @@ private:
 
 }  // namespace
 
-std::string toSqlite(std::string_view statement) {
-    return Translator(statement).run();
+std::string toSqlite(std::string_view statement, bool looseColumns) {
+    return Translator(statement, looseColumns).run();
 }
 
 }  // namespace zelvo::sqlite

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "basics/Fault.h"
+#include "basics/Numbers.h"
 #include "basics/Text.h"
 #include "basics/Utf8.h"
 #include "data/Statement.h"
@@ -81,6 +82,10 @@ void addCell(data::RecordSet::Filler& filler, sqlite3_stmt* statement, int colum
     }
 }
 
+std::string quotedName(std::string_view text) {
+    return '"' + basics::replaceAll(text, "\"", "\"\"") + '"';
+}
+
 /// Rows of an updatable result set go back by statements of their own, keyed by the set's key column.
 class KeyedWriter : public data::RowWriter {
 public:
@@ -90,18 +95,17 @@ public:
                 const std::vector<std::pair<std::string, std::string>>& changed) override {
         std::vector<std::string> assignments;
         assignments.reserve(changed.size());
-        for (const auto& [field, value] : changed) assignments.push_back(name(field) + " = " + quoted(value));
-        write("UPDATE " + name(target.table) + " SET " + basics::join(assignments, ", "), target, keyValue);
+        for (const auto& [field, value] : changed)
+            assignments.push_back(quotedName(field) + " = " + quoted(value));
+        write("UPDATE " + quotedName(target.table) + " SET " + basics::join(assignments, ", "), target,
+              keyValue);
     }
 
     void remove(const data::UpdateTarget& target, std::string_view keyValue) override {
-        write("DELETE FROM " + name(target.table), target, keyValue);
+        write("DELETE FROM " + quotedName(target.table), target, keyValue);
     }
 
 private:
-    static std::string name(std::string_view text) {
-        return '"' + basics::replaceAll(text, "\"", "\"\"") + '"';
-    }
     static std::string quoted(std::string_view text) {
         return data::Statement("'[Value]'").fill("[Value]", text).text();
     }
@@ -109,7 +113,7 @@ private:
     void write(const std::string& change, const data::UpdateTarget& target, std::string_view keyValue) {
         const std::shared_ptr<sqlite3> database = database_.lock();
         if (!database) throw Fault("the connection is closed");
-        run(database.get(), change + toSqlite(" WHERE " + name(target.key) + " = " + quoted(keyValue)));
+        run(database.get(), change + toSqlite(" WHERE " + quotedName(target.key) + " = " + quoted(keyValue)));
         if (sqlite3_changes(database.get()) == 0) throw Fault("the row is gone");
     }
 
@@ -124,9 +128,16 @@ void probe(sqlite3* database) {
         throw Fault("the file holds no tables");
 }
 
-}  // namespace
+/// Whether one of the system's tables has a column without a type: there '1' is not 1.
+bool hasLooseColumns(sqlite3* database) {
+    const Prepared loose =
+        prepare(database,
+                "SELECT 1 FROM sqlite_master AS t, pragma_table_info(t.name) AS c WHERE t.type = 'table' "
+                "AND t.name LIKE 't!_%' ESCAPE '!' AND (c.type = '' OR c.type LIKE '%BLOB%')");
+    return step(database, loose.get());
+}
 
-SqliteConnection::SqliteConnection(const std::string& path) {
+std::shared_ptr<sqlite3> openDatabase(const std::string& path) {
     sqlite3* raw = nullptr;
     const int result = sqlite3_open_v2(path.c_str(), &raw, openFlags, nullptr);
     std::shared_ptr<sqlite3> opened(raw, [](sqlite3* database) { sqlite3_close_v2(database); });
@@ -138,13 +149,27 @@ SqliteConnection::SqliteConnection(const std::string& path) {
     run(raw, "PRAGMA synchronous = EXTRA");
     // A doctor's searches come back to the same pages: room for 32 MB of them, taken only as a file needs it.
     run(raw, "PRAGMA cache_size = -32768");
-    database_ = std::move(opened);
+    return opened;
 }
+
+}  // namespace
+
+SqliteConnection::SqliteConnection(const std::string& path)
+    : path_(path), database_(openDatabase(path)), looseColumns_(hasLooseColumns(database_.get())) {}
 
 SqliteConnection::~SqliteConnection() = default;
 
 void SqliteConnection::close() {
     database_.reset();
+}
+
+void SqliteConnection::openAnew() noexcept {
+    database_.reset();
+    try {
+        database_ = openDatabase(path_);
+    } catch (const std::exception&) {
+        // It stays closed, and whatever comes next fails.
+    }
 }
 
 sqlite3* SqliteConnection::database() const {
@@ -153,13 +178,29 @@ sqlite3* SqliteConnection::database() const {
 }
 
 void SqliteConnection::runStatement(const std::string& statement) {
-    run(database(), toSqlite(statement));
+    run(database(), toSqlite(statement, looseColumns_));
+}
+
+// Of a key that was declared as INT, or without a type, SQLite fills nothing in: then the row has a number
+// that nobody can ask for, and no key.
+std::optional<std::int32_t> SqliteConnection::runInsert(const std::string& statement,
+                                                        const data::NewRow& row) {
+    sqlite3* const opened = database();
+    sqlite3_set_last_insert_rowid(opened, 0);
+    runStatement(statement);
+    const Prepared made =
+        prepare(opened, toSqlite("SELECT " + quotedName(row.key) + " FROM " + quotedName(row.table) +
+                                     " WHERE rowid = last_insert_rowid() AND " + row.condition,
+                                 looseColumns_));
+    if (!step(opened, made.get())) return std::nullopt;  // a view, say
+    if (sqlite3_column_type(made.get(), 0) == SQLITE_NULL) throw Fault("the row has no key");
+    return basics::toInt32(std::string(reinterpret_cast<const char*>(sqlite3_column_text(made.get(), 0))));
 }
 
 void SqliteConnection::openSet(data::RecordSet& set, const std::string& statement, data::Cursor cursor,
                                const data::UpdateTarget& target) {
     sqlite3* const opened = database();
-    const Prepared prepared = prepare(opened, toSqlite(statement));
+    const Prepared prepared = prepare(opened, toSqlite(statement, looseColumns_));
     // The first step prepares anew when a table has changed since the last statement; only then the columns
     // are sure.
     bool more = step(opened, prepared.get());
@@ -181,17 +222,24 @@ void SqliteConnection::openSet(data::RecordSet& set, const std::string& statemen
 }
 
 // Immediate: a read followed by a write would fail when somebody else wrote in between.
-void SqliteConnection::beginWork() {
+void SqliteConnection::beginWork(std::string_view /*turn*/) {
     run(database(), "BEGIN IMMEDIATE");
 }
 
+// A folder that can't be synchronised, or a lock that can't be given back, fails a commit whose journal is
+// gone already: the rows stand. Only what leaves the transaction open is sure to have stored nothing.
 data::CommitOutcome SqliteConnection::commitWork() {
-    try {
-        run(database(), "COMMIT");
-        return data::CommitOutcome::Done;
-    } catch (const Fault&) {
-        return data::CommitOutcome::Refused;
+    sqlite3* const opened = database();
+    int result = SQLITE_DONE;
+    {
+        const Prepared commit = prepare(opened, "COMMIT");
+        result = sqlite3_step(commit.get()) & 0xFF;
     }
+    if (result == SQLITE_DONE) return data::CommitOutcome::Done;
+    const bool refused = result == SQLITE_BUSY || result == SQLITE_LOCKED || result == SQLITE_CONSTRAINT;
+    if (refused && sqlite3_get_autocommit(opened) == 0) return data::CommitOutcome::Refused;
+    openAnew();
+    return data::CommitOutcome::Unknown;
 }
 
 void SqliteConnection::rollbackWork() {

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -26,16 +28,23 @@ protected:
     void runStatement(const std::string& statement) override;
     void openSet(data::RecordSet& set, const std::string& statement, data::Cursor cursor,
                  const data::UpdateTarget& target) override;
-    void beginWork() override;
-    /// Durable when it says Done: the file has been synchronised.
+    std::optional<std::int32_t> runInsert(const std::string& statement, const data::NewRow& row) override;
+    /// The file has one writer at a time, so all of them take turns.
+    void beginWork(std::string_view turn) override;
+    /// Durable when it says Done: the file has been synchronised. Where it says Unknown, the file has been
+    /// opened anew: the former connection may hold locks that it could not give back.
     data::CommitOutcome commitWork() override;
     void rollbackWork() override;
 
 private:
     sqlite3* database() const;
+    void openAnew() noexcept;
 
+    std::string path_;
     // Shared with the row writers of its result sets, which only watch it: they may outlive the connection.
     std::shared_ptr<sqlite3> database_;
+    /// Some column has no type, and then a number and its text are two things to SQLite.
+    bool looseColumns_ = false;
 };
 
 /// The address that means a file: "sqlite:" and its path.

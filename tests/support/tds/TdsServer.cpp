@@ -181,9 +181,13 @@ private:
         if (question != std::string::npos) {
             const std::string inserted = answerTo(text.substr(0, question));
             if (!inserted.starts_with(tds::done(0x10, 1).front())) return inserted;
-            return tds::done(0x11, 1) + answerTo("SELECT last_insert_rowid() AS NewKey");
+            std::string asked = text.substr(question + 2, text.find(" WHERE IDENT_CURRENT(") - question - 2);
+            const std::string key = "CONVERT(int, SCOPE_IDENTITY())";
+            for (std::size_t at = asked.find(key); at != std::string::npos; at = asked.find(key))
+                asked.replace(at, key.size(), "last_insert_rowid()");
+            return tds::done(0x11, 1) + answerTo(asked);
         }
-        if (text == "BEGIN TRANSACTION") text = "BEGIN IMMEDIATE";
+        if (text.starts_with("BEGIN TRANSACTION")) text = "BEGIN IMMEDIATE";
         if (text == "IF @@TRANCOUNT > 0 ROLLBACK TRANSACTION") {
             if (sqlite3_get_autocommit(database_) != 0) return tds::done(0, 0);
             text = "ROLLBACK";
