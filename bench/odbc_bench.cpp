@@ -56,7 +56,8 @@ SQLLEN bareLoop(odbc::Line& line) {
     static std::array<std::array<SQLWCHAR, units * block>, 6> cells;
     static std::array<std::array<SQLLEN, block>, 6> lengths;
     SQLLEN bytes = 0;
-    line.query(search, [&](const odbc::StatementHandle& statement) {
+    line.query(search, [&](const odbc::Answer& answer) {
+        const odbc::StatementHandle& statement = answer.statement();
         SQLULEN fetched = 0;
         SQLSetStmtAttrW(statement.get(), SQL_ATTR_ROW_ARRAY_SIZE, odbc::attribute(block), 0);
         SQLSetStmtAttrW(statement.get(), SQL_ATTR_ROWS_FETCHED_PTR, &fetched, 0);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 #include <functional>
 #include <memory>
@@ -30,6 +31,9 @@ public:
     /// Lets the event loop work; a walk calls it once a row. The session sets it when it opens the
     /// connection.
     std::function<void()> yield = [] {};
+    /// Told how long a trip to the server lasts so far, again and again from half a second on; false gives it
+    /// up. It may draw, and must not ask the database. The session sets it when it opens the connection.
+    std::function<bool(std::chrono::milliseconds soFar)> waiting;
     /// Opens one more connection to the same server, for a single question when this one has broken. Throws
     /// Fault. The session sets it when it opens the connection.
     std::function<std::unique_ptr<Connection>()> another;
@@ -93,9 +97,11 @@ private:
     bool open_ = true;
 };
 
-/// The five facts of the pharmacy's connection.
+/// The facts of the pharmacy's connection.
 struct ServerLogin {
     std::string address, database, user, password;
+    /// Told how long the login lasts so far, as Connection::waiting is; nobody where it is empty.
+    std::function<bool(std::chrono::milliseconds soFar)> waiting = {};
 };
 
 /// Opens the connection that an address asks for; given to the session by the assembly. Throws Fault when it

@@ -31,7 +31,7 @@ class OdbcLine : public ::testing::Test {
 protected:
     std::unique_ptr<data::Connection> connect(const data::ServerLogin& login, int querySeconds = 1) const {
         Settings settings;
-        settings.encrypted = false;
+        settings.encrypted = server_.tls;
         return std::make_unique<OdbcConnection>(connectionString(login, settings),
                                                 Limits{.loginSeconds = 1, .querySeconds = querySeconds});
     }
@@ -56,7 +56,7 @@ TEST_F(OdbcLine, TheLoginArrivesAsItWasMeant) {
     for (const std::string password :
          {"{; =x ", "}", "a;UID=sa", " ", "a} =b{", "비밀'\"", "a}}b", "{", "[a](b)?*=!@,\\"}) {
         connect({server_.address(), "ze lvo", "zel;vo", password});
-        const TdsServer::Login login = server_.lastLogin();
+        const TdsServer::Login login = server_.takeLogin();
         EXPECT_EQ(login.password, password);
         EXPECT_EQ(login.database + login.user + login.language, "ze lvozel;vous_english") << password;
     }
@@ -119,11 +119,22 @@ TEST_F(OdbcLine, EveryBreakIsTheNextOperationsFailure) {
     const struct {
         const char* at;
         Trouble trouble;
-    } cases[] = {{"INSERT", Trouble::CutBeforeRun}, {"INSERT", Trouble::CutBeforeAnswer},
-                 {"INSERT", Trouble::Mute},         {"SELECT", Trouble::CutBeforeRun},
-                 {"SELECT", Trouble::CutInAnswer},  {"SELECT", Trouble::Mute}};
+        bool tls = false;
+    } cases[] = {{"INSERT", Trouble::CutBeforeRun},
+                 {"INSERT", Trouble::CutBeforeAnswer},
+                 {"INSERT", Trouble::Mute},
+                 {"SELECT", Trouble::CutBeforeRun},
+                 {"SELECT", Trouble::CutInAnswer},
+                 {"SELECT", Trouble::Mute},
+                 {"INSERT", Trouble::CutInAnswer, true},
+                 {"INSERT", Trouble::EndInOrder, true},
+                 {"SELECT", Trouble::EndInOrder, true},
+                 {"SELECT", Trouble::EndHalf, true},
+                 {"SELECT", Trouble::Reset, true},
+                 {"SELECT", Trouble::Mute, true}};
     for (const auto& test : cases) {
         SCOPED_TRACE(std::string(test.at) + " " + std::to_string(static_cast<int>(test.trouble)));
+        server_.tls = test.tls;
         const auto connection = connect();
         server_.misbehave(test.at, test.trouble);
         connection->begin();
@@ -131,7 +142,7 @@ TEST_F(OdbcLine, EveryBreakIsTheNextOperationsFailure) {
             connection->execute(insert);
             connection->open(set_, "SELECT * FROM t_Doctor", data::Cursor::Static);
         });
-        EXPECT_LT(seconds, 4);
+        EXPECT_LT(seconds, 2.5) << "a second more than the second that it has";
         EXPECT_FALSE(connection->isOpen());
         EXPECT_LT(failsAfter([&] { connection->execute(insert); }), 0.1);
         connection->rollback();
@@ -144,13 +155,16 @@ TEST_F(OdbcLine, ACommitWithoutAnAnswerIsUnknown) {
         Trouble trouble;
         CommitOutcome outcome;
         const char* rows;
+        bool tls = false;
     } cases[] = {{Trouble::None, CommitOutcome::Done, "1"},
                  {Trouble::CutBeforeRun, CommitOutcome::Unknown, "0"},
                  {Trouble::CutBeforeAnswer, CommitOutcome::Unknown, "1"},
                  {Trouble::CutInAnswer, CommitOutcome::Unknown, "1"},
-                 {Trouble::Mute, CommitOutcome::Unknown, "0"}};
+                 {Trouble::Mute, CommitOutcome::Unknown, "0"},
+                 {Trouble::EndHalf, CommitOutcome::Unknown, "0", true}};
     for (const auto& test : cases) {
         SCOPED_TRACE(static_cast<int>(test.trouble));
+        server_.tls = test.tls;
         database_.run("DELETE FROM t_EatGuide");
         auto connection = connect();
         server_.misbehave("COMMIT", test.trouble);
@@ -225,6 +239,15 @@ TEST_F(OdbcLine, AStatementWithoutAnAnswerIsGivenUpAndTheLineLives) {
         connection->open(set_, "SELECT count(*) AS n FROM t_EatGuide", data::Cursor::Static);
         EXPECT_EQ(set_.text("n"), "0") << "a person who waits for a lock goes on working";
     }
+    const auto slow = connect({server_.address(), "zelvo", "zelvo", "pw"}, 30);
+    server_.misbehave("SELECT", Trouble::Late);
+    slow->waiting = [&](std::chrono::milliseconds soFar) {
+        EXPECT_THROW(slow->execute(insert), Fault) << "the line is taken";
+        return soFar < std::chrono::milliseconds(700);
+    };
+    EXPECT_NEAR(failsAfter([&] { slow->open(set_, "SELECT 1 AS one", data::Cursor::Static); }), 0.8, 0.3);
+    slow->open(set_, "SELECT count(*) AS n FROM t_EatGuide", data::Cursor::Static);
+    EXPECT_EQ(set_.text("n"), "0") << "the user has given it up, and goes on working too";
 }
 
 TEST_F(OdbcLine, WhatTheServerHasEndedGoesNoFurther) {
@@ -311,11 +334,13 @@ TEST_F(OdbcLine, ALoginThatFailsEndsInTimeWithOneBox) {
         {"says nothing in mid-login", server_.address(), Trouble::Mute, "off", "LOGIN7"},
         {"closes at once", server_.address(), Trouble::CutBeforeRun},
         {"closes in mid-login", server_.address(), Trouble::CutBeforeRun, "off", "LOGIN7"},
+        {"ends in mid-login, under TLS", server_.address(), Trouble::EndHalf, "on", "LOGIN7"},
         {"can't encrypt, and plain text is never fallen back to", server_.address(), Trouble::None, "on"},
         {"no such driver's address", "host:x"}};
     for (const auto& test : cases) {
         SCOPED_TRACE(test.name);
         ::setenv("ZELVO_ODBC_ENCRYPT", test.encrypt, 1);
+        server_.tls = test.trouble == Trouble::EndHalf;
         if (test.trouble != Trouble::None) server_.misbehave(test.at, test.trouble);
         session::Session session;
         testing::TestDesktop desktop;

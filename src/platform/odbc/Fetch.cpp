@@ -128,9 +128,8 @@ struct Column {
 /// the first long text on they are taken one by one, and then a block is a row.
 class Fetching {
 public:
-    explicit Fetching(const StatementHandle& statement) : statement_(statement) {
-        SQLSMALLINT count = 0;
-        statement_.require(SQLNumResultCols(statement_.get(), &count));
+    explicit Fetching(const Answer& answer) : answer_(answer), statement_(answer.statement()) {
+        const SQLSMALLINT count = answer.columnCount();
         for (SQLSMALLINT column = 1; column <= count; ++column) columns_.push_back(describe(column));
         const auto isLong = [](const Column& column) { return column.kind == Kind::LongText; };
         bound_ = static_cast<std::size_t>(std::find_if(columns_.begin(), columns_.end(), isLong) -
@@ -145,8 +144,10 @@ public:
 
     void run(Filler& filler) {
         bind();
-        for (SQLRETURN result = SQLFetch(statement_.get()); result != SQL_NO_DATA;
-             result = SQLFetch(statement_.get())) {
+        for (;;) {
+            answer_.sign();
+            const SQLRETURN result = SQLFetch(statement_.get());
+            if (result == SQL_NO_DATA) return;
             statement_.require(result);
             for (std::size_t row = 0; row < fetched_; ++row) addRow(filler, row);
         }
@@ -247,6 +248,7 @@ private:
         whole.clear();
         for (;;) {
             SQLLEN told = 0;
+            answer_.sign();
             const SQLRETURN result = SQLGetData(statement_.get(), number, SQL_C_WCHAR, piece.data(),
                                                 static_cast<SQLLEN>(pieceUnits * sizeof(SQLWCHAR)), &told);
             if (result == SQL_NO_DATA) break;
@@ -265,6 +267,7 @@ private:
 
     static SQLUSMALLINT numberOf(std::size_t column) { return static_cast<SQLUSMALLINT>(column + 1); }
 
+    const Answer& answer_;
     const StatementHandle& statement_;
     std::vector<Column> columns_;
     std::size_t bound_ = 0;
@@ -276,8 +279,8 @@ private:
 
 }  // namespace
 
-std::unique_ptr<Filler> fetch(const StatementHandle& statement, data::RecordSet& set) {
-    Fetching fetching(statement);
+std::unique_ptr<Filler> fetch(const Answer& answer, data::RecordSet& set) {
+    Fetching fetching(answer);
     auto filler = std::make_unique<Filler>(set, fetching.names());
     fetching.run(*filler);
     return filler;

@@ -8,10 +8,11 @@
 namespace zelvo::odbc {
 namespace {
 
-/// Class 08 is the line itself; HYT is a time-out.
+/// Class 08 is the line itself; HYT is a time-out, HY008 a statement that was given up.
 ServerFault::Kind kindOf(std::string_view state) {
     if (state.starts_with("08")) return ServerFault::Kind::Broken;
-    return state.starts_with("HYT") ? ServerFault::Kind::Late : ServerFault::Kind::Refusal;
+    return state.starts_with("HYT") || state == "HY008" ? ServerFault::Kind::Late
+                                                        : ServerFault::Kind::Refusal;
 }
 
 }  // namespace

@@ -1,47 +1,68 @@
 #pragma once
 
+#include <chrono>
+#include <cstdint>
 #include <functional>
-#include <optional>
+#include <memory>
 #include <string>
 
+#include "platform/odbc/Answer.h"
+#include "platform/odbc/Caller.h"
 #include "platform/odbc/Handle.h"
 
 namespace zelvo::odbc {
+
+/// Told how long a trip lasts so far, from half a second on, about every 20 ms; false gives the trip up. It
+/// may draw, and must not ask the database.
+using Waiting = std::function<bool(std::chrono::milliseconds soFar)>;
 
 /// How long a driver may take: for the login, and for the answer to one statement.
 struct Limits {
     int loginSeconds = 15;
     int querySeconds = 30;
+    std::uint16_t port = 0;  ///< of the server, 0 where nobody knows it
+    Waiting waiting = {};
 };
 
 /// The line to one server: shared by a connection and the row writers of its result sets. It is open from its
 /// making until it is closed or breaks, and never again. Every call throws Fault, at once when it is not
-/// open.
+/// open. A driver that outlives its time by a second is cut off, whatever it waits for, and the line is
+/// broken.
 class Line {
 public:
     /// Logs in. Throws ServerFault.
-    Line(const std::string& connectionString, const Limits& limits);
+    Line(const std::string& connectionString, Limits limits);
     ~Line();
     Line(const Line&) = delete;
     Line& operator=(const Line&) = delete;
 
-    bool isOpen() const { return connection_.has_value(); }
+    bool isOpen() const { return ends_ != nullptr; }
     void close() noexcept;
+    /// From here on this is told of a trip that lasts.
+    void setWaiting(Waiting waiting) { limits_.waiting = std::move(waiting); }
+    /// The driver's name and version, as it says them.
+    std::string driver() const { return driver_; }
 
-    /// One round trip: sends the statement as it stands and drops what it returns. Gives the rows that it
-    /// changed, -1 when the server does not say.
+    /// One round trip: sends the text as it stands. `read` gets what comes back, on a thread of the line's:
+    /// it owns what it touches, for a driver that hangs may still be reading when this has thrown.
+    void talk(const std::string& text, std::function<void(Answer& answer)> read);
+    /// The same for a statement whose result nobody wants. Gives the rows that it changed, -1 when the server
+    /// does not say.
     SQLLEN run(const std::string& statement);
-    /// Sends the statement; `read` gets its first result set.
-    void query(const std::string& statement, const std::function<void(const StatementHandle&)>& read);
+    /// The same for a statement with rows; `read` gets its first result set.
+    void query(const std::string& statement, std::function<void(Answer& answer)> read);
 
 private:
-    StatementHandle send(const std::string& statement) const;
-    void onLine(const std::function<void()>& work);
+    struct Ends;
+    class Watchdog;
 
-    EnvironmentHandle environment_;
-    std::optional<ConnectionHandle> connection_;
-    bool loggedIn_ = false;
-    SQLULEN querySeconds_;
+    void call(int seconds, std::function<void()> work);
+    void leave() noexcept;
+
+    Limits limits_;
+    Caller caller_;
+    std::shared_ptr<Ends> ends_;
+    std::string driver_;
 };
 
 }  // namespace zelvo::odbc

@@ -58,7 +58,9 @@ private:
 }  // namespace
 
 OdbcConnection::OdbcConnection(const std::string& connectionString, const Limits& limits, Dialect dialect)
-    : line_(std::make_shared<Line>(connectionString, limits)), dialect_(dialect) {}
+    : line_(std::make_shared<Line>(connectionString, limits)), dialect_(dialect) {
+    line_->setWaiting([this](std::chrono::milliseconds soFar) { return !waiting || waiting(soFar); });
+}
 
 OdbcConnection::~OdbcConnection() = default;
 
@@ -77,10 +79,10 @@ void OdbcConnection::runStatement(const std::string& statement) {
 
 void OdbcConnection::openSet(data::RecordSet& set, const std::string& statement, data::Cursor cursor,
                              const data::UpdateTarget& target) {
-    std::unique_ptr<data::RecordSet::Filler> rows;
-    line().query(dialect_(statement), [&](const StatementHandle& result) { rows = fetch(result, set); });
+    const auto rows = std::make_shared<std::unique_ptr<data::RecordSet::Filler>>();
+    line().query(dialect_(statement), [rows, &set](const Answer& answer) { *rows = fetch(answer, set); });
     // Not before all has come: what goes wrong behind the rows must not leave half of them.
-    rows->finish(cursor, target, std::make_unique<KeyedWriter>(line_, dialect_));
+    (*rows)->finish(cursor, target, std::make_unique<KeyedWriter>(line_, dialect_));
 }
 
 // In a table whose keys are no identities the server would tell the last one of some other table; and where a

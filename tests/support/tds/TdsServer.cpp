@@ -14,12 +14,14 @@
 #include "basics/Text.h"
 #include "platform/sqlite/Dialect.h"
 #include "platform/sqlite/Functions.h"
+#include "support/tds/TdsPipe.h"
 #include "support/tds/TdsWire.h"
 
 namespace zelvo::testing {
 namespace {
 
-constexpr char batchPacket = 1, answerPacket = 4, attentionPacket = 6, loginPacket = 16, preloginPacket = 18;
+constexpr char batchPacket = 1, oldLoginPacket = 2, answerPacket = 4, attentionPacket = 6, loginPacket = 16,
+               preloginPacket = 18;
 
 /// A batch as SQLite reads it: sums of texts, N'', and what a backslash before a line end does in a text.
 std::string toSqlite(std::string_view batch) {
@@ -53,7 +55,7 @@ std::string toSqlite(std::string_view batch) {
 /// One client at the desk.
 class TdsTalk {
 public:
-    TdsTalk(TdsServer& server, int socket) : server_(server), socket_(socket) {
+    TdsTalk(TdsServer& server, int socket) : server_(server), pipe_(socket) {
         if (sqlite3_open(server.path_.c_str(), &database_) != SQLITE_OK)
             throw std::runtime_error("no database");
         sqlite3_busy_timeout(database_, 5000);
@@ -66,12 +68,16 @@ public:
         std::string body;
         while (receive(kind, body)) {
             if (muted_) continue;
+            if (kind == oldLoginPacket) return noteOldLogin();
             if (kind == preloginPacket || kind == loginPacket) {
                 if (troubled(kind == preloginPacket ? "" : "LOGIN7")) return;
                 if (muted_) continue;
             }
             if (kind == preloginPacket) {
-                send(std::string("\0\0\x0B\0\6\1\0\x11\0\1\xFF\x10\0\0\0\0\0\2", 18));
+                const bool tls = server_.tls;
+                send(std::string("\0\0\x0B\0\6\1\0\x11\0\1\xFF\x10\0\0\0\0\0", 17) +
+                     static_cast<char>(tls ? 1 : 2));
+                if (tls && !pipe_.agreeOnTls()) return;
             } else if (kind == loginPacket) {
                 login(body);
                 send(tds::loginAnswer("zelvo"));
@@ -87,16 +93,15 @@ public:
     }
 
 private:
-    bool receive(char& kind, std::string& body) const {
+    bool receive(char& kind, std::string& body) {
         body.clear();
         for (bool last = false; !last;) {
             char head[8];
-            if (::recv(socket_, head, sizeof head, MSG_WAITALL) != sizeof head) return false;
+            if (!pipe_.read(head, sizeof head)) return false;
             const std::size_t size =
                 static_cast<unsigned char>(head[2]) * 256U + static_cast<unsigned char>(head[3]) - 8;
             std::string piece(size, '\0');
-            if (size != 0 && ::recv(socket_, piece.data(), size, MSG_WAITALL) != static_cast<ssize_t>(size))
-                return false;
+            if (!pipe_.read(piece.data(), size)) return false;
             body += piece;
             kind = head[0];
             last = (head[1] & 1) != 0;
@@ -104,15 +109,7 @@ private:
         return true;
     }
 
-    void write(std::string_view bytes) const {
-        const std::size_t most = server_.smallPieces ? 7 : bytes.size();
-        for (std::size_t at = 0; at < bytes.size(); at += most) {
-            if (::send(socket_, bytes.data() + at, std::min(most, bytes.size() - at), MSG_NOSIGNAL) < 0)
-                return;
-        }
-    }
-
-    void send(std::string_view answer, bool half = false) const {
+    void send(std::string_view answer, bool half = false) {
         constexpr std::size_t most = 4096 - 8;
         const std::size_t end = half ? answer.size() / 2 : answer.size();
         for (std::size_t at = 0; at < end; at += most) {
@@ -127,8 +124,15 @@ private:
                                   0,
                                   1,
                                   0};
-            write(std::string(head, 8).append(piece.substr(0, end - at)));
+            const std::string packet = std::string(head, 8).append(piece.substr(0, end - at));
+            pipe_.write(packet, server_.smallPieces ? 7 : packet.size());
         }
+    }
+
+    /// Of a time without encryption; it is not answered.
+    void noteOldLogin() {
+        const std::lock_guard lock(server_.mutex_);
+        server_.login_.user = "somebody, in the clear";
     }
 
     void login(const std::string& body) {
@@ -146,14 +150,19 @@ private:
         }
         const std::lock_guard lock(server_.mutex_);
         server_.login_ = {tds::fromUtf16(field(40)), tds::fromUtf16(password), tds::fromUtf16(field(68)),
-                          tds::fromUtf16(field(64))};
+                          tds::fromUtf16(field(64)), pipe_.encrypted()};
     }
 
     /// True when the line is to be cut.
     bool troubled(const std::string& text) {
+        using Trouble = TdsServer::Trouble;
         trouble_ = server_.troubleAt(text);
-        muted_ = trouble_ == TdsServer::Trouble::Mute;
-        return trouble_ == TdsServer::Trouble::CutBeforeRun;
+        if (trouble_ == Trouble::EndInOrder) pipe_.end(TdsPipe::End::InOrder);
+        if (trouble_ == Trouble::EndHalf) pipe_.end(TdsPipe::End::Half);
+        if (trouble_ == Trouble::Reset) pipe_.end(TdsPipe::End::Reset);
+        muted_ = trouble_ == Trouble::Mute || trouble_ == Trouble::EndHalf;
+        return trouble_ == Trouble::CutBeforeRun || trouble_ == Trouble::EndInOrder ||
+               trouble_ == Trouble::Reset;
     }
 
     /// False when the line is to be cut.
@@ -216,7 +225,7 @@ private:
     }
 
     TdsServer& server_;
-    int socket_;
+    TdsPipe pipe_;
     sqlite3* database_ = nullptr;
     bool muted_ = false;
     TdsServer::Trouble trouble_ = TdsServer::Trouble::None;
@@ -277,9 +286,9 @@ TdsServer::Trouble TdsServer::troubleAt(const std::string& text) {
     return meant ? std::exchange(trouble_, Trouble::None) : Trouble::None;
 }
 
-TdsServer::Login TdsServer::lastLogin() const {
+TdsServer::Login TdsServer::takeLogin() {
     const std::lock_guard lock(mutex_);
-    return login_;
+    return std::exchange(login_, {});
 }
 
 std::vector<std::string> TdsServer::takeBatches() {

@@ -11,9 +11,9 @@
 namespace zelvo::testing {
 
 /// No SQL Server: a desk that speaks as much of TDS 7.4 as FreeTDS needs, with a SQLite file behind it, and
-/// that can be told to misbehave. It shows what the client sends, that native types, errors and transactions
-/// come through the real driver, and what a broken line does. It proves nothing of SQL Server's grammar,
-/// types, locks, collations, code pages or encryption: it has none of its own.
+/// that can be told to misbehave, in the clear or under TLS. It shows what the client sends, that native
+/// types, errors and transactions come through the real driver, and what a broken line does. It proves
+/// nothing of SQL Server's grammar, types, locks, collations or code pages: it has none of its own.
 class TdsServer {
 public:
     /// What a connection does at a batch that holds a certain text, or at its login.
@@ -25,10 +25,14 @@ public:
         Deadlock,         ///< the statement fails and the server has ended the transaction
         CutBeforeRun,     ///< the line is cut, the statement never ran
         CutBeforeAnswer,  ///< the statement ran, the line is cut
-        CutInAnswer       ///< half of the answer, then the line is cut
+        CutInAnswer,      ///< half of the answer, then the line is cut
+        EndInOrder,       ///< the statement never runs, the line is ended as one ends it
+        EndHalf,          ///< the same, but what the client still says is taken
+        Reset             ///< the same, without a word
     };
     struct Login {
         std::string user, password, database, language;
+        bool encrypted = false;
     };
 
     explicit TdsServer(std::string databasePath);
@@ -39,12 +43,15 @@ public:
     std::string address() const;
     /// Once, at the next batch with `text` in it; "" is the first word of a login, "LOGIN7" its second.
     void misbehave(const std::string& text, Trouble trouble);
+    /// Agrees on TLS with whoever asks for it.
+    std::atomic<bool> tls = false;
     /// All answers go out a few bytes at a time.
     std::atomic<bool> smallPieces = false;
     /// Waited before each answer.
     std::atomic<int> milliseconds = 0;
 
-    Login lastLogin() const;
+    /// Nothing in it when nobody has logged in since the last call.
+    Login takeLogin();
     /// The batches since the last call, as they came.
     std::vector<std::string> takeBatches();
 

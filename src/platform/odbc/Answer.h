@@ -1,0 +1,31 @@
+#pragma once
+
+#include <functional>
+#include <utility>
+
+#include "platform/odbc/Handle.h"
+
+namespace zelvo::odbc {
+
+/// What a server says to one text: its results, one after the other, the first of which the object stands on.
+class Answer {
+public:
+    /// `sign` is called before each wait for the server: the driver is alive.
+    Answer(const StatementHandle& statement, std::function<void()> sign)
+        : statement_(statement), sign_(std::move(sign)) {}
+
+    const StatementHandle& statement() const { return statement_; }
+    void sign() const { sign_(); }
+    /// The columns of the result, 0 for a count of rows.
+    SQLSMALLINT columnCount() const;
+    /// The count of rows, -1 when there is none.
+    SQLLEN rowCount() const;
+    /// False behind the last result. What went wrong behind the first shows here, as a ServerFault.
+    bool next() const;
+
+private:
+    const StatementHandle& statement_;
+    std::function<void()> sign_;
+};
+
+}  // namespace zelvo::odbc
