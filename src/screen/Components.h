@@ -7,6 +7,7 @@
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 #include "basics/Fault.h"
 #include "screen/CodePage.h"
@@ -71,6 +72,11 @@ public:
     /// Makes the file, or empties it, and writes the whole text; the file is whole on the disk when this
     /// returns.
     virtual void writeTextFile(const std::string& path, std::string_view text) = 0;
+    /// The same for what changes with every key: whole or as it stood before, on the disk when the system
+    /// likes.
+    virtual void keepTextFile(const std::string& path, std::string_view text) = 0;
+    /// The names of the plain files in a folder, in no order; none for a folder that is not there.
+    virtual std::vector<std::string> fileNames(const std::string& folder) = 0;
     /// The whole text, "" for a file that is not there.
     virtual std::string readTextFile(const std::string& path) = 0;
     virtual void deleteFile(const std::string& path) = 0;

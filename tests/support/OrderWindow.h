@@ -67,6 +67,16 @@ class OrderWindow : public OrderPanes<ordering::SendGate> {
         void writeTextFile(const std::string& path, std::string_view text) override {
             owner_.logs[path] = text;
         }
+        void keepTextFile(const std::string& path, std::string_view text) override {
+            writeTextFile(path, text);
+        }
+        std::vector<std::string> fileNames(const std::string& folder) override {
+            std::vector<std::string> names;
+            for (const auto& [path, text] : owner_.logs) {
+                if (path.starts_with(folder + "/")) names.push_back(path.substr(folder.size() + 1));
+            }
+            return names;
+        }
         std::string readTextFile(const std::string& path) override {
             return owner_.logs.contains(path) ? owner_.logs[path] : std::string();
         }

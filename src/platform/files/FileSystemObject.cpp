@@ -26,6 +26,23 @@ void FileSystemObject::writeTextFile(const std::string& path, std::string_view t
     writeWholeFile(path, "\uFEFF" + basics::cleanUtf8(text));
 }
 
+void FileSystemObject::keepTextFile(const std::string& path, std::string_view text) {
+    writeWholeFile(path, "\uFEFF" + basics::cleanUtf8(text), OnDisk::Later);
+}
+
+std::vector<std::string> FileSystemObject::fileNames(const std::string& folder) {
+    std::vector<std::string> names;
+    std::error_code error;
+    for (std::filesystem::directory_iterator entry(folder, error), end; !error && entry != end;
+         entry.increment(error)) {
+        std::error_code none;
+        if (entry->is_regular_file(none)) names.push_back(entry->path().filename().string());
+    }
+    if (error && error != std::errc::no_such_file_or_directory)
+        throw basics::Fault(folder + " 폴더를 읽을 수 없습니다.");
+    return names;
+}
+
 std::string FileSystemObject::readTextFile(const std::string& path) {
     std::error_code error;
     const auto size = std::filesystem::file_size(path, error);

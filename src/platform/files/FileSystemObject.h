@@ -12,6 +12,8 @@ public:
     void createFolder(const std::string& path) override;
     /// The file is UTF-8 with a byte order mark. A fault leaves what stood there before.
     void writeTextFile(const std::string& path, std::string_view text) override;
+    void keepTextFile(const std::string& path, std::string_view text) override;
+    std::vector<std::string> fileNames(const std::string& folder) override;
     std::string readTextFile(const std::string& path) override;
     void deleteFile(const std::string& path) override;
 };

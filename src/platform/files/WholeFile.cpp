@@ -64,8 +64,8 @@ public:
             bytes.remove_prefix(static_cast<std::size_t>(count));
         }
     }
-    void place() {
-        if (fsync(descriptor_) != 0) throwUnwritten(target_, errno);
+    void place(OnDisk onDisk) {
+        if (onDisk == OnDisk::Now && fsync(descriptor_) != 0) throwUnwritten(target_, errno);
         const int closed = close(descriptor_);
         descriptor_ = -1;
         if (closed != 0 || rename(name_.c_str(), target_.c_str()) != 0) throwUnwritten(target_, errno);
@@ -104,11 +104,11 @@ void makeFolder(const std::filesystem::path& folder) {
     throw basics::Fault("폴더 " + folder.string() + "을(를) 만들지 못했습니다. " + reason(error));
 }
 
-void writeWholeFile(const std::filesystem::path& path, std::string_view bytes) {
+void writeWholeFile(const std::filesystem::path& path, std::string_view bytes, OnDisk onDisk) {
     PendingFile file(path);
     file.write(bytes);
-    file.place();
-    settleNames(path.parent_path());
+    file.place(onDisk);
+    if (onDisk == OnDisk::Now) settleNames(path.parent_path());
 }
 
 }  // namespace zelvo::files
