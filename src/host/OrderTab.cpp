@@ -17,7 +17,10 @@ OrderTab::OrderTab(screen::Window& form, screen::Place tab, session::Session& se
       sheet(form, frames, session, patient.txtPatientName, gate),
       draft{session, frames, herbs, dose, options, patient, sender, payment, sheet},
       cost(form, draft, gate),
-      send(form, draft, gate, cost, balance) {}
+      send(form, draft, gate, cost, balance),
+      keeping(form, tab, draft, gate) {
+    send.Send2Chart.add([this](const ordering::ChartRecord&) { keeping.sent(); });
+}
 
 void OrderTab::Form_Load() {
     gate.Set_CostConfirmed(false);

@@ -11,6 +11,7 @@
 #include "composition/PaymentChoice.h"
 #include "composition/SenderBlock.h"
 #include "ordering/CostConfirmation.h"
+#include "ordering/DraftKeeping.h"
 #include "ordering/OrderDraft.h"
 #include "ordering/OrderSend.h"
 #include "ordering/SendGate.h"
@@ -39,6 +40,7 @@ struct OrderTab {
     ordering::OrderDraft draft;
     ordering::CostConfirmation cost;
     ordering::OrderSend send;
+    ordering::DraftKeeping keeping;
 };
 
 }  // namespace zelvo::host

@@ -44,6 +44,7 @@ void SessionStart::startDoctor(const HostArguments& arguments) {
     session_.m_IsNurse = false;
     form_.management.search.c1tCBJmanage.setSelectable(2, false);
     showPharmacy();
+    form_.order.keeping.begin();
     form_.showModal();
 }
 

@@ -48,6 +48,7 @@ frmDoctorOCSmain::frmDoctorOCSmain(screen::Desktop& desktop, session::Session& s
     login.whenLoggedIn = [this] {
         management.detail.On_CBJRowChange(-1);
         balance.Clear_StockView();
+        order.keeping.begin();
     };
 }
 

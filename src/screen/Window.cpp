@@ -195,17 +195,22 @@ void Window::userInput(std::function<void()> input) {
     runWaiting();
 }
 
+void Window::work(const std::function<void()>& input) {
+    const InputTurn turn(*this);
+    try {
+        input();
+    } catch (const std::exception& fault) {
+        if (!desktop_.tellsFault(*this, fault)) throw;
+    }
+}
+
 /// Works off the user's input in its order, as far as nothing stands in its way.
 void Window::runWaiting() {
     while (!waiting_.empty() && takesInput()) {
         const std::function<void()> input = std::move(waiting_.front());
         waiting_.pop_front();
-        const InputTurn turn(*this);
-        try {
-            input();
-        } catch (const std::exception& fault) {
-            if (!desktop_.tellsFault(*this, fault)) throw;
-        }
+        work(input);
+        if (actions_ == 0 && !closing()) onSettled();
     }
     finish();
 }

@@ -84,6 +84,9 @@ public:
     double width() const { return width_; }
     double height() const { return height_; }
 
+    /// An input of the user has been worked off, and nothing runs any more.
+    Event<> onSettled;
+
     /// What the user does goes through here: it runs as an action of the window. While another action runs,
     /// it waits until that one has ended (unless the running one takes input, as the wait for a notice's page
     /// does).
@@ -137,6 +140,7 @@ private:
     bool has(const Field& field) const;
     void touched(Field* field) { onTouched(field); }
     void open();
+    void work(const std::function<void()>& input);
     void runWaiting();
     void finish();
     void dispatch(const Key& key);

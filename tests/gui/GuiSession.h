@@ -86,6 +86,8 @@ private:
         bool folderExists(const std::string&) override { return true; }
         void createFolder(const std::string&) override {}
         void writeTextFile(const std::string&, std::string_view) override {}
+        void keepTextFile(const std::string&, std::string_view) override {}
+        std::vector<std::string> fileNames(const std::string&) override { return {}; }
         std::string readTextFile(const std::string&) override { return {}; }
         void deleteFile(const std::string&) override {}
     };

@@ -2,6 +2,7 @@
 # Runs one console script on a demo pharmacy of its own: run.sh BIN_DIR SCRIPT [stage|desk]; on the stage it works the real
 # windows, on a screen that nobody sees; on the desk it goes through the real driver of a SQL Server, to a desk that is none.
 # A line "# call: ..." in the script gives the words behind `zelvo`; "# exit: N" the exit code it comes to (0 without it).
+# At a line "# killed" the program is killed as it stands, once all before it is done; a new one goes on with the rest.
 set -euo pipefail
 bin=$1
 script=$2
@@ -32,6 +33,20 @@ if [ "$place" = desk ]; then
   until [ -s "$scratch/desk" ]; do sleep 0.05; done
   address=$(cat "$scratch/desk")
   export ZELVO_ODBC_ENCRYPT=off ZELVO_DEMO_PHARMACY="$db"
+fi
+killed=$(grep -n '^# killed' "$script" | cut -d: -f1 || true)
+if [ -n "$killed" ]; then
+  mkfifo "$scratch/keys"
+  "$bin/zelvo" "${words[@]}" --console --server "$address" <"$scratch/keys" >"$scratch/before" &
+  victim=$!
+  exec 8>"$scratch/keys"
+  { head -n "$killed" "$script"; echo "show c1tMain"; } >&8
+  until grep -q '^c1tMain' "$scratch/before"; do kill -0 "$victim"; sleep 0.05; done
+  kill -9 "$victim"
+  wait "$victim" 2>/dev/null || true
+  exec 8>&-
+  tail -n +"$((killed + 1))" "$script" >"$scratch/rest.zs"
+  script="$scratch/rest.zs"
 fi
 if [ "$place" = stage ]; then
   export QT_QPA_PLATFORM="offscreen:configfile=$(dirname "${BASH_SOURCE[0]}")/../../demo/stage/screen.json"

@@ -1,0 +1,307 @@
+#include "ordering/DraftKeeping.h"
+
+#include <algorithm>
+#include <exception>
+
+#include "basics/Dates.h"
+#include "basics/Numbers.h"
+#include "basics/Text.h"
+#include "screen/Window.h"
+
+namespace zelvo::ordering {
+
+namespace {
+
+namespace herb = composition::herb;
+namespace modHanYakGuk = composition::modHanYakGuk;
+
+// Two control characters, which no field takes.
+constexpr const char *cellEnd = "\x1f", *rowEnd = "\x1e";
+constexpr const char *herbs = "herbs", *packets = "txtChubsu";
+constexpr int selectedColumn = 0, keyColumn = 1;
+
+std::string packHerbs(const tables::XArrayDB& lines) {
+    std::vector<std::string> rows;
+    for (int row = 0; row <= lines.upperRow(); ++row) {
+        rows.push_back(basics::join({lines.text(row, herb::name), lines.text(row, herb::key),
+                                     lines.text(row, herb::grams), lines.text(row, herb::note)},
+                                    cellEnd));
+    }
+    return basics::join(rows, rowEnd);
+}
+
+std::vector<composition::HerbLine> unpackHerbs(const std::string& packed) {
+    std::vector<composition::HerbLine> lines;
+    if (packed.empty()) return lines;
+    for (const std::string& row : basics::split(packed, rowEnd)) {
+        std::vector<std::string> cells = basics::split(row, cellEnd);
+        cells.resize(4);
+        lines.push_back({cells[0], cells[1], cells[2], cells[3]});
+    }
+    return lines;
+}
+
+bool allComplete(const tables::XArrayDB& lines) {
+    for (int row = 0; row <= lines.upperRow(); ++row) {
+        if (lines.text(row, herb::state) != herb::complete) return false;
+    }
+    return true;
+}
+
+/// The keys of the selected rows, parted by commas.
+std::string selectedKeys(const tables::XArrayDB& options) {
+    std::vector<std::string> keys;
+    for (int row = 0; row <= options.upperRow(); ++row) {
+        if (options.isTrue(row, selectedColumn)) keys.push_back(options.text(row, keyColumn));
+    }
+    return basics::join(keys, ",");
+}
+
+std::vector<std::int32_t> keysOf(const std::string& text) {
+    std::vector<std::int32_t> keys;
+    for (const std::string& key : basics::split(text, ",")) {
+        if (basics::IsNumeric(key)) keys.push_back(basics::toInt32(key));
+    }
+    return keys;
+}
+
+void choose(screen::ComboList& list, const std::string& entry) {
+    for (int index = 0; index < list.entryCount(); ++index) {
+        if (list.entry(index) == entry) return list.select(index);
+    }
+}
+
+}  // namespace
+
+DraftKeeping::DraftKeeping(screen::Window& form, screen::Place orderTab, OrderDraft& draft,
+                           composition::OrderWatch& watch)
+    : c1eDraft(form, "c1eDraft", orderTab),
+      lblDraft(form, "lblDraft", c1eDraft.inside()),
+      cmdDraftTake(form, "cmdDraftTake", c1eDraft.inside(), "이어서 작성"),
+      cmdDraftDrop(form, "cmdDraftDrop", c1eDraft.inside(), "버리기"),
+      form_(form),
+      draft_(draft),
+      watch_(watch),
+      files_(form.desktop()) {
+    c1eDraft.setVisible(false);
+    // An offer is no stop on the way through the form.
+    cmdDraftTake.setTabStop(false);
+    cmdDraftDrop.setTabStop(false);
+    cmdDraftTake.setTipText("보관된 처방전을 오늘의 약재 가격으로 불러옵니다.");
+    cmdDraftDrop.setTipText("보관된 처방전을 지웁니다.");
+    cmdDraftTake.onPress.add([this] { take(); });
+    cmdDraftDrop.onPress.add([this] { drop(); });
+    form_.onSettled.add([this] { keep(); });
+    listComposition();
+    listDelivery();
+}
+
+// In the order in which they can be put back: what a change of the one empties in the other comes later.
+void DraftKeeping::listComposition() {
+    composition::OrderOptions& options = draft_.options;
+    addText(draft_.sheet.txtCBJmsg, true);
+    items_.push_back({"rtxEatGuide", true, [this] { return draft_.sheet.rtxEatGuide.rtf(); },
+                      [this](const std::string& rtf) { draft_.sheet.rtxEatGuide.setRtf(rtf); }});
+    addText(draft_.sheet.txtEatGuideHosName, true);
+    addText(draft_.sheet.txtEatGuideCall, true);
+    addOption("tdbJobList", options.m_xaJobList, &composition::OrderOptions::chooseJobList);
+    items_.push_back({herbs, true, [this] { return packHerbs(draft_.lines()); },
+                      [this](const std::string& packed) { draft_.herbs.loadLines(unpackHerbs(packed)); }});
+    addText(draft_.dose.txtDayTuyak, true);
+    addText(draft_.dose.txtTuyakilsu, true);
+    addText(draft_.dose.txtPouchTotal, true);
+    addText(draft_.dose.txtPouchAmount, true);
+    addOption("tdbTJML", options.m_xaTJML, &composition::OrderOptions::chooseTJML);
+    items_.push_back({"tdbTJAL", true, [&options] { return selectedKeys(options.m_xaTJAL); },
+                      [&options](const std::string& keys) { options.chooseTJAL(keysOf(keys)); }});
+    items_.push_back({packets, true, [this] { return draft_.dose.txtChubsu.text(); },
+                      [this](const std::string& text) {
+                          // A herb that is no longer sold has to be replaced first.
+                          if (allComplete(draft_.lines())) draft_.dose.txtChubsu.setText(text);
+                      }});
+}
+
+void DraftKeeping::listDelivery() {
+    composition::PatientDelivery& patient = draft_.patient;
+    items_.push_back({"lblPatientPK", false, [&patient] { return patient.lblPatientPK.caption(); },
+                      [&patient](const std::string& key) { patient.lblPatientPK.setCaption(key); }});
+    for (screen::TextField* field :
+         {&patient.txtPatientName, &patient.txtPatientJumin, &patient.txtPatientAge, &patient.txtPatientCell,
+          &patient.txtPatientTel, &patient.txtPatientEmail, &patient.txtBesongZip, &patient.txtBesongJuso,
+          &patient.txtBesongMsg, &draft_.sender.txtHospitalName, &draft_.sender.txtDoctor,
+          &draft_.sender.txtDoctorCell, &draft_.sender.txtHospitalTel, &draft_.sender.txtBalsongZip,
+          &draft_.sender.txtBalsongJuso}) {
+        addText(*field, false);
+    }
+    for (screen::OptionButton* sex : {&patient.ssoSex0, &patient.ssoSex1}) {
+        items_.push_back({sex->name(), false, [sex] { return std::string(sex->value() ? "1" : ""); },
+                          [sex](const std::string& set) { sex->setValue(!set.empty()); }});
+    }
+    for (screen::ComboList* list : {&patient.cboBesongMethod, &draft_.payment.cboPaymentMethod}) {
+        items_.push_back({list->name(), false, [list] { return list->text(); },
+                          [list](const std::string& entry) { choose(*list, entry); }});
+    }
+    items_.push_back(
+        {"dtpBesongDate", false,
+         [&patient] { return patient.chkBesongDate.value() ? patient.dtpBesongDate.text() : ""; },
+         [&patient](const std::string& day) {
+             const auto date = basics::parseDate(day);
+             patient.chkBesongDate.setValue(date.has_value());
+             if (date) patient.dtpBesongDate.setValue(*date);
+         }});
+}
+
+void DraftKeeping::addText(screen::TextField& field, bool composed) {
+    items_.push_back({field.name(), composed, [&field] { return field.text(); },
+                      [&field](const std::string& text) { field.setText(text); }});
+}
+
+void DraftKeeping::addOption(const std::string& name, const tables::XArrayDB& options,
+                             void (composition::OrderOptions::*chosen)(std::int32_t)) {
+    items_.push_back({name, true, [&options] { return selectedKeys(options); },
+                      [this, chosen](const std::string& key) {
+                          if (basics::IsNumeric(key)) (draft_.options.*chosen)(basics::toInt32(key));
+                      }});
+}
+
+void DraftKeeping::begin() {
+    Texts now = read();
+    if (keeping_ && composes(now)) {
+        for (const Item& item : items_) {
+            if (item.composed) now[item.name] = given_[item.name];
+        }
+        if (!own_.empty()) files_.remove(std::exchange(own_, {}));
+    }
+    keeping_ = draft_.session.m_DTRPK != 0 && draft_.session.g_conYakGuk != nullptr;
+    if (!keeping_) return;
+    mine_ = {.DTR_PK = draft_.session.m_DTRPK,
+             .Patient_PK = basics::toInt32(draft_.patient.lblPatientPK.caption()),
+             .patientName = draft_.patient.txtPatientName.text(),
+             .server = draft_.session.connection().server,
+             .keptAt = {},
+             .texts = {}};
+    given_ = settled_ = std::move(now);
+    own_.clear();
+    offer();
+}
+
+/// Whether the composition needs keeping.
+bool DraftKeeping::composes(const Texts& now) const {
+    return std::any_of(items_.begin(), items_.end(), [&](const Item& item) {
+        return item.composed && now.at(item.name) != settled_.at(item.name);
+    });
+}
+
+void DraftKeeping::sent() {
+    if (!keeping_) return;
+    settled_ = read();
+    keep();
+}
+
+DraftKeeping::Texts DraftKeeping::read() const {
+    Texts texts;
+    for (const Item& item : items_) texts[item.name] = item.read();
+    return texts;
+}
+
+/// The composition whole, and what else differs from the chart's values.
+DraftKeeping::Texts DraftKeeping::toKeep(const Texts& now) const {
+    Texts kept;
+    for (const Item& item : items_) {
+        const std::string& text = now.at(item.name);
+        if (item.composed || text != given_.at(item.name)) kept[item.name] = text;
+    }
+    return kept;
+}
+
+void DraftKeeping::keep() {
+    // After a login that failed the order is nobody's.
+    if (!keeping_ || form_.closing() || draft_.session.m_DTRPK != mine_.DTR_PK) return;
+    try {
+        keepOrDrop(read());
+    } catch (const std::exception&) {
+        tellUnkept();
+    }
+}
+
+/// What was kept last is known by its texts: an input that changed nothing of the order writes nothing.
+void DraftKeeping::keepOrDrop(const Texts& now) {
+    Texts kept = now == settled_ ? Texts() : toKeep(now);
+    if (kept == mine_.texts) return;
+    mine_.texts = std::move(kept);
+    if (mine_.texts.empty()) {
+        if (!own_.empty()) files_.remove(std::exchange(own_, {}));
+        return;
+    }
+    if (own_.empty()) own_ = files_.newName(mine_);
+    mine_.keptAt = basics::dateTimeText(basics::now());
+    files_.write(own_, mine_);
+}
+
+/// The order itself is in order; that it is not kept is told once, in a line.
+void DraftKeeping::tellUnkept() {
+    if (std::exchange(failed_, true) || !shown_.empty()) return;
+    lblDraft.setCaption("작성 중인 처방전을 이 컴퓨터에 보관하지 못하고 있습니다.");
+    cmdDraftTake.setVisible(false);
+    cmdDraftDrop.setVisible(false);
+    c1eDraft.setVisible(true);
+}
+
+/// The newest draft that is not this session's own, if there is one.
+void DraftKeeping::offer() {
+    shown_.clear();
+    std::vector<DraftFiles::Found> found;
+    try {
+        found = files_.of(mine_);
+    } catch (const std::exception&) {
+        // Nothing to offer.
+    }
+    std::erase_if(found, [this](const DraftFiles::Found& one) { return one.name == own_; });
+    c1eDraft.setVisible(!found.empty());
+    cmdDraftTake.setVisible(!found.empty());
+    cmdDraftDrop.setVisible(!found.empty());
+    if (found.empty()) return;
+    const KeptDraft& newest = found.front().draft;
+    shown_ = found.front().name;
+    const auto lines = newest.texts.find(herbs);
+    const std::size_t count = lines == newest.texts.end() ? 0 : unpackHerbs(lines->second).size();
+    lblDraft.setCaption("이 환자의 작성 중이던 처방전이 있습니다. (" +
+                        ageText(newest.keptAt, basics::dateTimeText(basics::now())) + ", 약재 " +
+                        basics::decimalText(static_cast<std::int64_t>(count)) + "가지)");
+}
+
+/// What stands on the screen now stays kept as a draft of its own, and is offered next.
+void DraftKeeping::take() {
+    std::vector<DraftFiles::Found> found = files_.of(mine_);
+    const auto taken = std::find_if(found.begin(), found.end(),
+                                    [this](const DraftFiles::Found& one) { return one.name == shown_; });
+    if (taken == found.end()) return offer();
+    const screen::BusyPointer busy(form_.desktop());
+    draft_.dose.txtChubsu.setText("");  // priced anew by what comes in
+    watch_.priceOutdated();
+    restore(taken->draft.texts);
+    own_ = taken->name;
+    mine_.texts = toKeep(read());
+    offer();
+    draft_.herbs.tdbDGL.setFocus();
+}
+
+void DraftKeeping::drop() {
+    try {
+        files_.remove(shown_);
+    } catch (const std::exception& fault) {
+        form_.desktop().alarm(fault.what(), cmdDraftDrop.caption());
+        return;
+    }
+    offer();
+}
+
+void DraftKeeping::restore(const Texts& texts) {
+    for (const Item& item : items_) {
+        const auto kept = texts.find(item.name);
+        const std::string& text = kept != texts.end() ? kept->second : given_.at(item.name);
+        if (text != item.read()) item.put(text);
+    }
+}
+
+}  // namespace zelvo::ordering

@@ -1,0 +1,75 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <map>
+#include <string>
+#include <vector>
+
+#include "composition/OrderWatch.h"
+#include "ordering/DraftFiles.h"
+#include "ordering/KeptDraft.h"
+#include "ordering/OrderDraft.h"
+#include "screen/Fields.h"
+
+namespace zelvo::ordering {
+
+/// Keeps the order in the making on this machine as it grows, so that a program that ends in the middle of it
+/// loses nothing, and offers it when the same doctor is called for the same patient again: a line with two
+/// buttons. Nothing is put into the order unasked.
+class DraftKeeping {
+public:
+    DraftKeeping(screen::Window& form, screen::Place orderTab, OrderDraft& draft,
+                 composition::OrderWatch& watch);
+
+    screen::Panel c1eDraft;
+    screen::Label lblDraft;
+    screen::Button cmdDraftTake, cmdDraftDrop;
+
+    /// The chart's values stand in the fields: what comes in from here on is the doctor's work and is kept.
+    /// Offers what was kept for this doctor and patient. Without a doctor nothing is kept. An order that
+    /// stood there already when another doctor logged in goes on as theirs.
+    void begin();
+    /// The order on the screen has been sent: it is kept no more, until it changes again.
+    void sent();
+
+private:
+    using Texts = std::map<std::string, std::string>;
+    /// A part of the order by its name; those of the composition are kept whole, all others where they
+    /// differ from what the chart gave.
+    struct Item {
+        std::string name;
+        bool composed;
+        std::function<std::string()> read;
+        std::function<void(const std::string&)> put;
+    };
+
+    void listComposition();
+    void listDelivery();
+    void addText(screen::TextField& field, bool composed);
+    void addOption(const std::string& name, const tables::XArrayDB& options,
+                   void (composition::OrderOptions::*choose)(std::int32_t));
+
+    Texts read() const;
+    Texts toKeep(const Texts& now) const;
+    bool composes(const Texts& now) const;
+    void keep();
+    void keepOrDrop(const Texts& now);
+    void tellUnkept();
+    void offer();
+    void take();
+    void drop();
+    void restore(const Texts& texts);
+
+    screen::Window& form_;
+    OrderDraft& draft_;
+    composition::OrderWatch& watch_;
+    DraftFiles files_;
+    std::vector<Item> items_;
+    bool keeping_ = false, failed_ = false;
+    KeptDraft mine_;           ///< whose drafts this session keeps; its texts are unused
+    Texts given_, settled_;    ///< as the chart gave it; as it needs no keeping
+    std::string own_, shown_;  ///< names of this session's draft, "" before its first, and of the offered one
+};
+
+}  // namespace zelvo::ordering
