@@ -60,14 +60,17 @@ public:
 class DOCTORZELVO_API clsZELVOInterface {
 public:
     /// The window stands on the screen. The host's own QApplication is used where it has one; where it has no
-    /// toolkit running, one is started at the first call and kept for further calls, all of them on that
-    /// thread.
+    /// toolkit running, one is started at the first call and kept for further calls. Whatever thread that
+    /// was, all calls of the process's life come on it, those after a shutdown too. The host's locale stays
+    /// as it is.
     clsZELVOInterface();
     ~clsZELVOInterface();
     clsZELVOInterface(const clsZELVOInterface&) = delete;
     clsZELVOInterface& operator=(const clsZELVOInterface&) = delete;
 
-    /// An order has been stored. Called inside the running call, on the caller's thread.
+    /// An order has been stored. Called inside the running call, on the caller's thread. It returns, or
+    /// throws a std::exception, which is told to the doctor; a longjmp out of it leaves the component
+    /// unusable.
     std::function<void(const ChartRecord&)> Send2Chart;
 
     /// Make the host's own dialogs, a fresh one for each use; an empty one leaves the component's. They count
@@ -103,8 +106,10 @@ private:
     std::unique_ptr<Parts> parts_;
 };
 
-/// Ends the toolkit that the first call has started, on that call's thread; further calls start it anew.
-/// False where it can't be ended now: a window stands open, or another thread started it.
+/// Ends the toolkit that the first call has started, on that call's thread; further calls there start it
+/// anew. False where it can't be ended now: a window stands open, or another thread started it. No thread and
+/// no descriptor of ours stays. What the libraries beneath keep once for the process does: one descriptor of
+/// the main loop, and on a real display the thread and the line of the desktop's message bus.
 DOCTORZELVO_API bool shutdown();
 
 /// The component in a terminal: `chart` makes its call, the window's commands come from the script of this

@@ -30,7 +30,8 @@ typedef struct doctorzelvo_chart_record {
 } doctorzelvo_chart_record;
 
 /* An order has been stored: called inside the running call, on its thread, with the pointer that the call was
-   given. It must not throw. */
+   given. It must return: an exception or a longjmp out of it is forbidden, for it would leave the window open
+   under the host's feet and every further call turned away. */
 typedef void (*doctorzelvo_send2chart)(const doctorzelvo_chart_record* record, void* chart);
 
 /* What the chart hands over for one patient. */
@@ -42,9 +43,10 @@ typedef struct doctorzelvo_patient {
     const char *HospitalName, *DoctorName, *HospitalTel, *DoctorCell, *HospitalZipCode, *HospitalJuso;
 } doctorzelvo_patient;
 
-/* Opens the window for a doctor and returns when it has closed. 0 when the window could be opened or the user
-   has been told why not; otherwise why not stands in `error`, cut to its size. `conSQL` is the chart's own
-   connection. */
+/* Opens the window for a doctor and returns when it has closed. All calls of the process's life come on the
+   thread of the first one, whichever that is, or, where the host has a QApplication, on that one's. 0 when
+   the window could be opened or the user has been told why not; otherwise why not stands in `error`, cut to
+   its size. `conSQL` is the chart's own connection. */
 DOCTORZELVO_C_API int doctorzelvo_interface(void* conSQL, const char* YakGukIP, const char* DoctorIDPWD,
                                             const doctorzelvo_patient* patient,
                                             doctorzelvo_send2chart send2chart, void* chart, char* error,
@@ -53,7 +55,9 @@ DOCTORZELVO_C_API int doctorzelvo_interface(void* conSQL, const char* YakGukIP, 
 DOCTORZELVO_C_API int doctorzelvo_interface_nurse(void* conSQL, const char* YakGukIP, const char* DoctorIDPWD,
                                                   doctorzelvo_send2chart send2chart, void* chart, char* error,
                                                   size_t error_size);
-/* Ends the toolkit that the first call has started, on that call's thread. 0 where it can't be ended now. */
+/* Ends the toolkit that the first call has started, on that call's thread. 0 where it can't be ended now. No
+   thread and no descriptor of ours stays; what the libraries beneath keep once for the process does: one
+   descriptor of the main loop, and on a real display the thread and the line of the desktop's message bus. */
 DOCTORZELVO_C_API int doctorzelvo_shutdown(void);
 
 #ifdef __cplusplus

@@ -90,6 +90,7 @@ TEST(HttpClient, AddressesThatAreNotAsked) {
         {"http://127.0.0.1/\r\nHost: x", characters},
         {"http://127.0.0.1:99999/", "웹페이지 주소가 올바르지 않습니다."},
         {"http://127.0.0.1:1", "웹페이지 서버(127.0.0.1)에 연결하지 못했습니다."},
+        {"http://한약국.localhost:1", "웹페이지 서버(한약국.localhost)에 연결하지 못했습니다."},
     };
     for (const auto& [address, sentence] : cases) EXPECT_EQ(ask(address), "Fault: " + sentence) << address;
 }

@@ -3,6 +3,7 @@
 #include <curl/curl.h>
 
 #include <algorithm>
+#include <clocale>
 #include <csignal>
 #include <cstdlib>
 #include <memory>
@@ -47,6 +48,24 @@ public:
 private:
     sigset_t before_{};
     bool wasPending_ = false;
+};
+
+/// While it lives, this thread reads the name of a server as UTF-8, in whatever locale the host's process is.
+class Utf8Names {
+public:
+    Utf8Names() {
+        if (own_) before_ = uselocale(own_);
+    }
+    ~Utf8Names() {
+        if (!own_) return;
+        uselocale(before_);
+        freelocale(own_);
+    }
+    Utf8Names(const Utf8Names&) = delete;
+    Utf8Names& operator=(const Utf8Names&) = delete;
+
+private:
+    locale_t own_ = newlocale(LC_CTYPE_MASK, "C.UTF-8", nullptr), before_ = nullptr;
 };
 
 /// Hosts that no proxy is asked for: those of the environment and this machine itself.
@@ -274,6 +293,7 @@ void Exchange::throwFailure(CURLcode code, const WebAddress& address) const {
 std::string HttpClient::post(std::string_view address, const FormFields& fields) const {
     const WebAddress page(address);
     const PipeSignalHeld held;
+    const Utf8Names names;
     const std::string body = formBody(fields);
     const Download answer = Exchange(limits_, &body, {}).run(page);
     return decodePage(answer.bytes, answer.contentType);
@@ -287,6 +307,7 @@ std::string HttpClient::get(std::string_view address) const {
 Download HttpClient::download(std::string_view address, const std::stop_token& stop) const {
     const WebAddress page(address);
     const PipeSignalHeld held;
+    const Utf8Names names;
     return Exchange(limits_, nullptr, stop).run(page);
 }
 

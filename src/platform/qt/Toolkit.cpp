@@ -8,6 +8,7 @@
 #include <array>
 #include <clocale>
 #include <memory>
+#include <string>
 
 #include "platform/qt/Display.h"
 #include "platform/qt/Owned.h"
@@ -24,23 +25,26 @@ std::unique_ptr<QApplication>& ownApplication() {
     return application;
 }
 
-/// The toolkit takes over the user's locale. The host's numbers, dates and order of texts stay as they were.
+/// The toolkit takes over the user's locale. The host's stays as it was: its numbers, its dates, its texts.
 class HostLocale {
 public:
-    HostLocale() {
-        for (std::size_t i = 0; i < categories.size(); ++i)
-            before_[i] = std::setlocale(categories[i], nullptr);
-    }
-    ~HostLocale() {
-        for (std::size_t i = 0; i < categories.size(); ++i) std::setlocale(categories[i], before_[i].c_str());
-    }
+    HostLocale() = default;
+    ~HostLocale() { std::setlocale(LC_ALL, before_.c_str()); }
     HostLocale(const HostLocale&) = delete;
     HostLocale& operator=(const HostLocale&) = delete;
 
 private:
-    static constexpr std::array categories{LC_NUMERIC, LC_TIME, LC_MONETARY, LC_COLLATE};
-    std::array<std::string, categories.size()> before_;
+    std::string before_ = std::setlocale(LC_ALL, nullptr);
 };
+
+/// An object of the thread that the first application of ours was made on, nullptr before that. The toolkit
+/// takes that thread for the process's own for good. Where it ends before the process does, its record is
+/// given back once too often, and the parts of the toolkit that last as long as the process would speak to
+/// what is gone: an object that stays holds the record.
+const QObject*& threadHolder() {
+    static const QObject* holder = nullptr;
+    return holder;
+}
 
 /// The toolkit's own words, in the menus of fields and the dialogs of printer and file, where its Korean is
 /// installed.
@@ -59,6 +63,7 @@ std::unique_ptr<QApplication> makeApplication(const std::string& platform) {
     arguments = {name, option, value.data(), nullptr};
     count = platform.empty() ? 1 : 3;
     const HostLocale host;
+    if (!threadHolder()) threadHolder() = &owned<QObject>();
     auto application = std::make_unique<QApplication>(count, arguments.data());
     // Our windows come and go in the host's process, which ends when the host says so.
     QApplication::setQuitOnLastWindowClosed(false);
@@ -77,6 +82,8 @@ std::string Toolkit::enter() {
         }
         if (running->thread() != QThread::currentThread())
             return "ZELVO's window can be opened on the thread of the program's windows only.";
+    } else if (threadHolder() && threadHolder()->thread() != QThread::currentThread()) {
+        return "ZELVO's window can be opened on the thread of the first call only.";
     } else {
         const Display display = findDisplay();
         if (!display.missing.empty()) return display.missing;
