@@ -344,6 +344,14 @@ TEST(Typing, ClipboardUndoAndTheMouseComeBackToTheField) {
         hand.pressKey(Qt::Key_Z, Qt::ControlModifier, QStringLiteral("\x1a"));
         EXPECT_NE(field.text(), "abc");
         EXPECT_EQ(field.text(), qt::utf8(line.text()));
+        field.setText("secret");
+        field.masked = true;
+        field.select(0, 6);
+        GlassDesktop::settle();
+        hand.pressKey(Qt::Key_X, Qt::ControlModifier, QStringLiteral("\x18"));
+        EXPECT_EQ(field.text(), "secret");
+        EXPECT_EQ(QGuiApplication::clipboard()->text(), QStringLiteral("X"));
+        field.masked = false;
         field.setText("a😀b");
         GlassDesktop::settle();
         line.setCursorPosition(3);

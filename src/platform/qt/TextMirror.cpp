@@ -29,7 +29,7 @@ bool TextMirror::specialKey(const QKeyEvent& key) {
     }
     if (key.matches(QKeySequence::Cut)) {
         const QString cut = selectedText();
-        if (cut.isEmpty() || edit_.readOnly()) return true;
+        if (cut.isEmpty() || edit_.readOnly() || !readable()) return true;
         QGuiApplication::clipboard()->setText(cut);
         userDoes([this] { edit_.userInsert({}); });
         return true;
@@ -101,6 +101,10 @@ void LineMirror::tellSelection() {
 
 QString LineMirror::selectedText() const {
     return line_.selectedText();
+}
+
+bool LineMirror::readable() const {
+    return line_.echoMode() == QLineEdit::Normal;
 }
 
 void LineMirror::drawText() {

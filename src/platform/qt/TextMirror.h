@@ -26,6 +26,8 @@ protected:
     bool composing() const { return composing_; }
     virtual void drawText() = 0;
     virtual QString selectedText() const = 0;
+    /// Whether what stands in the field may go to the clipboard: what is typed unseen may not.
+    virtual bool readable() const { return true; }
 
 private:
     void draw() override;
@@ -43,6 +45,7 @@ public:
 private:
     void drawText() override;
     QString selectedText() const override;
+    bool readable() const override;
     void tellSelection();
     void replaceMiddle(const QString& shown, const QString& wanted);
 
