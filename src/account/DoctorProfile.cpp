@@ -63,7 +63,6 @@ DoctorProfile::DoctorProfile(screen::Window& form, screen::Place place, session:
         field->setReadOnly(true);
     }
     txtDTRpass.masked = true;
-    for (screen::TextField* field : {&txtDTRname, &txtDTRhosname, &txtDTRaddress}) field->setHangul(true);
     screen::usePressed(ssrDTRchang, [this] { saveChanges(); });
     screen::usePressed(ssrPWDchang, [this] { changePassword(); });
 }

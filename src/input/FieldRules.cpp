@@ -1,33 +1,14 @@
 #include "input/FieldRules.h"
 
-#include <vector>
-
+#include "basics/Fault.h"
 #include "basics/Text.h"
+#include "basics/Utf8.h"
 #include "input/modTelNumFormat.h"
 #include "screen/Fields.h"
 
 namespace zelvo::input {
 
-/// What the fields of one row of the table have in common.
-struct FieldRules::Rule {
-    Entering entering;
-    Typing typing;
-    /// Enter already moves on when the key goes down, before it is typed.
-    bool enterOnKeyDown;
-    /// The button that a search presses.
-    std::string_view button;
-    std::vector<std::string_view> fields;
-};
-
 namespace {
-
-/// Where Korean is written. The small windows mark their own.
-constexpr std::string_view hangulFields[] = {
-    "txtBalsongJuso",     "txtBesongJuso", "txtBesongMsg",   "txtCBJmBalJuso",  "txtCBJmBeJuso",
-    "txtCBJmBesongMsg",   "txtCBJmCBMsg",  "txtCBJmDTRName", "txtCBJmHosPital", "txtCBJmJobList",
-    "txtCBJmPatientName", "txtCBJmTJML",   "txtCBJmsg",      "txtCBJsearchDTR", "txtCBJsearchPatient",
-    "txtDTRaddress",      "txtDTRhosname", "txtDTRname",     "txtDoctor",       "txtHospitalName",
-    "txtPatientName"};
 
 bool isDigitOrBackspace(char32_t key) {
     return (key >= U'0' && key <= U'9') || key == U'\b';
@@ -42,54 +23,98 @@ void keepDecimal(const screen::TextField& field, char32_t& key) {
     if (key != U'.' || field.text().find('.') != std::string::npos) key = 0;
 }
 
-}  // namespace
-
-FieldRules::FieldRules(screen::Window& form) : form_(form) {
-    using enum Entering;
-    using enum Typing;
-    const std::vector<Rule> rules = {
-        {SelectAll,
-         Telephone,
-         false,
-         "",
-         {"txtPatientTel", "txtPatientCell", "txtHospitalTel", "txtDoctorCell", "txtDTRcell", "txtDTRhostel",
-          "txtEatGuideCall", "txtEatGuideCall2", "txtCBJmPaTel", "txtCBJmPaCell", "txtCBJmDTRTel",
-          "txtCBJmDTRCell"}},
-        {SelectAll, NoSpaces, false, "", {"txtBalsongZip", "txtCBJmBalZip", "txtCBJmBeZip", "txtDTRhoszip"}},
-        {SelectAll,
-         EnterMovesOn,
-         false,
-         "",
-         {"txtBesongZip",       "txtBalsongJuso",      "txtBesongJuso",      "txtPatientName",
-          "txtPatientJumin",    "txtPatientEmail",     "txtHospitalName",    "txtDoctor",
-          "txtEatGuideHosName", "txtEatGuideHosName2", "txtCBJmAge",         "txtCBJmBeJuso",
-          "txtCBJmBesongDate",  "txtCBJmChubsu",       "txtCBJmDayTuyak",    "txtCBJmDrugCost",
-          "txtCBJmDTRName",     "txtCBJmHosPital",     "txtCBJmJobList",     "txtCBJmJumin",
-          "txtCBJmPaEmail",     "txtCBJmPatientName",  "txtCBJmPouchAmount", "txtCBJmPouchTotal",
-          "txtCBJmTJML",        "txtCBJmTuyakilsu",    "txtDTRaddress",      "txtDTRbox",
-          "txtDTRdiscount",     "txtDTREmail",         "txtDTRhosname",      "txtDTRid",
-          "txtDTRlicense",      "txtDTRmileage",       "txtDTRname",         "txtDTRpass",
-          "txtDTRpouch",        "txtDTRregdate",       "txtDTRuseform",      "txTotalStock",
-          "txtTotalMileage",    "txtTotalUsedStock",   "txtUsableStock"}},
-        {CaretToEnd, EnterMovesOn, false, "", {"txtCBJmBalJuso", "txtCBJmBesongMsg", "txtCBJmCBMsg"}},
-        {CaretToEnd, Anything, false, "", {"txtBesongMsg", "txtCBJmsg"}},
-        {SelectAll, DigitsOnly, true, "", {"txtPatientAge", "txtTuyakilsu", "txtPouchAmount", "txtChubsu"}},
-        {SelectAll, Decimal, true, "", {"txtDayTuyak", "txtPouchTotal"}},
-        {SelectAll, Anything, true, "", {"txtDrugPrice"}},
-        {Nothing, SearchOnEnter, false, "sscCBJsearchDTR", {"txtCBJsearchDTR"}},
-        {SelectAll, SearchOnEnter, false, "sscCBJsearchPatient", {"txtCBJsearchPatient"}},
+/// Takes the blanks away. What is selected stays so, as much of it as is left: a key is about to replace it.
+void dropBlanks(screen::TextField& field) {
+    const std::string text = field.text();
+    const auto left = [&](std::size_t characters) {
+        return basics::characterCount(
+            basics::removeBlanks(text.substr(0, basics::byteOffset(text, characters))));
     };
-    for (const Rule& rule : rules) {
-        for (const std::string_view name : rule.fields) {
-            if (auto* field = dynamic_cast<screen::TextField*>(form.field(name))) bind(*field, rule);
-        }
-    }
-    for (const std::string_view name : hangulFields) {
-        if (auto* field = dynamic_cast<screen::TextField*>(form.field(name))) field->setHangul(true);
-    }
+    const std::size_t start = left(field.selectionStart());
+    const std::size_t end = left(field.selectionStart() + field.selectionLength());
+    field.setText(basics::removeBlanks(text));
+    field.select(start, end - start);
 }
 
-void FieldRules::bind(screen::TextField& field, const Rule& rule) {
+void pressOnEnter(screen::Button& button, char32_t& key) {
+    if (key != U'\r') return;
+    key = 0;
+    button.onPress();
+}
+
+template <class Kind>
+Kind& fieldNamed(const screen::Window& form, std::string_view name) {
+    if (auto* const field = dynamic_cast<Kind*>(form.field(name))) return *field;
+    throw basics::Fault(form.name() + " has no such field: " + std::string(name));
+}
+
+}  // namespace
+
+const FieldTable& mainWindowFields() {
+    using enum Entering;
+    using enum Typing;
+    static const FieldTable table{
+        .rules = {{.entering = SelectAll,
+                   .typing = Telephone,
+                   .fields = {"txtPatientTel", "txtPatientCell", "txtHospitalTel", "txtDoctorCell",
+                              "txtDTRcell", "txtDTRhostel", "txtEatGuideCall", "txtEatGuideCall2",
+                              "txtCBJmPaTel", "txtCBJmPaCell", "txtCBJmDTRTel", "txtCBJmDTRCell"}},
+                  {.entering = SelectAll,
+                   .typing = NoSpaces,
+                   .fields = {"txtBalsongZip", "txtCBJmBalZip", "txtCBJmBeZip", "txtDTRhoszip"}},
+                  {.entering = SelectAll,
+                   .typing = EnterMovesOn,
+                   .fields = {"txtBesongZip",        "txtBalsongJuso",     "txtBesongJuso",
+                              "txtPatientName",      "txtPatientJumin",    "txtPatientEmail",
+                              "txtHospitalName",     "txtDoctor",          "txtEatGuideHosName",
+                              "txtEatGuideHosName2", "txtCBJmAge",         "txtCBJmBeJuso",
+                              "txtCBJmBesongDate",   "txtCBJmChubsu",      "txtCBJmDayTuyak",
+                              "txtCBJmDrugCost",     "txtCBJmDTRName",     "txtCBJmHosPital",
+                              "txtCBJmJobList",      "txtCBJmJumin",       "txtCBJmPaEmail",
+                              "txtCBJmPatientName",  "txtCBJmPouchAmount", "txtCBJmPouchTotal",
+                              "txtCBJmTJML",         "txtCBJmTuyakilsu",   "txtDTRaddress",
+                              "txtDTRbox",           "txtDTRdiscount",     "txtDTREmail",
+                              "txtDTRhosname",       "txtDTRid",           "txtDTRlicense",
+                              "txtDTRmileage",       "txtDTRname",         "txtDTRpass",
+                              "txtDTRpouch",         "txtDTRregdate",      "txtDTRuseform",
+                              "txTotalStock",        "txtTotalMileage",    "txtTotalUsedStock",
+                              "txtUsableStock"}},
+                  {.entering = CaretToEnd,
+                   .typing = EnterMovesOn,
+                   .fields = {"txtCBJmBalJuso", "txtCBJmBesongMsg", "txtCBJmCBMsg"}},
+                  {.entering = CaretToEnd, .fields = {"txtBesongMsg", "txtCBJmsg"}},
+                  {.entering = SelectAll,
+                   .typing = DigitsOnly,
+                   .enterOnKeyDown = true,
+                   .fields = {"txtPatientAge", "txtTuyakilsu", "txtPouchAmount", "txtChubsu"}},
+                  {.entering = SelectAll,
+                   .typing = Decimal,
+                   .enterOnKeyDown = true,
+                   .fields = {"txtDayTuyak", "txtPouchTotal"}},
+                  {.entering = SelectAll, .enterOnKeyDown = true, .fields = {"txtDrugPrice"}},
+                  {.typing = SearchOnEnter, .button = "sscCBJsearchDTR", .fields = {"txtCBJsearchDTR"}},
+                  {.entering = SelectAll,
+                   .typing = SearchOnEnter,
+                   .button = "sscCBJsearchPatient",
+                   .fields = {"txtCBJsearchPatient"}}},
+        .hangul = {"txtBalsongJuso",  "txtBesongJuso",    "txtBesongMsg",        "txtCBJmBalJuso",
+                   "txtCBJmBeJuso",   "txtCBJmBesongMsg", "txtCBJmCBMsg",        "txtCBJmDTRName",
+                   "txtCBJmHosPital", "txtCBJmJobList",   "txtCBJmPatientName",  "txtCBJmTJML",
+                   "txtCBJmsg",       "txtCBJsearchDTR",  "txtCBJsearchPatient", "txtDTRaddress",
+                   "txtDTRhosname",   "txtDTRname",       "txtDoctor",           "txtHospitalName",
+                   "txtPatientName"}};
+    return table;
+}
+
+FieldRules::FieldRules(screen::Window& form, const FieldTable& table) : form_(form) {
+    for (const FieldRule& rule : table.rules) {
+        for (const std::string_view name : rule.fields) bind(fieldNamed<screen::TextField>(form, name), rule);
+    }
+    for (const std::string_view name : table.hangul)
+        fieldNamed<screen::TextField>(form, name).setHangul(true);
+}
+
+void FieldRules::bind(screen::TextField& field, const FieldRule& rule) {
     if (rule.entering == Entering::SelectAll) field.onFocus.add([&field] { SelectFieldText(field); });
     if (rule.entering == Entering::CaretToEnd)
         field.onFocus.add([this] { form_.desktop().sendKeys("{end}"); });
@@ -97,7 +122,7 @@ void FieldRules::bind(screen::TextField& field, const Rule& rule) {
     bindTyping(field, rule);
 }
 
-void FieldRules::bindTyping(screen::TextField& field, const Rule& rule) {
+void FieldRules::bindTyping(screen::TextField& field, const FieldRule& rule) {
     switch (rule.typing) {
         case Typing::Anything:
             break;
@@ -109,7 +134,7 @@ void FieldRules::bindTyping(screen::TextField& field, const Rule& rule) {
             break;
         case Typing::NoSpaces:
             field.onKeyPress.add([this, &field](char32_t& key) {
-                field.setText(basics::removeBlanks(field.text()));
+                dropBlanks(field);
                 EnterToTab(key);
             });
             break;
@@ -123,7 +148,9 @@ void FieldRules::bindTyping(screen::TextField& field, const Rule& rule) {
             field.onKeyPress.add([&field](char32_t& key) { keepDecimal(field, key); });
             break;
         case Typing::SearchOnEnter:
-            field.onKeyPress.add([this, button = rule.button](char32_t& key) { pressOnEnter(button, key); });
+            field.onKeyPress.add([&button = fieldNamed<screen::Button>(form_, rule.button)](char32_t& key) {
+                pressOnEnter(button, key);
+            });
             break;
     }
 }
@@ -142,12 +169,6 @@ void FieldRules::EnterToTab(char32_t& key) {
     if (key != U'\r') return;
     key = 0;
     form_.desktop().sendKeys("{TAB}");
-}
-
-void FieldRules::pressOnEnter(std::string_view button, char32_t& key) {
-    if (key != U'\r') return;
-    key = 0;
-    if (auto* search = dynamic_cast<screen::Button*>(form_.field(button))) search->onPress();
 }
 
 }  // namespace zelvo::input

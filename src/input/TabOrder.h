@@ -6,7 +6,7 @@
 namespace zelvo::input {
 
 /// The names of the main window's fields in the order in which the Tab and Enter keys come by: down a frame,
-/// then to the next one. Names of fields that a window doesn't have are passed over.
+/// then to the next one.
 const std::vector<std::string>& tabOrder();
 
 }  // namespace zelvo::input

@@ -2,6 +2,7 @@
 #include <functional>
 #include <utility>
 
+#include "basics/Fault.h"
 #include "screen/Fields.h"
 #include "screen/Window.h"
 
@@ -14,11 +15,15 @@ void Window::setTabOrder(const std::vector<std::string>& names) {
     seen.reserve(fields_.size());
     const auto append = [&](Field* next) {
         const auto at = std::lower_bound(seen.begin(), seen.end(), next, std::less<>());
-        if (!next || (at != seen.end() && *at == next)) return;
+        if (at != seen.end() && *at == next) return;
         seen.insert(at, next);
         order.push_back(next);
     };
-    for (const std::string& name : names) append(field(name));
+    for (const std::string& name : names) {
+        Field* const named = field(name);
+        if (!named) throw basics::Fault(name_ + " has no such field: " + name);
+        append(named);
+    }
     for (Field* other : fields_) append(other);
     tabOrder_ = std::move(order);
 }

@@ -34,7 +34,7 @@ public:
     /// Field by name, nullptr when there is none. Names are told apart by case.
     Field* field(std::string_view name) const;
     const std::vector<Field*>& fields() const { return fields_; }
-    /// The named fields first, in this order, then all others in the order of their making.
+    /// The named fields first, in this order, then all others as they were made. A name of no field: a Fault.
     void setTabOrder(const std::vector<std::string>& names);
     const std::vector<Field*>& tabOrder() const { return tabOrder_; }
 

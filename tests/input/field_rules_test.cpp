@@ -1,5 +1,6 @@
 #include "input/FieldRules.h"
 
+#include "basics/Fault.h"
 #include "basics/Text.h"
 #include "input/modTelNumFormat.h"
 #include "platform/console/UserActions.h"
@@ -10,6 +11,15 @@ namespace zelvo::testing {
 
 namespace {
 
+/// The main window's table, for the fields that a form has.
+input::FieldTable fieldsOf(const screen::Window& form) {
+    input::FieldTable table = input::mainWindowFields();
+    const auto missing = [&form](std::string_view name) { return !form.field(name); };
+    for (input::FieldRule& rule : table.rules) std::erase_if(rule.fields, missing);
+    std::erase_if(table.hangul, missing);
+    return table;
+}
+
 /// One field for each way of typing.
 struct Form {
     TestDesktop desktop;
@@ -18,7 +28,7 @@ struct Form {
         besongZip{form, "txtBesongZip"}, balsongZip{form, "txtBalsongZip"}, tel{form, "txtPatientTel"},
         courier{form, "txtBesongMsg"}, search{form, "txtCBJsearchPatient"}, other{form, "txtOther"};
     screen::Button find{form, "sscCBJsearchPatient"};
-    input::FieldRules rules{form};
+    input::FieldRules rules{form, fieldsOf(form)};
     console::UserActions user{desktop};
     void run(std::function<void()> script) { desktop.show(form, std::move(script)); }
 };
@@ -61,14 +71,25 @@ TEST(FieldRules, EnterMovesOn) {
 TEST(FieldRules, WhatEnteringAFieldDoes) {
     Form form;
     form.run([&] {
-        for (screen::TextField* field : {&form.tel, &form.search, &form.courier}) {
+        for (screen::TextField* field : {&form.tel, &form.search, &form.courier, &form.balsongZip}) {
             form.user.focus("txtOther");
-            field->setText("120");
+            field->setText("12 0");
             field->select(0, 0);
             form.user.type(field->name(), "5");
-            EXPECT_EQ(field->text(), field == &form.courier ? "1205" : "5") << field->name();
+            EXPECT_EQ(field->text(), field == &form.courier ? "12 05" : "5") << field->name();
         }
     });
+}
+
+TEST(FieldRules, ANameThatNoFieldBearsIsAFault) {
+    Form form;
+    const input::FieldTable tables[] = {
+        {.rules = {{.fields = {"txtNobody"}}}},
+        {.rules = {{.typing = input::Typing::SearchOnEnter, .button = "txtOther", .fields = {"txtOther"}}}},
+        {.hangul = {"sscCBJsearchPatient"}}};
+    for (const input::FieldTable& table : tables)
+        EXPECT_THROW(input::FieldRules(form.form, table), basics::Fault);
+    EXPECT_THROW(form.form.setTabOrder({"txtOther", "txtNobody"}), basics::Fault);
 }
 
 TEST(TelNumFormat, GrowsItsHyphensWhileItIsTyped) {
