@@ -1,10 +1,11 @@
 #include "composition/frmChubangRead.h"
 
+#include "screen/SmallWindow.h"
+
 namespace zelvo::composition {
 
 namespace {
 
-constexpr double twipsPerPixel = 15;
 constexpr int myTab = 0, yakGukTab = 1;
 
 constexpr ChubangPaneNames myNames{.txtName = "txtMyChubang",
@@ -43,7 +44,7 @@ constexpr ChubangPaneNames yakGukNames{.txtName = "txtYakGukChubang",
 }  // namespace
 
 frmChubangRead::frmChubangRead(screen::Desktop& desktop, session::Session& session, HerbTable& herbs)
-    : Window(desktop, "frmChubangRead", 900 * twipsPerPixel, 560 * twipsPerPixel),
+    : Window(desktop, "frmChubangRead", 900 * screen::twipsPerPixel, 560 * screen::twipsPerPixel),
       c1tabChubangRead(*this, "c1tabChubangRead", {"내약속처방", "한약국 약속처방"}),
       mine(*this, c1tabChubangRead.page(myTab), myNames, session,
            [&session](data::RecordSet& Rs, const std::string& word, data::SearchKind kind) {
@@ -69,11 +70,7 @@ frmChubangRead::frmChubangRead(screen::Desktop& desktop, session::Session& sessi
     for (screen::RichTextField* field : {&yakGuk.rtxMemo, &yakGuk.rtxNote}) field->setLocked(true);
 
     for (ChubangPane* pane : {&mine, &yakGuk}) pane->cmdConfirm.onPress.add([this, pane] { confirm(*pane); });
-    onKeyPreview.add([this](int& code) {
-        if (code != screen::keys::escape) return;
-        code = screen::keys::none;
-        unload();
-    });
+    screen::onEscape(*this, [this] { unload(); });
     onUnload.add([this] {
         mine.close();
         yakGuk.close();

@@ -1,15 +1,12 @@
 #include "composition/frmMessage.h"
 
 #include "basics/Text.h"
+#include "screen/SmallWindow.h"
 
 namespace zelvo::composition {
 
-namespace {
-constexpr double twipsPerPixel = 15;
-}
-
 frmMessage::frmMessage(screen::Desktop& desktop)
-    : Window(desktop, "frmMessage", 480 * twipsPerPixel, 320 * twipsPerPixel),
+    : Window(desktop, "frmMessage", 480 * screen::twipsPerPixel, 320 * screen::twipsPerPixel),
       sspMessage(*this, "sspMessage", {}, " 창 닫기 = Esc 키"),
       rtxMessage(*this, "rtxMessage", sspMessage.inside()),
       cmdReg(*this, "cmdReg", sspMessage.inside(), "저장") {
@@ -23,11 +20,7 @@ frmMessage::frmMessage(screen::Desktop& desktop)
         m_Note = rtxMessage.text();
         hide();
     });
-    onKeyPreview.add([this](int& code) {
-        if (code != screen::keys::escape) return;
-        code = screen::keys::none;
-        unload();
-    });
+    screen::onEscape(*this, [this] { unload(); });
 }
 
 void frmMessage::read(std::string_view caption, std::string_view text) {

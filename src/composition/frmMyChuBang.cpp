@@ -1,15 +1,12 @@
 #include "composition/frmMyChuBang.h"
 
 #include "basics/Text.h"
+#include "screen/SmallWindow.h"
 
 namespace zelvo::composition {
 
-namespace {
-constexpr double twipsPerPixel = 15;
-}
-
 frmMyChuBang::frmMyChuBang(screen::Desktop& desktop)
-    : Window(desktop, "frmMyChuBang", 420 * twipsPerPixel, 260 * twipsPerPixel),
+    : Window(desktop, "frmMyChuBang", 420 * screen::twipsPerPixel, 260 * screen::twipsPerPixel),
       Label2(*this, "Label2", {}, "처방명 :"),
       txtCBName(*this, "txtCBName"),
       Label1(*this, "Label1", {}, "처방 메모"),
@@ -31,11 +28,7 @@ frmMyChuBang::frmMyChuBang(screen::Desktop& desktop)
     });
     cmdSave.onPress.add([this] { save(); });
     cmdCancel.onPress.add([this] { hide(); });
-    onKeyPreview.add([this](int& code) {
-        if (code != screen::keys::escape) return;
-        code = screen::keys::none;
-        unload();
-    });
+    screen::onEscape(*this, [this] { unload(); });
 }
 
 void frmMyChuBang::save() {

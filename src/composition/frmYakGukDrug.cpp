@@ -3,12 +3,11 @@
 #include "basics/Numbers.h"
 #include "basics/Text.h"
 #include "data/clsZELVORecordSet.h"
+#include "screen/SmallWindow.h"
 
 namespace zelvo::composition {
 
 namespace {
-
-constexpr double twipsPerPixel = 15;
 
 std::vector<screen::GridColumn> herbColumns() {
     return {
@@ -27,7 +26,7 @@ std::vector<screen::GridColumn> herbColumns() {
 }  // namespace
 
 frmYakGukDrug::frmYakGukDrug(screen::Desktop& desktop, session::Session& session)
-    : Window(desktop, "frmYakGukDrug", 520 * twipsPerPixel, 360 * twipsPerPixel),
+    : Window(desktop, "frmYakGukDrug", 520 * screen::twipsPerPixel, 360 * screen::twipsPerPixel),
       lblFind(*this, "lblFind", {}, "약재명:"),
       txtDrugFind(*this, "txtDrugFind"),
       cmdFind(*this, "cmdFind", {}, "찾기"),
@@ -56,9 +55,7 @@ frmYakGukDrug::frmYakGukDrug(screen::Desktop& desktop, session::Session& session
         searchAgain();
     });
     cmdFind.onPress.add([this] { searchAgain(); });
-    onKeyPreview.add([this](int& code) {
-        if (code != screen::keys::escape) return;
-        code = screen::keys::none;
+    screen::onEscape(*this, [this] {
         m_PickCanceled = -1;
         unload();
     });

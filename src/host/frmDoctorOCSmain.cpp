@@ -2,13 +2,13 @@
 
 #include "basics/Fault.h"
 #include "input/TabOrder.h"
+#include "screen/SmallWindow.h"
 
 namespace zelvo::host {
 
 namespace {
 
-// A window of 1280 by 800 points at 15 twips a point.
-constexpr double designWidth = 19200, designHeight = 12000;
+constexpr double designWidth = 1280 * screen::twipsPerPixel, designHeight = 800 * screen::twipsPerPixel;
 
 // The window's end can't be stopped by a broken line: a step that fails is passed over.
 template <class Step>
