@@ -24,7 +24,7 @@ std::string stateWord(std::int64_t state) {
                : "?";
 }
 
-PharmacyBook::PharmacyBook(const std::string& path) : database_(existing(path), Database::Mode::Existing) {}
+PharmacyBook::PharmacyBook(const std::string& path) : database_(existing(path)) {}
 
 std::optional<Doctor> PharmacyBook::doctor(std::int32_t doctorKey) const {
     Query query(

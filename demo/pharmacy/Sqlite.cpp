@@ -17,10 +17,9 @@ void Database::Closer::operator()(sqlite3* handle) const {
     sqlite3_close(handle);
 }
 
-Database::Database(const std::string& path, Mode mode) {
-    const int flags = SQLITE_OPEN_READWRITE | (mode == Mode::Create ? SQLITE_OPEN_CREATE : 0);
+Database::Database(const std::string& path) {
     sqlite3* handle = nullptr;
-    const int result = sqlite3_open_v2(path.c_str(), &handle, flags, nullptr);
+    const int result = sqlite3_open_v2(path.c_str(), &handle, SQLITE_OPEN_READWRITE, nullptr);
     handle_.reset(handle);
     if (result != SQLITE_OK) throw DatabaseError(path + ": " + sqlite3_errstr(result));
     sqlite3_busy_timeout(handle, busyMilliseconds);

@@ -20,8 +20,8 @@ public:
 /// DatabaseError.
 class Database {
 public:
-    enum class Mode { Existing, Create };
-    Database(const std::string& path, Mode mode);
+    /// The file is there.
+    explicit Database(const std::string& path);
 
     /// Runs one or more statements that give no rows.
     void run(const std::string& statements);

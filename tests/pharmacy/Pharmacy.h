@@ -23,13 +23,11 @@ public:
     std::string path() const { return file("pharmacy.db"); }
     std::string file(const std::string& name) const { return (folder_ / name).string(); }
 
-    void run(const std::string& statements) const {
-        Database(path(), Database::Mode::Existing).run(statements);
-    }
+    void run(const std::string& statements) const { Database(path()).run(statements); }
 
     /// The first column of all rows, joined by ", ".
     std::string read(const std::string& statement) const {
-        const Database database(path(), Database::Mode::Existing);
+        const Database database(path());
         Query query(database, statement);
         std::string all;
         while (query.step()) all += (all.empty() ? "" : ", ") + query.text(0);

@@ -29,7 +29,7 @@ TEST(Catalogue, HoldsTogether) {
 
 TEST(Catalogue, HasAPriceForEveryMethodAndAddOn) {
     const TestPharmacy pharmacy;
-    const Database database(pharmacy.path(), Database::Mode::Existing);
+    const Database database(pharmacy.path());
     for (Query row(database, "SELECT TJML_PK FROM t_TangJunMethodList WHERE TJML_IsValid = 1"); row.step();)
         EXPECT_TRUE(hasMethodPrice(static_cast<int>(row.whole(0)))) << row.whole(0);
     for (Query row(database, "SELECT TJAL_Slot FROM t_TangJunAddList WHERE TJAL_IsValid = 1"); row.step();)
@@ -39,7 +39,7 @@ TEST(Catalogue, HasAPriceForEveryMethodAndAddOn) {
 TEST(Catalogue, KeepsItsEarlierOrdersAtWhatTheRulesSay) {
     const TestPharmacy pharmacy;
     const PharmacyBook book(pharmacy.path());
-    const Database database(pharmacy.path(), Database::Mode::Existing);
+    const Database database(pharmacy.path());
     for (Query row(database, "SELECT DTR_PK, CBJ_PK FROM t_ChubangJun"); row.step();) {
         SCOPED_TRACE(row.whole(1));
         const auto doctorKey = static_cast<std::int32_t>(row.whole(0));

@@ -42,8 +42,16 @@ TEST(Commands, MakeTheDatabaseButNeverOverAnother) {
         words.insert(words.end(), {"--db", pharmacy.file(file)});
         return runCommand(words);
     };
+    const auto modeOf = [&](const char* name) {
+        return static_cast<int>(std::filesystem::status(pharmacy.file(name)).permissions());
+    };
     pharmacy.run("DELETE FROM t_Stock");
-    EXPECT_EQ(run({"init"}, "pharmacy.db"), 0);
+    std::filesystem::permissions(pharmacy.path(), std::filesystem::perms(0644));
+    for (const char* file : {"pharmacy.db", "private/new.db"}) {
+        EXPECT_EQ(run({"init"}, file), 0);
+        EXPECT_EQ(modeOf(file), 0600) << file;
+    }
+    EXPECT_EQ(modeOf("private"), 0700);
     EXPECT_EQ(pharmacy.read("SELECT count(*) FROM t_Stock"), "0") << "a pharmacy that is there stays";
     EXPECT_EQ(run({"init", "--fresh"}, "pharmacy.db"), 0);
     EXPECT_NE(pharmacy.read("SELECT count(*) FROM t_Stock"), "0");
