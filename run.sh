@@ -55,7 +55,6 @@ fi
 
 data="${XDG_DATA_HOME:-$HOME/.local/share}/zelvo"
 db="$data/pharmacy.db"
-mkdir -p "$data"
 "$build"/bin/zelvo-pharmacy --db "$db" init "${fresh[@]}" >&2
 
 ready=$(mktemp)
@@ -68,33 +67,50 @@ for _ in $(seq 100); do
   sleep 0.05
 done
 
-# The demo's own values. Options that stand twice count as given the second time, so the user's own follow them.
+# The demo's own values, for --values: a password in a command line could be seen by everybody. What is said later counts, so
+# the user's own options follow them.
 clinic_values() {
-  printf '%s\n' --server "sqlite:$db" --account 'doctor1/$/pass1' \
-    --hospital-name 하늘한의원 --doctor-name 이정민 --hospital-tel 02-555-0123 --doctor-cell 010-8765-4321 \
-    --hospital-zip 03045 --hospital-address '서울특별시 종로구 효자로 12'
+  cat <<TEXT
+server sqlite:$db
+account doctor1/\$/pass1
+hospital-name 하늘한의원
+doctor-name 이정민
+hospital-tel 02-555-0123
+doctor-cell 010-8765-4321
+hospital-zip 03045
+hospital-address 서울특별시 종로구 효자로 12
+TEXT
 }
 doctor_values() {
   clinic_values
-  printf '%s\n' \
-    --patient-pk 1024 --patient-name 김하늘 --patient-jumin 850312-2345678 --patient-age 41 --patient-sex 2 \
-    --patient-cell 010-1234-5678 --patient-tel 02-123-4567 --patient-email haneul@example.kr \
-    --patient-zip 06236 --patient-address '서울특별시 강남구 테헤란로 152'
+  cat <<'TEXT'
+patient-pk 1024
+patient-name 김하늘
+patient-jumin 850312-2345678
+patient-age 41
+patient-sex 2
+patient-cell 010-1234-5678
+patient-tel 02-123-4567
+patient-email haneul@example.kr
+patient-zip 06236
+patient-address 서울특별시 강남구 테헤란로 152
+TEXT
 }
 nurse_values() {
-  printf '%s\n' --server "sqlite:$db" --account 'doctor1/$/pass1#$#doctor2/$/pass2#$#doctor3/$/pass3'
+  cat <<TEXT
+server sqlite:$db
+account doctor1/\$/pass1#\$#doctor2/\$/pass2#\$#doctor3/\$/pass3
+TEXT
 }
 
 status=0
 case "$mode" in
   chart)
-    mapfile -t values < <(clinic_values)
-    "$build"/bin/zelvo-chart "${values[@]}" || status=$?
+    "$build"/bin/zelvo-chart --values <(clinic_values) || status=$?
     exit "$status"
     ;;
   doctor|nurse)
-    mapfile -t values < <("${mode}_values")
-    "$build"/bin/zelvo "$mode" "${values[@]}" "$@" || status=$?
+    "$build"/bin/zelvo "$mode" --values <("${mode}_values") "$@" || status=$?
     exit "$status"
     ;;
 esac
@@ -103,14 +119,13 @@ esac
 window_pictures() {
   rm -rf out
   QT_QPA_PLATFORM="offscreen:configfile=demo/stage/screen.json" QT_LOGGING_RULES="default.warning=false" \
-    "$build"/bin/zelvo-stage out doctor --script demo/scenarios/first-order.zs "${values[@]}" >/dev/null
+    "$build"/bin/zelvo-stage out doctor --script demo/scenarios/first-order.zs --values <(doctor_values) >/dev/null
   echo
   echo "The same through the real windows, a picture of each step: $(find out -name '*.png' | wc -l) in out/"
 }
 
-mapfile -t values < <(doctor_values)
 before=$(sqlite3 "$db" 'SELECT COALESCE(MAX(CBJ_PK), 0) FROM t_ChubangJun')
-"$build"/bin/zelvo doctor --console --script demo/scenarios/first-order.zs "${values[@]}"
+"$build"/bin/zelvo doctor --console --script demo/scenarios/first-order.zs --values <(doctor_values)
 show() {
   echo
   echo "$1"

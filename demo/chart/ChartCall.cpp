@@ -1,13 +1,23 @@
 #include "ChartCall.h"
 
+#include <algorithm>
 #include <charconv>
+#include <fstream>
 #include <functional>
-#include <limits>
+#include <iostream>
 #include <map>
+#include <utility>
 
 namespace chart {
 
 namespace {
+
+constexpr const char *values = "--values", *standardInput = "-";
+
+constexpr const char* valuesHelp =
+    "\nWhat stands in the command line can be seen by everybody on the machine. --values takes the same from a file, or\n"
+    "from standard input as -: a line is a name as above without its dashes, a blank and the value to the line's end\n"
+    "(account doctor1/$/secret); empty lines and those that begin with # are skipped. What is said later counts.\n";
 
 // Reads a whole number into its place; false when the word is none or does not fit.
 template <class Number>
@@ -51,22 +61,86 @@ Readers patientReaders(ChartCall& call) {
             {"--patient-zip", text(call.patientZip)},     {"--patient-address", text(call.patientAddress)}};
 }
 
-bool readOption(const std::vector<std::string>& words, std::size_t& at, const Readers& options,
-                std::string& error) {
-    const auto option = options.find(words[at]);
-    if (option == options.end()) {
-        error = "no such option: " + words[at];
-        return false;
-    }
-    if (++at == words.size()) {
-        error = option->first + " wants a value";
-        return false;
-    }
-    if (!option->second(words[at])) {
-        error = option->first + " wants a whole number that fits, not " + words[at];
-        return false;
+/// Options with their values, in the order in which they were said.
+using Said = std::vector<std::pair<std::string, std::string>>;
+
+/// Sorts the words from `at` on; `--console` stands without a value where it is known.
+bool sortWords(const std::vector<std::string>& words, std::size_t at, const Readers& options, bool* console,
+               Said& said, std::string& error) {
+    for (; at < words.size(); ++at) {
+        if (console && words[at] == "--console") {
+            *console = true;
+            continue;
+        }
+        if (words[at] != values && !options.contains(words[at])) {
+            error = "no such option: " + words[at];
+            return false;
+        }
+        if (at + 1 == words.size()) {
+            error = words[at] + " wants a value";
+            return false;
+        }
+        said.emplace_back(words[at], words[at + 1]);
+        ++at;
     }
     return true;
+}
+
+bool take(const Readers& options, const std::string& option, const std::string& value, std::string& error) {
+    if (options.at(option)(value)) return true;
+    error = option + " wants a whole number that fits, not " + value;
+    return false;
+}
+
+/// A line of a file of values; what can't be read of it is not said again, for it may be a password.
+bool takeLine(const Readers& options, const std::string& line, std::string& error) {
+    if (line.empty() || line[0] == '#') return true;
+    const std::size_t blank = line.find(' ');
+    const std::string option = "--" + line.substr(0, blank);
+    const std::string value = blank == std::string::npos ? "" : line.substr(blank + 1);
+    if (options.contains(option)) return take(options, option, value, error);
+    error = "a line is the name of a value, a blank and the value";
+    return false;
+}
+
+bool takeFile(const Readers& options, const std::string& name, std::string& error) {
+    std::ifstream file;
+    if (name != standardInput) file.open(name);
+    std::istream& in = name == standardInput ? std::cin : file;
+    if (!in) {
+        error = name + " can't be read";
+        return false;
+    }
+    int number = 0;
+    for (std::string line; std::getline(in, line);) {
+        ++number;
+        if (line.ends_with('\r')) line.pop_back();
+        if (takeLine(options, line, error)) continue;
+        error = name + ":" + std::to_string(number) + ": " + error;
+        return false;
+    }
+    if (in.bad()) error = name + " can't be read";
+    return !in.bad();
+}
+
+bool takeAll(const Readers& options, const Said& said, std::string& error) {
+    for (const auto& [option, value] : said) {
+        if (!(option == values ? takeFile(options, value, error) : take(options, option, value, error)))
+            return false;
+    }
+    return true;
+}
+
+/// Whether the commands of a console would be taken for values.
+bool mixesInput(const ChartCall& call, const Said& said) {
+    const auto is = [&](const char* option) {
+        return [option](const auto& each) { return each.first == option; };
+    };
+    const auto fromInput = [](const auto& each) {
+        return each.first == values && each.second == standardInput;
+    };
+    return call.console && std::none_of(said.begin(), said.end(), is("--script")) &&
+           std::any_of(said.begin(), said.end(), fromInput);
 }
 
 }  // namespace
@@ -90,32 +164,30 @@ bool readChartCall(const std::vector<std::string>& words, ChartCall& call, std::
     Readers options = clinicReaders(call);
     options.merge(patientReaders(call));
     options.emplace("--script", text(call.script));
-    for (std::size_t i = 1; i < words.size(); ++i) {
-        if (words[i] == "--console") {
-            call.console = true;
-        } else if (!readOption(words, i, options, error)) {
-            return false;
-        }
+    Said said;
+    if (!sortWords(words, 1, options, &call.console, said, error)) return false;
+    if (mixesInput(call, said)) {
+        error = "the console reads its commands from standard input: --values - goes with --script only";
+        return false;
     }
-    return true;
+    return takeAll(options, said, error);
 }
 
 bool readClinic(const std::vector<std::string>& words, ChartCall& clinic, std::string& error) {
     const Readers options = clinicReaders(clinic);
-    for (std::size_t i = 0; i < words.size(); ++i) {
-        if (!readOption(words, i, options, error)) return false;
-    }
-    return true;
+    Said said;
+    return sortWords(words, 0, options, nullptr, said, error) && takeAll(options, said, error);
 }
 
 std::string chartUsage() {
-    return "usage: zelvo doctor|nurse [--console [--script FILE]] [--server ADDRESS] [--account TEXT]\n"
+    return "usage: zelvo doctor|nurse [--console [--script FILE]] [--values FILE] [--server ADDRESS] [--account TEXT]\n"
            "      --patient-pk N --patient-name T --patient-jumin T --patient-age N --patient-sex N --patient-cell T\n"
            "      --patient-tel T --patient-email T --patient-zip T --patient-address T\n"
            "      --hospital-name T --doctor-name T --hospital-tel T --doctor-cell T --hospital-zip T --hospital-address T\n"
            "\n"
-           "ADDRESS is \"sqlite:\" and a file's path, or a SQL Server. A text not given is empty, a number is 0.\n"
-           "The window opens on the screen; with --console it stands in the terminal and is worked by commands, from\n"
+           "ADDRESS is \"sqlite:\" and a file's path, or a SQL Server. A text not given is empty, a number is 0.\n" +
+           std::string(valuesHelp) +
+           "\nThe window opens on the screen; with --console it stands in the terminal and is worked by commands, from\n"
            "standard input or from the script.\n"
            "\n"
            "exit: 0 the window has closed; 1 it could not be opened; 2 an option that can't be read\n"
@@ -123,11 +195,12 @@ std::string chartUsage() {
 }
 
 std::string clinicUsage() {
-    return "usage: zelvo-chart [--server ADDRESS] [--account TEXT] [--hospital-name T] [--doctor-name T] [--hospital-tel T]\n"
-           "      [--doctor-cell T] [--hospital-zip T] [--hospital-address T]\n"
+    return "usage: zelvo-chart [--values FILE] [--server ADDRESS] [--account TEXT] [--hospital-name T] [--doctor-name T]\n"
+           "      [--hospital-tel T] [--doctor-cell T] [--hospital-zip T] [--hospital-address T]\n"
            "\n"
            "A chart with a few patients: Enter on one of them opens ZELVO for him, and what he is ordered is kept in his\n"
-           "record. ADDRESS is \"sqlite:\" and a file's path, or a SQL Server.\n";
+           "record. ADDRESS is \"sqlite:\" and a file's path, or a SQL Server.\n" +
+           std::string(valuesHelp);
 }
 
 }  // namespace chart

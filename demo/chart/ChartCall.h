@@ -23,8 +23,8 @@ struct ChartCall {
     void make(doctorzelvo::clsZELVOInterface& component) const;
 };
 
-/// Reads the words behind the program's name; false with the reason in `error` when they can't be read. A
-/// word that stands twice counts as given the second time.
+/// Reads the words behind the program's name, and the files of values that they name; false with the reason
+/// in `error` when they can't be read. What stands twice counts as given the second time.
 bool readChartCall(const std::vector<std::string>& words, ChartCall& call, std::string& error);
 
 /// The same without a patient, who is chosen later: server, account and clinic only, no first word.

@@ -52,6 +52,6 @@ if [ "$place" = stage ]; then
   export QT_QPA_PLATFORM="offscreen:configfile=$(dirname "${BASH_SOURCE[0]}")/../../demo/stage/screen.json"
   "$bin/zelvo-stage" "" "${words[@]}" --server "sqlite:$db" --script "$script" || status=$?
 else
-  "$bin/zelvo" "${words[@]}" --console --server "$address" --script "$script" || status=$?
+  "$bin/zelvo" "${words[@]}" --console --values - --script "$script" <<<"server $address" || status=$?
 fi
 [ "$status" -eq "${expected:-0}" ] || { echo "exit $status, expected ${expected:-0}" >&2; exit 1; }

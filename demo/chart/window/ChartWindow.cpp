@@ -90,7 +90,14 @@ void ChartWindow::showPatient() {
     ui_->lblPhones->setText(text(patient->cell) +
                             (patient->tel.empty() ? QString() : " / " + text(patient->tel)));
     ui_->lblAddress->setText("(" + text(patient->zip) + ") " + text(patient->address));
-    writeRecord(*ui_->txtRecord->document(), records_[patient->pk]);
+    const std::vector<RecordEntry>& record = records_[patient->pk];
+    writeRecord(*ui_->txtRecord->document(), record);
+    ui_->statusbar->showMessage(
+        record.empty() ? QString()
+                       : QStringLiteral("%1님의 진료 기록에 처방 %2건이 있습니다. 마지막 처방: %3")
+                             .arg(text(patient->name))
+                             .arg(record.size())
+                             .arg(record.back().when.toString(QStringLiteral("yyyy-MM-dd HH:mm"))));
 }
 
 ChartCall ChartWindow::callFor(const Patient& patient) const {
@@ -130,7 +137,6 @@ void ChartWindow::openZelvo() {
 void ChartWindow::keep(std::int32_t patientPk, const doctorzelvo::ChartRecord& order) {
     records_[patientPk].push_back({QDateTime::currentDateTime(), order});
     showPatient();
-    ui_->statusbar->showMessage("처방을 진료 기록에 적었습니다.");
 }
 
 void ChartWindow::tell(const QString& failure) {

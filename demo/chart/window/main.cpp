@@ -2,7 +2,9 @@
 // keeps what the component sends back in that patient's record.
 #include <QtCore/QFile>
 #include <QtWidgets/QApplication>
+#include <cstdlib>
 #include <iostream>
+#include <string>
 
 #include "ChartWindow.h"
 
@@ -12,6 +14,17 @@ std::vector<chart::Patient> patients() {
     QFile file(QStringLiteral(":/chart/patients.tsv"));
     if (!file.open(QIODevice::ReadOnly)) return {};
     return chart::readPatients(file.readAll().toStdString());
+}
+
+/// What the toolkit remarks while it looks for a display. Where there is none it would end the program by its
+/// alarm, with a core file: the reason and an exit code do.
+void lookingForDisplay(QtMsgType type, const QMessageLogContext& where, const QString& message) {
+    static std::string reason;
+    if (reason.empty() && QLatin1String(where.category).startsWith(QLatin1String("qt.qpa")))
+        reason = message.trimmed().toStdString();
+    if (type != QtFatalMsg) return;
+    std::cerr << "zelvo-chart: no window can be opened: " << reason << std::endl;
+    std::_Exit(1);
 }
 
 }  // namespace
@@ -29,7 +42,9 @@ int main(int argc, char** argv) {
         return 2;
     }
     int count = 1;  // the words are read: none is left for the toolkit
+    const QtMessageHandler usual = qInstallMessageHandler(lookingForDisplay);
     QApplication application(count, argv);
+    qInstallMessageHandler(usual);
     QApplication::setApplicationName(QStringLiteral("zelvo-chart"));
     chart::ChartWindow window(clinic, patients());
     window.show();
