@@ -79,28 +79,21 @@ TEST(Component, turnsASecondCallAwayAndLeavesTheOpenWindowAlone) {
     EXPECT_FALSE(refusal.empty());
 }
 
-TEST(Component, worksTwiceInOneProcess) {
+TEST(Component, worksTwiceInOneProcessAndTellsTheExitCode) {
     const zelvo::testing::TestDatabase database;
-    for (int round = 0; round < 2; ++round) {
-        const std::string script = ::testing::TempDir() + "zelvo-twice-" + std::to_string(getpid()) + ".zs";
-        std::ofstream(script) << "expect txtPatientName 김하늘\nclose\nexpect window none\nexpect events 0\n";
-        EXPECT_EQ(doctorzelvo::runInTerminal(script,
-                                             [&](doctorzelvo::clsZELVOInterface& component) {
-                                                 call(component, database.address());
-                                             }),
-                  0);
-        std::remove(script.c_str());
+    const struct {
+        std::string server, commands;
+        int code;
+    } calls[] = {
+        {database.address(), "expect txtPatientName 김하늘\nclose\nexpect window none\nexpect events 0\n", 0},
+        {database.address(), "expect txtPatientName 김하늘\nclose\n", 0},
+        {"sqlite:/nowhere/at-all.db", "no command at all\n", 3}};
+    const std::string script = ::testing::TempDir() + "zelvo-twice-" + std::to_string(getpid()) + ".zs";
+    for (const auto& each : calls) {
+        std::ofstream(script) << each.commands;
+        const auto chart = [&](doctorzelvo::clsZELVOInterface& component) { call(component, each.server); };
+        EXPECT_EQ(doctorzelvo::runInTerminal(script, chart), each.code);
     }
-}
-
-TEST(Component, tellsTheExitCodeOfAnUnreachableServer) {
-    const std::string script = ::testing::TempDir() + "zelvo-none-" + std::to_string(getpid()) + ".zs";
-    std::ofstream(script) << "no command at all\n";
-    EXPECT_EQ(doctorzelvo::runInTerminal(script,
-                                         [](doctorzelvo::clsZELVOInterface& component) {
-                                             call(component, "sqlite:/nowhere/at-all.db");
-                                         }),
-              3);
     std::remove(script.c_str());
 }
 

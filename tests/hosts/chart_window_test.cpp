@@ -1,12 +1,16 @@
 // The sample chart: its patients, what it writes into their records, and its window.
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <QtGui/QTextDocument>
 #include <QtTest/QTest>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QLineEdit>
+#include <QtWidgets/QStatusBar>
 #include <QtWidgets/QTableWidget>
 #include <QtWidgets/QTextEdit>
+#include <cstdio>
+#include <fstream>
 
 #include "ChartWindow.h"
 #include "gui/life/Host.h"
@@ -39,6 +43,34 @@ TEST(Patients, areReadAndReckoned) {
         EXPECT_EQ(chart::ageOf(patient, year(2026) / 11 / 25), each.age) << each.jumin;
         EXPECT_EQ(chart::sexOf(patient), each.sex) << each.jumin;
     }
+}
+
+TEST(ChartCall, valuesComeFromAFileAsWell) {
+    const std::string file = ::testing::TempDir() + "zelvo-values-" + std::to_string(getpid());
+    const struct {
+        const char *lines, *error;
+        std::vector<std::string> words;
+    } cases[] = {
+        {"# mine\r\naccount doctor1/$/a b\r\n\npatient-age 1\n", "", {"--patient-age", "41"}},
+        {"doctor1/$/pass1\n", ":1: a line is the name of a value, a blank and the value", {}},
+        {"\npatient-age x", ":2: --patient-age wants a whole number that fits, not x", {}},
+        {"",
+         "the console reads its commands from standard input: --values - goes with --script only",
+         {"--console", "--values", "-"}},
+        {"", "/ can't be read", {"--values", "/"}},
+    };
+    for (const auto& each : cases) {
+        std::ofstream(file) << each.lines;
+        std::vector<std::string> words{"doctor", "--values", file};
+        words.insert(words.end(), each.words.begin(), each.words.end());
+        chart::ChartCall call;
+        std::string error;
+        const bool read = chart::readChartCall(words, call, error);
+        EXPECT_EQ(read, *each.error == '\0');
+        EXPECT_TRUE(error.ends_with(each.error)) << error;
+        EXPECT_EQ(call.account + std::to_string(call.patientAge), read ? "doctor1/$/a b41" : "0");
+    }
+    std::remove(file.c_str());
 }
 
 class Chart : public ::testing::Test {
@@ -78,8 +110,10 @@ TEST_F(Chart, keepsAnOrderInTheRecordOfItsPatient) {
     auto* const record = window.findChild<QTextEdit*>("txtRecord");
     auto* const list = window.findChild<QTableWidget*>("tblPatients");
     EXPECT_EQ(record->toPlainText(), "");
+    EXPECT_EQ(window.statusBar()->currentMessage(), "") << "it would speak of the patient in view";
     list->setCurrentCell(1, 0);
     EXPECT_TRUE(record->toPlainText().contains("첩약"));
+    EXPECT_TRUE(window.statusBar()->currentMessage().startsWith("최민재님의 진료 기록에 처방 1건이"));
 }
 
 TEST_F(Chart, enterOpensZelvoForTheChosenPatientAsOftenAsWanted) {

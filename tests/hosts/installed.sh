@@ -49,5 +49,7 @@ without 'a display that is gone' 'no display can be reached' DISPLAY=:987 WAYLAN
 without 'a platform that is unknown' 'no display of the kind nothing' QT_QPA_PLATFORM=nothing
 without 'no Korean font' 'No Korean font' QT_QPA_PLATFORM=offscreen FONTCONFIG_FILE="$scratch/no-fonts.conf"
 
+calls=("$prefix/bin/zelvo-chart")
+without 'a chart with windows of its own' 'no window can be opened: could not connect to display'
 "$prefix/bin/zelvo-chart" --help >/dev/null
 "$prefix/bin/zelvo-pharmacy" --db "$scratch/pharmacy.db" init >/dev/null
