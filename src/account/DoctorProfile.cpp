@@ -5,7 +5,6 @@
 #include "basics/Numbers.h"
 #include "basics/Pictures.h"
 #include "basics/Text.h"
-#include "basics/Utf8.h"
 #include "screen/Window.h"
 
 namespace zelvo::account {
@@ -21,14 +20,6 @@ std::string mark(std::int32_t flag) {
 }
 
 }  // namespace
-
-ValidPay validPay(std::string_view flags) {
-    const std::size_t count = basics::characterCount(flags);
-    const auto isSet = [flags, count](std::size_t index) {
-        return index < count && basics::part(flags, index, 1) == "1";
-    };
-    return {.deposit = isSet(0), .later = isSet(1), .settled = count > 0 && isSet(count - 1)};
-}
 
 DoctorProfile::DoctorProfile(screen::Window& form, screen::Place place, session::Session& session,
                              composition::SenderBlock& sender)
@@ -108,7 +99,7 @@ void DoctorProfile::show(const data::DoctorRecord& doctor) {
     txtDTRregdate.setText(trim(doctor.DTR_RegDate));
     txtDTRhoszip.setText(trim(doctor.DTR_HosZip));
     txtDTRaddress.setText(trim(doctor.DTR_Address));
-    checkPayments(validPay(trim(doctor.DTR_ValidPay)));
+    checkPayments(composition::validPay(doctor.DTR_ValidPay));
     txtDTRvip.setText(mark(doctor.DTR_VIP));
     txtDTRpouch.setText(mark(doctor.DTR_IsUsePouch));
     txtDTRbox.setText(basics::formatNumber(doctor.DTR_IsUseBox, basics::NumberPicture::SeparatedZero));
@@ -126,11 +117,11 @@ void DoctorProfile::clear() {
 }
 
 /// The list has its items from Form_Load on; before that there is nothing to check.
-void DoctorProfile::checkPayments(const ValidPay& flags) {
+void DoctorProfile::checkPayments(const composition::ValidPay& valid) {
     if (ListVpayment.itemCount() < 3) return;
-    ListVpayment.setItemChecked(0, flags.deposit);
-    ListVpayment.setItemChecked(1, flags.later);
-    ListVpayment.setItemChecked(2, flags.settled);
+    ListVpayment.setItemChecked(0, valid.deposit);
+    ListVpayment.setItemChecked(1, valid.later);
+    ListVpayment.setItemChecked(2, valid.settled);
 }
 
 void DoctorProfile::saveChanges() {

@@ -1,7 +1,6 @@
 #pragma once
 
-#include <string_view>
-
+#include "composition/PaymentChoice.h"
 #include "composition/SenderBlock.h"
 #include "data/clsZELVORecordSet.h"
 #include "screen/Fields.h"
@@ -9,15 +8,6 @@
 #include "session/Session.h"
 
 namespace zelvo::account {
-
-/// What a doctor may pay with.
-struct ValidPay {
-    bool deposit = false, later = false, settled = false;
-    bool operator==(const ValidPay&) const = default;
-};
-
-/// Reads DTR_ValidPay: the first, the second and the last character, each "1" for yes.
-ValidPay validPay(std::string_view flags);
 
 /// The doctor's own record. The first eight fields may be changed and stored, and so may the password; all
 /// others belong to the pharmacy.
@@ -47,7 +37,7 @@ public:
 
 private:
     void labelFields();
-    void checkPayments(const ValidPay& flags);
+    void checkPayments(const composition::ValidPay& valid);
     void saveChanges();
     data::DoctorRecord changedRecord() const;
     void fillSender();

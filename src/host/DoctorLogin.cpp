@@ -5,7 +5,6 @@
 #include "basics/Fault.h"
 #include "basics/Numbers.h"
 #include "basics/Text.h"
-#include "data/Words.h"
 #include "screen/Desktop.h"
 #include "screen/Window.h"
 
@@ -142,17 +141,7 @@ void DoctorLogin::showDoctor(LoginJob job, const data::DoctorRecord& doctor) {
     views_.stbMain.setPanel(2, " 현재 접속 ID : " + id);
     form_.setCaption("ZEL-VO 메인 윈도우 - 한의사(현재 접속 ID : " + id + ")");
     views_.profile.show(doctor);
-    showPayMethods(doctor.DTR_ValidPay);
-}
-
-void DoctorLogin::showPayMethods(const std::string& validPay) {
-    screen::ComboList& methods = views_.payment.cboPaymentMethod;
-    methods.clear();
-    const account::ValidPay valid = account::validPay(basics::trim(validPay));
-    if (valid.deposit) methods.addEntry(data::pay::deposit);
-    if (valid.later) methods.addEntry(data::pay::later);
-    if (valid.settled) methods.addEntry(data::pay::settled);
-    if (methods.entryCount() > 0) methods.select(0);
+    views_.payment.offer(composition::validPay(doctor.DTR_ValidPay));
 }
 
 void DoctorLogin::Clear_DoctorInfo() {

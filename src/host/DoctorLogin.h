@@ -50,7 +50,6 @@ private:
     std::int16_t loadDoctor(LoginJob job, std::int32_t& DTRPK);
     void listNurseDoctors();
     void showDoctor(LoginJob job, const data::DoctorRecord& doctor);
-    void showPayMethods(const std::string& validPay);
 
     screen::Window& form_;
     session::Session& session_;

@@ -5,16 +5,6 @@
 namespace zelvo::account {
 namespace {
 
-TEST(DoctorProfile, ValidPayFlags) {
-    const std::pair<const char*, ValidPay> cases[] = {{"", {}},
-                                                      {"101", {true, false, true}},
-                                                      {"010", {false, true, false}},
-                                                      {"1", {true, false, true}},
-                                                      {"11", {true, true, true}},
-                                                      {"한11", {false, true, true}}};
-    for (const auto& [text, flags] : cases) EXPECT_EQ(validPay(text), flags) << text;
-}
-
 TEST(DoctorProfile, ShowsAndClearsARecord) {
     testing::TestDesktop desktop;
     session::Session session;

@@ -116,8 +116,14 @@ TEST(SessionStart, offersThePayMethodsThatTheRecordAllows) {
         const char* flags;
         std::vector<std::string> entries;
     };
-    const Case cases[] = {
-        {"000", {}}, {"", {}}, {"101", {"적립", "후불정산"}}, {"1", {"적립", "후불정산"}}, {"010", {"후불"}}};
+    const Case cases[] = {{"000", {}},
+                          {"", {}},
+                          {"101", {"적립", "후불정산"}},
+                          {"1", {"적립", "후불정산"}},
+                          {"010", {"후불"}},
+                          {"  1", {"후불정산"}},
+                          {"11 ", {"적립", "후불"}},
+                          {"한11", {"후불", "후불정산"}}};
     for (const Case& pay : cases) {
         HostSession host;
         host.database.run("UPDATE t_Doctor SET DTR_ValidPay = '" + std::string(pay.flags) +
