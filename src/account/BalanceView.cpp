@@ -28,10 +28,6 @@ std::vector<screen::GridColumn> ledgerColumns(const char* dateField, const char*
              .width = 1400}};
 }
 
-std::string wonText(std::int64_t won) {
-    return basics::formatNumber(static_cast<double>(won), basics::NumberPicture::SeparatedZero);
-}
-
 }  // namespace
 
 BalanceView::BalanceView(screen::Window& form, screen::Place place, session::Session& session)
@@ -146,7 +142,7 @@ bool BalanceView::loadTotals() {
         txtUsableStock.setText("");
         return false;
     }
-    txtUsableStock.setText(wonText(usable));
+    txtUsableStock.setText(basics::wonText(usable));
     return true;
 }
 
@@ -159,7 +155,7 @@ bool BalanceView::showSum(screen::TextField& field, std::int32_t& sum, const Sum
         // No connection: a failed sum like any other.
     }
     if (!ok) sum = 0;
-    field.setText(wonText(sum));
+    field.setText(basics::wonText(sum));
     return ok;
 }
 

@@ -36,6 +36,10 @@ std::string formatNumber(double value, NumberPicture picture) {
     return text;
 }
 
+std::string wonText(std::int64_t won) {
+    return formatNumber(static_cast<double>(won), NumberPicture::SeparatedZero);
+}
+
 std::string formatText(std::string_view text, NumberPicture picture) {
     return IsNumeric(text) ? formatNumber(toNumber(text), picture) : std::string(text);
 }
