@@ -14,12 +14,16 @@ namespace {
 
 constexpr std::string_view startMark = "[START]", endMark = "[END]", separator = "/*/";
 
-/// A whole number of won; white space around it is the page's layout and no part of it.
-std::optional<std::int32_t> wholeWon(std::string_view text) {
+/// White space around a text is the page's layout and no part of it.
+std::string_view withoutSpace(std::string_view text) {
     constexpr std::string_view space = " \t\r\n";
     const std::size_t first = text.find_first_not_of(space);
     if (first == std::string_view::npos) return {};
-    text = text.substr(first, text.find_last_not_of(space) - first + 1);
+    return text.substr(first, text.find_last_not_of(space) - first + 1);
+}
+
+std::optional<std::int32_t> wholeWon(std::string_view text) {
+    text = withoutSpace(text);
     std::int32_t won = 0;
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), won);
     if (error != std::errc() || end != text.data() + text.size()) return {};
@@ -31,6 +35,13 @@ CostAnswer failed(CostReading reading, std::string reason) {
     answer.reading = reading;
     answer.reason = std::move(reason);
     return answer;
+}
+
+/// The page's own words, for they say best what ails it.
+std::string whatCame(std::string_view answer) {
+    if (withoutSpace(answer).empty())
+        return "비용계산 서버 웹페이지의 답변이 비어 있습니다. 잠시 후 다시 실행해 주십시오.";
+    return std::string(answer);
 }
 
 CostAnswer wrongElement(std::size_t number, std::string_view text) {
@@ -75,7 +86,7 @@ CostAnswer readElements(const std::vector<std::string>& elements, std::size_t li
 
 CostAnswer readCostAnswer(std::string_view answer, std::size_t lineCount) {
     const std::size_t start = answer.find(startMark);
-    if (start == std::string_view::npos) return failed(CostReading::NoStart, std::string(answer));
+    if (start == std::string_view::npos) return failed(CostReading::NoStart, whatCame(answer));
     const std::size_t end = answer.find(endMark, start + 1);
     if (end == std::string_view::npos) {
         return failed(CostReading::NoEnd, "비용계산 서버 웹페이지 오류([END] 문자열 찾기 실패)");

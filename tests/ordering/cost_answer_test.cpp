@@ -33,12 +33,14 @@ TEST(CostAnswer, ReadsAmountsNotesAndMileage) {
 TEST(CostAnswer, TellsWhatIsWrong) {
     using enum CostReading;
     const std::string page = "비용계산 서버 웹페이지 오류";
+    const std::string empty = "비용계산 서버 웹페이지의 답변이 비어 있습니다. 잠시 후 다시 실행해 주십시오.";
     const struct {
         std::string answer;
         CostReading reading;
         std::string reason;
     } cases[] = {
-        {"", NoStart, ""},
+        {"", NoStart, empty},
+        {" \r\n", NoStart, empty},
         {"<h1>404</h1>", NoStart, "<h1>404</h1>"},
         {"[END]1/*/[START]", NoEnd, page + "([END] 문자열 찾기 실패)"},
         {withBody("0 휴업"), NoSeparator, page + "(/*/ 문자열 찾기 실패)"},

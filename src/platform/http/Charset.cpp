@@ -95,7 +95,10 @@ std::string decodePage(std::string_view bytes, std::string_view contentType) {
     const std::string charset = charsetOf(contentType);
     std::optional<std::string> text;
     if (!isUtf8Name(charset)) text = converted(bytes, charset);
-    std::string clean = basics::cleanUtf8(text ? std::string_view(*text) : bytes);
+    // A character that is none stays one: dropped, it would join the digits of an amount.
+    const std::string whole =
+        basics::replaceAll(text ? std::string_view(*text) : bytes, std::string_view("\0", 1), "\uFFFD");
+    std::string clean = basics::cleanUtf8(whole);
     constexpr std::string_view mark = "\uFEFF";
     if (clean.starts_with(mark)) clean.erase(0, mark.size());
     return clean;
