@@ -4,6 +4,7 @@
 #include <initializer_list>
 
 #include "basics/Text.h"
+#include "basics/Utf8.h"
 #include "screen/Window.h"
 
 namespace zelvo::input::modTelNumFormat {
@@ -117,7 +118,7 @@ bool holdsTilde(const std::string& text) {
 
 /// Whether the number is full, so that a "~" may follow. The field may hold any text.
 bool takesTilde(const std::string& text) {
-    return text.size() > (text.starts_with('0') ? 10U : 7U);
+    return basics::characterCount(text) > (text.starts_with('0') ? 10U : 7U);
 }
 
 }  // namespace
