@@ -4,12 +4,11 @@
 #include "basics/Numbers.h"
 #include "basics/Pictures.h"
 #include "basics/Text.h"
+#include "composition/modHanYakGuk.h"
 
 namespace zelvo::composition {
 
 namespace {
-
-constexpr int amountColumn = 6, stateColumn = 8;
 
 /// Every assignment that changes nothing ends a cascade, so a field without blanks is left alone.
 void removeBlanks(screen::TextField& field) {
@@ -18,8 +17,8 @@ void removeBlanks(screen::TextField& field) {
 
 /// The amount of a herb line in won, whoever wrote the cell.
 std::int32_t amountOf(const tables::XArrayDB& herbs, int row) {
-    const std::string_view text = herbs.textView(row, amountColumn);
-    return text.empty() ? basics::toInt32(herbs.text(row, amountColumn)) : basics::toInt32(text);
+    const std::string_view text = herbs.textView(row, herb::amount);
+    return text.empty() ? basics::toInt32(herbs.text(row, herb::amount)) : basics::toInt32(text);
 }
 
 /// A number that has only its point yet: the doctor is still typing.
@@ -28,8 +27,8 @@ bool isBegun(const screen::TextField& field) {
 }
 
 bool isSound(const tables::XArrayDB& herbs, int row) {
-    const std::string_view state = herbs.textView(row, stateColumn);
-    return state.empty() ? herbs.text(row, stateColumn) == "0" : state == "0";
+    const std::string_view state = herbs.textView(row, herb::state);
+    return state.empty() ? herbs.text(row, herb::state) == herb::complete : state == herb::complete;
 }
 
 }  // namespace

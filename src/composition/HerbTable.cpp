@@ -210,6 +210,7 @@ void HerbTable::addOrMove() {
         session_.g_xaDrug.insertRows(rowCount());
         tdbDGL.refresh();
         tdbDGL.setCurrentRow(rowCount() - 1);
+        watch_.priceOutdated();
     } else {
         tdbDGL.setCurrentRow(next);
     }
@@ -248,6 +249,7 @@ void HerbTable::deleteRow() {
     watch_.priceOutdated();
 }
 
+/// A table that a deletion has emptied shows "[0]": it was changed.
 void HerbTable::rowDeleted() {
     modHanYakGuk::Renumber_DrugRows(form_.desktop(), session_.g_xaDrug);
     tdbDGL.refresh();

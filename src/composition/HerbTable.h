@@ -38,7 +38,7 @@ public:
     void loadLines(const std::vector<HerbLine>& lines);
     /// Takes the mark of the latest merge off all rows.
     void dropMergeMarks();
-    /// The caption with the row count, or the plain one for an empty table.
+    /// The caption with the row count, or the plain one for an empty table, as after a reset.
     void showRowCount();
     /// A herb line came, went or changed in a way that the packets' price depends on: packets and herb price
     /// are to be emptied.

@@ -4,15 +4,13 @@
 
 #include "basics/Numbers.h"
 #include "composition/frmMessage.h"
+#include "composition/modHanYakGuk.h"
 #include "data/clsZELVORecordSet.h"
 
 namespace zelvo::composition {
 
 namespace {
 
-constexpr int selectedColumn = 0, keyColumn = 1, nameColumn = 2, messageColumn = 4;
-constexpr int drugVisibleColumn = 5, tangJunVisibleColumn = 6;  // of an order type
-constexpr int typeColumn = 6;                                   // of a form change
 constexpr screen::Color darkBlue{0, 0, 192};
 
 using Columns = std::vector<screen::GridColumn>;
@@ -25,20 +23,20 @@ screen::GridColumn hiddenColumn(const char* caption) {
     return {.caption = caption, .shown = false, .stops = false};
 }
 
-using Read = std::int16_t (data::clsZELVORecordSet::*)(data::Connection&, data::RecordSet&, tables::XArrayDB&,
-                                                       std::int16_t);
+using Read = std::int16_t (data::clsZELVORecordSet::*)(data::Connection&, data::RecordSet&,
+                                                       tables::XArrayDB&);
 
 /// Fills an array from the catalogue and shows it. False when it can't be read: then it is empty.
 bool load(session::Session& session, screen::Grid& grid, tables::XArrayDB& options, Read read,
-          std::int16_t upperColumn) {
-    options.reDim(-1, upperColumn);
+          int lastColumn) {
+    options.reDim(-1, lastColumn);
     grid.bind(&options);
     data::RecordSet rows;
     data::clsZELVORecordSet records;
-    const bool done = (records.*read)(session.connection(), rows, options, upperColumn) != -1;
+    const bool done = (records.*read)(session.connection(), rows, options) != -1;
     if (rows.isOpen()) rows.close();
     if (!done) {
-        options.reDim(-1, upperColumn);
+        options.reDim(-1, lastColumn);
         return false;
     }
     grid.refresh();
@@ -48,7 +46,7 @@ bool load(session::Session& session, screen::Grid& grid, tables::XArrayDB& optio
 void useStyle(screen::Grid& grid, const tables::XArrayDB& options, const char* name) {
     grid.onRowStyle.add([&options, name](int row, std::string& style) {
         // Between two refreshes the grid may ask for a row that is gone.
-        if (row <= options.upperRow() && options.isTrue(row, selectedColumn)) style = name;
+        if (row <= options.upperRow() && options.isTrue(row, option::selected)) style = name;
     });
 }
 
@@ -113,21 +111,21 @@ void OrderOptions::Load_TangJunAdd() {
 
 void OrderOptions::pressJobList(int column) {
     if (!standsOnRow(tdbJobList, m_xaJobList)) return;
-    if (column != selectedColumn) {
+    if (column != option::selected) {
         explain(tdbJobList, frames_.c1ePatient);
         return;
     }
     selectOnly(tdbJobList, m_xaJobList);
     const int row = tdbJobList.currentRow();
-    frames_.c1eDrug.setVisible(m_xaJobList.isTrue(row, drugVisibleColumn));
-    frames_.c1eTangJun.setVisible(m_xaJobList.isTrue(row, tangJunVisibleColumn));
+    frames_.c1eDrug.setVisible(m_xaJobList.isTrue(row, option::hasHerbs));
+    frames_.c1eTangJun.setVisible(m_xaJobList.isTrue(row, option::hasDecoction));
     tdbJobList.commitEdit();
     remember(row, m_LastJobRow);
 }
 
 void OrderOptions::pressTJML(int column) {
     if (!standsOnRow(tdbTJML, m_xaTJML)) return;
-    if (column != selectedColumn) {
+    if (column != option::selected) {
         explain(tdbTJML, frames_.c1eCostConfirm);
         return;
     }
@@ -138,13 +136,13 @@ void OrderOptions::pressTJML(int column) {
 
 void OrderOptions::pressTJAL(int column) {
     if (!standsOnRow(tdbTJAL, m_xaTJAL)) return;
-    if (column != selectedColumn) {
+    if (column != option::selected) {
         explain(tdbTJAL, frames_.c1eCostConfirm);
         return;
     }
     const int pressed = tdbTJAL.currentRow();
-    const bool selected = m_xaTJAL.isTrue(pressed, selectedColumn);
-    m_xaTJAL.set(pressed, selectedColumn, !selected);
+    const bool selected = m_xaTJAL.isTrue(pressed, option::selected);
+    m_xaTJAL.set(pressed, option::selected, !selected);
     if (!selected) unselectSameType(pressed);
     tdbTJAL.refresh();
     watch_.priceOutdated();
@@ -153,33 +151,33 @@ void OrderOptions::pressTJAL(int column) {
 
 void OrderOptions::chooseJobList(std::int32_t key) {
     unselectAll(m_xaJobList);
-    if (moveTo(tdbJobList, m_xaJobList, key)) pressJobList(selectedColumn);
+    if (moveTo(tdbJobList, m_xaJobList, key)) pressJobList(option::selected);
     tdbJobList.bind(&m_xaJobList);
 }
 
 void OrderOptions::chooseTJML(std::int32_t key) {
     unselectAll(m_xaTJML);
-    if (moveTo(tdbTJML, m_xaTJML, key)) pressTJML(selectedColumn);
+    if (moveTo(tdbTJML, m_xaTJML, key)) pressTJML(option::selected);
     tdbTJML.bind(&m_xaTJML);
 }
 
 void OrderOptions::chooseTJAL(const std::vector<std::int32_t>& keys) {
     unselectAll(m_xaTJAL);
     for (const std::int32_t key : keys) {
-        if (moveTo(tdbTJAL, m_xaTJAL, key)) pressTJAL(selectedColumn);
+        if (moveTo(tdbTJAL, m_xaTJAL, key)) pressTJAL(option::selected);
     }
     tdbTJAL.bind(&m_xaTJAL);
 }
 
 bool OrderOptions::moveTo(screen::Grid& grid, tables::XArrayDB& options, std::int32_t key) {
-    const int row = options.find(0, keyColumn, basics::decimalText(std::int64_t{key}));
+    const int row = options.find(0, option::key, basics::decimalText(std::int64_t{key}));
     if (row >= 0) grid.setCurrentRow(row);
     return row >= 0;
 }
 
 void OrderOptions::unselectAll(tables::XArrayDB& options) {
     for (int row = options.lowerRow(); row <= options.upperRow(); ++row) {
-        options.set(row, selectedColumn, false);
+        options.set(row, option::selected, false);
         form_.desktop().yield();
     }
 }
@@ -187,15 +185,15 @@ void OrderOptions::unselectAll(tables::XArrayDB& options) {
 void OrderOptions::selectOnly(screen::Grid& grid, tables::XArrayDB& options) {
     unselectAll(options);
     grid.refresh();
-    options.set(grid.currentRow(), selectedColumn, true);
+    options.set(grid.currentRow(), option::selected, true);
     grid.refreshRow(grid.currentRow());
 }
 
 void OrderOptions::unselectSameType(int pressed) {
-    const std::string type = m_xaTJAL.text(pressed, typeColumn);
+    const std::string type = m_xaTJAL.text(pressed, option::type);
     for (int row = m_xaTJAL.lowerRow(); row <= m_xaTJAL.upperRow(); ++row) {
-        if (row != pressed && m_xaTJAL.text(row, typeColumn) == type)
-            m_xaTJAL.set(row, selectedColumn, false);
+        if (row != pressed && m_xaTJAL.text(row, option::type) == type)
+            m_xaTJAL.set(row, option::selected, false);
         form_.desktop().yield();
     }
 }
@@ -209,7 +207,7 @@ void OrderOptions::remember(int row, int& last) {
 void OrderOptions::explain(const screen::Grid& grid, const screen::Panel& beside) {
     frmMessage message(form_.desktop());
     placeBeside(message, beside);
-    message.read(grid.value(nameColumn), grid.value(messageColumn));
+    message.read(grid.value(option::name), grid.value(option::message));
 }
 
 }  // namespace zelvo::composition

@@ -11,8 +11,6 @@ namespace zelvo::composition::modHanYakGuk {
 
 namespace {
 
-constexpr int slotCount = 64;
-
 /// What a change of one column does to the rest of its row. Gives the duplicate's row number, or 0.
 std::int16_t followChange(screen::Desktop& desktop, int mode, int row, tables::XArrayDB& herbs) {
     if (mode == herb::name) {
@@ -37,16 +35,14 @@ std::int16_t followChange(screen::Desktop& desktop, int mode, int row, tables::X
     return 0;
 }
 
-/// A text of as many characters as there are slots, with a "1" at the slot of each chosen add-on. An add-on
-/// without a slot ends the walk.
+/// A text of as many characters as there are slots, with a "1" at the slot of each chosen add-on. One without
+/// a slot is a Fault: it must not be left out without a word.
 std::string addOnSlots(const tables::XArrayDB& addOns) {
-    std::string slots(slotCount, '0');
+    std::string slots(option::slotCount, '0');
     for (int row = 0; row <= addOns.upperRow(); ++row) {
-        if (!addOns.isTrue(row, 0)) continue;
-        const std::string slot = addOns.text(row, 5);
-        if (!basics::IsNumeric(slot)) break;
-        const int place = basics::toInt16(slot);
-        if (place < 1 || place > slotCount) basics::throwOverflow();
+        if (!addOns.isTrue(row, option::selected)) continue;
+        const int place = basics::toInt16(addOns.text(row, option::slot));
+        if (place < 1 || place > option::slotCount) basics::throwOverflow();
         slots[static_cast<std::size_t>(place - 1)] = '1';
     }
     return slots;
@@ -123,7 +119,7 @@ std::int16_t Renumber_DrugRows(screen::Desktop& desktop, tables::XArrayDB& herbs
 }
 
 int selectedRow(const tables::XArrayDB& options) {
-    return options.find(0, 0, "-1");
+    return options.find(0, option::selected, "-1");
 }
 
 std::int16_t Build_CostFields(const tables::XArrayDB& jobList, const tables::XArrayDB& herbs,
@@ -131,17 +127,16 @@ std::int16_t Build_CostFields(const tables::XArrayDB& jobList, const tables::XAr
                               CostFields& fields) {
     try {
         const int job = chosenRow(jobList);
-        fields.JobListKey = jobList.text(job, 1);
-        fields.hasDrug = jobList.isTrue(job, 5);
-        if (fields.hasDrug) {
+        fields.JobListKey = jobList.text(job, option::key);
+        if (jobList.isTrue(job, option::hasHerbs)) {
             clsXArrayString().XArrayDB2String(herbs, fields.DrugText, rowSeparator, cellSeparator);
         } else {
             fields.DrugText.clear();
             fields.Chubsu.clear();
             fields.DrugPrice.clear();
         }
-        if (jobList.isTrue(job, 6)) {
-            fields.TJMLKey = methods.text(chosenRow(methods), 1);
+        if (jobList.isTrue(job, option::hasDecoction)) {
+            fields.TJMLKey = methods.text(chosenRow(methods), option::key);
             fields.TJALSlot = addOnSlots(addOns);
         } else {
             fields.TJMLKey.clear();

@@ -17,6 +17,15 @@ inline constexpr int blank = 0, name = 1, pharmacyName = 2, key = 3, grams = 4, 
 inline constexpr const char *complete = "0", *incomplete = "-1", *mergedMark = "1";
 }  // namespace herb
 
+/// Columns of the lists of order types, decoction methods and form changes; the first holds the Boolean mark
+/// of what is chosen.
+namespace option {
+inline constexpr int selected = 0, key = 1, name = 2, message = 4;
+inline constexpr int hasHerbs = 5, hasDecoction = 6;  ///< of an order type
+inline constexpr int slot = 5, type = 6;              ///< of a form change
+inline constexpr int slotCount = 64;
+}  // namespace option
+
 /// The herb procedures of the composition: rules on the array of herb lines. Rows count from 0.
 namespace modHanYakGuk {
 
@@ -44,10 +53,9 @@ struct CostFields {
     std::string JobListKey, DrugText, TJMLKey, TJALSlot;
     /// In: as on the screen (the price without commas). Out: empty where the order type has no such section.
     std::string Chubsu, DrugPrice, PouchAmount, PouchTotal;
-    bool hasDrug = false;
 };
 
-/// 0 on success, -1 on a fault (no order type selected, say).
+/// 0 on success, -1 on a fault (no order type selected, say, or a chosen form change without a slot).
 std::int16_t Build_CostFields(const tables::XArrayDB& jobList, const tables::XArrayDB& herbs,
                               const tables::XArrayDB& methods, const tables::XArrayDB& addOns,
                               CostFields& fields);

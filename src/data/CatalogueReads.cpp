@@ -43,8 +43,8 @@ std::string clsZELVORecordSet::RecordSet_SvrGetdate(Connection& Conn) {
     return time;
 }
 
-std::int16_t clsZELVORecordSet::RecordSet_TangJunADD(Connection& Conn, RecordSet& Rs, tables::XArrayDB& Array,
-                                                     std::int16_t /*upperColumn*/) {
+std::int16_t clsZELVORecordSet::RecordSet_TangJunADD(Connection& Conn, RecordSet& Rs,
+                                                     tables::XArrayDB& Array) {
     const Statement statement(
         "SELECT * FROM t_TangJunAddList "
         "Where TJAL_IsValid = '1' "
@@ -52,8 +52,7 @@ std::int16_t clsZELVORecordSet::RecordSet_TangJunADD(Connection& Conn, RecordSet
     return running::walk(Conn, Rs, Array, statement, addOnCells) == WalkEnd::Done ? 1 : -1;
 }
 
-std::int16_t clsZELVORecordSet::RecordSet_TangJun(Connection& Conn, RecordSet& Rs, tables::XArrayDB& Array,
-                                                  std::int16_t /*upperColumn*/) {
+std::int16_t clsZELVORecordSet::RecordSet_TangJun(Connection& Conn, RecordSet& Rs, tables::XArrayDB& Array) {
     const Statement statement(
         "SELECT * FROM t_TangJunMethodList "
         "Where TJML_IsValid = '1' "
@@ -61,8 +60,7 @@ std::int16_t clsZELVORecordSet::RecordSet_TangJun(Connection& Conn, RecordSet& R
     return running::walk(Conn, Rs, Array, statement, methodCells) == WalkEnd::Done ? 1 : -1;
 }
 
-std::int16_t clsZELVORecordSet::RecordSet_JobList(Connection& Conn, RecordSet& Rs, tables::XArrayDB& Array,
-                                                  std::int16_t /*upperColumn*/) {
+std::int16_t clsZELVORecordSet::RecordSet_JobList(Connection& Conn, RecordSet& Rs, tables::XArrayDB& Array) {
     const Statement statement(
         "SELECT * FROM t_JobList "
         "Where JL_IsValid = 1 "

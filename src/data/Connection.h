@@ -40,6 +40,8 @@ public:
     /// The server's address, as the chart gave it. The session sets it when it opens the connection.
     std::string server;
 
+    /// Whether the server keeps a catalogue of its columns (INFORMATION_SCHEMA) that tells how long they are.
+    virtual bool hasCatalogue() const { return false; }
     virtual bool isOpen() const = 0;
     virtual void close() = 0;
 

@@ -28,7 +28,6 @@ void fill(tables::XArrayDB& Array, int row, const Cell& cell, const RecordSet& R
         case Cell::Content::Field:
             return Array.set(row, cell.column, Rs.view(from));
         case Cell::Content::Flag:
-            if (Rs.isNull(from)) return Array.set(row, cell.column, "");
             return Array.set(row, cell.column, isTrue(Rs.view(from)));
         case Cell::Content::FirstSix:
             return Array.set(row, cell.column, basics::part(Rs.view(from), 0, 6));

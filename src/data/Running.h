@@ -8,6 +8,7 @@
 
 #include "basics/Dates.h"
 #include "basics/Numbers.h"
+#include "basics/Text.h"
 #include "data/Connection.h"
 #include "data/RecordSet.h"
 #include "data/Statement.h"
@@ -59,16 +60,16 @@ inline std::string serverTime(Connection& connection, std::string_view statement
     return own.text(0);
 }
 
-/// A column as a number, NULL and blank as 0. Throws Fault when it is none or too large.
+/// A column as a number, NULL and blanks as 0. Throws Fault when it is none or too large.
 inline std::int32_t int32Of(const RecordSet& row, std::string_view field) {
     const std::string text = row.text(field);
-    return text.empty() ? 0 : basics::toInt32(text);
+    return basics::isBlank(text) ? 0 : basics::toInt32(text);
 }
 inline float singleOf(const RecordSet& row, std::string_view field) {
     const std::string text = row.text(field);
-    return text.empty() ? 0.0F : basics::toSingle(text);
+    return basics::isBlank(text) ? 0.0F : basics::toSingle(text);
 }
-/// A flag, whatever type its column was declared with: "True" or a number other than 0.
+/// A flag, whatever type its column was declared with: "True" or a number other than 0; NULL is no.
 bool isTrue(std::string_view text);
 
 /// One cell of a row that a walk fills.

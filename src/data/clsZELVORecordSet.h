@@ -4,6 +4,7 @@
 #include <string>
 
 #include "data/Connection.h"
+#include "data/TextLengths.h"
 #include "tables/XArrayDB.h"
 
 namespace zelvo::data {
@@ -144,16 +145,16 @@ public:
     // The server's clock and the catalogue (CatalogueReads.cpp).
     /// The server's date and time as the driver says it, or "-1".
     std::string RecordSet_SvrGetdate(Connection& Conn);
-    /// Reads into `Array` from row 0 on; `Rs` stays open. Flags of an order type arrive as Booleans.
-    std::int16_t RecordSet_TangJunADD(Connection& Conn, RecordSet& Rs, tables::XArrayDB& Array,
-                                      std::int16_t upperColumn);
-    std::int16_t RecordSet_TangJun(Connection& Conn, RecordSet& Rs, tables::XArrayDB& Array,
-                                   std::int16_t upperColumn);
-    std::int16_t RecordSet_JobList(Connection& Conn, RecordSet& Rs, tables::XArrayDB& Array,
-                                   std::int16_t upperColumn);
+    /// Reads into `Array` from row 0 on; `Rs` stays open. Flags of an order type arrive as Booleans, NULL is
+    /// no.
+    std::int16_t RecordSet_TangJunADD(Connection& Conn, RecordSet& Rs, tables::XArrayDB& Array);
+    std::int16_t RecordSet_TangJun(Connection& Conn, RecordSet& Rs, tables::XArrayDB& Array);
+    std::int16_t RecordSet_JobList(Connection& Conn, RecordSet& Rs, tables::XArrayDB& Array);
     std::int16_t RecordSet_GongJi(Connection& Conn, RecordSet& Rs);
     /// Herbs on sale today whose name holds the word, recommended ones first.
     std::int16_t RecordSet_YakGukDrugList(Connection& Conn, RecordSet& Rs, const std::string& Word);
+    /// How long the text columns of an order's tables are, where the server has a catalogue of its columns.
+    std::int16_t RecordSet_TextLengths(Connection& Conn, TextLengths& lengths);
     /// Name and price of one herb today; -1 with both "" when there is none.
     std::int16_t RecordSet_HapBang(Connection& Conn, const std::string& DGL_PK, std::string& DGL_Internal,
                                    std::string& DGD_Danga);

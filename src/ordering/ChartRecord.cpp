@@ -14,10 +14,11 @@ std::int16_t shortFrom(const screen::TextField& field) {
 }
 
 std::string herbList(const tables::XArrayDB& herbs) {
-    constexpr int name = 1, grams = 4;
+    namespace herb = composition::herb;
     std::vector<std::string> rows;
     for (int row = 0; row <= herbs.upperRow(); ++row) {
-        rows.push_back(herbs.text(row, name) + composition::cellSeparator + herbs.text(row, grams));
+        rows.push_back(herbs.text(row, herb::name) + composition::cellSeparator +
+                       herbs.text(row, herb::grams));
     }
     return basics::join(rows, composition::rowSeparator);
 }
@@ -25,9 +26,9 @@ std::string herbList(const tables::XArrayDB& herbs) {
 }  // namespace
 
 ChartRecord chartRecord(const OrderDraft& draft, const std::string& sumCost) {
-    constexpr int jobName = 2;
     ChartRecord record;
-    if (draft.jobRow() >= 0) record.strJob = draft.options.m_xaJobList.text(draft.jobRow(), jobName);
+    if (draft.jobRow() >= 0)
+        record.strJob = draft.options.m_xaJobList.text(draft.jobRow(), composition::option::name);
     if (draft.frames.c1eDrug.visible()) {
         record.intChupSu = shortFrom(draft.dose.txtChubsu);
         record.strxDrugList = herbList(draft.lines());

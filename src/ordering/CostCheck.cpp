@@ -11,14 +11,14 @@
 namespace zelvo::ordering {
 
 using basics::isBlank;
-using basics::IsNumeric;
 using tables::XArrayDB;
 
 namespace {
 
+namespace herb = composition::herb;
+namespace option = composition::option;
+
 constexpr const char* caption = "처방전 비용확인";
-constexpr int drugState = 8;
-constexpr std::int16_t flagSet = -1;
 
 struct Finding {
     CheckResult result;
@@ -69,33 +69,28 @@ Checked checkDelivery(const CostInput& input) {
 }
 
 bool herbsAtFault(const CostInput& input, const XArrayDB& herbs) {
-    return herbs.empty() || herbs.find(0, drugState, "-1") >= 0 || !IsNumeric(input.Chubsu) ||
-           !IsNumeric(basics::removeAll(input.DrugPrice, ","));
+    return herbs.empty() || unsoundLine(herbs) >= 0 || !isAboveZero(input.Chubsu) ||
+           !isAboveZero(basics::removeAll(input.DrugPrice, ","));
 }
 
 bool decoctionAtFault(const CostInput& input, const XArrayDB& methods) {
-    return composition::modHanYakGuk::selectedRow(methods) < 0 || !IsNumeric(input.PouchAmount) ||
-           !IsNumeric(input.PouchTotal);
-}
-
-/// A flag of an order type, -1 or 0. A cell that holds no whole number is a Fault.
-std::int16_t typeFlag(const XArrayDB& jobList, int row, int column) {
-    return basics::toInt16(jobList.text(row, column));
+    return composition::modHanYakGuk::selectedRow(methods) < 0 || !isAboveZero(input.PouchAmount) ||
+           !isAboveZero(input.PouchTotal);
 }
 
 Checked checkSections(const CostInput& input, const XArrayDB& jobList, const XArrayDB& herbs,
                       const XArrayDB& methods) {
     const int row = composition::modHanYakGuk::selectedRow(jobList);
     if (row < 0) return Finding{CheckResult::OrderType, "[처방전 주문서 정보]를 선택해 주십시오."};
-    const std::int16_t hasDrug = typeFlag(jobList, row, jobHasDrug);
-    const std::int16_t hasTangJun = typeFlag(jobList, row, jobHasTangJun);
-    if (hasDrug == flagSet && herbsAtFault(input, herbs)) {
+    const bool hasHerbs = jobList.isTrue(row, option::hasHerbs);
+    const bool hasDecoction = jobList.isTrue(row, option::hasDecoction);
+    if (hasHerbs && herbsAtFault(input, herbs)) {
         return Finding{CheckResult::Herbs, "약재정보 필수항목 [약재구성, 첩수, 약재가격] 오류 또는 누락."};
     }
-    if (hasTangJun == flagSet && decoctionAtFault(input, methods)) {
+    if (hasDecoction && decoctionAtFault(input, methods)) {
         return Finding{CheckResult::Decoction, "탕전정보 필수항목 [탕전방식, 용량, 파우치] 오류 또는 누락."};
     }
-    if (hasDrug == 0 && hasTangJun == 0 && isBlank(input.CBJmsg)) {
+    if (!hasHerbs && !hasDecoction && isBlank(input.CBJmsg)) {
         return Finding{CheckResult::Message, "기타구입에 대한 내용을 [처방 메시지에 입력]해 주십시오."};
     }
     return {};
@@ -112,6 +107,19 @@ Checked firstFinding(const CostInput& input, const XArrayDB& jobList, const XArr
 }
 
 }  // namespace
+
+int unsoundLine(const XArrayDB& g_xaDrug) {
+    for (int row = g_xaDrug.lowerRow(); row <= g_xaDrug.upperRow(); ++row) {
+        if (g_xaDrug.text(row, herb::state) != herb::complete ||
+            !isAboveZero(g_xaDrug.text(row, herb::grams)) || !isAboveZero(g_xaDrug.text(row, herb::amount)))
+            return row;
+    }
+    return -1;
+}
+
+bool isAboveZero(const std::string& text) {
+    return basics::IsNumeric(text) && basics::toNumber(text) > 0;
+}
 
 CheckResult Check_CostInput(screen::Desktop& desktop, const CostInput& input, const XArrayDB& m_xaJobList,
                             const XArrayDB& g_xaDrug, const XArrayDB& m_xaTJML) {

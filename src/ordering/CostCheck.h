@@ -31,13 +31,15 @@ enum class CheckResult : std::int16_t {
     PayMethod = 9,
 };
 
-/// Columns of the order types that say which sections an order has.
-inline constexpr int jobHasDrug = 5, jobHasTangJun = 6;
-
 /// The one check of an order before its price: shows the first fault that it meets and says where it lies.
 /// The last question (the delivery method still open) is asked here too. Changes nothing else.
 CheckResult Check_CostInput(screen::Desktop& desktop, const CostInput& input,
                             const tables::XArrayDB& m_xaJobList, const tables::XArrayDB& g_xaDrug,
                             const tables::XArrayDB& m_xaTJML);
+
+/// The first herb line that is incomplete or says no amount above 0, -1 when all are sound.
+int unsoundLine(const tables::XArrayDB& g_xaDrug);
+/// Whether the text is a number above 0.
+bool isAboveZero(const std::string& text);
 
 }  // namespace zelvo::ordering

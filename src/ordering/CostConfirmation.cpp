@@ -2,11 +2,14 @@
 
 #include <array>
 #include <exception>
+#include <utility>
 
 #include "basics/Numbers.h"
 #include "basics/Pictures.h"
 #include "composition/frmMessage.h"
 #include "data/Words.h"
+#include "data/clsZELVORecordSet.h"
+#include "ordering/OrderFit.h"
 
 namespace zelvo::ordering {
 
@@ -34,10 +37,6 @@ std::vector<screen::GridColumn> costColumns() {
             {.caption = "비용(원)", .alignRight = true, .width = 1400},
             {.caption = "자세히", .button = true, .width = 700},
             {.caption = "비용세부항목", .shown = false, .stops = false}};
-}
-
-std::string wonText(std::int32_t won) {
-    return basics::formatNumber(won, basics::NumberPicture::SeparatedZero);
 }
 
 std::string zeroIfEmpty(const std::string& text) {
@@ -124,13 +123,7 @@ void CostConfirmation::Confirm_Cost() {
         desktop.inform("[약재정보]를 다시 확인바랍니다.", "비용확인");
         return;
     }
-    const CheckResult result = Check_CostInput(desktop, draft_.checkedTexts(), draft_.options.m_xaJobList,
-                                               draft_.lines(), draft_.options.m_xaTJML);
-    if (result != CheckResult::Passed) {
-        gate_.Set_CostConfirmed(false);
-        focusFault(result);
-        return;
-    }
+    if (!passesChecks()) return gate_.Set_CostConfirmed(false);
     gate_.checksPassed();
     lblMileageMoney.setCaption("0");
     lblSumcost.setCaption("0");
@@ -151,6 +144,38 @@ bool CostConfirmation::currentHerbIsSound() {
            -1;
 }
 
+/// Whether the order may be priced. What stands against it has been shown, and has the focus.
+bool CostConfirmation::passesChecks() {
+    const CheckResult result =
+        Check_CostInput(form_.desktop(), draft_.checkedTexts(), draft_.options.m_xaJobList, draft_.lines(),
+                        draft_.options.m_xaTJML);
+    if (result != CheckResult::Passed) {
+        focusFault(result);
+        return false;
+    }
+    return orderFits();
+}
+
+bool CostConfirmation::orderFits() {
+    const std::optional<Misfit> misfit = firstMisfit(draft_, textLengths());
+    if (!misfit) return true;
+    form_.desktop().inform(misfit->message, caption);
+    if (misfit->herbRow >= 0) draft_.herbs.tdbDGL.setCurrentRow(misfit->herbRow);
+    misfit->field->setFocus();
+    return false;
+}
+
+/// Nothing is known of them after a read that failed: then the order is stored or not, as its insert goes.
+const data::TextLengths& CostConfirmation::textLengths() {
+    if (!textLengths_) {
+        data::TextLengths read;
+        const std::int16_t status =
+            data::clsZELVORecordSet().RecordSet_TextLengths(draft_.session.connection(), read);
+        textLengths_ = status == 1 ? std::move(read) : data::TextLengths();
+    }
+    return *textLengths_;
+}
+
 void CostConfirmation::focusFault(CheckResult result) {
     switch (result) {
         case CheckResult::Patient:
@@ -162,6 +187,7 @@ void CostConfirmation::focusFault(CheckResult result) {
         case CheckResult::OrderType:
             return draft_.options.tdbJobList.setFocus();
         case CheckResult::Herbs:
+            if (const int row = unsoundLine(draft_.lines()); row >= 0) draft_.herbs.tdbDGL.setCurrentRow(row);
             return draft_.herbs.tdbDGL.setFocus();
         case CheckResult::Decoction:
             return draft_.dose.txtDayTuyak.setFocus();
@@ -235,11 +261,11 @@ void CostConfirmation::showCosts(const CostAnswer& answer) {
     for (int row = 0; row <= cost::lastRow; ++row) {
         const CostLine& line = row == 0 ? answer.total : answer.lines.at(static_cast<std::size_t>(row - 1));
         m_xaCostConfirm.set(row, cost::label, labels[static_cast<std::size_t>(row)]);
-        m_xaCostConfirm.set(row, cost::amount, wonText(line.amount));
+        m_xaCostConfirm.set(row, cost::amount, basics::wonText(line.amount));
         m_xaCostConfirm.set(row, cost::note, line.note);
     }
     lblSumcost.setCaption(basics::decimalText(std::int64_t{answer.total.amount}));
-    tdbCostConfirm.setCaption("합계 비용 = " + wonText(answer.total.amount));
+    tdbCostConfirm.setCaption("합계 비용 = " + basics::wonText(answer.total.amount));
     tdbCostConfirm.bind(&m_xaCostConfirm);
 }
 

@@ -1,7 +1,9 @@
 #pragma once
 
+#include <optional>
 #include <string>
 
+#include "data/TextLengths.h"
 #include "ordering/CostAnswer.h"
 #include "ordering/CostCheck.h"
 #include "ordering/OrderDraft.h"
@@ -36,13 +38,18 @@ public:
     /// the first.
     tables::XArrayDB m_xaCostConfirm;
 
+    /// Whether the pharmacy's tables can hold the order as it stands. What they can't has been told, and has
+    /// the focus.
+    bool orderFits();
     /// The row style of the cost lines.
     void Form_Load();
 
 private:
     void Confirm_Cost();
     bool currentHerbIsSound();
+    bool passesChecks();
     void focusFault(CheckResult result);
+    const data::TextLengths& textLengths();
     bool Request_Cost();
     std::string askPage(const composition::modHanYakGuk::CostFields& fields) const;
     void clearCosts();
@@ -52,6 +59,8 @@ private:
     screen::Window& form_;
     OrderDraft& draft_;
     SendGate& gate_;
+    /// Asked for before the first price of a session.
+    std::optional<data::TextLengths> textLengths_;
 };
 
 }  // namespace zelvo::ordering

@@ -9,11 +9,11 @@ int OrderDraft::jobRow() const {
 }
 
 bool OrderDraft::hasHerbs() const {
-    return typeHas(jobHasDrug);
+    return typeHas(composition::option::hasHerbs);
 }
 
 bool OrderDraft::hasDecoction() const {
-    return typeHas(jobHasTangJun);
+    return typeHas(composition::option::hasDecoction);
 }
 
 bool OrderDraft::typeHas(int column) const {

@@ -1,5 +1,7 @@
 #include "ordering/OrderRows.h"
 
+#include <utility>
+
 #include "basics/Numbers.h"
 #include "basics/Text.h"
 #include "data/Words.h"
@@ -11,9 +13,6 @@ namespace {
 
 std::string clean(const screen::TextField& field) {
     return basics::removeAll(field.text(), "'");
-}
-std::string tight(const screen::TextField& field) {
-    return basics::removeBlanks(clean(field));
 }
 
 std::int16_t shortOrZero(const std::string& text) {
@@ -44,38 +43,52 @@ void fillCosts(data::ChubangJun& row, const tables::XArrayDB& costs) {
 
 void fillPatient(data::ChubangJun& row, const composition::PatientDelivery& patient) {
     row.Patient_PK = basics::toInt32(patient.lblPatientPK.caption());
-    row.Patient_Name = tight(patient.txtPatientName);
     row.Patient_Age = shortOrZero(basics::removeBlanks(patient.txtPatientAge.text()));
     row.Patient_Sex = patient.ssoSex0.value() ? 1 : 0;
-    row.Patient_Jumin = tight(patient.txtPatientJumin);
-    row.Patient_Email = tight(patient.txtPatientEmail);
     row.CBJ_BesongMethod = data::delivery::code(patient.cboBesongMethod.text());
-    row.CBJ_Reci_Zip = tight(patient.txtBesongZip);
-    row.CBJ_Reci_Address = clean(patient.txtBesongJuso);
-    row.CBJ_Reci_Tel = tight(patient.txtPatientTel);
-    row.CBJ_Reci_Cell = tight(patient.txtPatientCell);
     row.CBJ_Reci_Date = patient.chkBesongDate.value() ? patient.dtpBesongDate.text() : "1900-01-01";
-    row.CBJ_BesongMsg = clean(patient.txtBesongMsg);
-}
-
-void fillSender(data::ChubangJun& row, const composition::SenderBlock& sender) {
-    row.CBJ_Send_Name = tight(sender.txtDoctor);
-    row.CBJ_Send_Zip = tight(sender.txtBalsongZip);
-    row.CBJ_Send_Address = clean(sender.txtBalsongJuso);
-    row.CBJ_Send_Tel = tight(sender.txtHospitalTel);
-    row.CBJ_Send_Cell = tight(sender.txtDoctorCell);
-    row.CBJ_Send_Hospital = tight(sender.txtHospitalName);
 }
 
 }  // namespace
+
+std::vector<RowText> rowTexts(const OrderDraft& draft) {
+    using Row = data::ChubangJun;
+    composition::PatientDelivery& patient = draft.patient;
+    composition::SenderBlock& sender = draft.sender;
+    const auto tight = [](auto member, std::string_view column, std::string_view label,
+                          screen::TextField& field) {
+        return RowText{member, column, label, field, basics::removeBlanks(clean(field))};
+    };
+    const auto loose = [](auto member, std::string_view column, std::string_view label,
+                          screen::TextField& field) {
+        return RowText{member, column, label, field, clean(field)};
+    };
+    return {
+        tight(&Row::Patient_Name, "Patient_Name", "환자명", patient.txtPatientName),
+        tight(&Row::Patient_Jumin, "Patient_Jumin", "주민번호", patient.txtPatientJumin),
+        tight(&Row::Patient_Email, "Patient_Email", "이메일", patient.txtPatientEmail),
+        tight(&Row::CBJ_Reci_Tel, "CBJ_Reci_Tel", "환자 전화번호", patient.txtPatientTel),
+        tight(&Row::CBJ_Reci_Cell, "CBJ_Reci_Cell", "환자 핸드폰", patient.txtPatientCell),
+        tight(&Row::CBJ_Reci_Zip, "CBJ_Reci_Zip", "배송주소의 우편번호", patient.txtBesongZip),
+        loose(&Row::CBJ_Reci_Address, "CBJ_Reci_Address", "배송주소", patient.txtBesongJuso),
+        loose(&Row::CBJ_BesongMsg, "CBJ_BesongMsg", "택배내용", patient.txtBesongMsg),
+        tight(&Row::CBJ_Send_Hospital, "CBJ_Send_Hospital", "한의원명", sender.txtHospitalName),
+        tight(&Row::CBJ_Send_Name, "CBJ_Send_Name", "한의사명", sender.txtDoctor),
+        tight(&Row::CBJ_Send_Tel, "CBJ_Send_Tel", "한의원 전화번호", sender.txtHospitalTel),
+        tight(&Row::CBJ_Send_Cell, "CBJ_Send_Cell", "한의사 핸드폰", sender.txtDoctorCell),
+        tight(&Row::CBJ_Send_Zip, "CBJ_Send_Zip", "발송주소의 우편번호", sender.txtBalsongZip),
+        loose(&Row::CBJ_Send_Address, "CBJ_Send_Address", "발송주소", sender.txtBalsongJuso),
+        loose(&Row::CBJ_Msg, "CBJ_Msg", "처방 메시지", draft.sheet.txtCBJmsg),
+    };
+}
 
 data::ChubangJun orderRow(const OrderDraft& draft, const composition::modHanYakGuk::CostFields& fields,
                           const tables::XArrayDB& costs, const std::string& serverTime) {
     const std::string payMethod = draft.payment.cboPaymentMethod.text();
     data::ChubangJun row;
     row.DTR_PK = draft.session.m_DTRPK;
+    for (RowText& text : rowTexts(draft)) row.*text.member = std::move(text.stored);
     fillPatient(row, draft.patient);
-    fillSender(row, draft.sender);
     fillCosts(row, costs);
     row.CBJ_IsPaid = payMethod == data::pay::deposit ? 1 : 0;
     row.CBJ_PayMethod = data::pay::code(payMethod);
@@ -87,7 +100,6 @@ data::ChubangJun orderRow(const OrderDraft& draft, const composition::modHanYakG
     row.CBJ_PouchTotal = shortOrZero(fields.PouchTotal);
     row.CBJ_DayTuyak = singleOrZero(draft.dose.txtDayTuyak.text());
     row.CBJ_Tuyakilsu = shortOrZero(draft.dose.txtTuyakilsu.text());
-    row.CBJ_Msg = clean(draft.sheet.txtCBJmsg);
     row.CBJ_RegDate = serverTime;
     return row;
 }
@@ -107,14 +119,15 @@ data::CostNotes costNotes(const tables::XArrayDB& costs) {
 }
 
 data::HerbLine herbLine(const tables::XArrayDB& herbs, int row) {
+    namespace herb = composition::herb;
     const auto cell = [&herbs, row](int column) { return herbs.text(row, column); };
-    return {.DGL_PK = basics::toInt32(cell(3)),
-            .DGL_CallSign = cell(1),
-            .DET_Weight = basics::toSingle(cell(4)),
-            .DET_Danga = basics::toSingle(cell(5)),
-            .DET_Money = basics::toInt16(cell(6)),
-            .DET_Note = cell(10),
-            .DET_Order = basics::toInt16(cell(7))};
+    return {.DGL_PK = basics::toInt32(cell(herb::key)),
+            .DGL_CallSign = cell(herb::name),
+            .DET_Weight = basics::toSingle(cell(herb::grams)),
+            .DET_Danga = basics::toSingle(cell(herb::price)),
+            .DET_Money = basics::toInt16(cell(herb::amount)),
+            .DET_Note = cell(herb::note),
+            .DET_Order = basics::toInt16(cell(herb::order))};
 }
 
 }  // namespace zelvo::ordering

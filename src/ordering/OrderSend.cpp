@@ -55,6 +55,8 @@ void OrderSend::Send_Order() {
     }
     // Before anything else: one confirmation, one send. A refused order needs a new confirmation.
     gate_.Set_CostConfirmed(false);
+    // Names and the like may have been typed over since the price was asked for.
+    if (!price_.orderFits()) return;
     if (draft_.payment.cboPaymentMethod.text() == data::pay::deposit && !depositCovers()) return;
 
     const screen::BusyPointer busy(desktop);
@@ -119,11 +121,11 @@ bool OrderSend::depositCovers() {
 
 /// The first herb name that stands on two lines, "" when none does.
 std::string OrderSend::duplicateHerb() const {
-    constexpr int name = 1;
+    namespace herb = composition::herb;
     const tables::XArrayDB& herbs = draft_.lines();
     for (int row = 0; row < herbs.upperRow(); ++row) {
-        std::string text = herbs.text(row, name);
-        if (herbs.find(row + 1, name, text) >= 0) return text;
+        std::string text = herbs.text(row, herb::name);
+        if (herbs.find(row + 1, herb::name, text) >= 0) return text;
     }
     return {};
 }
@@ -366,7 +368,7 @@ void OrderSend::tellChart() {
 }
 
 void OrderSend::offerReturn() {
-    if (form_.desktop().ask("[" + draft_.options.tdbJobList.value(2) +
+    if (form_.desktop().ask("[" + draft_.options.tdbJobList.value(composition::option::name) +
                                 "] 처방전 전송을 성공했습니다.\r"
                                 "[벡소라]에도 진료기록을 남기려면 [진료부에 기록]을 실행하십시오.\r"
                                 "  참고 : [벡소라]에 처방에 대한 자료가 표시되어 있습니다.\r\r"

@@ -73,6 +73,8 @@ TEST(HerbTable, AChangeTellsOn) {
         {"a note", cell("비고", "술"), angelica + "술", 1, 1},
         {"a note by its button", note(""), angelica + "술에 씻어", 0, 0},
         {"a note left by Esc", note("Esc"), angelica, 0, 0},
+        {"a row behind the last", [](OrderDesk& desk) { desk.user.cellKey("tdbDGL", "비고", "Enter"); },
+         angelica + "\n|||||||||", 0, 1},
         {"a herb for the same grams", pick("Enter"), "당귀|토당귀|2|4|320|1,280|1|0||", 1, 1},
         {"a pick left by Esc", pick("Esc"), angelica, 0, 0},
         {"deleted", remove("sscDrugDelete", Yes, "선택된 약재를 삭제하시겠습니까?"),

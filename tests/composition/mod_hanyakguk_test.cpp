@@ -64,6 +64,7 @@ TEST(CostFields, HoldTheSectionsThatTheOrderTypeHas) {
         {"herbs only", "-1|0", "0", "-1|3", "12|||20|500|||11"},
         {"decoction only", "0|-1", "-1", "", "12|3|" + none + "|||120|42|1"},
         {"a slot that there is not", "-1|-1", "-1", "-1|65", "fault"},
+        {"no slot", "-1|-1", "-1", "-1|\n-1|3", "fault"},
         {"slots count from one", "-1|-1", "-1", "-1|0", "fault"},
         {"no method chosen", "-1|-1", "0", "", "fault"},
     };
@@ -74,7 +75,7 @@ TEST(CostFields, HoldTheSectionsThatTheOrderTypeHas) {
         addRows(jobs, 0, std::string("0|11||||0|0\n-1|12||||") + c.sections);
         addRows(methods, 0, std::string(c.method) + "|3");
         addRows(addOns, 0, basics::replaceAll(c.addOns, "|", "|||||"));
-        modHanYakGuk::CostFields f{{}, {}, {}, {}, "20", "500", "120", "42", false};
+        modHanYakGuk::CostFields f{{}, {}, {}, {}, "20", "500", "120", "42"};
         const bool built = modHanYakGuk::Build_CostFields(jobs, herbsOf("당귀"), methods, addOns, f) == 0;
         const auto cells = std::to_string(basics::split(f.DrugText, cellSeparator).size());
         const auto fields = basics::join(

@@ -36,9 +36,9 @@ TEST_F(Operations, EveryFailedStatementEndsInTheFailureValue) {
     std::int32_t sum = 0;
     std::string herb, price;
     const std::pair<const char*, std::function<std::int32_t()>> reads[] = {
-        {"add-ons", [&] { return from.RecordSet_TangJunADD(line, set_, array_, 7); }},
-        {"methods", [&] { return from.RecordSet_TangJun(line, set_, array_, 5); }},
-        {"order types", [&] { return from.RecordSet_JobList(line, set_, array_, 7); }},
+        {"add-ons", [&] { return from.RecordSet_TangJunADD(line, set_, array_); }},
+        {"methods", [&] { return from.RecordSet_TangJun(line, set_, array_); }},
+        {"order types", [&] { return from.RecordSet_JobList(line, set_, array_); }},
         {"notices", [&] { return from.RecordSet_GongJi(line, set_); }},
         {"herbs", [&] { return from.RecordSet_YakGukDrugList(line, set_, ""); }},
         {"one herb", [&] { return from.RecordSet_HapBang(line, "1", herb, price); }},
@@ -80,19 +80,25 @@ TEST_F(Operations, WalkFillsTheArrayInFrontOfItsRows) {
     connection_.yield = [&] {
         if (++passes == 3) throw std::runtime_error("a listener fails");
     };
-    ASSERT_EQ(operations_.RecordSet_JobList(connection_, set_, array_, 7), 1);
+    ASSERT_EQ(operations_.RecordSet_JobList(connection_, set_, array_), 1);
     EXPECT_EQ(rows(), "0|4|four|||0|-1|1|;0|3|three||m3|-1|0|2|;||before||||||;");
     EXPECT_EQ(passes, 2);
 
     array_.reDim(-1, 7);
-    EXPECT_EQ(operations_.RecordSet_JobList(connection_, set_, array_, 7), 0);
+    EXPECT_EQ(operations_.RecordSet_JobList(connection_, set_, array_), 0);
     EXPECT_EQ(array_.rowCount(), 2U) << "the walk goes on after a step that failed";
     database_.run("ALTER TABLE t_TangJunAddList DROP COLUMN TJAL_Type");
     array_.reDim(-1, 7);
-    EXPECT_EQ(operations_.RecordSet_TangJunADD(connection_, set_, array_, 7), -1);
+    EXPECT_EQ(operations_.RecordSet_TangJunADD(connection_, set_, array_), -1);
     EXPECT_TRUE(array_.rowCount() > 1 && !array_.text(1, 2).empty());
     database_.run("DELETE FROM t_JobList");
-    EXPECT_EQ(operations_.RecordSet_JobList(connection_, set_, array_, 7), 1) << "no rows are no failure";
+    EXPECT_EQ(operations_.RecordSet_JobList(connection_, set_, array_), 1) << "no rows are no failure";
+    database_.run(
+        "ALTER TABLE t_JobList DROP COLUMN JL_DrugVisible; ALTER TABLE t_JobList ADD JL_DrugVisible BIT;"
+        "INSERT INTO t_JobList VALUES (6, 'six', '', 1, 1, 1, NULL)");
+    array_.reDim(-1, 7);
+    operations_.RecordSet_JobList(connection_, set_, array_);
+    EXPECT_EQ(rows(), "0|6|six|||0|-1|1|;") << "a flag that is NULL is no";
 }
 
 TEST_F(Operations, HerbsAreOfferedByTheServersDate) {
@@ -209,8 +215,9 @@ TEST_F(Operations, SumsOfTheLedger) {
 
 TEST_F(Operations, DoctorsAreFoundByIdOrKey) {
     database_.run(
-        "DELETE FROM t_Doctor; INSERT INTO t_Doctor (DTR_PK, DTR_ID, DTR_PWD, DTR_Discount, DTR_VIP, DTR_IsUseBox, DTR_ValidPay)"
-        " VALUES (17, 'kim', 'p''w', 12.5, 1, 1500, '101')");
+        "DELETE FROM t_Doctor; INSERT INTO t_Doctor (DTR_PK, DTR_ID, DTR_PWD, DTR_Discount, DTR_VIP, DTR_IsUseBox, DTR_ValidPay,"
+        " DTR_Mileage)"
+        " VALUES (17, 'kim', 'p''w', 12.5, 1, 1500, '101', ' ')");
     DoctorRecord doctor;
     doctor.DTR_PK = 17;
     doctor.DTR_Name = "before";

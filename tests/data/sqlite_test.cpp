@@ -85,7 +85,7 @@ std::string everything(data::Connection& connection, std::int32_t key) {
     RecordSet set;
     tables::XArrayDB types;
     types.reDim(-1, 7);
-    operations.RecordSet_JobList(connection, set, types, 7);
+    operations.RecordSet_JobList(connection, set, types);
     std::string all;
     for (int row = 0; row <= types.upperRow(); ++row)
         all += types.text(row, 2) + types.text(row, 5) + types.text(row, 6) + "|";

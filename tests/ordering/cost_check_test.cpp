@@ -1,11 +1,12 @@
 #include "ordering/CostCheck.h"
 
-#include "support/TestDesktop.h"
+#include "composition/OrderDesk.h"
 
 namespace zelvo::ordering {
 namespace {
 
 using Input = CostInput;
+using testing::addRows;
 
 const std::string whole = "herbs, decoction";
 const std::string name = "[환자명]을 입력해 주십시오.", doctor = "[한의사명]을 입력해 주십시오.";
@@ -22,8 +23,11 @@ CheckResult check(testing::TestDesktop& desktop, const Input& input, const std::
     jobs.set(0, 0, !has("none chosen"));
     jobs.set(0, 5, has("herbs"));
     jobs.set(0, 6, has("decoction"));
-    herbs.reDim(has("no lines") ? -1 : 1, 10);
-    if (!herbs.empty()) herbs.set(1, 8, has("faulty") ? "-1" : "0");
+    herbs.reDim(-1, 10);
+    if (!has("no lines")) addRows(herbs, 4, "4|25.5|102|1|0\n3|1,000|3,000|2|0");
+    if (has("faulty")) addRows(herbs, 4, "4|25.5|102|3|-1");
+    if (has("unchecked")) addRows(herbs, 4, "||||");
+    if (has("negative")) addRows(herbs, 4, "-4|25.5|-102|3|0");
     methods.reDim(1, 2);
     methods.set(1, 0, !has("no method"));
     return Check_CostInput(desktop, input, jobs, herbs, methods);
@@ -56,11 +60,16 @@ TEST(CostCheck, TheFirstFaultIsShown) {
         {&Input::DoctorCell, "", toClinic, whole, Sender, call},
         {&Input::CBJmsg, "", parcel, "none chosen", OrderType, "[처방전 주문서 정보]를 선택해 주십시오."},
         {&Input::CBJmsg, "", parcel, "herbs, no lines", Herbs, herb},
+        {&Input::CBJmsg, "", parcel, "herbs, unchecked", Herbs, herb},
+        {&Input::CBJmsg, "", parcel, "herbs, negative", Herbs, herb},
         {&Input::Chubsu, "2x", parcel, whole, Herbs, herb},
+        {&Input::Chubsu, "-2", parcel, whole, Herbs, herb},
         {&Input::DrugPrice, "12,5O0", parcel, whole, Herbs, herb},
         {&Input::CBJmsg, "", parcel, "decoction, no method", Decoction, pouch},
         {&Input::PouchAmount, "", parcel, whole, Decoction, pouch},
+        {&Input::PouchAmount, "-100", parcel, whole, Decoction, pouch},
         {&Input::PouchTotal, "x", parcel, whole, Decoction, pouch},
+        {&Input::PouchTotal, "0", parcel, whole, Decoction, pouch},
         {&Input::PouchTotal, "", parcel, "herbs", Passed},
         {&Input::Chubsu, "", parcel, "decoction, no lines", Passed},
         {&Input::CBJmsg, " ", parcel, "", Message, "기타구입에 대한 내용을 [처방 메시지에 입력]해 주십시오."},

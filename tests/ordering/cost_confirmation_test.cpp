@@ -49,7 +49,6 @@ TEST(CostConfirmation, WhatGoesWrongShutsTheGate) {
         std::optional<std::string> fault;
         std::string caption, text;
     } cases[] = {
-        {"", {}, refused, ""},
         {whole.substr(0, 200), {}, refused, "비용계산 서버 웹페이지 오류([END] 문자열 찾기 실패)"},
         {"[START]0/*/휴업[END]", {}, refused, "비용계산 실패(0/*/휴업)"},
         {whole, "응답이 없습니다.", failed, "응답이 없습니다."},
@@ -75,28 +74,86 @@ TEST(CostConfirmation, WhatGoesWrongShutsTheGate) {
     EXPECT_TRUE(window.line->statements.empty());
 }
 
-TEST(CostConfirmation, AnIncompleteOrderIsNotPriced) {
+TEST(CostConfirmation, AnOrderThatCanNotBeStoredIsNotPriced) {
+    const std::string range = " 0보다 크고 32,767 이하인 숫자로 입력해 주십시오.", most = "32,767)";
+    const std::string option =
+        " 항목은 한약국의 목록에 잘못 등록되어 있어 주문할 수 없습니다. 선택을 바꾸시거나 [한약국으로 연락] "
+        "주십시오.";
+    const std::string line = "[2] 번째 약재 [작약]의 ";
+    const auto tooLong = [](const std::string& name, const char* over) {
+        return name + " 내용이 저장할 수 있는 길이보다 " + over + "자 깁니다. 줄여서 입력해 주십시오.";
+    };
+    const auto type = [](const char* field, const char* text) {
+        return [=](OrderWindow& w) { dynamic_cast<screen::TextField&>(*w.form.field(field)).setText(text); };
+    };
+    const auto herb = [](int column, const char* text) {
+        return [=](OrderWindow& w) { w.session.g_xaDrug.set(1, column, text); };
+    };
+    const struct {
+        std::function<void(OrderWindow&)> change;
+        const char* focus;
+        std::string message;
+    } cases[] = {
+        {type("txtBesongZip", ""), "txtPatientName", "[배송주소의 우편번호]를 입력해 주십시오."},
+        {herb(8, "-1"), "tdbDGL", "약재정보 필수항목 [약재구성, 첩수, 약재가격] 오류 또는 누락."},
+        {herb(6, "32,768"), "tdbDGL", line + "[금액 32,768] 값을 주문서에 담을 수 없습니다. (최대 " + most},
+        {herb(5, "백원"), "tdbDGL",
+         line + "[단가 백원] 값을 주문서에 담을 수 없습니다. (최대 2,147,483,647)"},
+        {type("txtPouchTotal", "32768"), "txtPouchTotal", "[총파우치]를" + range},
+        {type("txtPouchTotal", "0.5"), "txtPouchTotal", "[총파우치]를" + range},
+        {[](auto& w) { w.dose.txtTuyakilsu.setText("-3"), w.dose.txtPouchTotal.setText("9"); },
+         "txtTuyakilsu", "[복용일]을" + range},
+        {type("txtPatientAge", "40000"), "txtPatientAge", "[나이]를 다시 확인하여 주십시오."},
+        {[](auto& w) { w.options.m_xaJobList.set(0, 1, ""); }, "tdbJobList", "[탕전]" + option},
+        {[](auto& w) { w.options.m_xaTJAL.set(0, 5, ""); }, "tdbTJAL", "[녹용]" + option},
+        {type("txtPatientName", "김 환자이름"), "txtPatientName", tooLong("[환자명]", "1")},
+        {type("txtPatientEmail", "a한글@b.kr"), "txtPatientEmail", tooLong("[이메일]", "4")},
+        {herb(10, "볶은 것 더"), "tdbDGL", tooLong(line + "[비고]", "1")},
+        {type("txtEatGuideHosName", "가나다"), "txtEatGuideHosName", tooLong("[복용법 한의원명]", "1")},
+    };
+    for (const auto& test : cases) {
+        SCOPED_TRACE(test.message);
+        OrderWindow window;
+        window.line->catalogue = true;
+        window.line->execute("ATTACH ':memory:' AS INFORMATION_SCHEMA");
+        window.line->execute(
+            "CREATE TABLE INFORMATION_SCHEMA.COLUMNS AS SELECT 't_ChubangJun' TABLE_NAME, 'PATIENT_NAME' COLUMN_NAME,"
+            " 'varchar' DATA_TYPE, 'cp949' CHARACTER_SET_NAME, 8 CHARACTER_MAXIMUM_LENGTH UNION ALL VALUES"
+            " ('t_ChubangJun', 'Patient_Email', 'varchar', 'UTF8', 8), ('t_CBJDetail', 'DET_Note', 'nvarchar', 'UNICODE', 5),"
+            " ('t_EatGuide', 'HospName', 'char', 'iso_1', 2), ('t_ChubangJun', 'CBJ_Msg', 'varchar', 'cp949', -1)");
+        window.compose();
+        test.change(window);
+        window.run([&] {
+            window.user.press("ssrCostConfirm");
+            window.desktop.expectBox("처방전 비용확인", test.message);
+            EXPECT_EQ(window.focus(), test.focus);
+            EXPECT_EQ(window.herbs.tdbDGL.currentRow() == 1, window.focus() == "tdbDGL");
+        });
+        EXPECT_TRUE(window.page.requests.empty());
+    }
+}
+
+TEST(CostConfirmation, IsAskedForWheneverTheOrderHasChanged) {
     OrderWindow window;
     window.compose();
-    window.patient.txtBesongZip.setText("");
+    window.line->catalogue = true;  // which this server does not have: the read fails
     window.run([&] {
+        for (int time = 0; time < 2; ++time) {
+            window.user.press("ssrCostConfirm");
+            EXPECT_TRUE(window.gate.costConfirmed());
+        }
+        EXPECT_EQ(window.line->statements.size(), 1U);
+        window.page.whileAsked = [&] { window.sheet.txtCBJmsg.setText("다른 내용"); };
         window.user.press("ssrCostConfirm");
-        window.desktop.expectBox("처방전 비용확인", "[배송주소의 우편번호]를 입력해 주십시오.");
-        EXPECT_EQ(window.focus(), "txtPatientName");
+        EXPECT_FALSE(window.gate.costConfirmed() || window.gate.ssrCBJSend.visible()) << "changed meanwhile";
+        window.page.whileAsked = [] {};
+        window.user.press("ssrCostConfirm");
+        window.user.type("txtPatientAge", "40000");
+        window.user.press("ssrCBJSend");
+        window.desktop.expectBox("처방전 비용확인", "[나이]를 다시 확인하여 주십시오.");
         window.session.m_DTRPK = 0;
         window.user.press("ssrCostConfirm");
         window.desktop.expectBox("비용확인", "로그인 후에 사용 하십시오.(m_DTRPK = 0)");
-    });
-    EXPECT_TRUE(window.page.requests.empty());
-}
-
-TEST(CostConfirmation, AChangeWhileThePageIsAskedKeepsTheGateShut) {
-    OrderWindow window;
-    window.compose();
-    window.page.whileAsked = [&] { window.sheet.txtCBJmsg.setText("다른 내용"); };
-    window.run([&] {
-        window.user.press("ssrCostConfirm");
-        EXPECT_FALSE(window.gate.costConfirmed() || window.gate.ssrCBJSend.visible());
     });
 }
 

@@ -269,11 +269,8 @@ TEST(OrderSend, WhatElseGoesWrongIsTold) {
         std::string written;
         std::size_t events = 0;
     } cases[] = {
-        {[](OrderWindow& w) { w.session.g_xaDrug.set(1, 6, "32768"); }, {{"처방전전송 에러", ""}}, nothing},
-        {[](OrderWindow& w) { w.patient.txtPatientAge.setText("99999"); },
-         {{"처방전전송 에러", ""}},
-         nothing},
-        {[](OrderWindow& w) { w.dose.txtPouchTotal.setText("40000"); }, {{"처방전전송 에러", ""}}, nothing},
+        {[](OrderWindow& w) { w.session.g_xaDrug.set(1, 7, ""); }, {{"처방전전송 에러", ""}}, nothing},
+        {[](OrderWindow& w) { w.patient.lblPatientPK.setCaption("x"); }, {{"처방전전송 에러", ""}}, nothing},
         {[](OrderWindow& w) { w.diskFull = true, w.chartFault = "진료부 닫힘"; },
          {{"처방전 로그",
            "[처방전 전송은 정상적으로 전송] 되었습니다. -  처방전 로그 파일 기록에 실패하였습니다."},

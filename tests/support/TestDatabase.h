@@ -53,6 +53,9 @@ public:
     std::vector<std::string> statements;
     bool inTransaction = false;
 
+    /// Whether it says that the server has a catalogue of its columns.
+    bool catalogue = false;
+    bool hasCatalogue() const override { return catalogue; }
     bool isOpen() const override { return inner_->isOpen(); }
     void close() override { inner_->close(); }
 

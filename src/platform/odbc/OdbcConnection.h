@@ -22,6 +22,7 @@ public:
     OdbcConnection(const std::string& connectionString, const Limits& limits, Dialect dialect = toSqlServer);
     ~OdbcConnection() override;
 
+    bool hasCatalogue() const override { return true; }
     bool isOpen() const override { return line_ && line_->isOpen(); }
     void close() override;
 
