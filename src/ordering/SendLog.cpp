@@ -12,7 +12,9 @@ namespace {
 
 constexpr const char* blankLine = "\r\n\r\n";
 constexpr const char* table = "<table border=1 cellspacing=0 cellpadding=2>";
-constexpr int optionName = 2;
+
+namespace herb = composition::herb;
+namespace option = composition::option;
 
 std::string style() {
     return "<style type=text/css>"
@@ -52,8 +54,9 @@ std::string herbs(screen::Desktop& desktop, const OrderDraft& draft) {
                        "<tr><td>약재명</td><td>한약국약재</td><td>용량(g)</td><td>단가</td><td>금액(원)</td>"
                        "<td>비고</td></tr>";
     for (int row = 0; row <= lines.upperRow(); ++row) {
-        text += tableRow({lines.text(row, 1), lines.text(row, 2), lines.text(row, 4), lines.text(row, 5),
-                          lines.text(row, 6), lines.text(row, 10)});
+        text += tableRow({lines.text(row, herb::name), lines.text(row, herb::pharmacyName),
+                          lines.text(row, herb::grams), lines.text(row, herb::price),
+                          lines.text(row, herb::amount), lines.text(row, herb::note)});
         desktop.yield();
     }
     return text + "</table>\r\n[첩수]= " + draft.dose.txtChubsu.text() +
@@ -62,9 +65,8 @@ std::string herbs(screen::Desktop& desktop, const OrderDraft& draft) {
 
 std::string addOnNames(const tables::XArrayDB& addOns) {
     std::vector<std::string> names;
-    for (int row = addOns.find(0, 0, "-1"); row >= 0;) {
-        names.push_back(addOns.text(row, optionName));
-        row = row < addOns.upperRow() ? addOns.find(row + 1, 0, "-1") : -1;
+    for (int row = addOns.lowerRow(); row <= addOns.upperRow(); ++row) {
+        if (addOns.isTrue(row, option::selected)) names.push_back(addOns.text(row, option::name));
     }
     return basics::join(names, ", ");
 }
@@ -73,7 +75,7 @@ std::string decoction(const OrderDraft& draft) {
     if (!draft.hasDecoction()) return std::string("[탕전정보]\r\n[제형변화]") + blankLine;
     const tables::XArrayDB& methods = draft.options.m_xaTJML;
     const composition::DoseFields& dose = draft.dose;
-    return "[탕전정보]= " + methods.text(composition::modHanYakGuk::selectedRow(methods), optionName) +
+    return "[탕전정보]= " + methods.text(composition::modHanYakGuk::selectedRow(methods), option::name) +
            "\r\n" + "[제형변화]= " + addOnNames(draft.options.m_xaTJAL) + "\r\n" +
            "[1일 복용팩수]= " + dose.txtDayTuyak.text() + ", [복용일]= " + dose.txtTuyakilsu.text() +
            ", [총파우치]= " + dose.txtPouchTotal.text() + ", [1팩용량]= " + dose.txtPouchAmount.text() +
@@ -111,7 +113,7 @@ std::string sendLogText(screen::Desktop& desktop, const OrderDraft& draft, const
                         const std::string& serverTime) {
     const std::string text =
         style() + title(serverTime) + people(draft.patient, draft.sender) +
-        "[처방전 주문서]= " + draft.options.m_xaJobList.text(draft.jobRow(), optionName) + blankLine +
+        "[처방전 주문서]= " + draft.options.m_xaJobList.text(draft.jobRow(), option::name) + blankLine +
         herbs(desktop, draft) + decoction(draft) + boxed("[처방메세지]", draft.sheet.txtCBJmsg.text()) +
         boxed("[복용법]", draft.sheet.rtxEatGuide.rtf()) +
         "[지불방식]= " + draft.payment.cboPaymentMethod.text() + blankLine + costTable(desktop, costs);
