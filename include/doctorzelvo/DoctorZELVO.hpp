@@ -61,8 +61,8 @@ class DOCTORZELVO_API clsZELVOInterface {
 public:
     /// The window stands on the screen. The host's own QApplication is used where it has one; where it has no
     /// toolkit running, one is started at the first call and kept for further calls. Whatever thread that
-    /// was, all calls of the process's life come on it, those after a shutdown too. The host's locale stays
-    /// as it is.
+    /// was (of a host with a main loop of glib: the one that runs it), all calls of the process's life come
+    /// on it, those after a shutdown too. The host's locale stays as it is.
     clsZELVOInterface();
     ~clsZELVOInterface();
     clsZELVOInterface(const clsZELVOInterface&) = delete;

@@ -44,9 +44,10 @@ typedef struct doctorzelvo_patient {
 } doctorzelvo_patient;
 
 /* Opens the window for a doctor and returns when it has closed. All calls of the process's life come on the
-   thread of the first one, whichever that is, or, where the host has a QApplication, on that one's. 0 when
-   the window could be opened or the user has been told why not; otherwise why not stands in `error`, cut to
-   its size. `conSQL` is the chart's own connection. */
+   thread of the first one, whichever that is; but where the host has a QApplication, on that one's, and where
+   it runs a main loop of glib (GTK), on that loop's. 0 when the window could be opened or the user has been
+   told why not; otherwise why not stands in `error`, cut to its size. `conSQL` is the chart's own connection.
+ */
 DOCTORZELVO_C_API int doctorzelvo_interface(void* conSQL, const char* YakGukIP, const char* DoctorIDPWD,
                                             const doctorzelvo_patient* patient,
                                             doctorzelvo_send2chart send2chart, void* chart, char* error,

@@ -1,5 +1,6 @@
 #include "platform/qt/Toolkit.h"
 
+#include <QtCore/QLibrary>
 #include <QtCore/QLibraryInfo>
 #include <QtCore/QThread>
 #include <QtCore/QTranslator>
@@ -46,6 +47,20 @@ const QObject*& threadHolder() {
     return holder;
 }
 
+/// Whether another thread runs the program's main loop of glib. The toolkit would run the same one here: it
+/// would wait for the other's end, and the window would never be drawn.
+bool mainLoopRunsElsewhere() {
+    if (qEnvironmentVariableIsSet("QT_NO_GLIB")) return false;
+    QLibrary glib(QStringLiteral("glib-2.0"), 0);
+    // The library's own signatures; no context is the main one.
+    const auto acquire = reinterpret_cast<int (*)(void*)>(glib.resolve("g_main_context_acquire"));
+    const auto release = reinterpret_cast<void (*)(void*)>(glib.resolve("g_main_context_release"));
+    if (!acquire || !release) return false;
+    if (acquire(nullptr) == 0) return true;
+    release(nullptr);
+    return false;
+}
+
 /// The toolkit's own words, in the menus of fields and the dialogs of printer and file, where its Korean is
 /// installed.
 void speakKorean(QApplication& application) {
@@ -84,6 +99,8 @@ std::string Toolkit::enter() {
             return "ZELVO's window can be opened on the thread of the program's windows only.";
     } else if (threadHolder() && threadHolder()->thread() != QThread::currentThread()) {
         return "ZELVO's window can be opened on the thread of the first call only.";
+    } else if (mainLoopRunsElsewhere()) {
+        return "ZELVO's window can be opened on the thread of the program's main loop only.";
     } else {
         const Display display = findDisplay();
         if (!display.missing.empty()) return display.missing;

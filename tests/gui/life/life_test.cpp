@@ -3,6 +3,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <QtCore/QLibrary>
 #include <QtCore/QTemporaryDir>
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QStyle>
@@ -178,6 +179,12 @@ TEST_F(Life, keepsWhatItHasStartedUntilShutdownAndStartsAnew) {
 
 TEST_F(Life, anotherThreadIsTurnedAwayAndCannotEndIt) {
     Onlooker onlooker;
+    const auto main = [](const char* what) {
+        reinterpret_cast<int (*)(void*)>(QLibrary("glib-2.0", 0).resolve(what))(nullptr);
+    };
+    main("g_main_context_acquire");  // as a loop does while it runs
+    std::thread([this] { EXPECT_NE(call(database.address()).find("thread"), std::string::npos); }).join();
+    main("g_main_context_release");
     EXPECT_EQ(call(database.address()), "");
     std::thread([this] {
         EXPECT_NE(call(database.address()).find("thread"), std::string::npos);
