@@ -116,7 +116,7 @@ bool takeFile(const Readers& options, const std::string& name, std::string& erro
         ++number;
         if (line.ends_with('\r')) line.pop_back();
         if (takeLine(options, line, error)) continue;
-        error = name + ":" + std::to_string(number) + ": " + error;
+        error.insert(0, name + ":" + std::to_string(number) + ": ");
         return false;
     }
     if (in.bad()) error = name + " can't be read";
