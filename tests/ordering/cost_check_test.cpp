@@ -87,17 +87,5 @@ TEST(CostCheck, TheFirstFaultIsShown) {
     }
 }
 
-TEST(CostCheck, UndecidedDeliveryIsAsked) {
-    for (const auto result : {CheckResult::Passed, CheckResult::SetDelivery}) {
-        testing::TestDesktop desktop;
-        if (result == CheckResult::SetDelivery) desktop.answer(screen::Answer::No);  // Yes is the default
-        EXPECT_EQ(check(desktop, wholeOrder("미정"), whole), result);
-        desktop.expectQuestion(
-            "처방전 비용확인",
-            "배송방식이 [미정]입니다. 처방전 전송후에 다시 지정 하시겠습니까?\r\n\r\n예(Y) = "
-            "비용확인\r\n\r\n아니오(N) = 배송방식 수정");
-    }
-}
-
 }  // namespace
 }  // namespace zelvo::ordering

@@ -50,20 +50,15 @@ TEST(OrderOptions, PressesSelect) {
     });
 }
 
-TEST(OrderOptions, DetailsAreReadBesideTheirPanel) {
+TEST(DosageSheet, DefaultsAreKept) {
     OrderDesk desk;
-    desk.frames.c1ePatient.left = 200;
     desk.run([&] {
-        desk.user.row("tdbJobList", 1);
-        desk.desktop.whenShown("frmMessage", [&](screen::Window& note) {
-            EXPECT_EQ(note.caption(), "첩약");
-            EXPECT_EQ(note.left, 350);
-            desk.user.type("rtxMessage", "더");
-            EXPECT_EQ(dynamic_cast<screen::EditField&>(*note.field("rtxMessage")).text(), "달이지 않습니다.");
-        });
-        desk.user.cellButton("tdbJobList", "자세히");
+        desk.user.type("txtEatGuideHosName", " 동의 한의원 ");
+        desk.user.press("cmdEatGuideReg");
     });
-    EXPECT_EQ(marks(desk.options), "100 00 000") << "reading selects nothing";
+    EXPECT_EQ(desk.desktop.settings().read("Vexora", "벡 소라", "복용법 추가메모1", "?"), "동의 한의원");
+    desk.sheet.loadDefaults();
+    EXPECT_EQ(desk.text("txtEatGuideHosName"), "동의 한의원");
 }
 
 }  // namespace zelvo::testing

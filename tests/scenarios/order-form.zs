@@ -1,0 +1,84 @@
+# What stands between an order and its price: each fault is told, the focus goes to its field, and the cost page is not asked.
+# Reading what an option is selects nothing.
+row tdbJobList 1
+cellbutton tdbJobList "자세히"
+expect caption frmMessage 첩약
+expect plain rtxMessage "약재를 구성하여 첩약으로 지어 보내 드립니다. 달이지 않으므로 탕전정보는 입력하지 않습니다."
+key rtxMessage Esc
+expect value tdbJobList 0 0 -1
+expect value tdbJobList 1 0 0
+
+# A herb; the row behind it shuts the gate, and stands in the way wherever the cursor is.
+cellkey tdbDGL "약재명" Enter
+cell tdbDGL "약재명" 당귀
+cellkey tdbDGL "약재명" Enter
+key tdbYakgukDrug Enter
+cell tdbDGL "용량(g)" 6
+type txtChubsu 20
+row tdbTJML 0
+cellbutton tdbTJML 0
+type txtDayTuyak 3
+type txtTuyakilsu 7
+type txtPouchAmount 100
+answer No
+press ssrCostConfirm
+expect message "처방전 비용확인" "배송방식이 [미정]입니다. 처방전 전송후에 다시 지정 하시겠습니까?\r\n\r\n예(Y) = 비용확인\r\n\r\n아니오(N) = 배송방식 수정"
+expect focus cboBesongMethod
+expect hidden ssrCBJSend
+choose cboBesongMethod 퀵(환자)
+press ssrCostConfirm
+expect shown ssrCBJSend
+cellkey tdbDGL "비고" Enter
+expect hidden ssrCBJSend
+row tdbDGL 0
+press ssrCostConfirm
+expect message "처방전 비용확인" "약재정보 필수항목 [약재구성, 첩수, 약재가격] 오류 또는 누락."
+expect focus tdbDGL
+expect current tdbDGL 1
+answer Yes
+press sscDrugDelete
+expect message 처방약재삭제 "선택된 약재를 삭제하시겠습니까?"
+
+# Quantities below nothing, and beyond what an order holds.
+paste txtChubsu -20
+press ssrCostConfirm
+expect message "처방전 비용확인" "약재정보 필수항목 [약재구성, 첩수, 약재가격] 오류 또는 누락."
+cell tdbDGL "용량(g)" 2000
+type txtChubsu 20
+press ssrCostConfirm
+expect message "처방전 비용확인" "[1] 번째 약재 [당귀]의 [금액 64,000] 값을 주문서에 담을 수 없습니다. (최대 32,767)"
+cell tdbDGL "용량(g)" 6
+type txtChubsu 20
+paste txtPouchTotal -21
+press ssrCostConfirm
+expect message "처방전 비용확인" "탕전정보 필수항목 [탕전방식, 용량, 파우치] 오류 또는 누락."
+type txtPouchTotal 99999
+press ssrCostConfirm
+expect message "처방전 비용확인" "[총파우치]를 0보다 크고 32,767 이하인 숫자로 입력해 주십시오."
+expect focus txtPouchTotal
+expect lblSumcost 37774
+
+# A patient that is taken away: the sender stays, and delivery to nobody is told.
+answer No
+press sscBesongReset
+expect message "환자(배송)정보 초기화" *
+expect txtPatientName 김하늘
+answer Yes
+press sscBesongReset
+expect message "환자(배송)정보 초기화" "환자(배송)정보를 초기화 하시겠습니까?\r\n\r\n(초기화 되어 작성된 환자는 챠트에서 관리하지 않습니다.)"
+expect lblPatientPK 0
+expect txtPatientName ""
+expect txtPatientAge ""
+expect txtPatientCell ""
+expect txtBesongZip ""
+expect txtBesongJuso ""
+expect ssoSex(1) off
+expect cboBesongMethod 미정
+expect focus txtPatientName
+expect txtDoctor 이정민
+choose cboBesongMethod 택배(환자)
+expect message 배송방식 "[배송주소]를 정확히 입력하여 주십시오."
+expect focus txtBesongZip
+choose cboBesongMethod 한의원
+expect no message
+close
