@@ -36,8 +36,8 @@ std::string formatNumber(double value, NumberPicture picture) {
     return text;
 }
 
-std::string wonText(std::int64_t won) {
-    return formatNumber(static_cast<double>(won), NumberPicture::SeparatedZero);
+std::string wonText(std::int64_t won, NumberPicture picture) {
+    return formatNumber(static_cast<double>(won), picture);
 }
 
 std::string formatText(std::string_view text, NumberPicture picture) {

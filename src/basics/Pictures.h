@@ -13,8 +13,8 @@ namespace zelvo::basics {
 enum class NumberPicture { Plain, Separated, SeparatedZero };
 
 std::string formatNumber(double value, NumberPicture picture);
-/// Money: "1,234", "0".
-std::string wonText(std::int64_t won);
+/// Money, with separators.
+std::string wonText(std::int64_t won, NumberPicture picture = NumberPicture::SeparatedZero);
 /// A text through a picture: a numeric text is formatted, any other text passes unchanged.
 std::string formatText(std::string_view text, NumberPicture picture);
 

@@ -33,10 +33,6 @@ std::vector<screen::GridColumn> costColumns() {
             {.caption = "비용세부항목", .shown = false, .stops = false}};
 }
 
-std::string wonText(std::int64_t won) {
-    return basics::formatNumber(static_cast<double>(won), basics::NumberPicture::Separated);
-}
-
 CostSection::Lines storedLines(data::CBJmCosts costs) {
     data::CostNotes& notes = costs.notes;
     const std::string lineBreak(basics::lineBreak);
@@ -57,7 +53,8 @@ CostSection::Lines storedLines(data::CBJmCosts costs) {
          {costs.CBJ_ElseCost, std::move(notes.CCD_ElseCost)}}};
     std::int64_t sum = 0;
     for (const CostSection::Line& line : lines) sum += line.amount;
-    lines[CostSection::totalRow] = {sum, "처방전 합계비용 = " + wonText(sum)};
+    lines[CostSection::totalRow] = {
+        sum, "처방전 합계비용 = " + basics::wonText(sum, basics::NumberPicture::Separated)};
     return lines;
 }
 
@@ -101,7 +98,7 @@ void CostSection::show(const Lines& lines) {
     for (int row = 0; row <= lastRow; ++row) {
         const Line& line = lines[static_cast<std::size_t>(row)];
         m_xaCBJmCost.set(row, labelColumn, labels[static_cast<std::size_t>(row)]);
-        m_xaCBJmCost.set(row, amountColumn, wonText(line.amount));
+        m_xaCBJmCost.set(row, amountColumn, basics::wonText(line.amount, basics::NumberPicture::Separated));
         m_xaCBJmCost.set(row, noteColumn, line.note);
     }
     tdbCBJmCost.refresh();
