@@ -52,7 +52,7 @@ bool HerbSection::load(const DetailRead& read) {
     bind();
     if (packets == "0") return true;
     show(txtCBJmChubsu, packets);
-    const std::int32_t won = price.empty() ? 0 : basics::toInt32(price);
+    const std::int32_t won = basics::isBlank(price) ? 0 : basics::toInt32(price);
     txtCBJmDrugCost.setText(basics::formatNumber(won, basics::NumberPicture::Separated));
     return true;
 }
