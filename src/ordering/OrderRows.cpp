@@ -22,23 +22,25 @@ float singleOrZero(const std::string& text) {
     return basics::IsNumeric(text) ? basics::toSingle(text) : 0.0F;
 }
 
+/// Where the cost lines are stored, from the line behind the total on.
+constexpr struct {
+    std::int32_t data::ChubangJun::*amount;
+    std::string data::CostNotes::*note;
+} costColumns[] = {{&data::ChubangJun::CBJ_JojeCost, &data::CostNotes::CCD_JojeCost},
+                   {&data::ChubangJun::CBJ_DrugCost, &data::CostNotes::CCD_DrugCost},
+                   {&data::ChubangJun::CBJ_TJMLCost, &data::CostNotes::CCD_TJMLcost},
+                   {&data::ChubangJun::CBJ_TJALCost, &data::CostNotes::CCD_TJALCost},
+                   {&data::ChubangJun::CBJ_PouchCost, &data::CostNotes::CCD_PouchCost},
+                   {&data::ChubangJun::CBJ_BoxCost, &data::CostNotes::CCD_BoxCost},
+                   {&data::ChubangJun::CBJ_FormCost, &data::CostNotes::CCD_FormCost},
+                   {&data::ChubangJun::CBJ_BesongCost, &data::CostNotes::CCD_BesongCost},
+                   {&data::ChubangJun::CBJ_VATCost, &data::CostNotes::CCD_VATCost},
+                   {&data::ChubangJun::CBJ_ElseCost, &data::CostNotes::CCD_ElseCost}};
+
 /// The amount of a cost line in won, 0 for an empty cell.
 std::int32_t won(const tables::XArrayDB& costs, int row) {
     const std::string text = basics::removeAll(costs.text(row, cost::amount), ",");
     return text.empty() ? 0 : basics::toInt32(text);
-}
-
-void fillCosts(data::ChubangJun& row, const tables::XArrayDB& costs) {
-    row.CBJ_JojeCost = won(costs, 1);
-    row.CBJ_DrugCost = won(costs, 2);
-    row.CBJ_TJMLCost = won(costs, 3);
-    row.CBJ_TJALCost = won(costs, 4);
-    row.CBJ_PouchCost = won(costs, 5);
-    row.CBJ_BoxCost = won(costs, 6);
-    row.CBJ_FormCost = won(costs, 7);
-    row.CBJ_BesongCost = won(costs, 8);
-    row.CBJ_VATCost = won(costs, 9);
-    row.CBJ_ElseCost = won(costs, 10);
 }
 
 void fillPatient(data::ChubangJun& row, const composition::PatientDelivery& patient) {
@@ -89,7 +91,7 @@ data::ChubangJun orderRow(const OrderDraft& draft, const composition::modHanYakG
     row.DTR_PK = draft.session.m_DTRPK;
     for (RowText& text : rowTexts(draft)) row.*text.member = std::move(text.stored);
     fillPatient(row, draft.patient);
-    fillCosts(row, costs);
+    for (int line = 0; const auto& column : costColumns) row.*column.amount = won(costs, ++line);
     row.CBJ_IsPaid = payMethod == data::pay::deposit ? 1 : 0;
     row.CBJ_PayMethod = data::pay::code(payMethod);
     row.CBJ_JobList_PK = shortOrZero(fields.JobListKey);
@@ -105,17 +107,10 @@ data::ChubangJun orderRow(const OrderDraft& draft, const composition::modHanYakG
 }
 
 data::CostNotes costNotes(const tables::XArrayDB& costs) {
-    const auto note = [&costs](int row) { return basics::replaceAll(costs.text(row, cost::note), "'", " "); };
-    return {.CCD_JojeCost = note(1),
-            .CCD_DrugCost = note(2),
-            .CCD_TJMLcost = note(3),
-            .CCD_TJALCost = note(4),
-            .CCD_PouchCost = note(5),
-            .CCD_BoxCost = note(6),
-            .CCD_FormCost = note(7),
-            .CCD_BesongCost = note(8),
-            .CCD_VATCost = note(9),
-            .CCD_ElseCost = note(10)};
+    data::CostNotes notes;
+    for (int line = 0; const auto& column : costColumns)
+        notes.*column.note = basics::replaceAll(costs.text(++line, cost::note), "'", " ");
+    return notes;
 }
 
 data::HerbLine herbLine(const tables::XArrayDB& herbs, int row) {
