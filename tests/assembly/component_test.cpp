@@ -1,11 +1,7 @@
 // The component as a chart loads it: one window at a time, whoever calls.
-#include <fcntl.h>
 #include <gtest/gtest.h>
-#include <sys/ioctl.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
-#include <chrono>
 #include <cstdio>
 #include <fstream>
 #include <thread>
@@ -15,64 +11,43 @@
 
 namespace {
 
-bool call(doctorzelvo::clsZELVOInterface& component, const std::string& server) {
-    return component.ZELVOInterface(nullptr, server, "doctor1/$/pass1", 7, "김하늘", "", 41, 2, "", "", "",
-                                    "", "", "", "", "", "", "", "");
+using doctorzelvo::clsZELVOInterface;
+
+bool call(clsZELVOInterface& component, const std::string& server,
+          const std::string& account = "doctor1/$/pass1") {
+    return component.ZELVOInterface(nullptr, server, account, 7, "김하늘", "", 41, 2, "", "", "", "", "", "",
+                                    "", "", "", "", "");
 }
 
-// A pipe for the window's commands, so that the test decides when the window closes.
-class CommandPipe {
-public:
-    CommandPipe() : path_(::testing::TempDir() + "zelvo-commands-" + std::to_string(getpid())) {
-        std::remove(path_.c_str());
-        mkfifo(path_.c_str(), 0600);
-    }
-    ~CommandPipe() { std::remove(path_.c_str()); }
-    CommandPipe(const CommandPipe&) = delete;
-    CommandPipe& operator=(const CommandPipe&) = delete;
-    const std::string& path() const { return path_; }
-
-    void open() { end_ = ::open(path_.c_str(), O_WRONLY); }
-    void close() { ::close(end_); }
-    void write(const std::string& commands) {
-        EXPECT_EQ(::write(end_, commands.data(), commands.size()), static_cast<ssize_t>(commands.size()));
-    }
-    // Commands are read by an open window only.
-    void waitUntilRead() const {
-        int left = 1;
-        while (left > 0) {
-            ioctl(end_, FIONREAD, &left);
-            std::this_thread::sleep_for(std::chrono::milliseconds(1));
-        }
-    }
-
-private:
-    std::string path_;
-    int end_ = -1;
-};
+/// Works the commands in the terminal; the exit code.
+int play(const std::string& commands, const std::function<void(clsZELVOInterface&)>& chart) {
+    const std::string script = ::testing::TempDir() + "zelvo-component-" + std::to_string(getpid()) + ".zs";
+    std::ofstream(script) << commands;
+    const int code = doctorzelvo::runInTerminal(script, chart);
+    std::remove(script.c_str());
+    return code;
+}
 
 TEST(Component, turnsASecondCallAwayAndLeavesTheOpenWindowAlone) {
     const zelvo::testing::TestDatabase database;
-    CommandPipe commands;
     bool second = true;
-    std::string refusal;
-    std::thread user([&] {
-        commands.open();
-        commands.write("expect window frmDoctorOCSmain\n");
-        commands.waitUntilRead();
-        doctorzelvo::clsZELVOInterface other;
-        second = call(other, "sqlite:/nowhere");
-        refusal = other.errorText();
-        commands.write("expect txtPatientName 김하늘\nclose\n");
-        commands.close();
-    });
-    std::string error = "not called";
-    const int code =
-        doctorzelvo::runInTerminal(commands.path(), [&](doctorzelvo::clsZELVOInterface& component) {
-            EXPECT_FALSE(call(component, database.address()));
+    std::string refusal, error = "not called";
+    const auto callAgain = [&]() -> std::unique_ptr<doctorzelvo::AccountPrompt> {
+        std::thread([&] {
+            clsZELVOInterface other;
+            second = call(other, "sqlite:/nowhere");
+            refusal = other.errorText();
+        }).join();
+        return nullptr;
+    };
+    const int code = play(
+        "expect message \"한약국 로그인\" *\npress ssrLogIN\nexpect message \"한약국 로그인 실패\" *\n"
+        "expect no message\nexpect window frmDoctorOCSmain\ntab c1tMain 0\nclose\nexpect events 0\n",
+        [&](clsZELVOInterface& component) {
+            component.makeAccountPrompt = callAgain;
+            EXPECT_FALSE(call(component, database.address(), "nobody/$/x"));
             error = component.errorText();
         });
-    user.join();
     EXPECT_EQ(code, 0);
     EXPECT_EQ(error, "");
     EXPECT_FALSE(second);
@@ -81,20 +56,15 @@ TEST(Component, turnsASecondCallAwayAndLeavesTheOpenWindowAlone) {
 
 TEST(Component, worksTwiceInOneProcessAndTellsTheExitCode) {
     const zelvo::testing::TestDatabase database;
-    const struct {
-        std::string server, commands;
-        int code;
-    } calls[] = {
-        {database.address(), "expect txtPatientName 김하늘\nclose\nexpect window none\nexpect events 0\n", 0},
-        {database.address(), "expect txtPatientName 김하늘\nclose\n", 0},
+    const std::string open = database.address(), road = "expect txtPatientName 김하늘\nclose\n";
+    const std::tuple<std::string, std::string, int> calls[] = {
+        {open, road + "expect window none\nexpect events 0\n", 0},
+        {open, road, 0},
         {"sqlite:/nowhere/at-all.db", "no command at all\n", 3}};
-    const std::string script = ::testing::TempDir() + "zelvo-twice-" + std::to_string(getpid()) + ".zs";
-    for (const auto& each : calls) {
-        std::ofstream(script) << each.commands;
-        const auto chart = [&](doctorzelvo::clsZELVOInterface& component) { call(component, each.server); };
-        EXPECT_EQ(doctorzelvo::runInTerminal(script, chart), each.code);
-    }
-    std::remove(script.c_str());
+    for (const auto& [server, commands, code] : calls)
+        EXPECT_EQ(play(commands, [&, &to = server](clsZELVOInterface& component) { call(component, to); }),
+                  code)
+            << server;
 }
 
 }  // namespace
