@@ -64,35 +64,4 @@ TEST(DoseFields, CompositionEmptiedWhileItIsPriced) {
     EXPECT_EQ(desk.text("txtChubsu") + "/" + desk.text("txtDrugPrice"), "/");
 }
 
-TEST(DoseFields, DaysTimesPacksMakeThePouches) {
-    OrderDesk desk;
-    desk.run([&] {
-        desk.user.type("txtTuyakilsu", "7");
-        EXPECT_EQ(desk.text("txtPouchTotal"), "");
-        desk.user.type("txtDayTuyak", "2.5");
-        EXPECT_EQ(desk.text("txtPouchTotal"), "17.5");
-        desk.user.type("txtTuyakilsu", "0");
-        EXPECT_EQ(desk.text("txtPouchTotal"), "175");
-        desk.user.key("txtDayTuyak", {"Backspace", "Backspace", "Backspace"});
-        EXPECT_EQ(desk.text("txtPouchTotal"), "");
-    });
-}
-
-TEST(DoseFields, WhatIsNoNumberIsRefused) {
-    OrderDesk desk;
-    desk.run([&] {
-        using Case = std::pair<const char*, const char*>;
-        for (const auto& [field, told] :
-             {Case{"txtPouchAmount", "[1팩 용량]을"}, Case{"txtPouchTotal", "[총파우치]를"},
-              Case{"txtTuyakilsu", "[복용일]을"}, Case{"txtDayTuyak", "[1일 복용 팩수]를"}}) {
-            desk.gate.outdated = 0;
-            desk.user.paste(field, " 1x");
-            desk.desktop.expectBox("탕전 정보", std::string(told) + " 숫자로 입력해 주십시오.");
-            EXPECT_EQ(desk.text(field), "");
-            desk.user.type(field, "9");
-            EXPECT_GT(desk.gate.outdated, 0) << field;
-        }
-    });
-}
-
 }  // namespace zelvo::testing

@@ -15,27 +15,6 @@ auto pick(const char* key) {
     };
 }
 
-TEST(HerbTable, IsComposedByTheKeyboard) {
-    OrderDesk desk;
-    screen::Grid& grid = desk.herbs.tdbDGL;
-    desk.run([&] {
-        desk.user.key("tdbDGL", {"Enter", "Enter"});  // without a name no picker opens
-        desk.user.cell("tdbDGL", "약재명", "당귀");
-        pick("Enter")(desk);
-        EXPECT_EQ(desk.lines() + grid.rowStyle(0), "당귀|토당귀|2||320||1|-1||styDGLStateRed");
-        desk.user.key("tdbDGL", {"4", "Enter"});
-        EXPECT_EQ(desk.lines() + grid.rowStyle(0), angelica + "styDGLStateBlack");
-        desk.user.key("tdbDGL", {"Enter"});
-        desk.user.cell("tdbDGL", "약재명", "당");
-        pick("Enter")(desk);
-        desk.desktop.expectBox("약재구성", "이미 [1] 번째 레코드에 같은 한약국약재가 존재 합니다.");
-        EXPECT_EQ(desk.lines(), angelica + "\n당귀||2||320||2|-1||");
-        desk.user.row("tdbDGL", 0);
-        desk.user.cellKey("tdbDGL", "비고", "Enter");
-        EXPECT_EQ(grid.currentRow() + grid.rowCount(), 1 + 2);
-    });
-}
-
 TEST(HerbTable, AChangeTellsOn) {
     using enum screen::Answer;
     const auto cell = [](const char* column, const char* text) {

@@ -8,18 +8,51 @@ key rtxMessage Esc
 expect value tdbJobList 0 0 -1
 expect value tdbJobList 1 0 0
 
-# A herb; the row behind it shuts the gate, and stands in the way wherever the cursor is.
-cellkey tdbDGL "약재명" Enter
+# A herb, by the keyboard alone, and the same once more; without a name no herb is looked for.
+key tdbDGL Enter Enter
+expect window frmDoctorOCSmain
 cell tdbDGL "약재명" 당귀
 cellkey tdbDGL "약재명" Enter
 key tdbYakgukDrug Enter
-cell tdbDGL "용량(g)" 6
+expect style tdbDGL 0 styDGLStateRed
+key tdbDGL 6 Enter
+expect style tdbDGL 0 styDGLStateBlack
+expect cell tdbDGL 0 "금액(원)" 192
+key tdbDGL Enter
+cell tdbDGL "약재명" 당
+cellkey tdbDGL "약재명" Enter
+key tdbYakgukDrug Enter
+expect message 약재구성 "이미 [1] 번째 레코드에 같은 한약국약재가 존재 합니다."
+expect cell tdbDGL 1 "한약국약재" ""
+expect style tdbDGL 1 styDGLStateRed
+answer Yes
+press sscDrugDelete
+expect message 처방약재삭제 *
+
+# Days and packs make the pouches; what is no number is refused.
 type txtChubsu 20
 row tdbTJML 0
 cellbutton tdbTJML 0
-type txtDayTuyak 3
 type txtTuyakilsu 7
+expect txtPouchTotal ""
+type txtDayTuyak 2.5
+expect txtPouchTotal 17.5
+key txtDayTuyak Backspace Backspace Backspace
+expect txtPouchTotal ""
+paste txtPouchAmount 1x
+expect message "탕전 정보" "[1팩 용량]을 숫자로 입력해 주십시오."
+paste txtPouchTotal 1x
+expect message "탕전 정보" "[총파우치]를 숫자로 입력해 주십시오."
+paste txtTuyakilsu 1x
+expect message "탕전 정보" "[복용일]을 숫자로 입력해 주십시오."
+paste txtDayTuyak 1x
+expect message "탕전 정보" "[1일 복용 팩수]를 숫자로 입력해 주십시오."
+expect txtDayTuyak ""
+type txtTuyakilsu 7
+type txtDayTuyak 3
 type txtPouchAmount 100
+
+# The row behind the last shuts the gate, and stands in the way wherever the cursor is.
 answer No
 press ssrCostConfirm
 expect message "처방전 비용확인" "배송방식이 [미정]입니다. 처방전 전송후에 다시 지정 하시겠습니까?\r\n\r\n예(Y) = 비용확인\r\n\r\n아니오(N) = 배송방식 수정"
