@@ -22,7 +22,7 @@ build_packages=(g++ cmake ninja-build ccache pkg-config libsqlite3-dev libcurl4-
 run_packages=(sqlite3 ca-certificates fonts-nanum qt6-translations-l10n tdsodbc)
 # Where the display is a Wayland one that runs no X programs.
 wayland_packages=(qt6-wayland)
-test_packages=(libgtest-dev libsqliteodbc libssl-dev openssl unrtf)
+test_packages=(libgtest-dev libsqliteodbc libssl-dev openssl)
 check_packages=(clang-format clang-tidy)
 
 # What was compiled once, in whatever folder, is not compiled again.

@@ -8,6 +8,7 @@
 
 #include "WidgetUser.h"
 #include "platform/qt/Shell.h"
+#include "support/ChartParts.h"
 #include "support/TestDesktop.h"
 #include "support/host/HostSession.h"
 
@@ -53,8 +54,9 @@ private:
 /// A doctor's session in front of the real widgets.
 struct GuiSession : HostSession {
     GuiSession() : HostSession(true, std::make_unique<GlassDesktop>()) {
-        desktop.components().add("OrderCostText.clsOrderCostText", [] { return std::make_unique<Page>(); });
-        desktop.components().add("Scripting.FileSystemObject", [] { return std::make_unique<Files>(); });
+        page.answer = CostPage::priced(72040, 720);
+        page.standIn(desktop);
+        files.standIn(desktop);
     }
     GlassDesktop& glass() { return static_cast<GlassDesktop&>(desktop); }
     stage::WidgetUser& hand() { return glass().user; }
@@ -69,28 +71,8 @@ struct GuiSession : HostSession {
         return dynamic_cast<Widget&>(*found);
     }
 
-private:
-    class Page : public screen::OrderCostText {
-    public:
-        std::string ChubangJunCost(const CostRequest&) override {
-            std::string text = "<html>[START]1ok/*/72040&total";
-            for (int line = 1; line <= 10; ++line)
-                text += "/*/" + std::to_string(line == 2 ? 72040 : 0) + "&amp;note";
-            return text + "/*/720[END]</html>";
-        }
-        std::string ChubangJunCostUpdate(const UpdateRequest&) override { return {}; }
-    };
-    class Files : public screen::FileSystemObject {
-    public:
-        std::string fixedFolder(std::string_view) override { return "/logs"; }
-        bool folderExists(const std::string&) override { return true; }
-        void createFolder(const std::string&) override {}
-        void writeTextFile(const std::string&, std::string_view) override {}
-        void keepTextFile(const std::string&, std::string_view) override {}
-        std::vector<std::string> fileNames(const std::string&) override { return {}; }
-        std::string readTextFile(const std::string&) override { return {}; }
-        void deleteFile(const std::string&) override {}
-    };
+    CostPage page;
+    LogFiles files;
 };
 
 }  // namespace zelvo::testing

@@ -86,27 +86,10 @@ TEST_F(QtDesktopTest, ABoxShowsItsTextAsItStandsAndWhole) {
     desktop_.alarm(answer, "caption");
 }
 
-TEST_F(QtDesktopTest, AWindowRunsUntilItIsClosed) {
+TEST_F(QtDesktopTest, AFaultThatNobodyCaughtIsToldAndTheWindowRunsUntilItIsClosed) {
     composition::frmMessage note(desktop_);
     int unloads = 0;
     note.onUnload.add([&] { ++unloads; });
-    QTimer::singleShot(0, qApp, [&] {
-        // A close that comes while an action runs waits for its end.
-        {
-            const screen::Window::Action action(note);
-            for (QWidget* window : QApplication::topLevelWidgets()) {
-                if (window->objectName() == QLatin1String("frmMessage")) window->close();
-            }
-            EXPECT_TRUE(note.shown());
-        }
-        EXPECT_TRUE(note.leaving());
-    });
-    note.read("caption", "text");
-    EXPECT_EQ(unloads, 1);
-}
-
-TEST_F(QtDesktopTest, AFaultThatNobodyCaughtIsToldAndTheWindowLives) {
-    composition::frmMessage note(desktop_);
     note.cmdReg.setVisible(true);
     note.cmdReg.onPress.add([] { throw basics::Fault("the disk is full"); });
     QTimer::singleShot(0, qApp, [&] {
@@ -116,11 +99,17 @@ TEST_F(QtDesktopTest, AFaultThatNobodyCaughtIsToldAndTheWindowLives) {
             box.reject();
         });
         note.cmdReg.userPress();
-        EXPECT_TRUE(note.shown());
-        note.userClose();
+        {
+            const screen::Window::Action action(note);
+            for (QWidget* window : QApplication::topLevelWidgets()) {
+                if (window->objectName() == QLatin1String("frmMessage")) window->close();
+            }
+            EXPECT_TRUE(note.shown()) << "a close waits for the action's end";
+        }
+        EXPECT_TRUE(note.leaving());
     });
-    note.showModal();
-    EXPECT_TRUE(note.unloaded());
+    note.read("caption", "text");
+    EXPECT_EQ(unloads, 1);
 }
 
 }  // namespace

@@ -183,30 +183,19 @@ TEST_F(GridViewTest, ButtonsByTheKeyboard) {
     EXPECT_EQ(grid.editText(), " ");
 }
 
-TEST_F(GridViewTest, ColumnsKeepTheirProportions) {
+TEST_F(GridViewTest, ColumnsFillTheViewAndGiveWayToEachOther) {
     const auto width = [&](int column) { return view.columnWidth(column); };
-    const auto sum = [&] {
-        return width(name) + width(pharmacyName) + width(grams) + width(note) + width(choice);
+    const auto left = [&] {
+        return view.viewport()->width() - grid.columnLeft(choice) * view.logicalDpiX() / 1440;
     };
-    EXPECT_EQ(sum(), view.viewport()->width());
-    EXPECT_NEAR(width(pharmacyName), width(note) * 2, 3);
-    EXPECT_DOUBLE_EQ(grid.columnLeft(grams) - grid.columnLeft(pharmacyName),
-                     width(pharmacyName) * 1440.0 / view.logicalDpiX());
+    EXPECT_NEAR(left(), width(choice), 1);
     const int before = width(pharmacyName);
     view.horizontalHeader()->resizeSection(name, width(name) + 100);
     EXPECT_EQ(width(pharmacyName), before - 100) << "the wide text column gives way";
-    const double share = static_cast<double>(width(name)) / sum();
-    view.resize(1600, 400);
-    EXPECT_EQ(sum(), view.viewport()->width());
-    EXPECT_NEAR(static_cast<double>(width(name)) / sum(), share, 0.01) << "as dragged";
     view.horizontalHeader()->resizeSection(note, 3);
     EXPECT_GT(width(note), 20) << "the head can still be read";
-    grid.setColumnShown(note, false);
-    view.showGrid();
-    EXPECT_TRUE(view.isColumnHidden(note));
-    EXPECT_EQ(sum(), view.viewport()->width());
-    view.resize(60, 400);
-    EXPECT_GT(sum(), view.viewport()->width()) << "too narrow: it scrolls";
+    view.resize(1600, 400);
+    EXPECT_NEAR(left(), width(choice), 1);
 }
 
 }  // namespace

@@ -101,22 +101,7 @@ TEST_F(Chart, writesTheLatestOrderFirst) {
               "합계  40,500원");
 }
 
-TEST_F(Chart, keepsAnOrderInTheRecordOfItsPatient) {
-    const QApplication application(count_, words_);
-    chart::ChartWindow window({},
-                              {{1, "김하늘", "", "", "", "", "", ""}, {2, "최민재", "", "", "", "", "", ""}});
-    window.show();
-    window.keep(2, {"첩약", 20, 0, 0, 0, 0, "", 1000, ""});
-    auto* const record = window.findChild<QTextEdit*>("txtRecord");
-    auto* const list = window.findChild<QTableWidget*>("tblPatients");
-    EXPECT_EQ(record->toPlainText(), "");
-    EXPECT_EQ(window.statusBar()->currentMessage(), "") << "it would speak of the patient in view";
-    list->setCurrentCell(1, 0);
-    EXPECT_TRUE(record->toPlainText().contains("첩약"));
-    EXPECT_TRUE(window.statusBar()->currentMessage().startsWith("최민재님의 진료 기록에 처방 1건이"));
-}
-
-TEST_F(Chart, enterOpensZelvoForTheChosenPatientAsOftenAsWanted) {
+TEST_F(Chart, enterOpensZelvoForTheChosenPatientWhoseRecordKeepsTheOrders) {
     const QApplication application(count_, words_);
     const zelvo::testing::TestDatabase database;
     chart::ChartCall clinic;
@@ -132,6 +117,10 @@ TEST_F(Chart, enterOpensZelvoForTheChosenPatientAsOftenAsWanted) {
         patients.push_back(zelvo.findChild<QLineEdit*>("txtPatientName")->text().toStdString());
         EXPECT_FALSE(window.close()) << "it would go from under the open window";
     };
+    window.keep(2, {"첩약", 20, 0, 0, 0, 0, "", 1000, ""});
+    const auto* const record = window.findChild<QTextEdit*>("txtRecord");
+    EXPECT_EQ(record->toPlainText(), "");
+    EXPECT_EQ(window.statusBar()->currentMessage(), "") << "it would speak of the patient in view";
     auto* const list = window.findChild<QTableWidget*>("tblPatients");
     for (const auto key : {Qt::Key_Return, Qt::Key_Down, Qt::Key_Enter}) {
         EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
@@ -140,6 +129,8 @@ TEST_F(Chart, enterOpensZelvoForTheChosenPatientAsOftenAsWanted) {
     }
     QTest::mouseClick(window.findChild<QPushButton*>("cmdZelvo"), Qt::LeftButton);
     EXPECT_EQ(patients, (std::vector<std::string>{"김하늘", "최민재", "최민재"}));
+    EXPECT_TRUE(record->toPlainText().contains("첩약"));
+    EXPECT_TRUE(window.statusBar()->currentMessage().startsWith("최민재님의 진료 기록에 처방 1건이"));
     EXPECT_TRUE(window.close());
 }
 

@@ -43,14 +43,14 @@ struct Editor : doctorzelvo::EatGuideEditor {
 
 // Works a script in the window that a chart with an account of no one's opens.
 int play(const std::string& script, void* conSQL,
-         const std::function<void(doctorzelvo::clsZELVOInterface&)>& bring) {
+         const std::function<void(doctorzelvo::clsZELVOInterface&)>& bring, const char* server = nullptr) {
     const zelvo::testing::TestDatabase database;
     const std::string path = ::testing::TempDir() + "zelvo-own-" + std::to_string(getpid()) + ".zs";
     std::ofstream(path) << script;
     const int code = doctorzelvo::runInTerminal(path, [&](doctorzelvo::clsZELVOInterface& component) {
         bring(component);
-        component.ZELVOInterface(conSQL, database.address(), "nobody/$/x", 7, "김하늘", "", 41, 2, "", "", "",
-                                 "", "", "", "", "", "", "", "");
+        component.ZELVOInterface(conSQL, server ? server : database.address(), "nobody/$/x", 7, "김하늘", "",
+                                 41, 2, "", "", "", "", "", "", "", "", "", "", "");
     });
     std::remove(path.c_str());
     return code;
@@ -85,15 +85,16 @@ TEST(OwnDialogs, standInThePlaceOfTheComponents) {
               0);
 }
 
-TEST(OwnDialogs, oneThatCannotBeMadeIsTold) {
+TEST(OwnDialogs, oneThatCannotBeMadeIsToldAndAServerThatIsNotThereIsTheExitCode) {
+    const auto bring = [](doctorzelvo::clsZELVOInterface& component) {
+        component.makeAccountPrompt = [] { return std::unique_ptr<doctorzelvo::AccountPrompt>(); };
+    };
     EXPECT_EQ(
         play(
             "expect message \"한약국 로그인\" *\npress ssrLogIN\nexpect message \"한약국 로그인 실패\" *\nclose\n",
-            nullptr,
-            [](doctorzelvo::clsZELVOInterface& component) {
-                component.makeAccountPrompt = [] { return std::unique_ptr<doctorzelvo::AccountPrompt>(); };
-            }),
+            nullptr, bring),
         0);
+    EXPECT_EQ(play("no command at all\n", nullptr, bring, "sqlite:/nowhere/at-all.db"), 3);
 }
 
 }  // namespace

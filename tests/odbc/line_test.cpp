@@ -1,8 +1,5 @@
 // The line over the real driver, to a desk that is no SQL Server, and to ports where none stands.
 #include <gtest/gtest.h>
-#include <netinet/in.h>
-#include <sys/socket.h>
-#include <unistd.h>
 
 #include <chrono>
 #include <cstdlib>
@@ -313,14 +310,7 @@ TEST_F(OdbcLine, ARollbackThatFailsClosesTheConnection) {
 
 TEST_F(OdbcLine, ALoginThatFailsEndsInTimeWithOneBox) {
     ::setenv("ZELVO_ODBC_LOGIN_SECONDS", "1", 1);
-    const int closed = ::socket(AF_INET, SOCK_STREAM, 0);
-    sockaddr_in place{};
-    place.sin_family = AF_INET;
-    place.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-    socklen_t size = sizeof place;
-    ASSERT_EQ(::bind(closed, reinterpret_cast<sockaddr*>(&place), size), 0);
-    ASSERT_EQ(::getsockname(closed, reinterpret_cast<sockaddr*>(&place), &size), 0);
-    const std::string nobody = "127.0.0.1:" + std::to_string(ntohs(place.sin_port));
+    const testing::Loopback closed;
     const struct {
         const char* name;
         std::string address;
@@ -328,7 +318,7 @@ TEST_F(OdbcLine, ALoginThatFailsEndsInTimeWithOneBox) {
         const char* encrypt = "off";
         const char* at = "";
     } cases[] = {
-        {"a closed port", nobody},
+        {"a closed port", closed.address()},
         {"accepts and says nothing", server_.address(), Trouble::Mute},
         {"says nothing where encryption is asked for", server_.address(), Trouble::Mute, "on"},
         {"says nothing in mid-login", server_.address(), Trouble::Mute, "off", "LOGIN7"},
@@ -351,7 +341,6 @@ TEST_F(OdbcLine, ALoginThatFailsEndsInTimeWithOneBox) {
                           "한약국 DB서버 [" + test.address + "] 접속에 실패 하였습니다.",
                           screen::BoxIcon::Critical);
     }
-    ::close(closed);
 }
 
 }  // namespace zelvo::odbc

@@ -2,72 +2,62 @@
 
 #include <httplib.h>
 
-#include <fstream>
-
-#include "Pharmacy.h"
 #include "pharmacy/Pages.h"
+#include "support/Files.h"
+#include "support/TestDatabase.h"
 
 namespace zelvo::pharmacy {
 namespace {
 
-TEST(Commands, ChangeWhatThePharmacysPeopleChange) {
-    const TestPharmacy pharmacy;
-    const std::pair<std::vector<std::string>, int> cases[] = {
-        {{"state", "8", "2"}, 0},
-        {{"paid", "7", "1"}, 0},
-        {{"deposit", "doctor2", "70000"}, 0},
-        {{"deposit", "doctor2", "-5000"}, 0},
-        {{"state", "99", "1"}, 1},
-        {{"deposit", "nobody", "1000"}, 1},
-        {{"state", "8", "4"}, 2},
-        {{"paid", "seven", "1"}, 2},
-        {{"deposit", "doctor2", "1000won"}, 2},
-        {{"burn"}, 2},
-        {{"orders", "--port"}, 2},
-        {{"orders"}, 0},
+TEST(Commands, ChangeWhatThePharmacysPeopleChangeAndNeverAnotherFile) {
+    const testing::TestDatabase pharmacy;
+    pharmacy.run("DELETE FROM t_Stock");
+    const auto modeOf = [](const std::string& path) {
+        return static_cast<int>(std::filesystem::status(path).permissions());
     };
-    for (auto [words, code] : cases) {
-        words.insert(words.begin(), {"--db", pharmacy.path()});
+    std::filesystem::permissions(pharmacy.path(), std::filesystem::perms(0644));
+    const std::string folder = pharmacy.path() + "-private", fresh = folder + "/new.db";
+    const std::string letter = pharmacy.path() + ".txt", none = pharmacy.path() + ".none";
+    std::ofstream(letter) << "Dear pharmacy";
+    const std::tuple<std::vector<std::string>, std::string, int> cases[] = {
+        {{"init"}, pharmacy.path(), 0},  // a pharmacy that is there stays
+        {{"init"}, fresh, 0},
+        {{"state", "8", "2"}, pharmacy.path(), 0},
+        {{"paid", "7", "1"}, pharmacy.path(), 0},
+        {{"deposit", "doctor2", "70000"}, pharmacy.path(), 0},
+        {{"deposit", "doctor2", "-5000"}, pharmacy.path(), 0},
+        {{"state", "99", "1"}, pharmacy.path(), 1},
+        {{"deposit", "nobody", "1000"}, pharmacy.path(), 1},
+        {{"state", "8", "4"}, pharmacy.path(), 2},
+        {{"paid", "seven", "1"}, pharmacy.path(), 2},
+        {{"deposit", "doctor2", "1000won"}, pharmacy.path(), 2},
+        {{"burn"}, pharmacy.path(), 2},
+        {{"orders", "--port"}, pharmacy.path(), 2},
+        {{"orders"}, pharmacy.path(), 0},
+        {{"init"}, letter, 1},
+        {{"orders"}, letter, 1},
+        {{"orders"}, none, 1},
+    };
+    for (auto [words, file, code] : cases) {
+        words.insert(words.begin(), {"--db", file});
         EXPECT_EQ(runCommand(words), code) << words.back();
     }
-    EXPECT_EQ(pharmacy.read("SELECT CBJ_State FROM t_ChubangJun WHERE CBJ_PK = 8"), "2");
-    EXPECT_EQ(pharmacy.read("SELECT CBJ_IsPaid FROM t_ChubangJun WHERE CBJ_PK = 7"), "1");
-    EXPECT_EQ(pharmacy.read("SELECT STK_Money || ' ' || CBJ_PK FROM t_Stock WHERE DTR_PK = 2"),
-              "70000 0, -5000 0");
-}
-
-TEST(Commands, MakeTheDatabaseButNeverOverAnother) {
-    const TestPharmacy pharmacy;
-    const auto run = [&](std::vector<std::string> words, const std::string& file) {
-        words.insert(words.end(), {"--db", pharmacy.file(file)});
-        return runCommand(words);
-    };
-    const auto modeOf = [&](const char* name) {
-        return static_cast<int>(std::filesystem::status(pharmacy.file(name)).permissions());
-    };
-    pharmacy.run("DELETE FROM t_Stock");
-    std::filesystem::permissions(pharmacy.path(), std::filesystem::perms(0644));
-    for (const char* file : {"pharmacy.db", "private/new.db"}) {
-        EXPECT_EQ(run({"init"}, file), 0);
-        EXPECT_EQ(modeOf(file), 0600) << file;
-    }
-    EXPECT_EQ(modeOf("private"), 0700);
-    EXPECT_EQ(pharmacy.read("SELECT count(*) FROM t_Stock"), "0") << "a pharmacy that is there stays";
-    EXPECT_EQ(run({"init", "--fresh"}, "pharmacy.db"), 0);
-    EXPECT_NE(pharmacy.read("SELECT count(*) FROM t_Stock"), "0");
-
-    std::ofstream(pharmacy.file("letter.txt")) << "Dear pharmacy";
-    EXPECT_EQ(run({"init"}, "letter.txt"), 1);
-    EXPECT_EQ(run({"orders"}, "letter.txt"), 1);
-    std::string text;
-    std::getline(std::ifstream(pharmacy.file("letter.txt")), text);
-    EXPECT_EQ(text, "Dear pharmacy");
-    EXPECT_EQ(run({"orders"}, "none.db"), 1);
-    EXPECT_FALSE(std::filesystem::exists(pharmacy.file("none.db")));
+    EXPECT_EQ(pharmacy.value("SELECT CBJ_State FROM t_ChubangJun WHERE CBJ_PK = 8"), "2");
+    EXPECT_EQ(pharmacy.value("SELECT CBJ_IsPaid FROM t_ChubangJun WHERE CBJ_PK = 7"), "1");
+    EXPECT_EQ(pharmacy.value("SELECT group_concat(DTR_PK || ' ' || STK_Money || ' ' || CBJ_PK) FROM t_Stock"),
+              "2 70000 0,2 -5000 0");
+    EXPECT_EQ(testing::contentOf(letter), "Dear pharmacy");
+    EXPECT_FALSE(std::filesystem::exists(none));
+    EXPECT_EQ(runCommand({"init", "--fresh", "--db", pharmacy.path()}), 0);
+    EXPECT_NE(pharmacy.value("SELECT count(*) FROM t_Stock"), "2");
+    EXPECT_EQ(std::vector<int>({modeOf(pharmacy.path()), modeOf(fresh), modeOf(folder)}),
+              std::vector<int>({0600, 0600, 0700}));
+    std::filesystem::remove(letter);
+    std::filesystem::remove_all(folder);
 }
 
 TEST(Pages, ServeAClinicOverHttp) {
-    const TestPharmacy pharmacy;
+    const testing::TestDatabase pharmacy;
     Pages pages(pharmacy.path());
     const int port = pages.bind(0);
     pages.start();

@@ -1,20 +1,21 @@
 #include "pharmacy/CostDesk.h"
 
-#include "Pharmacy.h"
 #include "basics/Text.h"
 #include "pharmacy/CostAnswer.h"
+#include "pharmacy/PharmacyBook.h"
+#include "support/TestDatabase.h"
 
 namespace zelvo::pharmacy {
 namespace {
 
 using Parts = std::vector<std::string>;
 
-struct CostDesk : testing::Test {
+struct CostDesk : ::testing::Test {
     CostDesk() { fields["DrugText"] = herbRow("작약(국산)", "18") + "/$RD$/" + herbRow("석고(중국)", "4.5"); }
 
     std::string herbRow(const std::string& herb, const std::string& price,
                         const std::string& amount = "72") const {
-        const auto key = pharmacy.read("SELECT DGL_PK FROM t_DrugList WHERE DGL_Internal = '" + herb + "'");
+        const auto key = pharmacy.value("SELECT DGL_PK FROM t_DrugList WHERE DGL_Internal = '" + herb + "'");
         const auto name = herb.substr(0, herb.find('('));
         return basics::join({"", name, herb, key, "4", price, amount, "1", "0", "", ""}, "/$CD$/");
     }
@@ -29,7 +30,7 @@ struct CostDesk : testing::Test {
         return asked;
     }
 
-    TestPharmacy pharmacy;
+    testing::TestDatabase pharmacy;
     PharmacyBook book{pharmacy.path()};
     FormFields fields = readForm(
         "Kind=1&DTR_PK=1&BesongMethod=2&BesongZip=03187&BesongJuso=서울&JobList_PK=1&Chubsu=20&DrugPrice=2,880&"

@@ -1,16 +1,12 @@
 #pragma once
 
-#include <arpa/inet.h>
-#include <netinet/in.h>
-#include <sys/socket.h>
-#include <unistd.h>
-
 #include <array>
 #include <atomic>
 #include <functional>
-#include <stdexcept>
 #include <string>
 #include <thread>
+
+#include "support/Loopback.h"
 
 namespace zelvo::testing {
 
@@ -27,16 +23,7 @@ public:
 
     /// Without a handler it closes each connection unread.
     explicit CannedServer(Handler handler) : handler_(std::move(handler)) {
-        sockaddr_in name{};
-        name.sin_family = AF_INET;
-        name.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-        socklen_t length = sizeof name;
-        auto* address = reinterpret_cast<sockaddr*>(&name);
-        if (bind(listener_, address, length) != 0 || listen(listener_, 8) != 0 ||
-            getsockname(listener_, address, &length) != 0) {
-            throw std::runtime_error("no loopback socket");
-        }
-        port_ = std::to_string(ntohs(name.sin_port));
+        port_.listen();
         thread_ = std::thread([this] { serve(); });
     }
     explicit CannedServer(const std::string& bytes)
@@ -44,12 +31,11 @@ public:
     ~CannedServer() {
         stopping_ = true;
         stopping_.notify_all();
-        shutdown(listener_, SHUT_RDWR);
+        port_.close();
         thread_.join();
-        close(listener_);
     }
 
-    std::string address(const std::string& path = "/") const { return "http://127.0.0.1:" + port_ + path; }
+    std::string address(const std::string& path = "/") const { return "http://" + port_.address() + path; }
     /// Head and body of the latest request; to be looked at once it has been answered.
     const std::string& asked() const { return asked_; }
 
@@ -66,7 +52,7 @@ public:
 
 private:
     void serve() {
-        for (int peer = 0; (peer = accept(listener_, nullptr, nullptr)) >= 0; close(peer)) {
+        for (int peer = 0; (peer = port_.accept()) >= 0; close(peer)) {
             if (!handler_) continue;
             asked_ = readRequest(peer);
             const Reply reply = handler_(asked_);
@@ -89,8 +75,8 @@ private:
     }
 
     Handler handler_;
-    int listener_ = socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
-    std::string port_, asked_;
+    const Loopback port_;
+    std::string asked_;
     std::atomic<bool> stopping_ = false;
     std::thread thread_;
 };

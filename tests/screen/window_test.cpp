@@ -197,5 +197,30 @@ TEST_F(WindowTest, InjectedKeysArriveAfterTheEventThatSentThem) {
     });
 }
 
+TEST(Event, BearsThatListenersAndItsOwnerComeAndGoWhileItRuns) {
+    auto event = std::make_unique<Event<>>();
+    std::string log;
+    Event<>::Subscription self, later;
+    self = event->listen([&, kept = std::string(100, 'x')] {
+        self.end();
+        later.end();
+        event->add([&] { log += "new "; });
+        log += kept.substr(0, 1) + " ";
+    });
+    event->add([&] { log += "stays "; });
+    later = event->listen([&] { log += "gone "; });
+    (*event)();
+    EXPECT_EQ(log, "x stays ");
+    (*event)();
+    EXPECT_EQ(std::exchange(log, {}), "x stays stays new ");
+    event->add([&, kept = std::string(100, 'y')] {
+        event.reset();
+        log += kept.substr(0, 1);
+    });
+    event->add([&] { log += " last"; });
+    (*event)();
+    EXPECT_EQ(log, "stays new y last");
+}
+
 }  // namespace
 }  // namespace zelvo::screen

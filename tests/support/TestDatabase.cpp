@@ -3,75 +3,21 @@
 #include <sqlite3.h>
 #include <unistd.h>
 
-#include <filesystem>
-#include <fstream>
 #include <map>
-#include <set>
-#include <sstream>
 #include <stdexcept>
 
 #include "basics/Fault.h"
 #include "basics/Numbers.h"
+#include "pharmacy/PharmacyFile.h"
+#include "pharmacy/Sqlite.h"
 #include "platform/sqlite/SqliteConnection.h"
+#include "support/Files.h"
 
 namespace zelvo::testing {
 namespace {
 
 namespace fs = std::filesystem;
-
-class PlainDatabase {
-public:
-    explicit PlainDatabase(const std::string& path) {
-        if (sqlite3_open(path.c_str(), &database_) != SQLITE_OK)
-            throw std::runtime_error("can't open " + path);
-        sqlite3_busy_timeout(database_, 5000);
-    }
-    ~PlainDatabase() { sqlite3_close(database_); }
-    PlainDatabase(const PlainDatabase&) = delete;
-    PlainDatabase& operator=(const PlainDatabase&) = delete;
-
-    void run(const std::string& statements) {
-        if (sqlite3_exec(database_, statements.c_str(), nullptr, nullptr, nullptr) != SQLITE_OK)
-            fail(statements);
-    }
-
-    std::vector<std::vector<std::string>> rows(const std::string& query) {
-        sqlite3_stmt* statement = nullptr;
-        if (sqlite3_prepare_v2(database_, query.c_str(), -1, &statement, nullptr) != SQLITE_OK) fail(query);
-        std::vector<std::vector<std::string>> result;
-        int code = sqlite3_step(statement);
-        for (; code == SQLITE_ROW; code = sqlite3_step(statement)) {
-            auto& row = result.emplace_back();
-            for (int i = 0; i < sqlite3_column_count(statement); ++i) row.push_back(cell(statement, i));
-        }
-        sqlite3_finalize(statement);
-        if (code != SQLITE_DONE) fail(query);
-        return result;
-    }
-
-private:
-    static std::string cell(sqlite3_stmt* statement, int column) {
-        if (sqlite3_column_type(statement, column) == SQLITE_FLOAT) {
-            return basics::decimalText(sqlite3_column_double(statement, column));
-        }
-        const auto* bytes = reinterpret_cast<const char*>(sqlite3_column_text(statement, column));
-        return bytes ? std::string(bytes, static_cast<std::size_t>(sqlite3_column_bytes(statement, column)))
-                     : std::string();
-    }
-
-    [[noreturn]] void fail(const std::string& statement) {
-        throw std::runtime_error(std::string(sqlite3_errmsg(database_)) + " in: " + statement.substr(0, 500));
-    }
-
-    sqlite3* database_ = nullptr;
-};
-
-std::string readFile(const fs::path& path) {
-    std::ifstream file(path, std::ios::binary);
-    std::ostringstream text;
-    text << file.rdbuf();
-    return text.str();
-}
+using pharmacy::Database;
 
 void removeDatabase(const std::string& path) {
     for (const char* ending : {"", "-journal", "-wal", "-shm"}) {
@@ -94,19 +40,22 @@ std::string freshPath() {
 
 /// The bytes of a fresh pharmacy.
 std::string freshPharmacy(bool withCatalogue) {
-    const fs::path folder = fs::path(ZELVO_SOURCE_DIR) / "demo" / "pharmacy";
-    std::set<fs::path> catalogue;
-    for (const auto& entry : fs::directory_iterator(folder)) {
-        if (withCatalogue && entry.path().extension() == ".sql") catalogue.insert(entry.path());
-    }
-    catalogue.erase(folder / "schema.sql");
-    std::string script = "BEGIN;" + readFile(folder / "schema.sql");
-    for (const fs::path& rows : catalogue) script += readFile(rows);
     const std::string path = freshPath();
-    PlainDatabase(path).run(script + "COMMIT;");
-    std::string bytes = readFile(path);
+    if (withCatalogue) pharmacy::makePharmacy(path, true);
+    if (!withCatalogue) {
+        std::ofstream(path).flush();
+        Database(path).run(contentOf(ZELVO_SOURCE_DIR "/demo/pharmacy/schema.sql"));
+    }
+    std::string bytes = contentOf(path);
     fs::remove(path);
     return bytes;
+}
+
+std::string cell(sqlite3_stmt* statement, int column) {
+    if (sqlite3_column_type(statement, column) == SQLITE_FLOAT)
+        return basics::decimalText(sqlite3_column_double(statement, column));
+    const auto* bytes = reinterpret_cast<const char*>(sqlite3_column_text(statement, column));
+    return bytes ? bytes : "";
 }
 
 }  // namespace
@@ -128,7 +77,7 @@ std::unique_ptr<data::Connection> TestDatabase::connect() const {
 }
 
 void TestDatabase::run(const std::string& statements) const {
-    PlainDatabase(path_).run(statements);
+    Database(path_).run(statements);
 }
 
 std::string TestDatabase::value(const std::string& query) const {
@@ -137,7 +86,17 @@ std::string TestDatabase::value(const std::string& query) const {
 }
 
 std::vector<std::vector<std::string>> TestDatabase::rows(const std::string& query) const {
-    return PlainDatabase(path_).rows(query);
+    const Database database(path_);
+    sqlite3_stmt* statement = nullptr;
+    sqlite3_prepare_v2(database.handle(), query.c_str(), -1, &statement, nullptr);
+    std::vector<std::vector<std::string>> result;
+    while (sqlite3_step(statement) == SQLITE_ROW) {
+        auto& row = result.emplace_back();
+        for (int i = 0; i < sqlite3_column_count(statement); ++i) row.push_back(cell(statement, i));
+    }
+    if (sqlite3_finalize(statement) != SQLITE_OK || !statement)
+        throw std::runtime_error(std::string(sqlite3_errmsg(database.handle())) + " in: " + query);
+    return result;
 }
 
 FaultyConnection::FaultyConnection(std::unique_ptr<data::Connection> inner) : inner_(std::move(inner)) {}

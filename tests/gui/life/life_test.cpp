@@ -119,30 +119,6 @@ TEST_F(Life, usesTheHostsApplicationAndLeavesItAsItWas) {
     EXPECT_TRUE(QApplication::topLevelWidgets().isEmpty());
 }
 
-TEST_F(Life, opensInTheMiddleOfTheScreenThatTheHostStandsOn) {
-    const QTemporaryDir scratch;
-    QFile screens(scratch.filePath("screens.json"));
-    ASSERT_TRUE(screens.open(QIODevice::WriteOnly));
-    screens.write(R"({"screens": [{"name": "left", "x": 0, "y": 0, "width": 1280, "height": 800},
-                                  {"name": "right", "x": 1280, "y": 0, "width": 2560, "height": 1440}]})");
-    screens.close();
-    qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" + screens.fileName().toUtf8());
-    HostApplication host;
-    const QApplication application(host.count, host.words);
-    QWidget chart;
-    chart.setGeometry(1500, 200, 400, 300);
-    chart.show();
-    chart.activateWindow();
-    QCoreApplication::processEvents();
-    Onlooker onlooker;
-    onlooker.atWindow = [](QWidget& window) {
-        EXPECT_NEAR(window.geometry().center().x(), 2560, 2);
-        EXPECT_NEAR(window.geometry().center().y(), 720, 2);
-    };
-    EXPECT_EQ(call(database.address()), "");
-    EXPECT_EQ(onlooker.windows, 1);
-}
-
 TEST_F(Life, aHostWithoutWindowsIsToldSo) {
     HostApplication host;
     const QCoreApplication application(host.count, host.words);
@@ -212,18 +188,20 @@ TEST_F(Life, theHostsLocaleStaysAsItWas) {
 
 TEST_F(Life, anOpenWindowIsNotShutDownNorOpenedTwice) {
     Onlooker onlooker;
-    std::string second;
+    std::string second, another;
     char cut[12] = "";
     int failed = 0;
     onlooker.atWindow = [&](QWidget&) {
         EXPECT_FALSE(doctorzelvo::shutdown());
         second = call(database.address());
+        std::thread([this, &another] { another = call("sqlite:/nowhere"); }).join();
         failed = doctorzelvo_interface(nullptr, database.address().c_str(), nullptr, nullptr, nullptr,
                                        nullptr, cut, sizeof cut);
     };
     EXPECT_EQ(call(database.address()), "");
     EXPECT_EQ(onlooker.windows, 1);
     EXPECT_NE(second.find("이미 열려 있습니다"), std::string::npos);
+    EXPECT_EQ(another, second);
     EXPECT_EQ(failed, 1);
     // Eleven bytes would end within the third character.
     EXPECT_STREQ(cut, "ZELVO 창");

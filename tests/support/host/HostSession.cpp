@@ -1,8 +1,7 @@
 #include "support/host/HostSession.h"
 
 #include "basics/Fault.h"
-#include "screen/Fields.h"
-#include "screen/TextField.h"
+#include "platform/console/Texts.h"
 
 namespace zelvo::testing {
 
@@ -61,11 +60,7 @@ void HostSession::runNurse(const std::string& accounts, std::function<void()> sc
 }
 
 std::string HostSession::textOf(const std::string& name) {
-    screen::Field& found = user.find(name);
-    if (const auto* text = dynamic_cast<screen::EditField*>(&found)) return text->text();
-    if (const auto* label = dynamic_cast<screen::Label*>(&found)) return label->caption();
-    if (const auto* combo = dynamic_cast<screen::ComboList*>(&found)) return combo->text();
-    return "(" + name + " holds no text)";
+    return console::textOf(user.find(name)).value_or("(" + name + " holds no text)");
 }
 
 }  // namespace zelvo::testing

@@ -1,10 +1,7 @@
 #include "support/tds/TdsServer.h"
 
-#include <netinet/in.h>
 #include <netinet/tcp.h>
 #include <sqlite3.h>
-#include <sys/socket.h>
-#include <unistd.h>
 
 #include <algorithm>
 #include <chrono>
@@ -232,32 +229,22 @@ private:
 };
 
 TdsServer::TdsServer(std::string databasePath) : path_(std::move(databasePath)) {
-    listener_ = ::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
-    sockaddr_in place{};
-    place.sin_family = AF_INET;
-    place.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-    socklen_t size = sizeof place;
-    if (::bind(listener_, reinterpret_cast<sockaddr*>(&place), size) != 0 || ::listen(listener_, 8) != 0 ||
-        ::getsockname(listener_, reinterpret_cast<sockaddr*>(&place), &size) != 0) {
-        throw std::runtime_error("can't listen");
-    }
-    port_ = ntohs(place.sin_port);
+    port_.listen();
     server_ = std::thread([this] { serve(); });
 }
 
 TdsServer::~TdsServer() {
     ending_ = true;
-    ::shutdown(listener_, SHUT_RDWR);
+    port_.close();
     server_.join();
     for (const int socket : sockets_) ::shutdown(socket, SHUT_RDWR);
     for (std::thread& talk : talks_) talk.join();
     for (const int socket : sockets_) ::close(socket);
-    ::close(listener_);
 }
 
 void TdsServer::serve() {
     while (!ending_) {
-        const int socket = ::accept(listener_, nullptr, nullptr);
+        const int socket = port_.accept();
         if (socket < 0) continue;
         const int on = 1;
         ::setsockopt(socket, IPPROTO_TCP, TCP_NODELAY, &on, sizeof on);
@@ -267,10 +254,6 @@ void TdsServer::serve() {
             ::shutdown(socket, SHUT_RDWR);
         });
     }
-}
-
-std::string TdsServer::address() const {
-    return "127.0.0.1:" + std::to_string(port_);
 }
 
 void TdsServer::misbehave(const std::string& text, Trouble trouble) {

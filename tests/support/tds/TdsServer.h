@@ -8,6 +8,8 @@
 #include <thread>
 #include <vector>
 
+#include "support/Loopback.h"
+
 namespace zelvo::testing {
 
 /// No SQL Server: a desk that speaks as much of TDS 7.4 as FreeTDS needs, with a SQLite file behind it, and
@@ -40,7 +42,7 @@ public:
     TdsServer(const TdsServer&) = delete;
     TdsServer& operator=(const TdsServer&) = delete;
 
-    std::string address() const;
+    std::string address() const { return port_.address(); }
     /// Once, at the next batch with `text` in it; "" is the first word of a login, "LOGIN7" its second.
     void misbehave(const std::string& text, Trouble trouble);
     /// Agrees on TLS with whoever asks for it.
@@ -61,8 +63,7 @@ private:
     Trouble troubleAt(const std::string& text);
 
     std::string path_;
-    int listener_ = -1;
-    int port_ = 0;
+    const Loopback port_;
     mutable std::mutex mutex_;
     std::string troubleText_;
     Trouble trouble_ = Trouble::None;
