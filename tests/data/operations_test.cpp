@@ -216,8 +216,7 @@ TEST_F(Operations, SumsOfTheLedger) {
 TEST_F(Operations, DoctorsAreFoundByIdOrKey) {
     database_.run(
         "DELETE FROM t_Doctor; INSERT INTO t_Doctor (DTR_PK, DTR_ID, DTR_PWD, DTR_Discount, DTR_VIP, DTR_IsUseBox, DTR_ValidPay,"
-        " DTR_Mileage)"
-        " VALUES (17, 'kim', 'p''w', 12.5, 1, 1500, '101', ' ')");
+        " DTR_Mileage) VALUES (17, 'kim', 'p''w', 12.5, 1, 1500, '101', ' ')");
     DoctorRecord doctor;
     doctor.DTR_PK = 17;
     doctor.DTR_Name = "before";
@@ -228,30 +227,6 @@ TEST_F(Operations, DoctorsAreFoundByIdOrKey) {
     doctor.DTR_PK = 18;
     EXPECT_EQ(operations_.RecordSet_DoctorInfo(connection_, 2, doctor), 0);
     EXPECT_EQ(doctor.DTR_IsUseBox, 1500) << "what nobody was found for stays";
-}
-
-TEST_F(Operations, StoredPrescriptionsAreTheirOwners) {
-    database_.run(
-        "DELETE FROM t_UserChubang; DELETE FROM t_UserDetail; INSERT INTO t_UserChubang VALUES"
-        " (1, 1, 'b', NULL, 'm'), (2, 1, 'a', NULL, NULL), (3, 0, 'c', NULL, 'm'), (4, 2, 'b', NULL, 'm'),"
-        " (5, 1, NULL, NULL, 'n')");
-    clsZELVORecordSet& from = operations_;
-    const std::tuple<const char*, std::string, std::function<std::int32_t()>> reads[] = {
-        {"all by name", "5 2 1 ", [&] { return from.RecordSet_MyChubang(connection_, set_, 1); }},
-        {"any other kind", "1 2 5 ",
-         [&] { return from.RecordSet_FindMyChubang(connection_, set_, "b", 1, 0); }},
-        {"no name", "1 2 ", [&] { return from.RecordSet_FindMyChubang(connection_, set_, "", 1, 1); }},
-        {"a memo", "1 ", [&] { return from.RecordSet_FindMyChubang(connection_, set_, "M", 1, 2); }},
-        {"the pharmacy's", "3 ", [&] { return from.RecordSet_FindYakGukChubang(connection_, set_, "m", 2); }},
-    };
-    for (const auto& [name, keys, read] : reads) {
-        SCOPED_TRACE(name);
-        ASSERT_EQ(read(), 1);
-        if (std::string(name) != "all by name") set_.sort("UCB_PK ASC");
-        std::string found;
-        for (; !set_.atEnd(); set_.moveNext()) found += set_.text("UCB_PK") + " ";
-        EXPECT_EQ(found, keys);
-    }
 }
 
 }  // namespace zelvo::data

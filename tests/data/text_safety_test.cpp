@@ -19,129 +19,116 @@ protected:
     tables::XArrayDB array_;
     RecordSet set_;
 
-    /// Gives each text of a record this text and a number of its own, has the record written, and looks what
-    /// stands in the table.
-    template <class Record>
-    void passThrough(const char* table, const std::string& columns,
-                     const std::vector<std::string Record::*>& members, Record record,
-                     const std::string& text, const std::function<std::int32_t(const Record&)>& write) {
+    /// What is written into a table from texts.
+    struct Write {
+        const char *table, *columns;
+        std::vector<std::string*> texts;
+        std::function<std::int32_t()> write;
+    };
+    /// Gives each text this text and a number of its own, has them written, and looks what stands in the
+    /// table.
+    void passThrough(const Write& row, const std::string& text) {
         int number = 0;
-        for (const auto member : members) record.*member = text + std::to_string(number++);
-        ASSERT_GT(write(record), 0) << table;
-        connection_->open(set_, "SELECT " + columns + " FROM " + table + " ORDER BY rowid DESC LIMIT 1",
-                          Cursor::Static);
+        for (std::string* const each : row.texts) *each = text + std::to_string(number++);
+        ASSERT_GT(row.write(), 0) << row.table;
+        connection_->open(
+            set_,
+            std::string("SELECT ") + row.columns + " FROM " + row.table + " ORDER BY rowid DESC LIMIT 1",
+            Cursor::Static);
         while (--number >= 0)
-            EXPECT_EQ(set_.text(number), basics::cleanUtf8(text + std::to_string(number))) << columns;
+            EXPECT_EQ(set_.text(number), basics::cleanUtf8(text + std::to_string(number))) << row.columns;
     }
 };
 
-TEST_F(TextSafety, WritesStoreWhatTheyGot) {
-    using Order = ChubangJun;
-    using Notes = CostNotes;
-    struct Sheet {
-        std::string text, clinic, phone;
+TEST_F(TextSafety, WritesAndModificationsStoreWhatTheyGot) {
+    // Nothing that goes into another table may touch the doctors, no modification another order.
+    const auto others = [this] {
+        auto rows = database_.rows("SELECT DTR_PK, DTR_ID, DTR_PWD FROM t_Doctor");
+        for (auto& order : database_.rows("SELECT * FROM t_ChubangJun WHERE CBJ_PK < 9"))
+            rows.push_back(order);
+        return rows;
     };
-    struct Stock {
-        std::string date;
-    };
-    struct Prescription {
-        std::string name, memo;
-    };
-    // Nothing that goes into another table may touch the doctors.
-    const auto before = database_.rows("SELECT DTR_PK, DTR_ID, DTR_PWD FROM t_Doctor");
+    const auto before = others();
     std::int32_t key = 1'000;
-    Transaction transaction(*connection_);
-    for (const auto& [name, text] : hostileTexts()) {
-        SCOPED_TRACE(name);
-        passThrough<Order>(
-            "t_ChubangJun",
-            "Patient_Name, Patient_Jumin, Patient_Email, CBJ_TJAL_Slot, CBJ_Send_Name, CBJ_Send_Zip, CBJ_Send_Address,"
-            " CBJ_Send_Tel, CBJ_Send_Cell, CBJ_Send_Hospital, CBJ_Reci_Zip, CBJ_Reci_Address, CBJ_Reci_Tel, CBJ_Reci_Cell,"
-            " CBJ_Reci_Date, CBJ_BesongMsg, CBJ_Msg",
-            {&Order::Patient_Name, &Order::Patient_Jumin, &Order::Patient_Email, &Order::CBJ_TJAL_Slot,
-             &Order::CBJ_Send_Name, &Order::CBJ_Send_Zip, &Order::CBJ_Send_Address, &Order::CBJ_Send_Tel,
-             &Order::CBJ_Send_Cell, &Order::CBJ_Send_Hospital, &Order::CBJ_Reci_Zip, &Order::CBJ_Reci_Address,
-             &Order::CBJ_Reci_Tel, &Order::CBJ_Reci_Cell, &Order::CBJ_Reci_Date, &Order::CBJ_BesongMsg,
-             &Order::CBJ_Msg},
-            sampleOrder(), text,
-            [&](const Order& order) { return operations_.Insert_ChubangJun(*connection_, order); });
-        passThrough<Notes>(
-            "t_CBJcostDetail",
-            "CCD_JojeCost, CCD_DrugCost, CCD_TJMLcost, CCD_TJALCost, CCD_PouchCost, CCD_BoxCost, CCD_FormCost,"
-            " CCD_BesongCost, CCD_VATCost, CCD_ElseCost",
-            {&Notes::CCD_JojeCost, &Notes::CCD_DrugCost, &Notes::CCD_TJMLcost, &Notes::CCD_TJALCost,
-             &Notes::CCD_PouchCost, &Notes::CCD_BoxCost, &Notes::CCD_FormCost, &Notes::CCD_BesongCost,
-             &Notes::CCD_VATCost, &Notes::CCD_ElseCost},
-            {}, text, [&](const Notes& notes) {
-                return operations_.Insert_ChubangJun_CostDetail(*connection_, ++key, notes);
-            });
-        passThrough<HerbLine>("t_CBJDetail", "DGL_CallSign, DET_Note",
-                              {&HerbLine::DGL_CallSign, &HerbLine::DET_Note}, {}, text,
-                              [&](const HerbLine& line) {
-                                  return operations_.Insert_ChubangJun_Detail(*connection_, 1, line);
-                              });
-        passThrough<Sheet>("t_EatGuide", "BogYak, HospName, PhoneNo",
-                           {&Sheet::text, &Sheet::clinic, &Sheet::phone}, {}, text, [&](const Sheet& sheet) {
-                               return operations_.Insert_ChubangJun_EatGuide(*connection_, key, sheet.text,
-                                                                             sheet.clinic, sheet.phone);
-                           });
-        passThrough<Prescription>(
-            "t_UserChubang", "UCB_Name, UCB_Note", {&Prescription::name, &Prescription::memo}, {}, text,
-            [&](const Prescription& own) {
-                return operations_.Insert_MyChubang(*connection_, 1, own.name, own.memo);
-            });
-        passThrough<UserHerbLine>("t_UserDetail", "DGL_CallSign, UDET_Note",
-                                  {&UserHerbLine::DGL_CallSign, &UserHerbLine::UDET_Note}, {}, text,
-                                  [&](const UserHerbLine& line) {
-                                      return operations_.Insert_MyChubangDetail(*connection_, 1, line);
-                                  });
-        passThrough<Stock>("t_Stock", "STK_Date", {&Stock::date}, {}, text, [&](const Stock& stock) {
-            return operations_.Insert_ChubangJun_Mileage(*connection_, 1, 1, 100, stock.date);
-        });
-    }
-    // A value that holds a later placeholder is itself substituted.
     ChubangJun order = sampleOrder();
+    CostNotes notes;
+    HerbLine herb;
+    UserHerbLine own;
+    CBJmUpdate update;
+    update.costChanged = true;
+    update.CBJ_PK = 9;
+    std::string sheet, clinic, phone, name, memo, date;
+    clsZELVORecordSet& to = operations_;
+    const auto modifies = [&] { return to.Update_ChubangJun(*connection_, update) ? 1 : 0; };
+    const Write writes[] = {
+        {"t_ChubangJun",
+         "Patient_Name, Patient_Jumin, Patient_Email, CBJ_TJAL_Slot, CBJ_Send_Name, CBJ_Send_Zip, CBJ_Send_Address,"
+         " CBJ_Send_Tel, CBJ_Send_Cell, CBJ_Send_Hospital, CBJ_Reci_Zip, CBJ_Reci_Address, CBJ_Reci_Tel, CBJ_Reci_Cell,"
+         " CBJ_Reci_Date, CBJ_BesongMsg, CBJ_Msg",
+         {&order.Patient_Name, &order.Patient_Jumin, &order.Patient_Email, &order.CBJ_TJAL_Slot,
+          &order.CBJ_Send_Name, &order.CBJ_Send_Zip, &order.CBJ_Send_Address, &order.CBJ_Send_Tel,
+          &order.CBJ_Send_Cell, &order.CBJ_Send_Hospital, &order.CBJ_Reci_Zip, &order.CBJ_Reci_Address,
+          &order.CBJ_Reci_Tel, &order.CBJ_Reci_Cell, &order.CBJ_Reci_Date, &order.CBJ_BesongMsg,
+          &order.CBJ_Msg},
+         [&] { return to.Insert_ChubangJun(*connection_, order); }},
+        {"t_CBJcostDetail",
+         "CCD_JojeCost, CCD_DrugCost, CCD_TJMLcost, CCD_TJALCost, CCD_PouchCost, CCD_BoxCost, CCD_FormCost,"
+         " CCD_BesongCost, CCD_VATCost, CCD_ElseCost",
+         {&notes.CCD_JojeCost, &notes.CCD_DrugCost, &notes.CCD_TJMLcost, &notes.CCD_TJALCost,
+          &notes.CCD_PouchCost, &notes.CCD_BoxCost, &notes.CCD_FormCost, &notes.CCD_BesongCost,
+          &notes.CCD_VATCost, &notes.CCD_ElseCost},
+         [&] { return to.Insert_ChubangJun_CostDetail(*connection_, ++key, notes); }},
+        {"t_CBJDetail",
+         "DGL_CallSign, DET_Note",
+         {&herb.DGL_CallSign, &herb.DET_Note},
+         [&] { return to.Insert_ChubangJun_Detail(*connection_, 1, herb); }},
+        {"t_EatGuide",
+         "BogYak, HospName, PhoneNo",
+         {&sheet, &clinic, &phone},
+         [&] { return to.Insert_ChubangJun_EatGuide(*connection_, key, sheet, clinic, phone); }},
+        {"t_UserChubang",
+         "UCB_Name, UCB_Note",
+         {&name, &memo},
+         [&] { return to.Insert_MyChubang(*connection_, 1, name, memo); }},
+        {"t_UserDetail",
+         "DGL_CallSign, UDET_Note",
+         {&own.DGL_CallSign, &own.UDET_Note},
+         [&] { return to.Insert_MyChubangDetail(*connection_, 1, own); }},
+        {"t_Stock",
+         "STK_Date",
+         {&date},
+         [&] { return to.Insert_ChubangJun_Mileage(*connection_, 1, 1, 100, date); }},
+        {"t_ChubangJun WHERE CBJ_PK = 9",
+         "Patient_Name, Patient_Jumin, Patient_Email, CBJ_Reci_Tel, CBJ_Reci_Cell, CBJ_Reci_Zip, CBJ_Reci_Address,"
+         " CBJ_BesongMsg, CBJ_Reci_Date, CBJ_Send_Hospital, CBJ_Send_Name, CBJ_Send_Tel, CBJ_Send_Cell, CBJ_Send_Zip,"
+         " CBJ_Send_Address, CBJ_Msg",
+         {&update.Patient_Name, &update.Patient_Jumin, &update.Patient_Email, &update.CBJ_Reci_Tel,
+          &update.CBJ_Reci_Cell, &update.CBJ_Reci_Zip, &update.CBJ_Reci_Address, &update.CBJ_BesongMsg,
+          &update.CBJ_Reci_Date, &update.CBJ_Send_Hospital, &update.CBJ_Send_Name, &update.CBJ_Send_Tel,
+          &update.CBJ_Send_Cell, &update.CBJ_Send_Zip, &update.CBJ_Send_Address, &update.CBJ_Msg},
+         modifies},
+        {"t_CBJcostDetail WHERE CBJ_PK = 9",
+         "CCD_BesongCost, CCD_ElseCost",
+         {&update.CCD_BesongCost, &update.CCD_ElseCost},
+         modifies},
+        {"t_EatGuide WHERE CBJ_PK = 9",
+         "BogYak, HospName, PhoneNo",
+         {&update.BogYak, &update.HospName, &update.PhoneNo},
+         modifies},
+    };
+    for (const auto& [what, text] : hostileTexts()) {
+        SCOPED_TRACE(what);
+        for (const Write& row : writes) passThrough(row, text);
+    }
+    update.Patient_Age = "0 OR 1";
+    EXPECT_EQ(modifies(), 0) << "an age is a number";
+    // A value that holds a later placeholder is itself substituted.
     order.Patient_Name = "'[CBJ_Msg]' [CBJ_State][DTR_PK]";
     order.CBJ_Msg = "it's";
-    key = operations_.Insert_ChubangJun(*connection_, order);
-    EXPECT_EQ(transaction.commit(), CommitOutcome::Done);
+    key = to.Insert_ChubangJun(*connection_, order);
     EXPECT_EQ(database_.value("SELECT Patient_Name FROM t_ChubangJun WHERE CBJ_PK = " + std::to_string(key)),
               "'it's' 0[DTR_PK]");
-    EXPECT_EQ(database_.rows("SELECT DTR_PK, DTR_ID, DTR_PWD FROM t_Doctor"), before);
-}
-
-TEST_F(TextSafety, ModificationsStoreWhatTheyGot) {
-    using Update = CBJmUpdate;
-    CBJmUpdate row;
-    row.costChanged = true;
-    row.CBJ_PK = basics::toInt32(database_.value("SELECT max(CBJ_PK) FROM t_ChubangJun"));
-    const auto others =
-        database_.rows("SELECT * FROM t_ChubangJun WHERE CBJ_PK < " + std::to_string(row.CBJ_PK));
-    const auto write = [&](const Update& update) {
-        return operations_.Update_ChubangJun(*connection_, update);
-    };
-    for (const auto& [name, text] : hostileTexts()) {
-        SCOPED_TRACE(name);
-        passThrough<Update>(
-            "t_ChubangJun",
-            "Patient_Name, Patient_Jumin, Patient_Email, CBJ_Reci_Tel, CBJ_Reci_Cell, CBJ_Reci_Zip, CBJ_Reci_Address,"
-            " CBJ_BesongMsg, CBJ_Reci_Date, CBJ_Send_Hospital, CBJ_Send_Name, CBJ_Send_Tel, CBJ_Send_Cell, CBJ_Send_Zip,"
-            " CBJ_Send_Address, CBJ_Msg",
-            {&Update::Patient_Name, &Update::Patient_Jumin, &Update::Patient_Email, &Update::CBJ_Reci_Tel,
-             &Update::CBJ_Reci_Cell, &Update::CBJ_Reci_Zip, &Update::CBJ_Reci_Address, &Update::CBJ_BesongMsg,
-             &Update::CBJ_Reci_Date, &Update::CBJ_Send_Hospital, &Update::CBJ_Send_Name,
-             &Update::CBJ_Send_Tel, &Update::CBJ_Send_Cell, &Update::CBJ_Send_Zip, &Update::CBJ_Send_Address,
-             &Update::CBJ_Msg},
-            row, text, write);
-        passThrough<Update>("t_CBJcostDetail", "CCD_BesongCost, CCD_ElseCost",
-                            {&Update::CCD_BesongCost, &Update::CCD_ElseCost}, row, text, write);
-        passThrough<Update>("t_EatGuide", "BogYak, HospName, PhoneNo",
-                            {&Update::BogYak, &Update::HospName, &Update::PhoneNo}, row, text, write);
-    }
-    row.Patient_Age = "0 OR 1";
-    EXPECT_FALSE(write(row)) << "an age is a number";
-    EXPECT_EQ(database_.rows("SELECT * FROM t_ChubangJun WHERE CBJ_PK < " + std::to_string(row.CBJ_PK)),
-              others);
+    EXPECT_EQ(others(), before);
 }
 
 TEST_F(TextSafety, SearchesFindWhatHoldsTheWordAndNothingElse) {

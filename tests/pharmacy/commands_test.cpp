@@ -42,6 +42,8 @@ TEST(Commands, ChangeWhatThePharmacysPeopleChangeAndNeverAnotherFile) {
         words.insert(words.begin(), {"--db", file});
         EXPECT_EQ(runCommand(words), code) << words.back();
     }
+    EXPECT_EQ(std::vector<int>({modeOf(pharmacy.path()), modeOf(fresh), modeOf(folder)}),
+              std::vector<int>({0600, 0600, 0700}));
     EXPECT_EQ(pharmacy.value("SELECT CBJ_State FROM t_ChubangJun WHERE CBJ_PK = 8"), "2");
     EXPECT_EQ(pharmacy.value("SELECT CBJ_IsPaid FROM t_ChubangJun WHERE CBJ_PK = 7"), "1");
     EXPECT_EQ(pharmacy.value("SELECT group_concat(DTR_PK || ' ' || STK_Money || ' ' || CBJ_PK) FROM t_Stock"),
@@ -50,8 +52,6 @@ TEST(Commands, ChangeWhatThePharmacysPeopleChangeAndNeverAnotherFile) {
     EXPECT_FALSE(std::filesystem::exists(none));
     EXPECT_EQ(runCommand({"init", "--fresh", "--db", pharmacy.path()}), 0);
     EXPECT_NE(pharmacy.value("SELECT count(*) FROM t_Stock"), "2");
-    EXPECT_EQ(std::vector<int>({modeOf(pharmacy.path()), modeOf(fresh), modeOf(folder)}),
-              std::vector<int>({0600, 0600, 0700}));
     std::filesystem::remove(letter);
     std::filesystem::remove_all(folder);
 }

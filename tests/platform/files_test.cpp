@@ -4,14 +4,13 @@
 #include <csignal>
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 
 #include "basics/Fault.h"
 #include "platform/browser/SystemBrowser.h"
 #include "platform/files/FileSystemObject.h"
 #include "platform/settings/SettingsText.h"
 #include "platform/settings/UserSettings.h"
+#include "support/Files.h"
 
 namespace zelvo {
 namespace {
@@ -29,10 +28,6 @@ struct UserFiles : ::testing::Test {
     }
     ~UserFiles() override { fs::remove_all(home); }
 
-    static std::string contentOf(const fs::path& path) {
-        std::ifstream file(path, std::ios::binary);
-        return {std::istreambuf_iterator<char>(file), {}};
-    }
     static auto entriesOf(const fs::path& folder) {
         return std::distance(fs::directory_iterator(folder), {});
     }
@@ -57,7 +52,7 @@ TEST_F(UserFiles, ALogIsWrittenWholeAndForItsUserAlone) {
     const std::string path = folder + "/zelvo_20240229101112.htm";
     files.writeTextFile(path, std::string(100'000, 'x'));
     files.writeTextFile(path, "당귀\xff");
-    EXPECT_EQ(contentOf(path), "\xef\xbb\xbf당귀\uFFFD");
+    EXPECT_EQ(testing::contentOf(path), "\xef\xbb\xbf당귀\uFFFD");
     EXPECT_EQ(files.readTextFile(path) + "|" + files.readTextFile(path + "x"), "당귀\uFFFD|");
     EXPECT_THROW(files.readTextFile(folder), basics::Fault);
     EXPECT_EQ(fs::status(path).permissions(), fs::perms::owner_read | fs::perms::owner_write);
@@ -80,7 +75,7 @@ TEST_F(UserFiles, WhatCannotBeWrittenIsSaidAndLeavesEverythingAsItWas) {
     setrlimit(RLIMIT_FSIZE, &before);
     std::signal(SIGXFSZ, handler);
     EXPECT_TRUE(fault.starts_with("파일 " + file + "에 기록하지 못했습니다.")) << fault;
-    EXPECT_EQ(contentOf(file), "\uFEFFbefore");
+    EXPECT_EQ(testing::contentOf(file), "\uFEFFbefore");
     EXPECT_EQ(entriesOf(home), 1);
 }
 
@@ -124,7 +119,7 @@ TEST_F(UserFiles, TheBrowserGetsTheAddressAsOneArgumentAndNoShellReadsIt) {
     setenv("PATH", (home.string() + ":" + std::getenv("PATH")).c_str(), 1);
     const std::string keeps = "printf '%s|' \"$#\" \"$1\" > '" + (home / "seen").string() + "'\n";
     EXPECT_EQ(opens(keeps, " HTTP://notice.example/1?a=$(id)&b=';x y' "), "no fault");
-    EXPECT_EQ(contentOf(home / "seen"), "1|HTTP://notice.example/1?a=$(id)&b=';x%20y'|");
+    EXPECT_EQ(testing::contentOf(home / "seen"), "1|HTTP://notice.example/1?a=$(id)&b=';x%20y'|");
     EXPECT_EQ(opens("exit 3\n", "https://notice.example/"), "이 컴퓨터에서 웹 브라우저를 찾지 못했습니다.");
     for (const char* address : {"", "file:///etc/passwd", "--version", "a b", "http://a\nb"})
         EXPECT_EQ(opens(keeps, address), "열 수 없는 웹페이지 주소입니다.") << address;

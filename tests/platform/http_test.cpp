@@ -154,11 +154,12 @@ TEST(HttpClient, OnlyACertificateThatChecksIsTrustedAndTlsIsNeverLeft) {
 }
 
 TEST(Charset, PagesAreReadByTheCharsetThatTheyName) {
+    const std::string bytes = "\xb4\xe7\xb1\xcd";
     struct Case {
         std::string contentType, bytes, text;
     };
     const std::vector<Case> cases{
-        {"text/html; x=\"1\" ; Charset = \"ks_c_5601-1987\"", "\xb4\xe7\xb1\xcd", "당귀"},
+        {"text/html; x=\"1\" ; Charset = \"ks_c_5601-1987\"", bytes, "당귀"},
         {"text/html;charset=euc-kr", "\x8c\x63\xb9\xe6", "똠방"},
         {"text/html; charset=windows-949", "a\xff\xb4\xe7\xb4", "a\uFFFD당\uFFFD"},
         {"text/html; charset=no-such-thing", "당귀\xff", "당귀\uFFFD"},
@@ -166,32 +167,23 @@ TEST(Charset, PagesAreReadByTheCharsetThatTheyName) {
         {"text/html; charset=utf-16le", std::string("a\0\0\0b\0", 6), "a\uFFFDb"},
     };
     for (const Case& c : cases) EXPECT_EQ(decodePage(c.bytes, c.contentType), c.text) << c.contentType;
-}
-
-TEST(Charset, APageForPeopleMayNameItsCharsetItself) {
-    const std::string bytes = "\xb4\xe7\xb1\xcd";
-    struct Case {
-        std::string contentType, head, body, text;
+    // A page for people may name its charset itself.
+    const std::vector<Case> pages{
+        {"text/html", "<META HTTP-EQUIV=Content-Type content='text/html; charset=EUC-KR'>" + bytes, "당귀"},
+        {"text/html", "<meta name=charset-hint><meta charset = \"ks_c_5601-1987\" />" + bytes, "당귀"},
+        {"text/html; charset=euc-kr", "<meta charset=utf-8>" + bytes, "당귀"},
+        {"text/html", "<meta charset=utf-16>당귀", "당귀"},
+        {"text/html", "\xEF\xBB\xBF<meta charset=euc-kr>당귀", "당귀"},
+        {"text/html", "<title>charset=euc-kr</title>당귀", "당귀"},
+        {"text/html", "says nothing" + bytes, "당귀"},
+        {"", "<meta" + bytes, "당귀"},
+        {"text/html",
+         std::string("\xff\xfe"
+                     "a\0\xf9\xb2",
+                     6),
+         "a당"},
     };
-    const std::vector<Case> cases{
-        {"text/html", "<META HTTP-EQUIV=Content-Type content='text/html; charset=EUC-KR'>", bytes, "당귀"},
-        {"text/html", "<meta name=charset-hint><meta charset = \"ks_c_5601-1987\" />", bytes, "당귀"},
-        {"text/html; charset=euc-kr", "<meta charset=utf-8>", bytes, "당귀"},
-        {"text/html", "<meta charset=utf-16>", "당귀", "당귀"},
-        {"text/html", "\xEF\xBB\xBF<meta charset=euc-kr>", "당귀", "당귀"},
-        {"text/html", "<title>charset=euc-kr</title>", "당귀", "당귀"},
-        {"text/html", "says nothing", bytes, "당귀"},
-        {"", "<meta", bytes, "당귀"},
-    };
-    for (const Case& c : cases) {
-        const std::string text = decodeHtml(c.head + c.body, c.contentType);
-        EXPECT_TRUE(text.ends_with(c.text)) << c.head << ": " << text;
-    }
-    EXPECT_EQ(decodeHtml(std::string("\xff\xfe"
-                                     "a\0\xf9\xb2",
-                                     6),
-                         "text/html"),
-              "a당");
+    for (const Case& c : pages) EXPECT_TRUE(decodeHtml(c.bytes, c.contentType).ends_with(c.text)) << c.bytes;
 }
 
 /// What fetching for a window comes to: "type address body", or "Fault".
@@ -284,12 +276,9 @@ TEST(PostalPage, AsksWithItsQueryAndReadsTheHits) {
         EXPECT_EQ(hits[0].zip + "|" + hits[0].address, "04524|서울 중구");
         EXPECT_EQ(hits[1].zip + "|" + hits[1].address, "06236|서울 강남");
     }
-}
-
-TEST(PostalPage, NonsenseIsAFault) {
     for (const char* text : {"<html>\t<body>Service</body></html>", "\t서울 중구\n", "04524 서울 중구"}) {
-        CannedServer page(CannedServer::ok(text));
-        EXPECT_THROW(findPostalCodes(HttpClient(), page.address(), "서울"), basics::Fault) << text;
+        CannedServer nonsense(CannedServer::ok(text));
+        EXPECT_THROW(findPostalCodes(HttpClient(), nonsense.address(), "서울"), basics::Fault) << text;
     }
 }
 
