@@ -4,6 +4,7 @@
 #include <QtWidgets/QTextBrowser>
 #include <atomic>
 #include <condition_variable>
+#include <ctime>
 #include <mutex>
 
 #include "GuiSession.h"
@@ -14,8 +15,6 @@
 
 namespace zelvo::testing {
 namespace {
-
-using namespace std::chrono_literals;
 
 /// A picture of one colour, as a server sends it.
 std::string pictureBytes(const QColor& color, QSize size = {8, 6}) {
@@ -254,12 +253,12 @@ TEST(PageHtml, NoPageHoldsTheWindowUp) {
     QTextBrowser browser;
     browser.resize(800, 600);
     for (const std::string& page : pages) {
-        const auto start = std::chrono::steady_clock::now();
+        const std::clock_t start = std::clock();  // of this program alone, however busy the machine is
         auto& document = *std::make_unique<qt::PageDocument>(&browser).release();
         document.showContent({"http://sora/", "text/html", page});
         browser.setDocument(&document);
         browser.grab();
-        EXPECT_LT(std::chrono::steady_clock::now() - start, 8s) << page.substr(0, 60);
+        EXPECT_LT((std::clock() - start) / CLOCKS_PER_SEC, 8) << page.substr(0, 60);
     }
 }
 
