@@ -51,33 +51,6 @@ TEST(StoredPrescriptions, FindsByNameOrMemoAndOnlyItsOwners) {
     });
 }
 
-TEST(StoredPrescriptions, SortsByNameAndDateInTurnsAndShowsTheRowsHerbs) {
-    LibraryDesk desk;
-    desk.run([&] {
-        desk.library({[&] {
-            desk.user.head("tdbMyChubang", "처방명");  // nothing to sort yet: the direction stays
-            desk.user.press("sscMyCBsearch");
-            const std::pair<const char*, const char*> clicks[] = {{"처방명", "다'50%_[x];나방;가방;"},
-                                                                  {"등록날짜", "가방;다'50%_[x];나방;"},
-                                                                  {"사용자메모", "가방;다'50%_[x];나방;"},
-                                                                  {"처방명", "다'50%_[x];나방;가방;"}};
-            for (const auto& [head, order] : clicks) {
-                desk.user.head("tdbMyChubang", head);
-                EXPECT_EQ(desk.column("tdbMyChubang", 1), order) << head;
-            }
-            EXPECT_EQ(desk.grid("tdbMyChubang").sortedColumn(), 1);
-            EXPECT_TRUE(desk.grid("tdbMyChubang").sortedDescending());
-            desk.user.row("tdbMyChubang", 2);
-            EXPECT_EQ(desk.column("tdbMyChubangDetail", 2), "당귀;감초;천궁;당귀;작약;")
-                << "a herb that left the catalogue drops out";
-            EXPECT_EQ(desk.textIn("rtxMyCBMemo") + desk.textIn("rtxMyCBBigo"), "봄");
-            desk.user.row("tdbMyChubangDetail", 3);
-            EXPECT_EQ(desk.textIn("rtxMyCBBigo"), "또");
-            EXPECT_THROW(desk.user.cell("tdbMyChubangDetail", "비고", "x"), console::ActionError);
-        }});
-    });
-}
-
 /// Three merges in a row, the library coming back each time as it was.
 TEST(StoredPrescriptions, MergesOneOverTheOther) {
     LibraryDesk desk;

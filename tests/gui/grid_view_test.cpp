@@ -42,24 +42,11 @@ TEST_F(GridViewTest, RowsGoAwayUnderTheView) {
     view.showGrid();
     EXPECT_EQ(view.currentIndex().row(), 3) << "a whole list that comes at once";
     EXPECT_TRUE(view.selectionModel()->isRowSelected(3));
-}
-
-TEST_F(GridViewTest, TheGlassStaysWhereItIsUntilTheCursorMovesOrAllRowsAreNew) {
-    fill(1000);
-    cell(500, name);
-    EXPECT_TRUE(paint().contains(500));
     view.verticalScrollBar()->setValue(100);
-    herbs.insertRows(1000);
+    herbs.insertRows(5000);
     grid.refresh();
     view.showGrid();
-    EXPECT_EQ(grid.topRow, 100);
-    EXPECT_EQ(view.currentIndex().row(), 500);
-    grid.setCurrentRow(1000);
-    view.showGrid();
-    EXPECT_TRUE(paint().contains(1000));
-    grid.setCurrentRow(0);
-    view.showGrid();
-    view.verticalScrollBar()->setValue(100);
+    EXPECT_EQ(grid.topRow, 100) << "it stays where it is";
     desktop.show(window, [this] { fill(1000); });
     view.showGrid();
     EXPECT_EQ(grid.topRow, 0) << "a new result stands at its first row";

@@ -175,22 +175,4 @@ TEST(TelNumFormat, SettlesAtOnceAndLosesNothing) {
     }
 }
 
-TEST(TelNumFormat, ABackspaceHoldsUntilTheNextKeyOrPaste) {
-    Form form;
-    form.run([&] {
-        form.user.type("txtPatientTel", "02");
-        form.user.key("txtPatientTel", {"Backspace"});
-        form.tel.setText("0212345678");
-        EXPECT_EQ(form.tel.text(), "0212345678") << "a text set by the program after a Backspace";
-        form.user.key("txtPatientTel", {"Backspace"});
-        form.tel.setText("");
-        form.user.paste("txtPatientTel", "0311234567");
-        EXPECT_EQ(form.tel.text(), "031-123-4567");
-        form.user.focus("txtOther");
-        form.tel.setText("01012345678");
-        EXPECT_EQ(form.form.focus(), &form.other) << "no key strays into another field";
-    });
-    EXPECT_EQ(form.tel.text(), "010-1234-5678");
-}
-
 }  // namespace zelvo::testing

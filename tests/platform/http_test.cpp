@@ -216,15 +216,15 @@ TEST(WebPage, BoundsOfWhatAWindowShows) {
     hops = 11;
     EXPECT_EQ(fetched(server.address("/hops")), "Fault");
     EXPECT_EQ(fetched(server.address("/picture")), "image/png " + server.address("/picture") + " \xb4\xe7");
-    EXPECT_EQ(fetched(server.address("/file")), "Fault");
-    const std::string big = fetched(server.address("/big"));
-    EXPECT_EQ(big.size(), most + big.find(" x") + 1);
+    EXPECT_TRUE(fetched(server.address("/big")).ends_with(std::string(most, 'x')));
     const std::string a = std::string(10'000, 'a');
     const std::vector<std::pair<std::string, std::string>> addresses{
         {server.address("/a b"), "text/html " + server.address("/a%20b") + " page"},
         {server.address("/" + a), "text/html " + server.address("/" + a) + " page"},
         {" http:// " + server.address("/pasted").substr(7) + "\r\n",
          "text/html " + server.address("/pasted") + " page"},
+        {server.address("/file"), "Fault"},
+        {server.address("/more"), "Fault"},
         {server.address("/a\tb"), "Fault"},
         {"http://", "Fault"},
         {"http://" + a + "/", "Fault"},
@@ -235,7 +235,6 @@ TEST(WebPage, BoundsOfWhatAWindowShows) {
     };
     for (const auto& [address, outcome] : addresses)
         EXPECT_EQ(fetched(address), outcome) << address.substr(0, 80);
-    EXPECT_TRUE(fetched(server.address("/more")) == "Fault");
     const auto start = std::chrono::steady_clock::now();
     EXPECT_EQ(fetched(server.address("/huge")), "Fault") << "said to be too big before it comes";
     EXPECT_LT(std::chrono::steady_clock::now() - start, 5s);

@@ -27,6 +27,10 @@ void datetime(Bytes& out, std::string_view text) {
         .number(static_cast<std::uint32_t>(seconds) * 300, 4);
 }
 
+std::string token(std::uint8_t kind, const Bytes& body) {
+    return Bytes().number(kind, 1).number(body.get().size(), 2).raw(body.get()).get();
+}
+
 }  // namespace
 
 std::string toUtf16(std::string_view text) {
@@ -126,33 +130,16 @@ void Column::value(Bytes& out, sqlite3_stmt* statement, int index) const {
 }
 
 std::string loginAnswer(const std::string& database) {
-    Bytes changes, acknowledged;
-    changes.number(1, 1).text(database, 1).text("master", 1);
-    acknowledged.number(1, 1)
-        .raw(std::string_view("\x74\x00\x00\x04", 4))
-        .text("No SQL Server", 1)
-        .number(16, 4);
-    return Bytes()
-        .number(0xE3, 1)
-        .number(changes.get().size(), 2)
-        .raw(changes.get())
-        .number(0xAD, 1)
-        .number(acknowledged.get().size(), 2)
-        .raw(acknowledged.get())
-        .raw(done(0, 0))
-        .get();
+    Bytes change, welcome;
+    change.number(1, 1).text(database, 1).text("master", 1);
+    welcome.number(1, 1).raw({"\x74\x00\x00\x04", 4}).text("No SQL Server", 1).number(16, 4);
+    return token(0xE3, change) + token(0xAD, welcome) + done(0, 0);
 }
 
 std::string errorAnswer(std::uint32_t number, const std::string& message) {
     Bytes error;
-    error.number(number, 4)
-        .number(1, 1)
-        .number(16, 1)
-        .text(message, 2)
-        .text("desk", 1)
-        .text("", 1)
-        .number(1, 4);
-    return Bytes().number(0xAA, 1).number(error.get().size(), 2).raw(error.get()).raw(done(2, 0)).get();
+    error.number(number, 4).raw({"\x01\x10", 2}).text(message, 2).text("desk", 1).text("", 1).number(1, 4);
+    return token(0xAA, error) + done(2, 0);
 }
 
 std::string done(std::uint16_t status, std::uint64_t rows) {
