@@ -1,3 +1,5 @@
+#include <vector>
+
 #include "basics/Numbers.h"
 #include "basics/Text.h"
 #include "basics/Utf8.h"
@@ -52,6 +54,20 @@ std::string readAddOns(Connection& Conn, std::string_view slots) {
         adds += own.text("TJAL_Prompt") + "/*/" + own.text("TJAL_PK");
     }
     return adds;
+}
+
+/// The lines come as the server joined them; their places are known to their table.
+void arrangeHerbs(Connection& Conn, RecordSet& Rs, std::int32_t CBJ_PK) {
+    if (Rs.rowCount() < 2) return;
+    RecordSet lines;
+    Conn.open(lines,
+              Statement("SELECT DET_PK FROM t_CBJDetail WHERE CBJ_PK = [CBJ_PK] ORDER BY DET_Order, DET_PK")
+                  .fill("[CBJ_PK]", CBJ_PK)
+                  .text(),
+              Cursor::Static);
+    std::vector<std::string> keys;
+    for (; !lines.atEnd(); lines.moveNext()) keys.push_back(lines.text(0));
+    Rs.arrange("DET_PK", keys);
 }
 
 void takeCosts(const RecordSet& row, CBJmCosts& costs) {
@@ -211,6 +227,7 @@ bool clsZELVORecordSet::RecordSet_CBJmDrug(Connection& Conn, RecordSet& Rs, std:
                       .fill("[CBJ_PK]", CBJ_PK)
                       .text(),
                   Cursor::Keyset);
+        arrangeHerbs(Conn, Rs, CBJ_PK);
         running::readRow(
             Conn,
             Statement("SELECT CBJ_Chubsu, CBJ_DrugCost FROM t_ChubangJun WHERE CBJ_PK = [CBJ_PK]")

@@ -1,3 +1,7 @@
+#include <exception>
+#include <functional>
+#include <optional>
+
 #include "basics/Dates.h"
 #include "data/OrderOutcome.h"
 #include "data/Running.h"
@@ -9,20 +13,13 @@ using running::execute;
 
 namespace {
 
-void updateOrder(Connection& Conn, const CBJmUpdate& row) {
-    Statement statement(
-        "UPDATE t_ChubangJun SET Patient_Name = '[Patient_Name]', Patient_Jumin = '[Patient_Jumin]', Patient_Sex = [Patient_Sex], "
-        "Patient_Age = [Patient_Age], Patient_Email = '[Patient_Email]', CBJ_Reci_Tel = '[CBJ_Reci_Tel]', CBJ_Reci_Cell = '[CBJ_Reci_Cell]', "
-        "CBJ_Reci_Zip = '[CBJ_Reci_Zip]', CBJ_Reci_Address = '[CBJ_Reci_Address]', CBJ_BesongMsg = '[CBJ_BesongMsg]', "
-        "CBJ_BesongMethod = [CBJ_BesongMethod], CBJ_Reci_Date = '[CBJ_Reci_Date]', "
-        "CBJ_Send_Hospital = '[CBJ_Send_Hospital]', CBJ_Send_Name = '[CBJ_Send_Name]', CBJ_Send_Tel = '[CBJ_Send_Tel]', "
-        "CBJ_Send_Cell = '[CBJ_Send_Cell]', CBJ_Send_Zip = '[CBJ_Send_Zip]', CBJ_Send_Address = '[CBJ_Send_Address]', "
-        "CBJ_Msg = '[CBJ_Msg]'");
-    if (row.costChanged) {
-        statement.add(", CBJ_BesongCost = [CBJ_BesongCost] ").add(", CBJ_ElseCost = [CBJ_ElseCost] ");
-    }
-    statement.add("WHERE CBJ_PK = [CBJPK]");
-    // The key first: what a doctor types may look like its placeholder.
+bool rowStands(Connection& Conn, const Statement& statement) {
+    return running::readRow(Conn, statement, [](const RecordSet&) {});
+}
+
+/// Fills what a modification writes into the order's row. The key first: what a doctor types may look like
+/// its placeholder.
+const Statement& fillOrder(Statement& statement, const CBJmUpdate& row) {
     statement.fill("[CBJPK]", row.CBJ_PK)
         .fill("[Patient_Name]", row.Patient_Name)
         .fill("[Patient_Jumin]", row.Patient_Jumin)
@@ -43,10 +40,28 @@ void updateOrder(Connection& Conn, const CBJmUpdate& row) {
         .fill("[CBJ_Send_Zip]", row.CBJ_Send_Zip)
         .fill("[CBJ_Send_Address]", row.CBJ_Send_Address)
         .fill("[CBJ_Msg]", row.CBJ_Msg);
+    if (!row.costChanged) return statement;
+    return statement.fill("[CBJ_BesongCost]", row.CBJ_BesongCost).fill("[CBJ_ElseCost]", row.CBJ_ElseCost);
+}
+
+void updateOrder(Connection& Conn, const CBJmUpdate& row) {
+    Statement statement(
+        "UPDATE t_ChubangJun SET Patient_Name = '[Patient_Name]', Patient_Jumin = '[Patient_Jumin]', Patient_Sex = [Patient_Sex], "
+        "Patient_Age = [Patient_Age], Patient_Email = '[Patient_Email]', CBJ_Reci_Tel = '[CBJ_Reci_Tel]', CBJ_Reci_Cell = '[CBJ_Reci_Cell]', "
+        "CBJ_Reci_Zip = '[CBJ_Reci_Zip]', CBJ_Reci_Address = '[CBJ_Reci_Address]', CBJ_BesongMsg = '[CBJ_BesongMsg]', ");
+    statement
+        .add(row.CBJ_BesongMethod.empty() ? "CBJ_BesongMethod = CBJ_BesongMethod, "
+                                          : "CBJ_BesongMethod = [CBJ_BesongMethod], ")
+        .add(
+            "CBJ_Reci_Date = '[CBJ_Reci_Date]', "
+            "CBJ_Send_Hospital = '[CBJ_Send_Hospital]', CBJ_Send_Name = '[CBJ_Send_Name]', CBJ_Send_Tel = '[CBJ_Send_Tel]', "
+            "CBJ_Send_Cell = '[CBJ_Send_Cell]', CBJ_Send_Zip = '[CBJ_Send_Zip]', CBJ_Send_Address = '[CBJ_Send_Address]', "
+            "CBJ_Msg = '[CBJ_Msg]'");
     if (row.costChanged) {
-        statement.fill("[CBJ_BesongCost]", row.CBJ_BesongCost).fill("[CBJ_ElseCost]", row.CBJ_ElseCost);
+        statement.add(", CBJ_BesongCost = [CBJ_BesongCost] ").add(", CBJ_ElseCost = [CBJ_ElseCost] ");
     }
-    execute(Conn, statement);
+    statement.add("WHERE CBJ_PK = [CBJPK]");
+    execute(Conn, fillOrder(statement, row));
 }
 
 void updateCostNotes(Connection& Conn, const CBJmUpdate& row) {
@@ -59,21 +74,34 @@ void updateCostNotes(Connection& Conn, const CBJmUpdate& row) {
                       .fill("[CCD_BesongCost]", row.CCD_BesongCost));
 }
 
-void updateSheet(Connection& Conn, const CBJmUpdate& row) {
-    execute(Conn, Statement("UPDATE t_EatGuide "
-                            "SET BogYak = '[BogYak]', HospName = '[HospName]', PhoneNo = '[PhoneNo]' "
-                            "WHERE CBJ_PK = [CBJPK]")
-                      .fill("[CBJPK]", row.CBJ_PK)
-                      .fill("[BogYak]", row.BogYak)
-                      .fill("[HospName]", row.HospName)
-                      .fill("[PhoneNo]", row.PhoneNo));
+Statement fillSheet(Statement statement, const CBJmUpdate& row) {
+    return statement.fill("[CBJPK]", row.CBJ_PK)
+        .fill("[BogYak]", row.BogYak)
+        .fill("[HospName]", row.HospName)
+        .fill("[PhoneNo]", row.PhoneNo);
+}
+
+bool hasSheet(Connection& Conn, const CBJmUpdate& row) {
+    return rowStands(
+        Conn, Statement("SELECT CBJ_PK FROM t_EatGuide WITH (READCOMMITTEDLOCK) WHERE CBJ_PK = [CBJPK]")
+                  .fill("[CBJPK]", row.CBJ_PK));
+}
+
+/// False when the row of a new sheet can't be written.
+bool updateSheet(clsZELVORecordSet& records, Connection& Conn, const CBJmUpdate& row) {
+    execute(Conn,
+            fillSheet(Statement("UPDATE t_EatGuide "
+                                "SET BogYak = '[BogYak]', HospName = '[HospName]', PhoneNo = '[PhoneNo]' "
+                                "WHERE CBJ_PK = [CBJPK]"),
+                      row));
+    if (!row.newSheet || hasSheet(Conn, row)) return true;
+    return records.Insert_ChubangJun_EatGuide(Conn, row.CBJ_PK, row.BogYak, row.HospName, row.PhoneNo) != -1;
 }
 
 /// The order's mileage becomes what it earns now. False when a row that it needs can't be written.
 bool updateMileage(clsZELVORecordSet& records, Connection& Conn, const CBJmUpdate& row) {
-    const bool booked = running::readRow(
-        Conn, Statement("SELECT STK_Money FROM t_Stock WHERE CBJ_PK = [CBJPK] ").fill("[CBJPK]", row.CBJ_PK),
-        [](const RecordSet&) {});
+    const bool booked = rowStands(
+        Conn, Statement("SELECT STK_Money FROM t_Stock WHERE CBJ_PK = [CBJPK] ").fill("[CBJPK]", row.CBJ_PK));
     if (booked) {
         execute(Conn, Statement("UPDATE t_Stock SET STK_Money = [MileageCost] WHERE CBJ_PK = [CBJPK]")
                           .fill("[MileageCost]", row.mileageMoney)
@@ -87,35 +115,79 @@ bool updateMileage(clsZELVORecordSet& records, Connection& Conn, const CBJmUpdat
                                              basics::formatDateTime(time)) != -1;
 }
 
-}  // namespace
-
-bool clsZELVORecordSet::Update_ChubangJun(Connection& Conn, const CBJmUpdate& row) {
-    return running::flag([&] {
-        Transaction transaction(Conn, orderTurn(row.CBJ_PK));
-        updateOrder(Conn, row);
-        bool result = true;
-        if (row.costChanged) {
-            updateCostNotes(Conn, row);
-            result = updateMileage(*this, Conn, row);
-        }
-        updateSheet(Conn, row);
-        return result && transaction.commit() == CommitOutcome::Done;
-    });
+/// Whether order and sheet say what a modification wrote. Its order, its price and its sheet stand or fall
+/// together. Throws Fault.
+bool modificationStands(Connection& Conn, const CBJmUpdate& row) {
+    const Transaction waiting(Conn, orderTurn(row.CBJ_PK));
+    Statement order(
+        "SELECT CBJ_PK FROM t_ChubangJun WITH (READCOMMITTEDLOCK) WHERE CBJ_PK = [CBJPK] "
+        "AND Patient_Name = '[Patient_Name]' AND Patient_Jumin = '[Patient_Jumin]' AND Patient_Sex = [Patient_Sex] "
+        "AND Patient_Age = [Patient_Age] AND Patient_Email = '[Patient_Email]' AND CBJ_Reci_Tel = '[CBJ_Reci_Tel]' "
+        "AND CBJ_Reci_Cell = '[CBJ_Reci_Cell]' AND CBJ_Reci_Zip = '[CBJ_Reci_Zip]' "
+        "AND CBJ_Reci_Address = '[CBJ_Reci_Address]' AND CBJ_BesongMsg = '[CBJ_BesongMsg]' "
+        "AND CBJ_Reci_Date = '[CBJ_Reci_Date]' AND CBJ_Send_Hospital = '[CBJ_Send_Hospital]' "
+        "AND CBJ_Send_Name = '[CBJ_Send_Name]' AND CBJ_Send_Tel = '[CBJ_Send_Tel]' "
+        "AND CBJ_Send_Cell = '[CBJ_Send_Cell]' AND CBJ_Send_Zip = '[CBJ_Send_Zip]' "
+        "AND CBJ_Send_Address = '[CBJ_Send_Address]' AND CBJ_Msg = '[CBJ_Msg]' ");
+    if (!row.CBJ_BesongMethod.empty()) order.add("AND CBJ_BesongMethod = [CBJ_BesongMethod] ");
+    if (row.costChanged) order.add("AND CBJ_BesongCost = [CBJ_BesongCost] AND CBJ_ElseCost = [CBJ_ElseCost]");
+    if (!rowStands(Conn, fillOrder(order, row))) return false;
+    const bool blank = row.BogYak.empty() && row.HospName.empty() && row.PhoneNo.empty();
+    return (blank && !hasSheet(Conn, row)) ||
+           rowStands(Conn, fillSheet(Statement("SELECT CBJ_PK FROM t_EatGuide WHERE CBJ_PK = [CBJPK] "
+                                               "AND coalesce(BogYak, '') = '[BogYak]' "
+                                               "AND coalesce(HospName, '') = '[HospName]' "
+                                               "AND coalesce(PhoneNo, '') = '[PhoneNo]'"),
+                                     row));
 }
 
-bool clsZELVORecordSet::Update_CBJCancel(Connection& Conn, std::int32_t CBJ_PK) {
-    return running::flag([&] {
+/// Runs a unit of work and, where the answer to its commit was lost, asks another connection after it.
+template <class Steps>
+CommitOutcome committed(Connection& Conn, std::int32_t CBJ_PK, Steps&& steps,
+                        const std::function<std::optional<bool>(Connection& Conn)>& stands) {
+    try {
         Transaction transaction(Conn, orderTurn(CBJ_PK));
-        execute(Conn, Statement("UPDATE t_ChubangJun SET CBJ_IsCanceled = 1 "
-                                " WHERE CBJ_PK = [CBJPK]")
-                          .fill("[CBJPK]", CBJ_PK));
-        execute(Conn, Statement("UPDATE t_Stock SET CBJ_IsCanceled = 1 "
-                                " WHERE CBJ_PK = [CBJPK]")
-                          .fill("[CBJPK]", CBJ_PK));
+        if (!steps()) return CommitOutcome::Refused;
         const CommitOutcome outcome = transaction.commit();
-        if (outcome != CommitOutcome::Unknown) return outcome == CommitOutcome::Done;
-        return askAnother(Conn, [&](Connection& other) { return orderIsCanceled(other, CBJ_PK); }) == true;
-    });
+        if (outcome != CommitOutcome::Unknown) return outcome;
+    } catch (const std::exception&) {
+        return CommitOutcome::Refused;
+    }
+    const std::optional<bool> answer = askAnother(Conn, stands);
+    if (!answer) return CommitOutcome::Unknown;
+    return *answer ? CommitOutcome::Done : CommitOutcome::Refused;
+}
+
+}  // namespace
+
+CommitOutcome clsZELVORecordSet::Update_ChubangJun(Connection& Conn, const CBJmUpdate& row) {
+    return committed(
+        Conn, row.CBJ_PK,
+        [&] {
+            updateOrder(Conn, row);
+            bool result = true;
+            if (row.costChanged) {
+                updateCostNotes(Conn, row);
+                result = updateMileage(*this, Conn, row);
+            }
+            return updateSheet(*this, Conn, row) && result;
+        },
+        [&](Connection& other) { return modificationStands(other, row); });
+}
+
+CommitOutcome clsZELVORecordSet::Update_CBJCancel(Connection& Conn, std::int32_t CBJ_PK) {
+    return committed(
+        Conn, CBJ_PK,
+        [&] {
+            execute(Conn, Statement("UPDATE t_ChubangJun SET CBJ_IsCanceled = 1 "
+                                    " WHERE CBJ_PK = [CBJPK]")
+                              .fill("[CBJPK]", CBJ_PK));
+            execute(Conn, Statement("UPDATE t_Stock SET CBJ_IsCanceled = 1 "
+                                    " WHERE CBJ_PK = [CBJPK]")
+                              .fill("[CBJPK]", CBJ_PK));
+            return true;
+        },
+        [&](Connection& other) { return orderIsCanceled(other, CBJ_PK); });
 }
 
 }  // namespace zelvo::data

@@ -37,7 +37,7 @@ struct CostNotes {
 };
 
 /// What a modification writes over an order that still waits; a member bears its column's name. Sex, age and
-/// delivery method are numbers as text.
+/// delivery method are numbers as text; "" for the method leaves the one that is stored.
 struct CBJmUpdate {
     bool costChanged = false;  ///< whether the members from CBJ_BesongCost to mileageMoney count
     std::int32_t DTR_PK = 0, CBJ_PK = 0;
@@ -51,6 +51,7 @@ struct CBJmUpdate {
     std::string CCD_ElseCost;
     std::int32_t mileageMoney = 0;
     std::string BogYak, HospName, PhoneNo;
+    bool newSheet = false;  ///< the order may have had no sheet: a row is made where there is none
 };
 
 /// The pieces of one order read back. All are texts, NULL is ""; a flag is "True" or "False".
@@ -137,10 +138,12 @@ public:
     std::int16_t Insert_ChubangJun_Mileage(Connection& Conn, std::int32_t DTR_PK, std::int32_t CBJ_PK,
                                            std::int32_t STK_Money, const std::string& STK_Date);
 
-    // Waiting orders (OrderUpdates.cpp). Each runs in a transaction of its own, which is whole or nothing;
-    // neither looks at the order's state, and a key that no order has is a success.
-    bool Update_ChubangJun(Connection& Conn, const CBJmUpdate& row);
-    bool Update_CBJCancel(Connection& Conn, std::int32_t CBJ_PK);
+    // Waiting orders (OrderUpdates.cpp). Each runs in a transaction of its own, which is whole or nothing:
+    // Refused is nothing, whatever failed. Where the answer to the commit was lost, another connection is
+    // asked for what was written; Unknown is left when nobody answers. Neither looks at the order's state,
+    // and a key that no order has is a success.
+    CommitOutcome Update_ChubangJun(Connection& Conn, const CBJmUpdate& row);
+    CommitOutcome Update_CBJCancel(Connection& Conn, std::int32_t CBJ_PK);
 
     // The server's clock and the catalogue (CatalogueReads.cpp).
     /// The server's date and time as the driver says it, or "-1".
@@ -176,7 +179,8 @@ public:
     /// Name and explanation of one add-on, whether it is still offered or not.
     bool RecordSet_CBJmTangJunAdd(Connection& Conn, const std::string& TJAL_PK, std::string& TJAL_Prompt,
                                   std::string& TJAL_Message);
-    /// The herb lines stay open in `Rs`, as the catalogue names the herbs; packets and herb price as text.
+    /// The herb lines stay open in `Rs`, in the order that the order gives them, as the catalogue names the
+    /// herbs; packets and herb price as text.
     bool RecordSet_CBJmDrug(Connection& Conn, RecordSet& Rs, std::int32_t CBJ_PK, std::string& CBJ_Chubsu,
                             std::string& CBJ_DrugCost);
     bool RecordSet_CBJmCostInfo(Connection& Conn, std::int32_t CBJ_PK, CBJmCosts& costs);

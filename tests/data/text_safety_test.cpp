@@ -59,7 +59,7 @@ TEST_F(TextSafety, WritesAndModificationsStoreWhatTheyGot) {
     update.CBJ_PK = 9;
     std::string sheet, clinic, phone, name, memo, date;
     clsZELVORecordSet& to = operations_;
-    const auto modifies = [&] { return to.Update_ChubangJun(*connection_, update) ? 1 : 0; };
+    const auto modifies = [&] { return to.Update_ChubangJun(*connection_, update) == CommitOutcome::Done; };
     const Write writes[] = {
         {"t_ChubangJun",
          "Patient_Name, Patient_Jumin, Patient_Email, CBJ_TJAL_Slot, CBJ_Send_Name, CBJ_Send_Zip, CBJ_Send_Address,"

@@ -279,11 +279,18 @@ TEST_F(OdbcLine, ALostAnswerIsAskedForOnASecondConnection) {
     database_.run(
         "INSERT INTO t_ChubangJun (CBJ_PK, DTR_PK, CBJ_IsCanceled) VALUES (5, 1, 0);"
         "INSERT INTO t_Doctor (DTR_PK, DTR_ID, DTR_PWD) VALUES (1, 'kim', 'old')");
+    data::CBJmUpdate change;
+    change.CBJ_PK = 5;
+    change.CBJ_Msg = "it's";
     for (const Trouble trouble : {Trouble::CutBeforeRun, Trouble::CutBeforeAnswer, Trouble::LateAfterRun}) {
         const bool done = trouble != Trouble::CutBeforeRun;
         const bool late = trouble == Trouble::LateAfterRun;
         for (const bool answers : {false, true}) {
-            database_.run("UPDATE t_ChubangJun SET CBJ_IsCanceled = 0; UPDATE t_Doctor SET DTR_PWD = 'old'");
+            database_.run(
+                "UPDATE t_ChubangJun SET CBJ_IsCanceled = 0, CBJ_Msg = ''; UPDATE t_Doctor SET DTR_PWD = 'old'");
+            const CommitOutcome outcome = !answers ? CommitOutcome::Unknown
+                                          : done   ? CommitOutcome::Done
+                                                   : CommitOutcome::Refused;
             const auto connected = [&] {
                 auto connection = connect();
                 if (answers) connection->another = [this] { return connect(); };
@@ -291,7 +298,10 @@ TEST_F(OdbcLine, ALostAnswerIsAskedForOnASecondConnection) {
             };
             auto connection = connected();
             server_.misbehave("COMMIT", trouble);
-            EXPECT_EQ(operations.Update_CBJCancel(*connection, 5), done && answers);
+            EXPECT_EQ(operations.Update_CBJCancel(*connection, 5), outcome);
+            connection = connected();
+            server_.misbehave("COMMIT", trouble);
+            EXPECT_EQ(operations.Update_ChubangJun(*connection, change), outcome);
             connection = connected();
             server_.misbehave("DTR_PWD", trouble);
             EXPECT_EQ(operations.Update_DoctorPassword(*connection, 1, "new"), late || (done && answers));
