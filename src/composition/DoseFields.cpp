@@ -46,7 +46,7 @@ DoseFields::DoseFields(screen::Window& form, OrderFrames& frames, session::Sessi
       herbs_(herbs),
       watch_(watch) {
     dressFields();
-    txtChubsu.onChange.add([this] { Chubsu_Changed(); });
+    txtChubsu.onChange.add([this] { repriceHerbs(); });
     txtChubsu.onFocus.add([this] { Chubsu_Focus(); });
     txtTuyakilsu.onChange.add(
         [this] { pouchFactorChanged(txtTuyakilsu, txtDayTuyak, "[복용일]을 숫자로 입력해 주십시오."); });
@@ -78,7 +78,7 @@ void DoseFields::dressFields() {
     txtDrugPrice.setReadOnly(true);
 }
 
-void DoseFields::Chubsu_Changed() {
+void DoseFields::repriceHerbs() {
     try {
         priceHerbs();
     } catch (const basics::Fault& fault) {

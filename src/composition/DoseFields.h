@@ -20,9 +20,11 @@ public:
     screen::TextField txtChubsu, txtDrugPrice;                                   // c1eDrug
     screen::TextField txtDayTuyak, txtTuyakilsu, txtPouchTotal, txtPouchAmount;  // c1eTangJun
 
+    /// Prices the packets by the herbs that stand in the table now, as if they had just been typed.
+    void repriceHerbs();
+
 private:
     void dressFields();
-    void Chubsu_Changed();
     void priceHerbs();
     bool sumHerbs(std::int32_t& sum);
     void Chubsu_Focus();

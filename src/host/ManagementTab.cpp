@@ -9,7 +9,12 @@ ManagementTab::ManagementTab(screen::Window& form, screen::Place tab, session::S
       detail(form, tab, session, search.tdbCBJ),
       modification(form, session, detail, order.cost, balance),
       cancel(form, session, search, detail, balance),
-      reuse(form, search.tdbCBJ, detail, order.draft, order.gate, std::move(showOrderTab)) {}
+      reuse(form, detail, order.draft, order.gate, std::move(showOrderTab)) {}
+
+void ManagementTab::forget() {
+    search.forget();
+    detail.forget();
+}
 
 void ManagementTab::Form_Load() {
     detail.Form_Load();

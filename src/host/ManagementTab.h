@@ -20,6 +20,8 @@ struct ManagementTab {
                   account::BalanceView& balance, std::function<void()> showOrderTab);
 
     void Form_Load();
+    /// Takes the orders of a doctor who is no longer logged in out of view.
+    void forget();
 
     management::OrderSearch search;
     management::OrderDetail detail;

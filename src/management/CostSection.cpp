@@ -2,7 +2,6 @@
 
 #include <utility>
 
-#include "basics/Numbers.h"
 #include "basics/Pictures.h"
 #include "management/DetailNote.h"
 
@@ -109,15 +108,6 @@ void CostSection::clear() {
     stored_ = {};
     m_xaCBJmCost.reDim(-1, noteColumn);
     tdbCBJmCost.refresh();
-}
-
-std::int32_t CostSection::amount(int row) const {
-    const std::string text = m_xaCBJmCost.text(row, amountColumn);
-    return basics::IsNumeric(text) ? basics::toInt32(text) : 0;
-}
-
-std::string CostSection::note(int row) const {
-    return m_xaCBJmCost.text(row, noteColumn);
 }
 
 }  // namespace zelvo::management

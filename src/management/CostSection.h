@@ -40,9 +40,6 @@ public:
     void show(const Lines& lines);
     /// Shows the lines that were last read again.
     void showStored() { show(stored_); }
-    /// The amount that a row shows in won; an empty cell is 0.
-    std::int32_t amount(int row) const;
-    std::string note(int row) const;
 
 private:
     void makeRows();

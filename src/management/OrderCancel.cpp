@@ -2,7 +2,6 @@
 
 #include <exception>
 
-#include "basics/Numbers.h"
 #include "management/OrderStanding.h"
 
 namespace zelvo::management {
@@ -10,7 +9,7 @@ namespace zelvo::management {
 namespace {
 
 constexpr const char* caption = "처방전 취소";
-constexpr int numberColumn = 0, keyColumn = 1;
+constexpr int numberColumn = 0;
 
 }  // namespace
 
@@ -31,27 +30,38 @@ void OrderCancel::Cancel_Order() {
 
 void OrderCancel::cancel() {
     screen::Desktop& desktop = form_.desktop();
+    if (!mayChange(desktop, session_, detail_, caption)) return;
     const screen::Grid& list = search_.tdbCBJ;
-    if (detail_.behindList() || !list.onRow()) return detail_.reload();
+    const int row = list.currentRow();
     const std::int32_t CBJ_PK = detail_.listKey();
     const std::string order =
         "[" + list.value("발행날짜") + "] [" + list.value("환자명") + "] [" + list.value("주문서") + "]";
     if (!desktop.ask(order + " \r\n처방전을 취소하시겠습니까?", caption, screen::Answer::No)) return;
-    if (CBJ_PK == 0) return desktop.inform("처방전을 다시 선택해 주십시오.[처방전PK 선택 에러]", caption);
     data::CBJmState state;
     if (!stillWaits(desktop, session_, detail_, CBJ_PK, "처방전취소", state)) return;
-    if (!data::clsZELVORecordSet().Update_CBJCancel(session_.connection(), CBJ_PK))
-        return desktop.alarm("[처방전 취소] 실패. (한약국 서버 연결 확인)", caption);
+    switch (data::clsZELVORecordSet().Update_CBJCancel(session_.connection(), CBJ_PK)) {
+        case data::CommitOutcome::Refused:
+            return desktop.alarm("[처방전 취소] 실패. (한약국 서버 연결 확인)", caption);
+        case data::CommitOutcome::Unknown:
+            desktop.alarm(
+                "처방전 취소 결과를 확인할 수 없습니다. [취소된 처방전]을 검색하여 확인하여 주십시오.",
+                caption);
+            balance_.Clear_StockView();
+            return detail_.reload();
+        case data::CommitOutcome::Done:
+            break;
+    }
     desktop.inform(order + "\r\n\r\n처방전을 성공적으로 취소 하였습니다.", caption);
-    removeRow(CBJ_PK);
+    removeRow(row);
     balance_.Clear_StockView();
     detail_.withdraw();
 }
 
-void OrderCancel::removeRow(std::int32_t CBJ_PK) {
+/// Of the list nothing but the current row has changed meanwhile: a search and a sort wait for the end of an
+/// action.
+void OrderCancel::removeRow(int row) {
     tables::XArrayDB& orders = search_.m_xaCBJ;
-    const int row = orders.find(0, keyColumn, basics::decimalText(std::int64_t{CBJ_PK}));
-    if (row >= 0) orders.deleteRows(row);
+    orders.deleteRows(row);
     for (int left = orders.lowerRow(); left <= orders.upperRow(); ++left) {
         orders.set(left, numberColumn, std::int32_t{left + 1});
         form_.desktop().yield();

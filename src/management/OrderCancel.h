@@ -1,7 +1,5 @@
 #pragma once
 
-#include <cstdint>
-
 #include "account/BalanceView.h"
 #include "management/OrderDetail.h"
 #include "management/OrderSearch.h"
@@ -19,7 +17,7 @@ public:
 private:
     void Cancel_Order();
     void cancel();
-    void removeRow(std::int32_t CBJ_PK);
+    void removeRow(int row);
 
     screen::Window& form_;
     session::Session& session_;

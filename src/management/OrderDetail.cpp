@@ -2,25 +2,10 @@
 
 #include <exception>
 
+#include "basics/Held.h"
 #include "basics/Numbers.h"
 
 namespace zelvo::management {
-
-namespace {
-
-/// Set for as long as it lives.
-class Running {
-public:
-    explicit Running(bool& flag) : flag_(flag) { flag_ = true; }
-    ~Running() { flag_ = false; }
-    Running(const Running&) = delete;
-    Running& operator=(const Running&) = delete;
-
-private:
-    bool& flag_;
-};
-
-}  // namespace
 
 OrderDetail::OrderDetail(screen::Window& form, screen::Place managementTab, session::Session& session,
                          screen::Grid& list)
@@ -45,53 +30,53 @@ void OrderDetail::Form_Load() {
 }
 
 void OrderDetail::On_CBJRowChange(int LastRow, int) {
-    if (!list_.onRow() || LastRow == list_.currentRow()) return;
+    if (!list_.onRow()) return state.withdrawButtons();
+    if (LastRow == list_.currentRow()) return;
     // A list that was sorted brings the same order under another number: what is being typed stays.
     if (LastRow < 0 || behindList()) reload();
 }
 
 void OrderDetail::reload() {
-    again_ = true;
-    showCurrent();
+    const auto ask = [this] { turn_ = Turn::Asked; };
+    turn_ == Turn::Free ? keepingOrder(ask) : ask();
 }
 
 void OrderDetail::keepingOrder(const std::function<void()>& action) {
-    {
-        const Running acting(busy_);
-        action();
+    const basics::Held turn(turn_, Turn::Taken);
+    action();
+    while (turn_ == Turn::Asked) {
+        turn_ = Turn::Taken;
+        showCurrent();
     }
-    showCurrent();
 }
 
-/// Shows what was asked for last, once nothing else runs.
 void OrderDetail::showCurrent() {
-    if (busy_) return;
-    const Running loading(busy_);
-    while (again_) {
-        again_ = false;
-        Clear_CBJmDetail();
-        Set_CBJmEditable(false);
-        Show_CBJmDetail();
-    }
+    const std::int32_t former = shownKey_;
+    forget();
+    list_.onRow() || former == 0 ? Show_CBJmDetail() : static_cast<void>(shows(former));
 }
 
 void OrderDetail::Show_CBJmDetail() {
     if (!list_.onRow()) return;
-    const screen::BusyPointer busy(form_.desktop());
-    const bool loaded = Load_CBJmDetail(listKey());
-    if (again_) return;
-    if (!loaded) {
-        form_.desktop().alarm("처방전상세정보 읽는 중 에러 발생", "처방전관리");
-    } else if (state.waiting()) {
-        state.offerActions();
-    }
+    const bool shown = shows(listKey());
+    if (turn_ == Turn::Asked) return;
+    if (shown && state.waiting()) state.offerActions();
     if (list_.shown()) list_.setFocus();
+}
+
+/// Loads an order; a failure has been told.
+bool OrderDetail::shows(std::int32_t CBJ_PK) {
+    const screen::BusyPointer busy(form_.desktop());
+    const bool loaded = Load_CBJmDetail(CBJ_PK);
+    if (!loaded && turn_ != Turn::Asked)
+        form_.desktop().alarm("처방전상세정보 읽는 중 에러 발생", "처방전관리");
+    return loaded;
 }
 
 bool OrderDetail::Load_CBJmDetail(std::int32_t CBJ_PK) {
     try {
         if (!loadSections({session_.connection(), CBJ_PK})) return false;
-        if (!again_) shownKey_ = CBJ_PK;
+        if (turn_ != Turn::Asked) shownKey_ = CBJ_PK;
         return true;
     } catch (const std::exception&) {
         return false;
@@ -109,7 +94,7 @@ bool OrderDetail::loadSections(const DetailRead& read) {
                                            [&] { return herbs.load(read); },
                                            [&] { return costs.load(read); }};
     for (const auto& step : steps) {
-        if (again_) return true;
+        if (turn_ == Turn::Asked) return true;
         if (!step()) return false;
     }
     return true;
@@ -124,6 +109,11 @@ void OrderDetail::Clear_CBJmDetail() {
     decoction.clear();
     herbs.clear();
     costs.clear();
+}
+
+void OrderDetail::forget() {
+    Clear_CBJmDetail();
+    Set_CBJmEditable(false);
 }
 
 void OrderDetail::Set_CBJmEditable(bool editable) {

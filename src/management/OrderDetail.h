@@ -37,11 +37,13 @@ public:
     /// Binds the herbs of the order in view.
     void bindHerbs() { herbs.bind(); }
 
-    /// The list's row changed: the panel shows the current one. `LastRow` -1 reads it afresh. A change that
+    /// The list's row changed: the panel shows the current one, or keeps what it shows and offers nothing
+    /// with it when the list has none. `LastRow` -1 reads it afresh. A change that
     /// comes while an order is being loaded, or acted on, waits for the end of that: of two orders the panel
     /// never shows parts.
     void On_CBJRowChange(int LastRow, int LastCol = -1);
-    /// Reads the current row afresh; without one the panel is emptied. Leaves editing.
+    /// Reads the current row afresh, without one the order in view, with which nothing can be done then.
+    /// Leaves editing.
     void reload();
     /// Runs what acts on the order in view: until its end the panel keeps that order.
     void keepingOrder(const std::function<void()>& action);
@@ -52,6 +54,8 @@ public:
     bool Load_CBJmDetail(std::int32_t CBJ_PK);
     /// Empties the panel.
     void Clear_CBJmDetail();
+    /// The list's orders are nobody's any more: the panel is emptied and goes back to viewing.
+    void forget();
     /// The look of the panel and what is open in it: editing or viewing.
     void Set_CBJmEditable(bool editable);
     /// The order in view can be changed no more: the panel goes back to viewing and keeps what it shows.
@@ -66,14 +70,21 @@ public:
 
 private:
     void showCurrent();
+    bool shows(std::int32_t CBJ_PK);
     bool loadSections(const DetailRead& read);
 
     session::Session& session_;
     screen::Window& form_;
     screen::Grid& list_;
     std::int32_t shownKey_ = 0;
-    /// An order is being loaded or acted on, and another load has been asked for meanwhile.
-    bool busy_ = false, again_ = false;
+    /// Whose turn it is. A load that is asked for while another one or an action has the turn breaks that
+    /// load off, but no action, and comes after it:
+    ///
+    ///     Free --- reload, action ---> Taken --- reload ---> Asked
+    ///      ^                           |   ^                   |
+    ///      +---------- done -----------+   +------ done -------+
+    enum class Turn { Free, Taken, Asked };
+    Turn turn_ = Turn::Free;
 };
 
 }  // namespace zelvo::management

@@ -33,11 +33,14 @@ OrderModification::OrderModification(screen::Window& form, session::Session& ses
 }
 
 void OrderModification::Begin_CBJmUpdate(bool Value) {
-    if (!Value || detail_.behindList() || detail_.listKey() == 0) return detail_.reload();
-    const screen::BusyPointer busy(form_.desktop());
+    if (!Value || detail_.behindList()) return detail_.reload();
+    screen::Desktop& desktop = form_.desktop();
+    const screen::BusyPointer busy(desktop);
     data::CBJmState order;
-    if (!stillWaits(form_.desktop(), session_, detail_, detail_.listKey(), saveCaption, order))
+    if (!mayChange(desktop, session_, detail_, saveCaption) ||
+        !stillWaits(desktop, session_, detail_, detail_.listKey(), saveCaption, order)) {
         return detail_.state.uncheckUpdate();
+    }
     detail_.Set_CBJmEditable(true);
     detail_.state.ssrCBJmUpdate.setVisible(true);
     detail_.sheet.setEditable(true);
@@ -57,45 +60,65 @@ void OrderModification::Save_CBJmUpdate() {
 
 void OrderModification::save() {
     screen::Desktop& desktop = form_.desktop();
-    const std::int32_t CBJ_PK = detail_.listKey();
-    if (detail_.behindList() || CBJ_PK == 0) return detail_.reload();
-    // From here on a nurse acts for the order's doctor.
-    if (session_.m_IsNurse) session_.m_DTRPK = basics::toInt32(detail_.sender.lblCBJmDTRPK.caption());
-    data::CBJmState order;
-    if (!stillWaits(desktop, session_, detail_, CBJ_PK, saveCaption, order)) return;
-
-    const bool CostChanged =
-        detail_.patient.cboCBJmBesongMethod.text() != detail_.patient.lblCBJmBesongMethod.caption();
+    if (!mayChange(desktop, session_, detail_, saveCaption)) return;
     data::CBJmUpdate row;
-    row.costChanged = CostChanged;
-    if (CostChanged) {
-        const std::int16_t payMethod =
-            order.CBJ_PayMethod.empty() ? std::int16_t{0} : basics::toInt16(order.CBJ_PayMethod);
-        if (!Request_CostUpdate(CBJ_PK, payMethod)) return detail_.reload();
-        takeCosts(row);
-    }
-    row.DTR_PK = session_.m_DTRPK;
-    row.CBJ_PK = CBJ_PK;
+    row.CBJ_PK = detail_.listKey();
+    // The order's money is its own doctor's, whoever has logged in. A nurse acts for that one from here on.
+    row.DTR_PK = basics::toInt32(detail_.sender.lblCBJmDTRPK.caption());
+    if (session_.m_IsNurse) session_.m_DTRPK = row.DTR_PK;
+    data::CBJmState order;
+    if (!stillWaits(desktop, session_, detail_, row.CBJ_PK, saveCaption, order)) return;
+    if (!ageIsSound()) return;
     takePatient(row);
     takeSenderAndSheet(row);
+    row.costChanged =
+        detail_.patient.cboCBJmBesongMethod.text() != detail_.patient.lblCBJmBesongMethod.caption();
+    if (row.costChanged && !Request_CostUpdate(row, order)) return detail_.reload();
     // The page may have taken long, and the pharmacy may have begun: then its price is nobody's.
-    if (!stillWaits(desktop, session_, detail_, CBJ_PK, saveCaption, order)) {
-        if (CostChanged) detail_.costs.showStored();
+    if (!stillWaits(desktop, session_, detail_, row.CBJ_PK, saveCaption, order)) {
+        if (row.costChanged) detail_.costs.showStored();
         return;
     }
-    if (!data::clsZELVORecordSet().Update_ChubangJun(session_.connection(), row)) {
-        desktop.alarm("처방전수정 실패. [한약국으로 직접 연락] 바랍니다.", saveCaption);
-    } else if (CostChanged) {
-        desktop.inform("처방전 수정 성공! [처방전비용 변경됨]", saveCaption);
-        balance_.Clear_StockView();
-    } else {
-        desktop.inform("처방전 수정 성공!", saveCaption);
-    }
+    tell(data::clsZELVORecordSet().Update_ChubangJun(session_.connection(), row), row.costChanged);
     detail_.reload();
 }
 
-/// True when the new price stands in the cost lines; every failure has been shown.
-bool OrderModification::Request_CostUpdate(std::int32_t CBJ_PK, std::int16_t payMethod) {
+/// The age stands in the order as a number: what is none, or too large for its place, would cost the doctor
+/// all that was typed.
+bool OrderModification::ageIsSound() {
+    screen::TextField& age = detail_.patient.txtCBJmAge;
+    try {
+        if (basics::isBlank(age.text()) ||
+            (basics::IsNumeric(age.text()) && basics::toInt16(age.text()) >= 0))
+            return true;
+    } catch (const basics::Fault&) {
+        // Too large: told like any other that is none.
+    }
+    form_.desktop().inform("[나이]를 숫자로 입력해 주십시오.", saveCaption);
+    age.setFocus();
+    return false;
+}
+
+void OrderModification::tell(data::CommitOutcome outcome, bool costChanged) {
+    screen::Desktop& desktop = form_.desktop();
+    switch (outcome) {
+        case data::CommitOutcome::Refused:
+            return desktop.alarm("처방전수정 실패. [한약국으로 직접 연락] 바랍니다.", saveCaption);
+        case data::CommitOutcome::Unknown:
+            desktop.alarm("처방전 수정 결과를 확인할 수 없습니다. 다시 검색하여 확인하여 주십시오.",
+                          saveCaption);
+            break;
+        case data::CommitOutcome::Done:
+            desktop.inform(costChanged ? "처방전 수정 성공! [처방전비용 변경됨]" : "처방전 수정 성공!",
+                           saveCaption);
+            break;
+    }
+    if (costChanged) balance_.Clear_StockView();
+}
+
+/// Takes the new price into the row and shows it in the cost lines. False when there is none; that has been
+/// shown.
+bool OrderModification::Request_CostUpdate(data::CBJmUpdate& row, const data::CBJmState& order) {
     using ordering::CostReading;
     screen::Desktop& desktop = form_.desktop();
     try {
@@ -104,9 +127,10 @@ bool OrderModification::Request_CostUpdate(std::int32_t CBJ_PK, std::int16_t pay
             return false;
         }
         const ordering::CostAnswer answer =
-            ordering::readCostAnswer(askPage(CBJ_PK, payMethod), ordering::updateCostLines);
+            ordering::readCostAnswer(askPage(row, order), ordering::updateCostLines);
         switch (answer.reading) {
             case CostReading::Good:
+                takeCosts(row, answer);
                 showCosts(answer);
                 return true;
             case CostReading::NoStart:
@@ -126,15 +150,16 @@ bool OrderModification::Request_CostUpdate(std::int32_t CBJ_PK, std::int16_t pay
     return false;
 }
 
-std::string OrderModification::askPage(std::int32_t CBJ_PK, std::int16_t payMethod) const {
+std::string OrderModification::askPage(const data::CBJmUpdate& row, const data::CBJmState& order) const {
     screen::OrderCostText::UpdateRequest request;
     request.url = price_.lblCBJcostUpAspURL.caption();
-    request.doctorKey = number(session_.m_DTRPK);
-    request.orderKey = number(CBJ_PK);
-    request.besongMethod = number(data::delivery::code(detail_.patient.cboCBJmBesongMethod.text()));
+    request.doctorKey = number(row.DTR_PK);
+    request.orderKey = number(row.CBJ_PK);
+    request.besongMethod = row.CBJ_BesongMethod;
     request.besongZip = detail_.patient.txtCBJmBeZip.text();
     request.besongJuso = detail_.patient.txtCBJmBeJuso.text();
-    request.payMethod = number(payMethod);
+    request.payMethod =
+        number(order.CBJ_PayMethod.empty() ? std::int16_t{0} : basics::toInt16(order.CBJ_PayMethod));
     const auto page =
         form_.desktop().components().make<screen::OrderCostText>("OrderCostText.clsOrderCostText");
     return page->ChubangJunCostUpdate(request);
@@ -154,12 +179,16 @@ void OrderModification::showCosts(const ordering::CostAnswer& answer) {
     detail_.costs.show(lines);
 }
 
-void OrderModification::takeCosts(data::CBJmUpdate& row) const {
-    row.CBJ_BesongCost = detail_.costs.amount(CostSection::deliveryRow);
-    row.CCD_BesongCost = detail_.costs.note(CostSection::deliveryRow);
-    row.CBJ_ElseCost = detail_.costs.amount(CostSection::otherRow);
-    row.CCD_ElseCost = detail_.costs.note(CostSection::otherRow);
-    row.mileageMoney = basics::toInt32(price_.lblMileageMoney.caption());
+void OrderModification::takeCosts(data::CBJmUpdate& row, const ordering::CostAnswer& answer) {
+    const auto line = [&answer](int shownRow) -> const ordering::CostLine& {
+        return answer.lines[static_cast<std::size_t>(shownRow - CostSection::firstLine)];
+    };
+    const ordering::CostLine &delivery = line(CostSection::deliveryRow), &other = line(CostSection::otherRow);
+    row.CBJ_BesongCost = delivery.amount;
+    row.CCD_BesongCost = delivery.note;
+    row.CBJ_ElseCost = other.amount;
+    row.CCD_ElseCost = other.note;
+    row.mileageMoney = answer.mileage;
 }
 
 void OrderModification::takePatient(data::CBJmUpdate& row) const {
@@ -174,7 +203,9 @@ void OrderModification::takePatient(data::CBJmUpdate& row) const {
     row.CBJ_Reci_Zip = trimmed(patient.txtCBJmBeZip);
     row.CBJ_Reci_Address = trimmed(patient.txtCBJmBeJuso);
     row.CBJ_BesongMsg = trimmed(patient.txtCBJmBesongMsg);
-    row.CBJ_BesongMethod = number(data::delivery::code(patient.cboCBJmBesongMethod.text()));
+    // An order whose method nobody knows keeps it until one is chosen.
+    if (patient.cboCBJmBesongMethod.selectedIndex() >= 0)
+        row.CBJ_BesongMethod = number(data::delivery::code(patient.cboCBJmBesongMethod.text()));
     row.CBJ_Reci_Date = patient.deliveryDate();
 }
 
@@ -190,6 +221,7 @@ void OrderModification::takeSenderAndSheet(data::CBJmUpdate& row) const {
     row.BogYak = basics::trim(detail_.sheet.rtxCBJmEatMsg.rtf());
     row.HospName = trimmed(detail_.sheet.txtEatGuideHosName2);
     row.PhoneNo = trimmed(detail_.sheet.txtEatGuideCall2);
+    row.newSheet = detail_.sheet.isNew();
 }
 
 }  // namespace zelvo::management

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <cstdint>
 #include <string>
 
 #include "account/BalanceView.h"
@@ -24,10 +23,12 @@ private:
     void Begin_CBJmUpdate(bool Value);
     void Save_CBJmUpdate();
     void save();
-    bool Request_CostUpdate(std::int32_t CBJ_PK, std::int16_t payMethod);
-    std::string askPage(std::int32_t CBJ_PK, std::int16_t payMethod) const;
+    bool ageIsSound();
+    void tell(data::CommitOutcome outcome, bool costChanged);
+    bool Request_CostUpdate(data::CBJmUpdate& row, const data::CBJmState& order);
+    std::string askPage(const data::CBJmUpdate& row, const data::CBJmState& order) const;
     void showCosts(const ordering::CostAnswer& answer);
-    void takeCosts(data::CBJmUpdate& row) const;
+    static void takeCosts(data::CBJmUpdate& row, const ordering::CostAnswer& answer);
     void takePatient(data::CBJmUpdate& row) const;
     void takeSenderAndSheet(data::CBJmUpdate& row) const;
 

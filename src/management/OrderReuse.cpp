@@ -4,6 +4,7 @@
 
 #include "basics/Numbers.h"
 #include "composition/modHanYakGuk.h"
+#include "management/OrderStanding.h"
 
 namespace zelvo::management {
 
@@ -12,22 +13,17 @@ namespace {
 namespace herb = composition::herb;
 
 constexpr const char* caption = "처방전 재사용";
+
 }  // namespace
 
-OrderReuse::OrderReuse(screen::Window& form, const screen::Grid& list, OrderDetail& detail,
-                       ordering::OrderDraft& draft, composition::OrderWatch& watch,
-                       std::function<void()> showOrderTab)
-    : form_(form),
-      list_(list),
-      detail_(detail),
-      draft_(draft),
-      watch_(watch),
-      showOrderTab_(std::move(showOrderTab)) {
+OrderReuse::OrderReuse(screen::Window& form, OrderDetail& detail, ordering::OrderDraft& draft,
+                       composition::OrderWatch& watch, std::function<void()> showOrderTab)
+    : form_(form), detail_(detail), draft_(draft), watch_(watch), showOrderTab_(std::move(showOrderTab)) {
     screen::usePressed(detail_.state.ssrCBJreuse, [this] { Reuse_Order(); });
 }
 
 void OrderReuse::Reuse_Order() {
-    if (!list_.onRow()) return;
+    if (detail_.listKey() == 0) return;
     // Half an order is no starting point. What keeps it from being read is told there.
     if (detail_.shownKey() == 0) detail_.reload();
     if (detail_.shownKey() == 0) return;
@@ -38,7 +34,8 @@ void OrderReuse::Reuse_Order() {
     detail_.keepingOrder([this] {
         const screen::BusyPointer busy(form_.desktop());
         try {
-            Copy_CBJmToComposition();
+            if (stillStands(form_.desktop(), draft_.session, detail_, detail_.shownKey(), caption))
+                Copy_CBJmToComposition();
         } catch (const std::exception& fault) {
             form_.desktop().alarm(fault.what(), caption);
         }
@@ -66,30 +63,27 @@ void OrderReuse::copySheet() {
 }
 
 /// Packets, their price and the herbs. The former composition goes first: the packets are not to be priced by
-/// it.
+/// it. An order none of whose herbs is in view leaves it, and with it the price of its own herbs.
 void OrderReuse::copyHerbs() {
+    composition::DoseFields& dose = draft_.dose;
     screen::Grid& ordered = detail_.herbs.tdbCBJmDGL;
-    const bool hasHerbs = ordered.onRow();
-    if (hasHerbs) draft_.lines().reDim(-1, herb::lastColumn);
-    draft_.dose.txtChubsu.setText(detail_.herbs.txtCBJmChubsu.text());
-    draft_.dose.txtDrugPrice.setText(detail_.herbs.txtCBJmDrugCost.text());
-    if (!hasHerbs) return;
+    if (!ordered.onRow()) return dose.txtChubsu.setText(detail_.herbs.txtCBJmChubsu.text());
+    draft_.lines().reDim(-1, herb::lastColumn);
+    dose.txtChubsu.setText(detail_.herbs.txtCBJmChubsu.text());
+    dose.txtDrugPrice.setText(detail_.herbs.txtCBJmDrugCost.text());
     draft_.herbs.Load_DrugFromGrid(ordered);
     draft_.herbs.tdbDGL.bind(&draft_.lines());
     draft_.herbs.showRowCount();
-    priceHerbs();
+    if (allOffered()) dose.repriceHerbs();
 }
 
-/// The packets cost what their herbs cost today. A herb that is no longer offered leaves the former price for
-/// now; choosing another one empties it.
-void OrderReuse::priceHerbs() {
+/// A herb that is no longer offered leaves the former price for now; choosing another one empties it.
+bool OrderReuse::allOffered() const {
     const tables::XArrayDB& herbs = draft_.lines();
     for (int row = herbs.lowerRow(); row <= herbs.upperRow(); ++row) {
-        if (herbs.text(row, herb::state) != herb::complete) return;
+        if (herbs.text(row, herb::state) != herb::complete) return false;
     }
-    const std::string packets = draft_.dose.txtChubsu.text();
-    draft_.dose.txtChubsu.setText("");
-    draft_.dose.txtChubsu.setText(packets);
+    return true;
 }
 
 void OrderReuse::copyDose() {

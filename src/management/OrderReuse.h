@@ -5,7 +5,6 @@
 #include "composition/OrderWatch.h"
 #include "management/OrderDetail.h"
 #include "ordering/OrderDraft.h"
-#include "screen/Grid.h"
 
 namespace zelvo::management {
 
@@ -14,9 +13,8 @@ namespace zelvo::management {
 class OrderReuse {
 public:
     /// `showOrderTab` brings the tab forward on which the new order then stands.
-    OrderReuse(screen::Window& form, const screen::Grid& list, OrderDetail& detail,
-               ordering::OrderDraft& draft, composition::OrderWatch& watch,
-               std::function<void()> showOrderTab);
+    OrderReuse(screen::Window& form, OrderDetail& detail, ordering::OrderDraft& draft,
+               composition::OrderWatch& watch, std::function<void()> showOrderTab);
 
 private:
     void Reuse_Order();
@@ -24,10 +22,9 @@ private:
     void copySheet();
     void copyDose();
     void copyHerbs();
-    void priceHerbs();
+    bool allOffered() const;
 
     screen::Window& form_;
-    const screen::Grid& list_;
     OrderDetail& detail_;
     ordering::OrderDraft& draft_;
     composition::OrderWatch& watch_;

@@ -1,8 +1,7 @@
 #include "management/OrderSearch.h"
 
-#include <exception>
-
 #include "basics/Dates.h"
+#include "basics/Held.h"
 #include "basics/Numbers.h"
 #include "basics/Text.h"
 #include "data/Words.h"
@@ -81,8 +80,7 @@ OrderSearch::OrderSearch(screen::Window& form, screen::Place managementTab, sess
     listen();
     cbodtrList.setVisible(false);
     tdbCBJ.allowsUpdate = false;
-    tdbCBJ.emptyHint = unsearched;
-    tdbCBJ.setCaption(" 발행하신 처방전입니다.");
+    forget();
 }
 
 void OrderSearch::labelFields() {
@@ -183,23 +181,16 @@ void OrderSearch::searchChoice(const screen::ComboList& list, std::span<const Ch
 void OrderSearch::search(std::string_view caption, const Condition& condition) {
     if (searching_) return;
     const screen::BusyPointer busy(form_.desktop());
-    searching_ = true;
     tdbCBJ.setCaption(caption);
     emptyList();
-    bool found = false;
-    try {
-        found = readOrders(condition);
-    } catch (const std::exception&) {
-        // Without a connection nothing is found, as with a search that fails.
-    }
-    searching_ = false;
-    if (!found) return;
+    if (!readOrders(condition)) return;
     tdbCBJ.emptyHint = foundNone;
     tdbCBJ.refresh();
 }
 
-/// False when the (last) read fails.
+/// False when the (last) read fails, as it does without a connection.
 bool OrderSearch::readOrders(const Condition& condition) {
+    const basics::Held searching(searching_, true);
     if (!session_.m_IsNurse) return readDoctor(session_.m_DTRPK, condition) != -1;
     std::int16_t last = 1;
     for (int i = 0; i < cbodtrList.entryCount(); ++i) {
@@ -212,9 +203,15 @@ bool OrderSearch::readOrders(const Condition& condition) {
 }
 
 std::int16_t OrderSearch::readDoctor(std::int32_t DTR_PK, const Condition& condition) {
+    if (!session_.g_conYakGuk) return -1;
     data::RecordSet rows;
-    return data::clsZELVORecordSet().RecordSet_CBJmInfo(session_.connection(), rows, m_xaCBJ, condition.kind,
+    return data::clsZELVORecordSet().RecordSet_CBJmInfo(*session_.g_conYakGuk, rows, m_xaCBJ, condition.kind,
                                                         DTR_PK, condition.word, condition.from, condition.to);
+}
+
+void OrderSearch::forget() {
+    tdbCBJ.setCaption(" 발행하신 처방전입니다.");
+    emptyList();
 }
 
 void OrderSearch::emptyList() {

@@ -44,6 +44,8 @@ public:
     /// Makes m_xaCBJ with its seven columns and binds it to the list, which stays empty until the user
     /// searches.
     void Init_CBJGrid();
+    /// The list as it was before any search.
+    void forget();
     /// Shows the column of the doctor and makes room for it.
     void showDoctorColumn();
 

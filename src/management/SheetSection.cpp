@@ -33,7 +33,16 @@ bool SheetSection::load(const DetailRead& read) {
     rtxCBJmEatMsg.setRtf(basics::trim(sheet.BogYak));
     show(txtEatGuideHosName2, sheet.HospName);
     show(txtEatGuideCall2, sheet.PhoneNo);
+    wasBlank_ = isBlank();
     return true;
+}
+
+bool SheetSection::isNew() const {
+    return wasBlank_ && !isBlank();
+}
+
+bool SheetSection::isBlank() const {
+    return basics::isBlank(rtxCBJmEatMsg.rtf() + txtEatGuideHosName2.text() + txtEatGuideCall2.text());
 }
 
 void SheetSection::clear() {

@@ -22,9 +22,16 @@ public:
 
     /// Reads the sheet; the message comes with the order's state.
     bool load(const DetailRead& read);
+    /// True when something stands in the sheet of an order that was read without one.
+    bool isNew() const;
     void clear();
     /// Whether the sheet can be changed.
     void setEditable(bool editable);
+
+private:
+    bool isBlank() const;
+
+    bool wasBlank_ = true;
 };
 
 }  // namespace zelvo::management

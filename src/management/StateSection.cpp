@@ -2,6 +2,7 @@
 
 #include <string_view>
 
+#include "basics/Held.h"
 #include "data/Words.h"
 
 namespace zelvo::management {
@@ -86,15 +87,18 @@ void StateSection::offerActions() {
 }
 
 void StateSection::withdrawActions() {
-    ssrCBJmCancel.setVisible(false);
-    ssrCBJmUpdate.setVisible(false);
+    withdrawButtons();
     uncheckUpdate();
 }
 
+void StateSection::withdrawButtons() {
+    ssrCBJmCancel.setVisible(false);
+    ssrCBJmUpdate.setVisible(false);
+}
+
 void StateSection::uncheckUpdate() {
-    quiet_ = true;
+    const basics::Held quiet(quiet_, true);
     sschkCBJmUpdate.setValue(false);
-    quiet_ = false;
 }
 
 }  // namespace zelvo::management

@@ -37,6 +37,8 @@ public:
     void offerActions();
     /// The order no longer waits. The check box stays: a click on it brings what the list stands on.
     void withdrawActions();
+    /// Only the two buttons go: what is being typed stays.
+    void withdrawButtons();
     void uncheckUpdate();
 
 private:

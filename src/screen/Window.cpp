@@ -5,25 +5,19 @@
 #include <iterator>
 #include <utility>
 
+#include "basics/Held.h"
+
 namespace zelvo::screen {
 
 /// One input of the user being worked off: an action, during which no other input comes in unless it lets it
 /// itself.
 class Window::InputTurn {
 public:
-    explicit InputTurn(Window& window) : window_(window), allowed_(std::exchange(window.inputAllowed_, 0)) {
-        ++window_.actions_;
-    }
-    ~InputTurn() {
-        --window_.actions_;
-        window_.inputAllowed_ = allowed_;
-    }
-    InputTurn(const InputTurn&) = delete;
-    InputTurn& operator=(const InputTurn&) = delete;
+    explicit InputTurn(Window& window)
+        : actions_(window.actions_, window.actions_ + 1), allowed_(window.inputAllowed_, 0) {}
 
 private:
-    Window& window_;
-    int allowed_;
+    basics::Held<int> actions_, allowed_;
 };
 
 /// A window on the screen. Actions that already ran when it was shown neither hold it open nor keep its input
@@ -31,9 +25,7 @@ private:
 class Window::ModalRun {
 public:
     explicit ModalRun(Window& window)
-        : window_(window),
-          actions_(std::exchange(window.actions_, 0)),
-          allowed_(std::exchange(window.inputAllowed_, 0)) {
+        : window_(window), actions_(window.actions_, 0), allowed_(window.inputAllowed_, 0) {
         window_.shown_ = true;
         window_.desktop_.opened(window_);
     }
@@ -44,15 +36,13 @@ public:
         window_.entered_ = false;
         window_.waiting_.clear();
         if (window_.leaving_ == Leaving::Hide) window_.leaving_ = Leaving::No;
-        window_.actions_ += actions_;
-        window_.inputAllowed_ += allowed_;
     }
     ModalRun(const ModalRun&) = delete;
     ModalRun& operator=(const ModalRun&) = delete;
 
 private:
     Window& window_;
-    int actions_, allowed_;
+    basics::Held<int> actions_, allowed_;
 };
 
 Window::Window(Desktop& desktop, std::string name, double width, double height)

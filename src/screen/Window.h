@@ -159,6 +159,15 @@ private:
     unsigned focusTurn_ = 0;
     const Field* mainTabs_ = nullptr;
     std::deque<std::function<void()>> waiting_;
+    /// What runs, and who lets the user's input in meanwhile: it comes in where no action runs, or where the
+    /// latest one lets it. Each guard changes the two for as long as it lives:
+    ///
+    ///                   actions_   inputAllowed_   input then
+    ///     nothing           0            0         comes in
+    ///     Action           +1                      waits, unless it was let in before
+    ///     InputTurn        +1            0         waits, whatever was let in before
+    ///     InputAllowed                  +1         comes in
+    ///     ModalRun          0            0         comes in, whatever ran before
     int actions_ = 0, inputAllowed_ = 0;
     bool loaded_ = false, shown_ = false, onGlass_ = false, unloaded_ = false;
     Leaving leaving_ = Leaving::No;

@@ -85,7 +85,8 @@ TEST_F(Five, CancellingFromTheEndShowsTheRowBefore) {
         EXPECT_EQ(window.says({"txtCBJmPatientName"}), "환자5") << "a cancellation empties no panel";
         EXPECT_FALSE(window.detail.state.sschkCBJmUpdate.value());
         window.detail.state.sschkCBJmUpdate.userClick();
-        EXPECT_EQ(window.says({"txtCBJmPatientName", "sschkCBJmUpdate"}), "|off") << "no order is left";
+        EXPECT_EQ(window.box(), "처방전수정: 처방전을 다시 선택해 주십시오.[처방전PK 선택 에러]");
+        EXPECT_EQ(window.says({"txtCBJmPatientName", "sschkCBJmUpdate"}), "환자5|off");
         window.user.press("ssrCBJreuse");
         EXPECT_EQ(window.shownOrderTab, 0);
     });
@@ -150,14 +151,16 @@ TEST_F(Five, ReuseOfWhatIsNoLongerOffered) {
         const char *change, *lines, *packets;
         int job;
     };
-    const char* sound = "당귀|토당귀|2|1|320|320|1|0||볶은 3\n작약|작약(국산)|3|1|18|18|2|0||";
+    const char *before = "감초|감초(국산)|4|1|100|100|1|0||",
+               *sound = "당귀|토당귀|2|1|320|320|1|0||볶은 3\n작약|작약(국산)|3|1|18|18|2|0||";
     const Case cases[] = {
         {"UPDATE t_ChubangJun SET CBJ_JobList_PK = 8", sound, "20|6,760", -1},
         {"UPDATE t_ChubangJun SET CBJ_TJML_PK = 77; DELETE FROM t_TangJunAddList WHERE TJAL_PK = 1", sound,
          "20|6,760", 0},
         {"UPDATE t_CBJDetail SET DGL_PK = 4 WHERE DGL_PK = 3",
          "당귀|토당귀|2|1|320|320|1|0||볶은 3\n감초|||1|||2|-1||", "20|6,760", 0},
-        {"DELETE FROM t_CBJDetail; UPDATE t_ChubangJun SET CBJ_Chubsu = 0", "before|||||||||", "|", 0},
+        {"DELETE FROM t_CBJDetail; UPDATE t_ChubangJun SET CBJ_Chubsu = 0", before, "|", 0},
+        {"UPDATE t_CBJDetail SET DGL_PK = 99", before, "20|2,000", 0},
     };
     for (const Case& test : cases) {
         SCOPED_TRACE(test.change);
@@ -165,7 +168,7 @@ TEST_F(Five, ReuseOfWhatIsNoLongerOffered) {
         fresh.put(3);
         fresh.pharmacy->run(test.change);
         fresh.run([&] {
-            fresh.add("before|||||||||");
+            fresh.add(before);
             fresh.listAll();
             reuse(fresh);
             EXPECT_EQ(fresh.lines(), test.lines);
@@ -187,6 +190,12 @@ TEST_F(Five, FaultsOfAReuseAreToldOnce) {
         EXPECT_EQ(window.lines(), "");
         window.line->failAt(0);
         window.detail.reload();
+        window.pharmacy->run("DELETE FROM t_ChubangJun WHERE CBJ_PK = 3");
+        reuse(window);
+        EXPECT_EQ(window.box(),
+                  "처방전 재사용: 한약국에서 삭제된 처방전입니다. [한약국으로 직접 연락] 바랍니다.");
+        EXPECT_EQ(window.lines(), "");
+        window.search.tdbCBJ.setCurrentRow(0);
         window.detail.decoction.lblCBJmTJMLPK.setCaption("no key");
         reuse(window);
         EXPECT_TRUE(window.box().starts_with("처방전 재사용: "));

@@ -28,7 +28,7 @@ struct Detail : ::testing::Test {
 
 TEST_F(Detail, ShowsEverySectionOfAnOrder) {
     window.run([&] {
-        EXPECT_EQ(callsOf([&] { window.listAll(); }), 1 + 11)
+        EXPECT_EQ(callsOf([&] { window.listAll(); }), 1 + 12)
             << "the search, and the statements of one order";
         EXPECT_EQ(window.says({"lblCBJmPatientPK", "txtCBJmPaTel", "txtCBJmPaCell", "txtCBJmPaEmail",
                                "txtCBJmBesongDate", "txtCBJmHosPital", "lblCBJmDTRPK", "txtCBJmBalZip",

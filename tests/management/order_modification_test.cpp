@@ -12,14 +12,16 @@ const std::string saved = "처방전수정: 처방전 수정 성공!", savedWith
                       "처방전수정: 선택하신 처방전은 대기상태가 아닙니다. [한약국으로 직접 연락] 바랍니다.",
                   unreadable = "처방전수정: 처방전의 진행상태 항목을 가져오는 중 에러 발생.";
 /// What the orders say of name, delivery and its cost and notes; whether they and their mileage are
-/// cancelled.
+/// cancelled, whose it is; the clinic on the sheet.
 const std::string orders =
-    "SELECT group_concat(Patient_Name || Patient_Age || ' ' || CBJ_BesongMethod || ' ' || CBJ_Reci_Date || ' ' ||"
+    "SELECT group_concat(Patient_Name || Patient_Age || ' ' || ifnull(CBJ_BesongMethod, '-') || ' ' || CBJ_Reci_Date || ' ' ||"
     " CBJ_BesongCost || CCD_BesongCost || CBJ_ElseCost || ' ' || CBJ_VATCost || ' ' || a.CBJ_IsCanceled || ' ' ||"
-    " ifnull((SELECT STK_Money || CBJ_IsCanceled FROM t_Stock c WHERE c.CBJ_PK = a.CBJ_PK), '')) FROM t_ChubangJun a,"
+    " ifnull((SELECT STK_Money || CBJ_IsCanceled || c.DTR_PK FROM t_Stock c WHERE c.CBJ_PK = a.CBJ_PK), '') ||"
+    " ifnull((SELECT HospName FROM t_EatGuide d WHERE d.CBJ_PK = a.CBJ_PK), '-')) FROM t_ChubangJun a,"
     " t_CBJcostDetail b WHERE a.CBJ_PK = b.CBJ_PK AND a.CBJ_PK > ";
-const std::string untouched = "환자232 2 1900-01-01 4000택배-2 1000 0 5000",
-                  changed = "오'닐32 3 1900-01-01 9000note 9\r\nmore0 1000 0 770";
+const std::string untouched = "환자232 2 1900-01-01 4000택배-2 1000 0 50001우리 2",
+                  changed = "오'닐32 3 1900-01-01 9000note 9\r\nmore0 1000 0 7701새 의원",
+                  canceled = "환자232 2 1900-01-01 4000택배-2 1000 1 50011우리 2";
 
 /// A whole answer of the page: delivery 9,000, other 0, the pharmacy's own 100 and 20, mileage as told.
 std::string priced(int mileage) {
@@ -46,6 +48,7 @@ public:
         user.check("sschkCBJmUpdate", true);
         detail.patient.txtCBJmPatientName.setText(" 오'닐 ");
         detail.sheet.txtCBJmCBMsg.setText("새 메세지");
+        detail.sheet.txtEatGuideHosName2.setText("새 의원");
         if (otherDelivery) user.choose("cboCBJmBesongMethod", "퀵(환자)");
         line->statements.clear();
     }
@@ -61,15 +64,21 @@ TEST(OrderModification, StoresWhatIsTypedAndAsksAPriceForAnotherDeliveryOnly) {
         std::string stored;
     };
     const std::string today = "UPDATE t_ChubangJun SET CBJ_Reci_Date = '2030-01-02';",
-                      none = "DELETE FROM t_Stock;";
-    const std::string cost = "9000note 9\r\nmore0 1000 0 ";
+                      none = "DELETE FROM t_Stock;", sheet = "새 의원",
+                      kept = "1900-01-01 4000택배-2 1000 0 50001" + sheet,
+                      cost = "9000note 9\r\nmore0 1000 0 ";
     const Case cases[] = {
-        {"no other price", "", false, false, 77, "오'닐32 2 1900-01-01 4000택배-2 1000 0 5000"},
+        {"no other price", "", false, false, 77, "오'닐32 2 " + kept},
         {"another price", "", true, false, 77, changed},
         {"a date stays, the mileage goes", today.c_str(), true, false, 0,
-         "오'닐32 3 2030-01-02 " + cost + "00"},
-        {"a date comes, no mileage", none.c_str(), true, true, 0, "오'닐32 3 2031-03-04 " + cost},
-        {"the first mileage", none.c_str(), true, false, 9, "오'닐32 3 1900-01-01 " + cost + "90"}};
+         "오'닐32 3 2030-01-02 " + cost + "001" + sheet},
+        {"a date comes, no mileage", none.c_str(), true, true, 0, "오'닐32 3 2031-03-04 " + cost + sheet},
+        {"the first mileage", none.c_str(), true, false, 9, "오'닐32 3 1900-01-01 " + cost + "901" + sheet},
+        {"no method", "UPDATE t_ChubangJun SET CBJ_BesongMethod = NULL", false, false, 0,
+         "오'닐32 - " + kept},
+        {"an unknown method", "UPDATE t_ChubangJun SET CBJ_BesongMethod = 9", false, false, 0,
+         "오'닐32 9 " + kept},
+        {"no sheet yet", "DELETE FROM t_EatGuide", false, false, 0, "오'닐32 2 " + kept}};
     for (const Case& test : cases) {
         SCOPED_TRACE(test.name);
         Modifying window;
@@ -77,6 +86,7 @@ TEST(OrderModification, StoresWhatIsTypedAndAsksAPriceForAnotherDeliveryOnly) {
         window.page.answer = priced(test.mileage);
         window.run([&] {
             window.edit(test.otherDelivery);
+            window.session.m_DTRPK = 2;  // the money is the order's doctor's
             window.balance.txtUsableStock.setText("old");
             EXPECT_FALSE(window.detail.patient.dtpCBJmBesongDate.enabled());
             EXPECT_EQ(window.says({"dtpCBJmBesongDate"}) == "2030-01-02", test.before == today);
@@ -201,29 +211,82 @@ TEST(OrderModification, ARowChangeMeanwhileWritesNoMixture) {
             EXPECT_EQ(window.says({"txtCBJmPatientName"}), "환자1");
         });
         EXPECT_EQ(window.pharmacy->value(orders + "0"),
-                  "환자131 2 1900-01-01 4000택배-1 1000 0 5000," + changed);
+                  "환자131 2 1900-01-01 4000택배-1 1000 0 50001우리 1," + changed);
     }
 }
 
-TEST(OrderModification, AnotherOrderInTheListIsShownAndNothingElseHappens) {
-    Modifying window;
-    const std::string before = window.stored();
-    window.run([&] {
-        window.edit(false);
-        window.search.m_xaCBJ.deleteRows(0);  // the edited order left the list
-        window.search.tdbCBJ.refresh();
-        EXPECT_EQ(window.detail.shownKey(), 2);
-        window.save();
-        EXPECT_EQ(window.detail.shownKey(), 1);
-        EXPECT_FALSE(window.editing());
-        window.user.check("sschkCBJmUpdate", true);
-        window.search.txtCBJsearchPatient.setText("nobody");
-        window.search.sscCBJsearchPatient.onPress();
-        window.save();
-        EXPECT_FALSE(window.editing());
-        EXPECT_EQ(window.says({"txtCBJmPatientName"}), "") << "its order is not in the list any more";
-    });
-    EXPECT_EQ(window.stored(), before);
+TEST(OrderModification, WhatStandsInTheWayIsToldAndNothingIsWritten) {
+    struct Case {
+        std::function<void(Modifying&)> before;
+        const char *told, *button = nullptr;  ///< without one: both
+        bool typedStays = true;
+    };
+    const auto aged = [](const char* age) {
+        return [age](Modifying& window) { window.detail.patient.txtCBJmAge.setText(age); };
+    };
+    const char *save = "ssrCBJmUpdate", *again = "처방전을 다시 선택해 주십시오.[처방전PK 선택 에러]",
+               *number = "[나이]를 숫자로 입력해 주십시오.";
+    const Case cases[] = {
+        {[](Modifying& window) { window.session.m_DTRPK = 0; }, "로그인 후에 사용하십시오.(m_DTRPK = 0)"},
+        {[](Modifying& window) { window.search.forget(); }, again},
+        {[](Modifying& window) {
+             window.search.m_xaCBJ.deleteRows(0);  // the edited order left the list
+             window.search.tdbCBJ.refresh();
+         },
+         again, nullptr, false},
+        {aged("45세"), number, save},
+        {aged("40000"), number, save},
+        {aged("-1"), number, save}};
+    for (const Case& test : cases) {
+        for (const char* button : {save, "ssrCBJmCancel"}) {
+            if (test.button && test.button != button) continue;
+            Modifying window;
+            const std::string before = window.stored();
+            window.run([&] {
+                window.edit(true);
+                test.before(window);
+                dynamic_cast<screen::TwoStateButton&>(*window.form.field(button)).setValue(true);
+                EXPECT_EQ(window.box(),
+                          (button == save ? "처방전수정: " : "처방전 취소: ") + std::string(test.told));
+                EXPECT_EQ(window.says({"txtCBJmPatientName"}), test.typedStays ? " 오'닐 " : "환자1");
+                EXPECT_EQ(window.editing(), test.typedStays);
+            });
+            EXPECT_EQ(window.stored(), before);
+        }
+    }
+}
+
+/// A change whose commit got no answer: another connection is asked, and what it says, or that there is none,
+/// is told.
+TEST(OrderModification, AChangeWithoutAnAnswerIsAskedAfter) {
+    const std::string unread = "처방전관리: 처방전상세정보 읽는 중 에러 발생";
+    for (int i = 0; i < 8; ++i) {
+        const bool canceling = i & 1, stands = i & 2, answers = i & 4;
+        SCOPED_TRACE(i);
+        Modifying window;
+        window.line->another = [&]() -> std::unique_ptr<data::Connection> {
+            if (!answers) throw basics::Fault("nobody there");
+            return window.pharmacy->connect();
+        };
+        window.run([&] {
+            canceling ? window.listAll() : window.edit(true);
+            window.balance.txtUsableStock.setText("old");
+            if (stands) window.line->nextCommit = data::CommitOutcome::Unknown;
+            window.line->staysBroken = true;
+            window.line->failAt(stands ? 0 : canceling ? 5 : 9);
+            if (canceling) window.desktop.answer(screen::Answer::Yes);
+            window.user.press(canceling ? "ssrCBJmCancel" : "ssrCBJmUpdate");
+            if (canceling) window.box();
+            const std::string told = window.box();
+            EXPECT_EQ(told.find("성공") != std::string::npos, answers && stands) << told;
+            EXPECT_EQ(told.find("실패") != std::string::npos, answers && !stands) << told;
+            EXPECT_EQ(window.balance.txtUsableStock.text(), answers && !stands ? "old" : "");
+            if (!stands && !(canceling && answers)) {
+                EXPECT_EQ(window.box(), unread) << "the line is gone";
+            }
+        });
+        EXPECT_EQ(window.pharmacy->value(orders + "1"), !stands ? untouched : canceling ? canceled : changed);
+    }
 }
 
 /// Killed before each call of the two units of work, and behind them: whole or nothing.
@@ -245,8 +308,9 @@ TEST(OrderModification, AKillLeavesAllOrNothing) {
                     window.user.press(canceling ? "ssrCBJmCancel" : "ssrCBJmUpdate");
                 });
             }));
-            const std::string whole = canceling ? "환자232 2 1900-01-01 4000택배-2 1000 1 5001" : changed;
-            EXPECT_EQ(pharmacy->value(orders + "1"), at <= calls ? untouched : whole);
+            EXPECT_EQ(pharmacy->value(orders + "1"), at <= calls ? untouched
+                                                     : canceling ? canceled
+                                                                 : changed);
         }
     }
 }

@@ -81,7 +81,7 @@ public:
     management::OrderModification modification{form, session, detail, price, balance};
     management::OrderCancel cancel{form, session, search, detail, balance};
     int shownOrderTab = 0;
-    management::OrderReuse reuse{form, search.tdbCBJ, detail, draft, gate, [this] { ++shownOrderTab; }};
+    management::OrderReuse reuse{form, detail, draft, gate, [this] { ++shownOrderTab; }};
 };
 
 }  // namespace zelvo::testing

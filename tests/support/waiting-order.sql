@@ -12,7 +12,8 @@ SELECT i, 1, 4000 + i, '환자' || i, 30 + i, i % 2, '80010' || i || '-1', 'p' |
     '02-800-000' || i, '010-800-000' || i, '1900-01-01', '부재시 ' || i, '잘 ' || i, '2024-05-0' || i || ' 10:00:00', 0
     FROM (SELECT [N] AS i);
 INSERT INTO t_CBJDetail (CBJ_PK, DGL_PK, DGL_CallSign, DET_Weight, DET_Danga, DET_Money, DET_Note, DET_Order)
-    VALUES ([N], 2, '당귀', 1, 320, 320, '볶은 [N]', 1), ([N], 3, '작약', 1, 18, 18, '', 2);
+    VALUES ([N], 3, '작약', 1, 18, 18, '', 2), ([N], 2, '당귀', 1, 320, 320, '볶은 [N]', 1);
+DROP INDEX IF EXISTS ix_CBJDetail_Order; -- the lines come as they were written
 INSERT INTO t_CBJcostDetail (CBJ_PK, CCD_JojeCost, CCD_BesongCost, CCD_ElseCost) VALUES ([N], '조제 [N]', '택배', '');
 INSERT INTO t_EatGuide VALUES ([N], '식후 [N]', '우리 [N]', '02-1-[N]');
 INSERT INTO t_Stock (DTR_PK, CBJ_PK, STK_Money) VALUES (1, [N], 500);
