@@ -46,7 +46,7 @@ void DoctorLogin::checkAccount(const std::string& id, const std::string& passwor
     std::int32_t key = 0;
     if (!data::clsZELVORecordSet().RecordSet_LoginCheck(session_.connection(), id, password, key)) {
         form_.desktop().inform("한약국 로그인 실패 -> [ID, PassWord를 확인해 주십시오.]", loginCaption);
-        session_.m_DTRPK = 0;
+        setDoctor(0);
         return;
     }
     const std::int16_t result = Load_DoctorInfo(LoginJob::Login, key);
@@ -55,7 +55,7 @@ void DoctorLogin::checkAccount(const std::string& id, const std::string& passwor
 }
 
 void DoctorLogin::loggedIn(const std::string& id, const std::string& password, std::int32_t key) {
-    session_.m_DTRPK = key;
+    setDoctor(key);
     session_.m_DoctorIDPWD = id + std::string(partSeparator) + password;
     whenLoggedIn();
     form_.desktop().inform("한약국 로그인 성공! [ 접속 ID = " + id + " ]", loginCaption);
@@ -64,8 +64,13 @@ void DoctorLogin::loggedIn(const std::string& id, const std::string& password, s
     form_.moveFocus();  // the button's page has gone behind: the keys go on where the order begins
 }
 
+void DoctorLogin::setDoctor(std::int32_t key) {
+    if (key != session_.m_DTRPK) whenDoctorLeaves();
+    session_.m_DTRPK = key;
+}
+
 void DoctorLogin::logOut() {
-    session_.m_DTRPK = 0;
+    setDoctor(0);
     session_.m_DoctorIDPWD.clear();
     Clear_DoctorInfo();
 }

@@ -38,8 +38,10 @@ public:
     /// Empties every field that the doctor's record fills.
     void Clear_DoctorInfo();
 
-    /// Another doctor is logged in: what shows a doctor's orders and money is to be read afresh.
+    /// A doctor is logged in: what shows a doctor's orders and money is to be read afresh.
     std::function<void()> whenLoggedIn = [] {};
+    /// The doctor who was logged in is so no longer: that one's patients go out of view.
+    std::function<void()> whenDoctorLeaves = [] {};
 
 private:
     void logIn();
@@ -47,6 +49,7 @@ private:
     void checkAccount(const std::string& id, const std::string& password);
     void loggedIn(const std::string& id, const std::string& password, std::int32_t key);
     void logOut();
+    void setDoctor(std::int32_t key);
     std::int16_t loadDoctor(LoginJob job, std::int32_t& DTRPK);
     void listNurseDoctors();
     void showDoctor(LoginJob job, const data::DoctorRecord& doctor);

@@ -45,6 +45,7 @@ frmDoctorOCSmain::frmDoctorOCSmain(screen::Desktop& desktop, session::Session& s
     onResize.add([this] { Form_Resize(); });
     onUnload.add([this] { Form_Unload(); });
     c1tMain.onClick.add([this] { c1tMain_Click(); });
+    login.whenDoctorLeaves = [this] { management.forget(); };
     login.whenLoggedIn = [this] {
         management.detail.On_CBJRowChange(-1);
         balance.Clear_StockView();

@@ -1,0 +1,74 @@
+# What was typed into an order stays until it can be stored; an order that has left the list, and one of a doctor who
+# is no longer logged in, can be changed no more.
+tab c1tMain 2
+tab c1tCBJmanage 4
+choose cboCBJstate "대 기"
+press sscCBJsearchState
+expect txtCBJmPatientName 최수진
+check sschkCBJmUpdate on
+type txtCBJmPatientName 최새봄
+type txtCBJmAge 45세
+press ssrCBJmUpdate
+expect message 처방전수정 "[나이]를 숫자로 입력해 주십시오."
+expect focus txtCBJmAge
+expect txtCBJmPatientName 최새봄
+expect enabled c1eCBJm(3)
+
+# A search that finds nothing takes the order out of the list, but nothing out of the panel.
+tab c1tCBJmanage 3
+type txtCBJsearchPatient 아무도
+key txtCBJsearchPatient Enter
+expect rows tdbCBJ 0
+expect hidden ssrCBJmUpdate
+expect hidden ssrCBJmCancel
+expect txtCBJmPatientName 최새봄
+check sschkCBJmUpdate off
+expect txtCBJmPatientName 최수진
+expect disabled c1eCBJm(3)
+key txtCBJsearchPatient Backspace Backspace Backspace
+type txtCBJsearchPatient 최
+key txtCBJsearchPatient Enter
+check sschkCBJmUpdate on
+type txtCBJmAge 45
+press ssrCBJmUpdate
+expect message 처방전수정 "처방전 수정 성공!"
+expect txtCBJmAge 45
+
+# The same doctor once more keeps the list; another one, or a wrong password, empties it.
+tab c1tMain 0
+press ssrLogIN
+type txtID doctor1
+type txtPassword pass1
+key txtPassword Enter
+expect message "한약국 로그인" *
+tab c1tMain 2
+expect rows tdbCBJ 1
+expect txtCBJmPatientName 최수진
+tab c1tMain 0
+press ssrLogIN
+type txtID doctor2
+type txtPassword pass2
+key txtPassword Enter
+expect message "한약국 로그인" *
+tab c1tMain 2
+expect rows tdbCBJ 0
+expect caption tdbCBJ " 발행하신 처방전입니다."
+expect txtCBJmPatientName ""
+expect hidden ssrCBJmCancel
+expect hidden sschkCBJmUpdate
+tab c1tCBJmanage 4
+press sscCBJsearchState
+expect txtCBJmPatientName 오세라
+tab c1tMain 0
+press ssrLogIN
+type txtID doctor1
+type txtPassword forgotten
+key txtPassword Enter
+expect message "한약국 로그인" *
+tab c1tMain 2
+expect rows tdbCBJ 0
+expect txtCBJmPatientName ""
+press sscCBJsearchState
+expect rows tdbCBJ 0
+expect no message
+close
