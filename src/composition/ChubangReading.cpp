@@ -27,7 +27,7 @@ void ChubangReading::Read_Chubang() {
         std::int16_t merged = 0;
         library.Show_ChubangRead(merged, m_KeepChubangRead);
         herbs_.tdbDGL.refresh();
-        herbs_.showRowCount();
+        session_.g_xaDrug.empty() ? herbs_.showPlainCaption() : herbs_.showRowCount();
         if (merged == 0) return;
         herbs_.onCompositionChanged();
         watch_.priceOutdated();

@@ -65,7 +65,7 @@ HerbTable::HerbTable(screen::Window& form, OrderFrames& frames, session::Session
       frames_(frames),
       session_(session),
       watch_(watch) {
-    tdbDGL.setCaption(plainCaption);
+    showPlainCaption();
     tdbDGL.setLabel("약재 구성");
     tdbDGL.emptyHint = "Enter를 누르면 첫 약재를 넣을 수 있습니다.";
     sscDrugDelete.setTipText("선택된 약재정보를 삭제합니다.");
@@ -103,16 +103,12 @@ int HerbTable::rowCount() const {
     return session_.g_xaDrug.upperRow() + 1;
 }
 
-void HerbTable::showCount() {
+void HerbTable::showRowCount() {
     tdbDGL.setCaption(std::string(plainCaption) + " [" + basics::decimalText(std::int64_t{rowCount()}) + "]");
 }
 
-void HerbTable::showRowCount() {
-    if (session_.g_xaDrug.empty()) {
-        tdbDGL.setCaption(plainCaption);
-    } else {
-        showCount();
-    }
+void HerbTable::showPlainCaption() {
+    tdbDGL.setCaption(plainCaption);
 }
 
 /// No cell is exempt, the note included: whoever begins to type in the table has to have the order priced
@@ -253,7 +249,7 @@ void HerbTable::deleteRow() {
 void HerbTable::rowDeleted() {
     modHanYakGuk::Renumber_DrugRows(form_.desktop(), session_.g_xaDrug);
     tdbDGL.refresh();
-    showCount();
+    showRowCount();
 }
 
 void HerbTable::resetTable() {
@@ -263,7 +259,7 @@ void HerbTable::resetTable() {
     session_.g_xaDrug.reDim(-1, herb::lastColumn);
     tdbDGL.refresh();
     watch_.priceOutdated();
-    tdbDGL.setCaption(plainCaption);
+    showPlainCaption();
     onCompositionChanged();
 }
 

@@ -38,8 +38,9 @@ public:
     void loadLines(const std::vector<HerbLine>& lines);
     /// Takes the mark of the latest merge off all rows.
     void dropMergeMarks();
-    /// The caption with the row count, or the plain one for an empty table, as after a reset.
+    /// The caption with the row count, also where that is 0, and the one of a table that nobody has touched.
     void showRowCount();
+    void showPlainCaption();
     /// A herb line came, went or changed in a way that the packets' price depends on: packets and herb price
     /// are to be emptied.
     screen::Event<> onCompositionChanged;
@@ -67,7 +68,6 @@ private:
     void lookUpHerb(const HerbLine& line, int row);
     int mergeRow(int row);
 
-    void showCount();
     int rowCount() const;
 
     screen::Window& form_;
