@@ -44,6 +44,10 @@ expect txtHospitalName 보원한의원
 # The clinic has moved: the new address is found on the pharmacy's page, and the floor typed behind it.
 tab c1tMain 3
 expect lblDTRinfo " 한의사 정보"
+expect txtDTRdiscount 5
+expect txtDTRbox "1,500"
+expect txtDTRvip O
+expect item ListVpayment 2 on
 press ssrZipCode(4)
 expect window frmPostalLookup
 type txtFind 없는 길

@@ -87,6 +87,12 @@ TEST(DoctorLogin, LeavesTheStateThatBelongsToItsEnd) {
                           host.textOf("txtDTRid") + " " + host.textOf("txtDoctor") + " " +
                           std::to_string(host.field<screen::TabControl>("c1tMain").current()),
                       c.state);
+            for (const screen::Field* field : host.user.front().fields()) {
+                const auto* text = dynamic_cast<const screen::TextField*>(field);
+                if (text && c.state == std::string(out) && field->name().starts_with("txtDTR")) {
+                    EXPECT_EQ(text->text(), "") << field->name();
+                }
+            }
         });
     }
 }

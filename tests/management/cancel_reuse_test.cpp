@@ -67,60 +67,6 @@ TEST_F(Five, CancelTakesTheOrderOutOfTheListAndTheBalance) {
     });
 }
 
-/// Of the last row nothing follows in its place: the row before it comes into view, and can be cancelled in
-/// turn.
-TEST_F(Five, CancellingFromTheEndShowsTheRowBefore) {
-    run([&] {
-        window.search.tdbCBJ.setCurrentRow(4);
-        for (int left = 5; left > 0; --left) {
-            window.user.check("sschkCBJmUpdate", true);
-            window.desktop.answer(Answer::Yes);
-            window.user.press("ssrCBJmCancel");
-            EXPECT_NE(window.box() + window.box(), "");
-            EXPECT_EQ(window.search.tdbCBJ.rowCount(), left - 1);
-            EXPECT_FALSE(window.detail.frames.c1eCBJm3.enabled() ||
-                         window.detail.sheet.txtEatGuideCall2.enabled() ||
-                         window.detail.state.ssrCBJmUpdate.visible());
-        }
-        EXPECT_EQ(window.says({"txtCBJmPatientName"}), "환자5") << "a cancellation empties no panel";
-        EXPECT_FALSE(window.detail.state.sschkCBJmUpdate.value());
-        window.detail.state.sschkCBJmUpdate.userClick();
-        EXPECT_EQ(window.box(), "처방전수정: 처방전을 다시 선택해 주십시오.[처방전PK 선택 에러]");
-        EXPECT_EQ(window.says({"txtCBJmPatientName", "sschkCBJmUpdate"}), "환자5|off");
-        window.user.press("ssrCBJreuse");
-        EXPECT_EQ(window.shownOrderTab, 0);
-    });
-}
-
-TEST_F(Five, WhateverStopsACancelLeavesOrderAndList) {
-    const std::string
-        failed = "처방전 취소: [처방전 취소] 실패. (한약국 서버 연결 확인)",
-        movedOn = "처방전취소: 선택하신 처방전은 대기상태가 아닙니다. [한약국으로 직접 연락] 바랍니다.";
-    const std::tuple<const char*, int, std::string> cases[] = {
-        {"", 1, "처방전취소: 처방전의 진행상태 항목을 가져오는 중 에러 발생."},
-        {"", 2, failed},
-        {"", 3, failed},
-        {"", 4, failed},
-        {"", 5, failed},
-        {"UPDATE t_ChubangJun SET CBJ_State = 1 WHERE CBJ_PK = 3", 0, movedOn},
-        {"UPDATE t_ChubangJun SET CBJ_IsCanceled = 1 WHERE CBJ_PK = 3", 0, movedOn},
-    };
-    run([&] {
-        for (const auto& [pharmacyDoes, failing, told] : cases) {
-            SCOPED_TRACE(pharmacyDoes + std::to_string(failing));
-            window.pharmacy->run(std::string("UPDATE t_ChubangJun SET CBJ_State = 0;") + pharmacyDoes);
-            const std::string before = window.stored();
-            window.detail.state.ssrCBJmCancel.setVisible(true);
-            window.line->failAt(failing);
-            cancel();
-            EXPECT_EQ(window.box(), told);
-            EXPECT_EQ(window.stored(), before);
-            EXPECT_EQ(window.search.tdbCBJ.rowCount(), 5);
-            EXPECT_EQ(window.detail.state.ssrCBJmCancel.visible(), failing > 0);
-        }
-    });
-}
-
 /// Whatever has become of the order, whatever was being composed, and though the list's row moves meanwhile.
 TEST_F(Five, ReuseTakesTheCompositionOfTheOrderInView) {
     window.pharmacy->run(

@@ -6,11 +6,8 @@ namespace {
 
 using testing::ManagementWindow;
 
-const std::string saved = "처방전수정: 처방전 수정 성공!", savedWithPrice = saved + " [처방전비용 변경됨]",
-                  refused = "처방전수정: 처방전수정 실패. [한약국으로 직접 연락] 바랍니다.",
-                  movedOn =
-                      "처방전수정: 선택하신 처방전은 대기상태가 아닙니다. [한약국으로 직접 연락] 바랍니다.",
-                  unreadable = "처방전수정: 처방전의 진행상태 항목을 가져오는 중 에러 발생.";
+const std::string saved = "처방전수정: 처방전 수정 성공!", savedWithPrice = saved + " [처방전비용 변경됨]";
+const char *saveButton = "ssrCBJmUpdate", *cancelButton = "ssrCBJmCancel", *editSwitch = "sschkCBJmUpdate";
 /// What the orders say of name, delivery and its cost and notes; whether they and their mileage are
 /// cancelled, whose it is; the clinic on the sheet.
 const std::string orders =
@@ -52,7 +49,14 @@ public:
         if (otherDelivery) user.choose("cboCBJmBesongMethod", "퀵(환자)");
         line->statements.clear();
     }
-    void save() { user.press("ssrCBJmUpdate"); }
+    void save() { user.press(saveButton); }
+    /// Works a button of the panel, Yes to a cancellation's question: what is told, under which caption.
+    std::string told(const std::string& button) {
+        if (button == cancelButton) desktop.answer(screen::Answer::Yes);
+        button == editSwitch ? detail.state.sschkCBJmUpdate.userClick() : user.press(button);
+        if (button == cancelButton) box();
+        return box();
+    }
     bool editing() const { return detail.frames.c1eCBJm3.enabled(); }
 };
 
@@ -141,25 +145,40 @@ TEST(OrderModification, APriceThatCannotBeHadStoresNothing) {
     }
 }
 
-/// Each call of a modification fails in turn: nothing is written, it is told, and the panel is not half
-/// edited.
+/// Each call of a change fails in turn: nothing is written, it is told, and the panel is not half edited.
 TEST(OrderModification, EveryFailedStatementLeavesTheOrderAsItWas) {
-    for (const bool otherDelivery : {false, true}) {
-        // Two reads of the state; begin, order, [notes, mileage's row, mileage,] sheet, commit.
-        for (int failing = otherDelivery ? 9 : 6; failing >= 0; --failing) {
-            SCOPED_TRACE(std::to_string(otherDelivery) + " failing at " + std::to_string(failing));
+    struct Change {
+        const char* button;
+        bool otherDelivery;
+        int reads,
+            calls;  ///< of the state; then begin, order, [notes, mileage's row,] mileage, sheet, commit
+        const char *caption, *refused;
+    };
+    const char* notStored = "처방전수정: 처방전수정 실패. [한약국으로 직접 연락] 바랍니다.";
+    const Change changes[] = {{editSwitch, false, 1, 1, "처방전수정", ""},
+                              {saveButton, false, 2, 6, "처방전수정", notStored},
+                              {saveButton, true, 2, 9, "처방전수정", notStored},
+                              {cancelButton, false, 1, 5, "처방전취소",
+                               "처방전 취소: [처방전 취소] 실패. (한약국 서버 연결 확인)"}};
+    for (const Change& change : changes) {
+        for (int failing = 1; failing <= change.calls; ++failing) {
+            SCOPED_TRACE(std::string(change.button) + " failing at " + std::to_string(failing));
             Modifying window;
             const std::string before = window.stored();
             window.run([&] {
                 window.listAll();
                 const std::string costs = testing::rowsOf(window.detail.costs.m_xaCBJmCost, 0);
-                if (failing > 0) window.edit(otherDelivery);
-                window.line->failAt(std::max(failing, 1));
-                failing > 0 ? window.save() : window.detail.state.sschkCBJmUpdate.userClick();
-                EXPECT_EQ(window.box(), failing <= 2 ? unreadable : refused);
-                EXPECT_EQ(window.stored(), before);
-                EXPECT_EQ(window.editing(), failing == 1 || failing == 2) << "there, what was typed stays";
+                const bool saving = change.button == saveButton, unread = failing <= change.reads;
+                if (saving) window.edit(change.otherDelivery);
+                window.line->failAt(failing);
+                EXPECT_EQ(
+                    window.told(change.button),
+                    unread ? std::string(change.caption) + ": 처방전의 진행상태 항목을 가져오는 중 에러 발생."
+                           : change.refused);
+                EXPECT_EQ(window.stored() + window.listed(), before + "1:2 2:1 ");
+                EXPECT_EQ(window.editing(), saving && unread) << "there, what was typed stays";
                 EXPECT_EQ(window.detail.state.sschkCBJmUpdate.value(), window.editing());
+                EXPECT_TRUE(window.detail.state.ssrCBJmCancel.visible());
                 EXPECT_EQ(testing::rowsOf(window.detail.costs.m_xaCBJmCost, 0), costs)
                     << "no price of the page";
             });
@@ -173,18 +192,20 @@ TEST(OrderModification, ThePharmacyMovesTheOrderOnAtAnyMoment) {
     for (const char* move :
          {"UPDATE t_ChubangJun SET CBJ_State = 1", "UPDATE t_ChubangJun SET CBJ_IsCanceled = 1",
           "DELETE FROM t_ChubangJun WHERE CBJ_PK = 2"}) {
-        for (int moment = 0; moment <= 2; ++moment) {
-            SCOPED_TRACE(std::string(move) + " at " + std::to_string(moment));
+        for (const char* button : {editSwitch, saveButton, "the page", cancelButton}) {
+            SCOPED_TRACE(std::string(move) + " before " + button);
             Modifying window;
             window.run([&] {
-                window.listAll();
-                if (moment > 0) window.edit(true);
-                if (moment < 2) window.pharmacy->run(move);
+                const bool asking = std::string_view(button) == "the page", saving = button == saveButton;
+                saving || asking ? window.edit(true) : window.listAll();
+                if (!asking) window.pharmacy->run(move);
                 window.page.whileAsked = [&] { window.pharmacy->run(move); };
-                moment > 0 ? window.save() : window.detail.state.sschkCBJmUpdate.userClick();
-                EXPECT_EQ(window.box(), movedOn);
+                EXPECT_EQ(window.told(asking ? saveButton : button),
+                          std::string(button == cancelButton ? "처방전취소" : "처방전수정") +
+                              ": 선택하신 처방전은 대기상태가 아닙니다. [한약국으로 직접 연락] 바랍니다.");
                 EXPECT_FALSE(window.editing() || window.detail.state.sschkCBJmUpdate.visible() ||
-                             window.detail.state.waiting());
+                             window.detail.state.ssrCBJmCancel.visible() || window.detail.state.waiting());
+                EXPECT_EQ(window.search.tdbCBJ.rowCount(), 2);
             });
             EXPECT_EQ(window.pharmacy->value(orders + "1").find("오'닐"), std::string::npos);
         }
@@ -224,7 +245,7 @@ TEST(OrderModification, WhatStandsInTheWayIsToldAndNothingIsWritten) {
     const auto aged = [](const char* age) {
         return [age](Modifying& window) { window.detail.patient.txtCBJmAge.setText(age); };
     };
-    const char *save = "ssrCBJmUpdate", *again = "처방전을 다시 선택해 주십시오.[처방전PK 선택 에러]",
+    const char *again = "처방전을 다시 선택해 주십시오.[처방전PK 선택 에러]",
                *number = "[나이]를 숫자로 입력해 주십시오.";
     const Case cases[] = {
         {[](Modifying& window) { window.session.m_DTRPK = 0; }, "로그인 후에 사용하십시오.(m_DTRPK = 0)"},
@@ -234,11 +255,11 @@ TEST(OrderModification, WhatStandsInTheWayIsToldAndNothingIsWritten) {
              window.search.tdbCBJ.refresh();
          },
          again, nullptr, false},
-        {aged("45세"), number, save},
-        {aged("40000"), number, save},
-        {aged("-1"), number, save}};
+        {aged("45세"), number, saveButton},
+        {aged("40000"), number, saveButton},
+        {aged("-1"), number, saveButton}};
     for (const Case& test : cases) {
-        for (const char* button : {save, "ssrCBJmCancel"}) {
+        for (const char* button : {saveButton, cancelButton}) {
             if (test.button && test.button != button) continue;
             Modifying window;
             const std::string before = window.stored();
@@ -247,7 +268,7 @@ TEST(OrderModification, WhatStandsInTheWayIsToldAndNothingIsWritten) {
                 test.before(window);
                 dynamic_cast<screen::TwoStateButton&>(*window.form.field(button)).setValue(true);
                 EXPECT_EQ(window.box(),
-                          (button == save ? "처방전수정: " : "처방전 취소: ") + std::string(test.told));
+                          (button == saveButton ? "처방전수정: " : "처방전 취소: ") + std::string(test.told));
                 EXPECT_EQ(window.says({"txtCBJmPatientName"}), test.typedStays ? " 오'닐 " : "환자1");
                 EXPECT_EQ(window.editing(), test.typedStays);
             });
@@ -274,10 +295,7 @@ TEST(OrderModification, AChangeWithoutAnAnswerIsAskedAfter) {
             if (stands) window.line->nextCommit = data::CommitOutcome::Unknown;
             window.line->staysBroken = true;
             window.line->failAt(stands ? 0 : canceling ? 5 : 9);
-            if (canceling) window.desktop.answer(screen::Answer::Yes);
-            window.user.press(canceling ? "ssrCBJmCancel" : "ssrCBJmUpdate");
-            if (canceling) window.box();
-            const std::string told = window.box();
+            const std::string told = window.told(canceling ? cancelButton : saveButton);
             EXPECT_EQ(told.find("성공") != std::string::npos, answers && stands) << told;
             EXPECT_EQ(told.find("실패") != std::string::npos, answers && !stands) << told;
             EXPECT_EQ(window.balance.txtUsableStock.text(), answers && !stands ? "old" : "");
@@ -305,7 +323,7 @@ TEST(OrderModification, AKillLeavesAllOrNothing) {
                 window.run([&] {
                     canceling ? window.listAll() : window.edit(true);
                     testing::dieAt(*window.line, at);
-                    window.user.press(canceling ? "ssrCBJmCancel" : "ssrCBJmUpdate");
+                    window.user.press(canceling ? cancelButton : saveButton);
                 });
             }));
             EXPECT_EQ(pharmacy->value(orders + "1"), at <= calls ? untouched

@@ -16,26 +16,6 @@ struct Search : ::testing::Test {
     ManagementWindow window;
 };
 
-/// The ways themselves are walked by the scenario of the sent orders; here is what is odd about them.
-TEST_F(Search, BlankWordsAndNoChoice) {
-    const std::tuple<const char*, const char*, const char*, const char*> cases[] = {
-        {"sscCBJsearchPatient", "환'자1", "환자명[환'자1]으로 검색한 결과", "1:1 "},
-        {"sscCBJsearchPatient", "  ", "환자명[환'자1]으로 검색한 결과", "1:1 "},
-        {"sscCBJsearchDTR", "한의", "처방 담당의사[한의]님으로 검색한 결과", "1:2 2:1 "},
-        {"sscCBJsearchDTR", " ", "처방 담당의사[ ]님으로 검색한 결과", ""},
-        {"sscCBJsearchALL", "", "발행한 처방전 전체를 검색한 결과", "1:2 2:1 "},
-        {"sscCBJsearchState", "", "발행한 처방전 전체를 검색한 결과", ""},
-    };
-    window.run([&] {
-        for (const auto& [button, word, caption, found] : cases) {
-            window.search.txtCBJsearchPatient.setText(word);
-            window.search.txtCBJsearchDTR.setText(word);
-            dynamic_cast<screen::Button&>(*window.form.field(button)).onPress();
-            EXPECT_EQ(window.search.tdbCBJ.caption() + window.listed(), std::string(caption) + found);
-        }
-    });
-}
-
 TEST_F(Search, ANursesDoctorsStandOneBeforeTheOther) {
     window.session.m_IsNurse = true;
     window.session.m_DTRPK = 0;

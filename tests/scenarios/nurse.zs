@@ -9,6 +9,9 @@ expect entries cbodtrList "1/김보원" "2/이청담"
 expect hidden ssrCBJreuse
 expect panel stbMain 2 "간호사용 zelvo"
 tab c1tCBJmanage 4
+press sscCBJsearchState
+expect caption tdbCBJ " 발행하신 처방전입니다."
+expect rows tdbCBJ 0
 choose cboCBJstate "대 기"
 press sscCBJsearchState
 expect rows tdbCBJ 2
@@ -34,6 +37,21 @@ type txtCBJsearchDTR 이청
 key txtCBJsearchDTR Enter
 expect caption tdbCBJ "처방 담당의사[이청]님으로 검색한 결과"
 expect rows tdbCBJ 2
+# An apostrophe is searched without; a blank name of a patient searches nothing, one of a doctor finds nobody.
+tab c1tCBJmanage 3
+type txtCBJsearchPatient 오'세
+key txtCBJsearchPatient Enter
+expect caption tdbCBJ "환자명[오'세]으로 검색한 결과"
+expect rows tdbCBJ 1
+key txtCBJsearchPatient Backspace Backspace Backspace
+paste txtCBJsearchPatient "  "
+press sscCBJsearchPatient
+expect rows tdbCBJ 1
+tab c1tCBJmanage 2
+paste txtCBJsearchDTR " "
+press sscCBJsearchDTR
+expect caption tdbCBJ "처방 담당의사[ ]님으로 검색한 결과"
+expect rows tdbCBJ 0
 expect no message
 close
 expect window none

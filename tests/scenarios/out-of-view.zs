@@ -34,7 +34,22 @@ press ssrCBJmUpdate
 expect message 처방전수정 "처방전 수정 성공!"
 expect txtCBJmAge 45
 
+# Cancelled, it is the last to leave the list. The panel keeps it, and says that nothing can be done with it.
+answer Yes
+press ssrCBJmCancel
+expect message "처방전 취소" *
+expect message "처방전 취소" *
+expect rows tdbCBJ 0
+expect txtCBJmPatientName 최수진
+key sschkCBJmUpdate " "
+expect message 처방전수정 "처방전을 다시 선택해 주십시오.[처방전PK 선택 에러]"
+expect sschkCBJmUpdate off
+expect txtCBJmPatientName 최수진
+
 # The same doctor once more keeps the list; another one, or a wrong password, empties it.
+tab c1tCBJmanage 4
+choose cboCBJstate "제 작"
+press sscCBJsearchState
 tab c1tMain 0
 press ssrLogIN
 type txtID doctor1
@@ -43,7 +58,7 @@ key txtPassword Enter
 expect message "한약국 로그인" *
 tab c1tMain 2
 expect rows tdbCBJ 1
-expect txtCBJmPatientName 최수진
+expect txtCBJmPatientName 홍길동
 tab c1tMain 0
 press ssrLogIN
 type txtID doctor2
@@ -56,7 +71,7 @@ expect caption tdbCBJ " 발행하신 처방전입니다."
 expect txtCBJmPatientName ""
 expect hidden ssrCBJmCancel
 expect hidden sschkCBJmUpdate
-tab c1tCBJmanage 4
+choose cboCBJstate "대 기"
 press sscCBJsearchState
 expect txtCBJmPatientName 오세라
 tab c1tMain 0
