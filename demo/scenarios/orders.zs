@@ -113,14 +113,15 @@ expect caption tdbCBJ "[제작]중인 처방전을 검색한 결과"
 expect value tdbCBJ 0 1 7
 choose cboCBJstate "완 료"
 press sscCBJsearchState
-expect value tdbCBJ 0 1 3
+row tdbCBJ 1
+expect value tdbCBJ 1 1 3
 expect lblCBJmPatientPK 102
 expect lblCBJmDTRPK 1
 expect txtCBJmPaTel 031-780-2202
 expect txtCBJmHosPital 보원한의원
 expect txtCBJmBesongDate ""
-expect entries lstCBJmTJAL "* 재탕                                                  64"
-expect value tdbCBJmCost 0 3 "처방전 합계비용 = 52,498"
+expect entries lstCBJmTJAL "* 한의원 라벨                                                  11"
+expect value tdbCBJmCost 0 3 "처방전 합계비용 = 53,498"
 expect cell tdbCBJmCost 1 1 "14,000"
 expect value tdbCBJmCost 1 3 "한약국에서 직접 입력한 비용입니다.\r\n[VAT] 추가 포장(부가세 포함)\r\n[no VAT] 착불 택배 대납"
 expect cell tdbCBJmCost 11 1 "-1,493"

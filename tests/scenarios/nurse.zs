@@ -48,6 +48,7 @@ paste txtCBJsearchPatient "  "
 press sscCBJsearchPatient
 expect rows tdbCBJ 1
 tab c1tCBJmanage 2
+key txtCBJsearchDTR Backspace Backspace
 paste txtCBJsearchDTR " "
 press sscCBJsearchDTR
 expect caption tdbCBJ "처방 담당의사[ ]님으로 검색한 결과"
