@@ -166,21 +166,25 @@ void HerbTable::pickHerb() {
 
     frmYakGukDrug picker(form_.desktop(), session_);
     placeUnderCell(picker);
+    PickedHerb picked;
+    picked.key = keyOf(session_.g_xaDrug.text(tdbDGL.currentRow(), herb::key));
+    if (picker.HanYakGukDrug_DropDownOpen(name, picked.key, picked.name, picked.pharmacyName, picked.price) ==
+        1)
+        takeHerb(picked);
+}
+
+void HerbTable::takeHerb(const PickedHerb& picked) {
     const int row = tdbDGL.currentRow();
     tables::XArrayDB& herbs = session_.g_xaDrug;
-    std::int32_t key = keyOf(herbs.text(row, herb::key));
-    std::string callSign, internal, danga;
-    if (picker.HanYakGukDrug_DropDownOpen(name, key, callSign, internal, danga) != 1) return;
-
-    herbs.set(row, herb::name, callSign);
-    herbs.set(row, herb::pharmacyName, internal);
-    herbs.set(row, herb::key, key);
-    herbs.set(row, herb::price, danga);
+    herbs.set(row, herb::name, picked.name);
+    herbs.set(row, herb::pharmacyName, picked.pharmacyName);
+    herbs.set(row, herb::key, picked.key);
+    herbs.set(row, herb::price, picked.price);
     const std::string grams = herbs.text(row, herb::grams);
     if (!basics::IsNumeric(grams)) {
         herbs.set(row, herb::grams, "");
-    } else if (basics::IsNumeric(danga)) {
-        herbs.set(row, herb::amount, amountOrBlank(grams, danga));
+    } else if (basics::IsNumeric(picked.price)) {
+        herbs.set(row, herb::amount, amountOrBlank(grams, picked.price));
     }
     tdbDGL.refresh();
     cellChanged(herb::pharmacyName);
@@ -240,6 +244,7 @@ void HerbTable::deleteRow() {
     tdbDGL.commitEdit();
     if (session_.g_xaDrug.empty()) return;
     if (!form_.desktop().ask("선택된 약재를 삭제하시겠습니까?", "처방약재삭제", screen::Answer::No)) return;
+    onReplacing();
     tdbDGL.deleteCurrentRow();
     onCompositionChanged();
     watch_.priceOutdated();
@@ -256,6 +261,7 @@ void HerbTable::resetTable() {
     tdbDGL.commitEdit();
     if (session_.g_xaDrug.empty()) return;
     if (!form_.desktop().ask("약재정보를 초기화하시겠습니까?", "처방약재 초기화", screen::Answer::No)) return;
+    onReplacing();
     session_.g_xaDrug.reDim(-1, herb::lastColumn);
     tdbDGL.refresh();
     watch_.priceOutdated();

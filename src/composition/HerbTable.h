@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -14,6 +15,13 @@ namespace zelvo::composition {
 /// What is known of a herb that comes from elsewhere: as the doctor calls it, and the pharmacy's key.
 struct HerbLine {
     std::string name, key, grams, note;
+};
+
+/// A herb of the pharmacy as it goes into a line: names, key and won a gram.
+struct PickedHerb {
+    std::string name, pharmacyName;
+    std::int32_t key = 0;
+    std::string price;
 };
 
 /// The table in which the doctor lists the herbs of one packet: tdbDGL over g_xaDrug, and the buttons around
@@ -36,6 +44,9 @@ public:
     void Load_DrugFromGrid(screen::Grid& detail);
     /// The same for lines that stand in no grid, into an empty table.
     void loadLines(const std::vector<HerbLine>& lines);
+    /// Puts a herb of the pharmacy into the current row; its grams stay, and the order has to be priced
+    /// again.
+    void takeHerb(const PickedHerb& picked);
     /// Takes the mark of the latest merge off all rows.
     void dropMergeMarks();
     /// The caption with the row count, also where that is 0, and the one of a table that nobody has touched.
@@ -44,6 +55,8 @@ public:
     /// A herb line came, went or changed in a way that the packets' price depends on: packets and herb price
     /// are to be emptied.
     screen::Event<> onCompositionChanged;
+    /// Lines are about to go, or to be replaced by others; whoever wants them back takes them now.
+    screen::Event<> onReplacing;
 
 private:
     void listen();

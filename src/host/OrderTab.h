@@ -4,7 +4,9 @@
 #include "composition/ChubangSaving.h"
 #include "composition/DosageSheet.h"
 #include "composition/DoseFields.h"
+#include "composition/HerbFinder.h"
 #include "composition/HerbTable.h"
+#include "composition/HerbUndo.h"
 #include "composition/OrderFrames.h"
 #include "composition/OrderOptions.h"
 #include "composition/PatientDelivery.h"
@@ -30,9 +32,11 @@ struct OrderTab {
     ordering::SendGate gate;
     composition::OrderOptions options;
     composition::HerbTable herbs;
+    composition::HerbFinder herbFinder;
     composition::ChubangReading chubangReading;
     composition::ChubangSaving chubangSaving;
     composition::DoseFields dose;
+    composition::HerbUndo herbUndo;
     composition::PatientDelivery patient;
     composition::SenderBlock sender;
     composition::PaymentChoice payment;

@@ -1,6 +1,8 @@
 #include "host/frmDoctorOCSmain.h"
 
 #include "basics/Fault.h"
+#include "composition/frmMessage.h"
+#include "input/Shortcuts.h"
 #include "input/TabOrder.h"
 #include "screen/SmallWindow.h"
 
@@ -41,6 +43,9 @@ frmDoctorOCSmain::frmDoctorOCSmain(screen::Desktop& desktop, session::Session& s
     setCaption("ZEL-VO 메인 윈도우");
     setMainTabs(&c1tMain);
     setTabOrder(input::tabOrder());
+    input::addShortcuts(*this);
+    addShortcut({"F1", "단축키 보기", [] { return true; }, [this] { userInput([this] { showShortcuts(); }); },
+                 nullptr});
     onLoad.add([this] { Form_Load(); });
     onResize.add([this] { Form_Resize(); });
     onUnload.add([this] { Form_Unload(); });
@@ -64,6 +69,15 @@ std::vector<services::AddressBlock> frmDoctorOCSmain::addressBlocks() {
             {sentTo.ssrZipCode2, sentTo.txtCBJmBeZip, sentTo.txtCBJmBeJuso},
             {sentFrom.ssrZipCode3, sentFrom.txtCBJmBalZip, sentFrom.txtCBJmBalJuso},
             {profile.ssrZipCode4, profile.txtDTRhoszip, profile.txtDTRaddress}};
+}
+
+void frmDoctorOCSmain::showShortcuts() {
+    std::string text;
+    for (const screen::Shortcut& one : shortcuts()) text += one.keys + "\t" + one.what + "\r\n";
+    composition::frmMessage sheet(desktop());
+    sheet.left = left + width() / 2;
+    sheet.top = top + height() / 3;
+    sheet.read("단축키", text);
 }
 
 void frmDoctorOCSmain::Form_Load() {

@@ -35,6 +35,7 @@ public:
 
 private:
     void Form_Load();
+    void showShortcuts();
     void Form_Resize();
     void Form_Unload();
     void c1tMain_Click();

@@ -18,7 +18,7 @@ using composition::modHanYakGuk::CostFields;
 namespace {
 
 constexpr const char* caption = "처방전 비용확인";
-constexpr const char* selectedStyle = "styCostConfirmselect";
+constexpr const char *selectedStyle = "styCostConfirmselect", *outdatedStyle = "styCostOutdated";
 
 constexpr std::array<std::string_view, cost::lastRow + 1> labels = {"             [ 합계비용 ]",
                                                                     " 조제비용",
@@ -83,6 +83,7 @@ CostConfirmation::CostConfirmation(screen::Window& form, OrderDraft& draft, Send
       txtCOMcost(form, "txtCOMcost", draft.frames.c1eCostConfirm.inside()),
       lblSumcost(form, "lblSumcost", draft.frames.c1eSendmain.inside(), "0"),
       lblMileageMoney(form, "lblMileageMoney", draft.frames.c1eSendmain.inside(), "0"),
+      lblCostOutdated(form, "lblCostOutdated", draft.frames.c1eSendmain.inside(), "다시 확인"),
       lblCBJcostAspURL(form, "lblCBJcostAspURL", draft.frames.c1eSendmain.inside(), "비용계산URL"),
       lblCBJcostUpAspURL(form, "lblCBJcostUpAspURL", draft.frames.c1eSendmain.inside(), "비용수정URL"),
       form_(form),
@@ -91,6 +92,8 @@ CostConfirmation::CostConfirmation(screen::Window& form, OrderDraft& draft, Send
     for (screen::Label* variable : {&lblSumcost, &lblMileageMoney, &lblCBJcostAspURL, &lblCBJcostUpAspURL}) {
         variable->setVisible(false);
     }
+    lblCostOutdated.setVisible(false);
+    lblCostOutdated.setTipText("처방전이 바뀌었거나 전송되었습니다. [비용확인]을 다시 실행하여 주십시오.");
     txtCOMcost.setVisible(false);
     txtCOMcost.setReadOnly(true);
     txtCOMcost.setMultiLine(true);
@@ -104,12 +107,18 @@ CostConfirmation::CostConfirmation(screen::Window& form, OrderDraft& draft, Send
         if (column == cost::button) showNote();
     });
     tdbCostConfirm.onRowStyle.add([this](int row, std::string& style) {
-        if (row == tdbCostConfirm.currentRow()) style = selectedStyle;
+        if (row == tdbCostConfirm.currentRow()) {
+            style = selectedStyle;
+        } else if (outdated()) {
+            style = outdatedStyle;
+        }
     });
+    gate_.onSet.add([this] { showFreshness(); });
 }
 
 void CostConfirmation::Form_Load() {
     tdbCostConfirm.addStyle(selectedStyle, {0, 0, 192});
+    tdbCostConfirm.addStyle(outdatedStyle, {110, 110, 110});
 }
 
 void CostConfirmation::Confirm_Cost() {
@@ -267,6 +276,17 @@ void CostConfirmation::showCosts(const CostAnswer& answer) {
     lblSumcost.setCaption(basics::decimalText(std::int64_t{answer.total.amount}));
     tdbCostConfirm.setCaption("합계 비용 = " + basics::wonText(answer.total.amount));
     tdbCostConfirm.bind(&m_xaCostConfirm);
+}
+
+/// The figures stay, so that the doctor can compare.
+bool CostConfirmation::outdated() const {
+    return !m_xaCostConfirm.empty() && !gate_.ssrCBJSend.visible();
+}
+
+void CostConfirmation::showFreshness() {
+    if (lblCostOutdated.visible() == outdated()) return;
+    lblCostOutdated.setVisible(outdated());
+    tdbCostConfirm.refresh();
 }
 
 void CostConfirmation::showNote() {

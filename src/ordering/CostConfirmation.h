@@ -31,6 +31,8 @@ public:
     screen::TextField txtCOMcost;
     /// Total and mileage in won, decimal, without separators.
     screen::Label lblSumcost, lblMileageMoney;
+    /// Shown beside cost lines that no longer hold, because the order has changed or has been sent.
+    screen::Label lblCostOutdated;
     /// Addresses of the cost pages for new and for modified orders.
     screen::Label lblCBJcostAspURL, lblCBJcostUpAspURL;
 
@@ -55,6 +57,8 @@ private:
     void clearCosts();
     void showCosts(const CostAnswer& answer);
     void showNote();
+    bool outdated() const;
+    void showFreshness();
 
     screen::Window& form_;
     OrderDraft& draft_;

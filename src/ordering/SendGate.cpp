@@ -10,6 +10,7 @@ SendGate::SendGate(screen::Window& form, composition::OrderFrames& frames)
 void SendGate::Set_CostConfirmed(bool flag) {
     m_CostConfirmed = flag;
     ssrCBJSend.setVisible(flag);
+    onSet();
 }
 
 }  // namespace zelvo::ordering

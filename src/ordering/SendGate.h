@@ -2,6 +2,7 @@
 
 #include "composition/OrderFrames.h"
 #include "composition/OrderWatch.h"
+#include "screen/Event.h"
 #include "screen/Fields.h"
 
 namespace zelvo::ordering {
@@ -17,6 +18,8 @@ public:
     bool costConfirmed() const { return m_CostConfirmed; }
     /// Opens or shuts the gate: the flag and the button's visibility.
     void Set_CostConfirmed(bool flag);
+    /// The gate was set, open or shut.
+    screen::Event<> onSet;
     /// The order has passed its checks and its price is being asked for: the flag stands, the button does
     /// not. A change meanwhile takes the flag back.
     void checksPassed() { m_CostConfirmed = true; }

@@ -103,6 +103,13 @@ public:
     void cancelEdit();
     bool editing() const { return edit_.has_value(); }
     const std::string& editText() const;
+    /// Offers lines beneath the open cell, none of them marked; they go when the edit ends. None without an
+    /// edit.
+    void suggest(std::vector<std::string> lines);
+    const std::vector<std::string>& suggestions() const { return suggestions_; }
+    /// The marked line, from 0; -1 for none.
+    int suggested() const { return suggested_; }
+    void markSuggestion(int line);
     /// Sends the current row's changes to where the rows came from. False when the database refused.
     bool writeCurrentRow();
     /// Removes the current row from the source, then onRowDeleted runs. False when the source refused.
@@ -123,6 +130,7 @@ public:
     bool userCellButton(
         int column);            ///< presses the cell's button in the current row; false where there is none
     void userHead(int column);  ///< clicks a column's head
+    void userSuggestion(int line);  ///< clicks a line beneath the open cell
     /// The toolkit's own editor: the text as it stands in the open cell. Begins the edit where none is open;
     /// false where the cell can't be changed.
     bool userEdit(std::string_view text);
@@ -133,6 +141,8 @@ public:
 
     Event<int> onCellAccepted;  ///< column
     Event<int> onEditBegin;     ///< column; the user begins to change the cell
+    Event<int> onEditText;      ///< column; the text of the open cell has changed
+    Event<int> onSuggestion;    ///< line that the user has clicked
     Event<> onRowDeleted;
     Event<int> onCellButton;                   ///< column
     Event<int, int> onRowChange;               ///< previous row and column, -1 for none
@@ -170,6 +180,8 @@ private:
     std::vector<Style> styles_;
     std::string caption_;
     std::optional<Edit> edit_;
+    std::vector<std::string> suggestions_;
+    int suggested_ = -1;
     std::uint64_t generation_ = 0;
     int rows_ = 0, row_ = -1, column_ = 0;
     int sortedColumn_ = -1;

@@ -38,6 +38,26 @@ void Grid::setEditText(std::string text) {
     const std::size_t limit = columns_[static_cast<std::size_t>(edit_->column)].maxLength;
     edit_->text = limit > 0 ? basics::part(text, 0, limit) : std::move(text);
     touch();
+    onEditText(edit_->column);
+}
+
+void Grid::suggest(std::vector<std::string> lines) {
+    if (!edit_) lines.clear();
+    if (lines.empty() && suggestions_.empty()) return;
+    suggestions_ = std::move(lines);
+    suggested_ = -1;
+    touch();
+}
+
+void Grid::markSuggestion(int line) {
+    suggested_ = std::clamp(line, -1, static_cast<int>(suggestions_.size()) - 1);
+    touch();
+}
+
+void Grid::userSuggestion(int line) {
+    window().userInput([this, line] {
+        if (line >= 0 && line < static_cast<int>(suggestions_.size())) onSuggestion(line);
+    });
 }
 
 /// What the cell's editor holds, or would hold when it opened now.
@@ -53,6 +73,7 @@ const std::string& Grid::editText() const {
 void Grid::commitEdit() {
     if (!edit_) return;
     const Edit done = *std::exchange(edit_, std::nullopt);
+    suggest({});
     touch();
     const int to = source_ ? sourceColumn(done.column) : -1;
     if (to < 0 || done.text == valueAt(done.row, done.column)) return;
@@ -62,6 +83,7 @@ void Grid::commitEdit() {
 void Grid::cancelEdit() {
     if (!edit_) return;
     edit_.reset();
+    suggest({});
     touch();
 }
 

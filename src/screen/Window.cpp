@@ -246,6 +246,14 @@ void Window::dispatch(const Key& key) {
     }
 }
 
+bool Window::userShortcut(std::string_view keys) {
+    const auto found = std::find_if(shortcuts_.begin(), shortcuts_.end(),
+                                    [&](const Shortcut& one) { return one.keys == keys && one.applies(); });
+    if (found == shortcuts_.end() || !takesInput()) return false;
+    found->run();
+    return true;
+}
+
 void Window::userFocus(Field& field) {
     userInput([&field] {
         if (field.reachable()) field.setFocus();

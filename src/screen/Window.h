@@ -5,10 +5,12 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 #include "screen/Desktop.h"
 #include "screen/Field.h"
+#include "screen/Shortcut.h"
 
 namespace zelvo::screen {
 
@@ -96,6 +98,11 @@ public:
     /// The listeners' part of a key, for a widget that applies it to the focused field itself: false where
     /// one of them swallowed it, or where no input comes in now.
     bool userKeyHeard(const Key& key);
+    /// The user presses a combination of keys; of those that bear it the first that applies is run. False
+    /// where none does.
+    bool userShortcut(std::string_view keys);
+    void addShortcut(Shortcut shortcut) { shortcuts_.push_back(std::move(shortcut)); }
+    const std::vector<Shortcut>& shortcuts() const { return shortcuts_; }
     /// The user moves the focus to a field.
     void userFocus(Field& field);
     /// The user wants the window closed.
@@ -158,6 +165,7 @@ private:
     bool entered_ = false;  ///< onFocus has run for the field that has the focus
     unsigned focusTurn_ = 0;
     const Field* mainTabs_ = nullptr;
+    std::vector<Shortcut> shortcuts_;
     std::deque<std::function<void()>> waiting_;
     /// What runs, and who lets the user's input in meanwhile: it comes in where no action runs, or where the
     /// latest one lets it. Each guard changes the two for as long as it lives:

@@ -1,7 +1,10 @@
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include "basics/Dates.h"
 #include "basics/Fault.h"
+#include "basics/Hangul.h"
 #include "basics/Text.h"
 #include "basics/Utf8.h"
 
@@ -34,6 +37,18 @@ TEST(Utf8, partsAreCutBetweenCharacters) {
     EXPECT_EQ(part(text, 1, 2) + part(text, 3) + part(text, 4, 1), "a🌿나");
     EXPECT_EQ(characterAt(text, 4), U'🌿');
     EXPECT_EQ(characterAt(text, 5), char32_t{0xFFFD});
+}
+
+TEST(Hangul, isFoundAsItIsTyped) {
+    constexpr std::size_t none = std::string::npos;
+    const std::tuple<const char*, const char*, std::size_t> places[] = {
+        {"당귀", "ㄷㄱ", 0},    {"토당귀(국산)", "당귀", 1},  {"당귀", "다", 0}, {"당귀", "닥", none},
+        {"당귀", "ㄱㄷ", none}, {"Ginseng 삼", "SENG ㅅ", 3}, {"당귀", "", 0},   {"귀", "당귀", none}};
+    for (const auto& [text, typed, place] : places) EXPECT_EQ(findTyped(text, typed), place) << text << typed;
+    const std::pair<const char*, const char*> keys[] = {
+        {"ekdrnl", "당귀"},  {"rka ch", "감 초"}, {"dkswek", "앉다"}, {"rhksrka", "관감"}, {"Tkr", "싹"},
+        {"qkfrdms", "밝은"}, {"rktk", "가사"},    {"dhQk", "오빠"},   {"EKD", "땅"},       {"1r", "1ㄱ"}};
+    for (const auto& [latin, hangul] : keys) EXPECT_EQ(hangulOfKeys(latin), hangul) << latin;
 }
 
 TEST(Text, cuttingAndJoining) {

@@ -114,6 +114,10 @@ void head(Call& call) {
     call.user.head(grid, call.last("COLUMN"));
 }
 
+void shortcut(Call& call) {
+    call.user.shortcut(call.last("KEYS"));
+}
+
 void answer(Call& call) {
     for (const std::string& word : call.some("Yes, No or OK")) {
         if (word == "Yes") {
@@ -184,6 +188,7 @@ constexpr std::array commands{
     Command{"cellkey", "GRID COLUMN KEY", cellKey},
     Command{"cellbutton", "GRID COLUMN", cellButton},
     Command{"head", "GRID COLUMN", head},
+    Command{"shortcut", "KEYS", shortcut},
     Command{"answer", "Yes|No|OK", answer},
     Command{"page", "finished|failed|never", page},
     Command{"resize", "", resize},

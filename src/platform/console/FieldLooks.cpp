@@ -86,7 +86,7 @@ void selectable(Look& look) {
 
 namespace {
 
-/// The entries of a combo or list, and which is selected.
+/// The entries of a combo or list, or what a grid offers beneath its open cell, and which is selected.
 struct Entries {
     std::string name;
     std::vector<std::string> all;
@@ -101,8 +101,11 @@ Entries entriesOf(const Field& field) {
     } else if (const auto* list = dynamic_cast<const screen::ItemList*>(&field)) {
         for (int i = 0; i < list->itemCount(); ++i) entries.all.push_back(list->item(i));
         entries.selected = list->selectedIndex();
+    } else if (const auto* grid = dynamic_cast<const screen::Grid*>(&field)) {
+        entries.all = grid->suggestions();
+        entries.selected = grid->suggested();
     } else {
-        throw ExpectationError(field.name() + " to be a combo or a list", "another kind of field");
+        throw ExpectationError(field.name() + " to be a combo, a list or a grid", "another kind of field");
     }
     return entries;
 }

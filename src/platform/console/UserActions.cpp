@@ -242,6 +242,13 @@ void UserActions::cellButton(const std::string& grid, const std::string& column)
     if (!pressed) throw ActionError(grid + " has no button in column " + column);
 }
 
+void UserActions::shortcut(const std::string& keys) {
+    Window& window = front();
+    bool done = false;
+    run([&] { done = window.userShortcut(keys); });
+    if (!done) throw ActionError(keys + " does nothing in " + window.name() + " now");
+}
+
 void UserActions::head(const std::string& grid, const std::string& column) {
     auto& target = reachAs<Grid>(grid, "grid");
     const int number = columnIn(target, column);

@@ -47,6 +47,8 @@ public:
     virtual void cellKey(const std::string& grid, const std::string& column, const std::string& key);
     virtual void cellButton(const std::string& grid, const std::string& column);
     virtual void head(const std::string& grid, const std::string& column);
+    /// A combination of keys, "Ctrl+Z"; an error where it does nothing as the window stands.
+    void shortcut(const std::string& keys);
     virtual void resize();
     virtual void close();
 

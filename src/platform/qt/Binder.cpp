@@ -4,6 +4,7 @@
 #include <QtGui/QGuiApplication>
 #include <QtGui/QInputMethod>
 #include <QtGui/QKeyEvent>
+#include <QtGui/QKeySequence>
 #include <QtWidgets/QAbstractScrollArea>
 #include <QtWidgets/QWidget>
 #include <algorithm>
@@ -145,7 +146,7 @@ bool Binder::eventFilter(QObject* watched, QEvent* event) {
 /// A key that went down in a field's widget, or in the form while no field can have it.
 bool Binder::keyDown(Mirror* mirror, QKeyEvent& event) {
     if (repeatsAPress(event)) return true;
-    if (turnsPage(event)) return true;
+    if (turnsPage(event) || isShortcut(event)) return true;
     if (event.key() == Qt::Key_Backtab ||
         (event.key() == Qt::Key_Tab && event.modifiers() == Qt::ShiftModifier)) {
         window_.userInput([this] { window_.moveFocus(true); });
@@ -197,6 +198,25 @@ bool Binder::turnsPage(const QKeyEvent& event) {
     if (page < 0) return false;
     QGuiApplication::inputMethod()->commit();
     static_cast<void>(tabs->userClick(page));
+    window_.desktop().deliverKeys();
+    return true;
+}
+
+/// Keys that type a character alone are no shortcut.
+bool Binder::isShortcut(const QKeyEvent& event) {
+    if (event.key() == 0 || event.key() == Qt::Key_unknown) return false;
+    const bool function = event.key() >= Qt::Key_F1 && event.key() <= Qt::Key_F35;
+    if (!function && !event.modifiers().testFlag(Qt::ControlModifier)) return false;
+    const QKeyCombination keys(event.modifiers() & ~Qt::KeypadModifier, static_cast<Qt::Key>(event.key()));
+    std::string name = utf8(QKeySequence(keys).toString(QKeySequence::PortableText));
+    if (name.ends_with("Del")) name += "ete";
+    const auto& known = window_.shortcuts();
+    const bool bears = std::any_of(known.begin(), known.end(), [&](const screen::Shortcut& one) {
+        return one.keys == name && one.applies();
+    });
+    if (!bears) return false;
+    QGuiApplication::inputMethod()->commit();
+    static_cast<void>(window_.userShortcut(name));
     window_.desktop().deliverKeys();
     return true;
 }

@@ -45,6 +45,7 @@ private:
     void showFocus();
     bool keyDown(Mirror* mirror, QKeyEvent& event);
     bool repeatsAPress(const QKeyEvent& event) const;
+    bool isShortcut(const QKeyEvent& event);
     bool turnsPage(const QKeyEvent& event);
     bool mouseDown(Mirror& mirror);
     void focusIn(const Mirror& mirror, const QEvent& event);

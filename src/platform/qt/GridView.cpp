@@ -14,6 +14,7 @@
 #include "platform/qt/GridHeader.h"
 #include "platform/qt/GridModel.h"
 #include "platform/qt/Owned.h"
+#include "platform/qt/SuggestionList.h"
 #include "platform/qt/Texts.h"
 #include "platform/qt/Twips.h"
 #include "screen/Grid.h"
@@ -100,6 +101,7 @@ void GridView::showGrid() {
     fitColumns();
     followCursor();
     showEditor();
+    showSuggestions();
     setAttribute(Qt::WA_InputMethodEnabled, textColumn() >= 0);
     tellPlaces();
     viewport()->update();
@@ -196,6 +198,14 @@ void GridView::openEditor(int row, int column) {
 void GridView::placeEditor() {
     if (!editor_->isOpen()) return;
     editor_->placeOver(visualRect(model_->index(editedRow_, editedColumn_)));
+}
+
+void GridView::showSuggestions() {
+    if (!suggestions_) {
+        if (grid_->suggestions().empty()) return;
+        suggestions_ = &owned<SuggestionList>(*this, *grid_);
+    }
+    suggestions_->follow(*viewport(), visualRect(model_->index(editedRow_, editedColumn_)));
 }
 
 void GridView::tellPlaces() {

@@ -18,6 +18,7 @@ class GridDelegate;
 class GridEditor;
 class GridHeader;
 class GridModel;
+class SuggestionList;
 
 /// A table in front of a grid of the screen model: it draws the grid's rows live and feeds it what the user
 /// does. Dynamic properties: compactRows (low rows), noCaption (the caption stands elsewhere), samples (a
@@ -63,6 +64,7 @@ private:
     void showEditor();
     void openEditor(int row, int column);
     void placeEditor();
+    void showSuggestions();
     int shownColumn(int column) const;
     // What the user does (GridInput.cpp).
     bool specialKey(const QKeyEvent& event);
@@ -83,6 +85,7 @@ private:
     GridDelegate* delegate_ = nullptr;
     GridHeader* header_;
     GridEditor* editor_;
+    SuggestionList* suggestions_ = nullptr;  ///< made with the first line that is offered
     GridColumns columns_;
     std::vector<double> designed_;  ///< widths of the shown columns as the model has them
     int editedRow_ = -1, editedColumn_ = -1;

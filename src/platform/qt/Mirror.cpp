@@ -16,10 +16,21 @@ void Mirror::show() {
     widget_.setVisible(field_.visible());
     for (QWidget* word : words) word->setVisible(field_.visible());
     widget_.setEnabled(field_.enabled());
-    widget_.setToolTip(qtText(field_.tipText()));
+    widget_.setToolTip(tip());
     if (!field_.label().empty()) widget_.setAccessibleName(qtText(field_.label()));
     draw();
     drawing_ = nested;
+}
+
+/// The field's tip and the keys that serve it.
+QString Mirror::tip() const {
+    QString text = qtText(field_.tipText());
+    for (const screen::Shortcut& one : field_.window().shortcuts()) {
+        if (one.serves != &field_) continue;
+        text +=
+            QStringLiteral("%1[%2]").arg(text.isEmpty() ? QString() : QStringLiteral(" "), qtText(one.keys));
+    }
+    return text;
 }
 
 void Mirror::userDoes(const std::function<void()>& act) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QtCore/QObject>
+#include <QtCore/QString>
 #include <functional>
 #include <vector>
 
@@ -45,6 +46,8 @@ protected:
     void userDoes(const std::function<void()>& act);
 
 private:
+    QString tip() const;
+
     screen::Field& field_;
     QWidget& widget_;
     bool drawing_ = false;

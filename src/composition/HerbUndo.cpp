@@ -1,0 +1,62 @@
+#include "composition/HerbUndo.h"
+
+#include <utility>
+
+#include "composition/modHanYakGuk.h"
+#include "screen/Window.h"
+
+namespace zelvo::composition {
+
+namespace {
+
+constexpr std::size_t mostSteps = 20;
+
+}  // namespace
+
+HerbUndo::HerbUndo(screen::Window& form, session::Session& session, HerbTable& herbs,
+                   screen::TextField& packets, OrderWatch& watch)
+    : form_(form), session_(session), herbs_(herbs), packets_(packets), watch_(watch) {
+    herbs_.onReplacing.add([this] { remember(); });
+    form_.addShortcut({"Ctrl+Z", "삭제, 초기화, 합방한 약재 되돌리기", [this] { return applies(); },
+                       [this] { form_.userInput([this] { undo(); }); }, nullptr});
+}
+
+/// A text that is being written has an undo of its own.
+bool HerbUndo::applies() const {
+    const screen::Field* focus = form_.focus();
+    const bool inText =
+        focus && (focus->kind() == screen::FieldKind::Text || focus->kind() == screen::FieldKind::RichText);
+    return !steps_.empty() && !inText && !herbs_.tdbDGL.editing() && herbs_.tdbDGL.reachable();
+}
+
+void HerbUndo::remember() {
+    const tables::XArrayDB& lines = session_.g_xaDrug;
+    Step step{{}, packets_.text(), herbs_.tdbDGL.currentRow()};
+    for (int row = 0; row <= lines.upperRow(); ++row) {
+        step.rows.emplace_back();
+        for (int column = 0; column <= herb::lastColumn; ++column)
+            step.rows.back().push_back(lines.text(row, column));
+    }
+    steps_.push_back(std::move(step));
+    if (steps_.size() > mostSteps) steps_.erase(steps_.begin());
+}
+
+void HerbUndo::undo() {
+    const Step step = std::move(steps_.back());
+    steps_.pop_back();
+    tables::XArrayDB& lines = session_.g_xaDrug;
+    lines.reDim(static_cast<int>(step.rows.size()) - 1, herb::lastColumn);
+    for (int row = 0; row <= lines.upperRow(); ++row) {
+        for (int column = 0; column <= herb::lastColumn; ++column)
+            lines.set(row, column,
+                      step.rows[static_cast<std::size_t>(row)][static_cast<std::size_t>(column)]);
+    }
+    herbs_.tdbDGL.bind(&lines);
+    herbs_.showRowCount();
+    if (step.row >= 0 && step.row <= lines.upperRow()) herbs_.tdbDGL.setCurrentRow(step.row);
+    watch_.priceOutdated();
+    packets_.setText("");
+    packets_.setText(step.packets);
+}
+
+}  // namespace zelvo::composition

@@ -1,0 +1,80 @@
+#include "input/Shortcuts.h"
+
+#include <array>
+#include <string_view>
+
+#include "basics/Fault.h"
+#include "screen/Fields.h"
+
+namespace zelvo::input {
+
+namespace {
+
+enum class Does { Focus, Press };
+
+struct Way {
+    std::string_view keys, what, field;
+    Does does;
+};
+
+constexpr std::array ways{
+    Way{"F6", "약재 구성으로", "tdbDGL", Does::Focus},
+    Way{"F7", "첩수로", "txtChubsu", Does::Focus},
+    Way{"F8", "탕전 방식으로", "tdbTJML", Does::Focus},
+    Way{"Ctrl+F8", "제형 변화로", "tdbTJAL", Does::Focus},
+    Way{"Ctrl+F7", "환자명으로", "txtPatientName", Does::Focus},
+    Way{"Ctrl+P", "지불방식으로", "cboPaymentMethod", Does::Focus},
+    Way{"Ctrl+Delete", "선택된 약재 삭제", "sscDrugDelete", Does::Press},
+    Way{"Ctrl+O", "처방 읽어오기", "sscCBJRead", Does::Press},
+    Way{"Ctrl+E", "복용법 작성", "cmdEatGuide", Does::Press},
+    Way{"F9", "비용확인", "ssrCostConfirm", Does::Press},
+    Way{"Ctrl+F9", "처방전 전송", "ssrCBJSend", Does::Press},
+    Way{"F11", "보관된 처방전 이어서 작성", "cmdDraftTake", Does::Press},
+    Way{"Ctrl+F", "전송한 처방전을 환자명으로 찾기", "txtCBJsearchPatient", Does::Focus},
+};
+
+/// Whether a field can be had once its pages are brought forward: no holder is hidden or shut, and each page
+/// may be turned to.
+bool canComeForward(const screen::Field& field) {
+    for (const screen::Field* at = &field; at; at = at->place().holder) {
+        if (!at->visible() || !at->enabled()) return false;
+        const screen::Place& place = at->place();
+        if (place.holder && place.holder->kind() == screen::FieldKind::Tabs &&
+            !static_cast<const screen::TabControl*>(place.holder)->selectable(place.page))
+            return false;
+    }
+    return true;
+}
+
+void press(screen::Field& field) {
+    if (field.kind() == screen::FieldKind::TwoState) {
+        static_cast<screen::TwoStateButton&>(field).userPress();
+    } else {
+        static_cast<screen::Button&>(field).userPress();
+    }
+}
+
+screen::Shortcut shortcut(screen::Field& field, const Way& way) {
+    screen::Shortcut made{std::string(way.keys), std::string(way.what), {}, {}, &field};
+    if (way.does == Does::Focus) {
+        made.applies = [&field] { return canComeForward(field); };
+        made.run = [&field] { field.window().userInput([&field] { field.setFocus(); }); };
+    } else {
+        // A button is pressed where it can be seen.
+        made.applies = [&field] { return field.reachable(); };
+        made.run = [&field] { press(field); };
+    }
+    return made;
+}
+
+}  // namespace
+
+void addShortcuts(screen::Window& form) {
+    for (const Way& way : ways) {
+        screen::Field* const field = form.field(way.field);
+        if (!field) throw basics::Fault("no field " + std::string(way.field));
+        form.addShortcut(shortcut(*field, way));
+    }
+}
+
+}  // namespace zelvo::input

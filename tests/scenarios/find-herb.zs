@@ -1,0 +1,62 @@
+# A herb is found as its name is typed: by what it holds, by initial consonants, with the keyboard in the wrong language.
+cellkey tdbDGL "약재명" Enter
+key tdbDGL 당 귀
+expect entries tdbDGL "당귀  토당귀(국산)  32원  권장" "당귀  일당귀(국산)  26원" "당귀  당귀(중국)  14원"
+expect selected tdbDGL -1
+key tdbDGL Down Down Up
+expect selected tdbDGL 0
+key tdbDGL Down Enter
+expect entries tdbDGL
+expect value tdbDGL 0 "한약국약재" "일당귀(국산)"
+expect value tdbDGL 0 "단가" 26
+# The cursor stands in the grams; Enter behind the last cell adds a row.
+key tdbDGL 6 Enter Enter
+key tdbDGL ㄱ ㅊ
+expect entries tdbDGL "감초  감초(중국)  11원  권장" "구척  구척(중국)  10원  권장" "감초  감초(우즈베키스탄)  9원" "감초  자감초(중국)  14원"
+key tdbDGL Esc
+expect entries tdbDGL
+expect rows tdbDGL 2
+# What the picker could not find is taken by Enter alone; what it finds opens it, as ever.
+cell tdbDGL "약재명" ""
+key tdbDGL r k a c h
+key tdbDGL Enter
+expect window frmDoctorOCSmain
+show tdbDGL
+key tdbDGL 4
+# Deleted and reset lines come back, step by step, with their packets.
+type txtChubsu 10
+answer Yes
+press sscDrugReset
+expect rows tdbDGL 0
+shortcut Ctrl+Z
+expect rows tdbDGL 2
+expect txtChubsu 10
+row tdbDGL 0
+answer Yes
+press sscDrugDelete
+expect rows tdbDGL 1
+shortcut Ctrl+Z
+expect rows tdbDGL 2
+expect cell tdbDGL 0 "용량(g)" 6
+expect caption tdbDGL " 1첩 기준의 약재 구성 [2]"
+# The keys of the daily road, and a price that no longer holds.
+shortcut F7
+expect focus txtChubsu
+shortcut F6
+expect focus tdbDGL
+shortcut F8
+expect focus tdbTJML
+choose cboPaymentMethod 후불
+row tdbJobList 1
+cellbutton tdbJobList 0
+expect hidden lblCostOutdated
+shortcut F9
+expect shown ssrCBJSend
+expect hidden lblCostOutdated
+type txtChubsu 11
+expect shown lblCostOutdated
+expect style tdbCostConfirm 3 styCostOutdated
+shortcut F9
+expect hidden lblCostOutdated
+expect style tdbCostConfirm 3 ""
+close
