@@ -50,10 +50,10 @@ void updateOrder(Connection& Conn, const CBJmUpdate& row) {
         "Patient_Age = [Patient_Age], Patient_Email = '[Patient_Email]', CBJ_Reci_Tel = '[CBJ_Reci_Tel]', CBJ_Reci_Cell = '[CBJ_Reci_Cell]', "
         "CBJ_Reci_Zip = '[CBJ_Reci_Zip]', CBJ_Reci_Address = '[CBJ_Reci_Address]', CBJ_BesongMsg = '[CBJ_BesongMsg]', ");
     statement
-        .add(row.CBJ_BesongMethod.empty() ? "CBJ_BesongMethod = CBJ_BesongMethod, "
-                                          : "CBJ_BesongMethod = [CBJ_BesongMethod], ")
+        .add(row.CBJ_BesongMethod.empty()
+                 ? "CBJ_BesongMethod = CBJ_BesongMethod, CBJ_Reci_Date = '[CBJ_Reci_Date]', "
+                 : "CBJ_BesongMethod = [CBJ_BesongMethod], CBJ_Reci_Date = '[CBJ_Reci_Date]', ")
         .add(
-            "CBJ_Reci_Date = '[CBJ_Reci_Date]', "
             "CBJ_Send_Hospital = '[CBJ_Send_Hospital]', CBJ_Send_Name = '[CBJ_Send_Name]', CBJ_Send_Tel = '[CBJ_Send_Tel]', "
             "CBJ_Send_Cell = '[CBJ_Send_Cell]', CBJ_Send_Zip = '[CBJ_Send_Zip]', CBJ_Send_Address = '[CBJ_Send_Address]', "
             "CBJ_Msg = '[CBJ_Msg]'");

@@ -99,7 +99,7 @@ bool OrderModification::ageIsSound() {
     return false;
 }
 
-void OrderModification::tell(data::CommitOutcome outcome, bool costChanged) {
+void OrderModification::tell(data::CommitOutcome outcome, bool CostChanged) {
     screen::Desktop& desktop = form_.desktop();
     switch (outcome) {
         case data::CommitOutcome::Refused:
@@ -109,11 +109,11 @@ void OrderModification::tell(data::CommitOutcome outcome, bool costChanged) {
                           saveCaption);
             break;
         case data::CommitOutcome::Done:
-            desktop.inform(costChanged ? "처방전 수정 성공! [처방전비용 변경됨]" : "처방전 수정 성공!",
+            desktop.inform(CostChanged ? "처방전 수정 성공! [처방전비용 변경됨]" : "처방전 수정 성공!",
                            saveCaption);
             break;
     }
-    if (costChanged) balance_.Clear_StockView();
+    if (CostChanged) balance_.Clear_StockView();
 }
 
 /// Takes the new price into the row and shows it in the cost lines. False when there is none; that has been

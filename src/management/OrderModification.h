@@ -24,7 +24,7 @@ private:
     void Save_CBJmUpdate();
     void save();
     bool ageIsSound();
-    void tell(data::CommitOutcome outcome, bool costChanged);
+    void tell(data::CommitOutcome outcome, bool CostChanged);
     bool Request_CostUpdate(data::CBJmUpdate& row, const data::CBJmState& order);
     std::string askPage(const data::CBJmUpdate& row, const data::CBJmState& order) const;
     void showCosts(const ordering::CostAnswer& answer);
