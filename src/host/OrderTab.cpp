@@ -16,6 +16,7 @@ OrderTab::OrderTab(screen::Window& form, screen::Place tab, session::Session& se
       patient(form, frames, gate),
       sender(form, frames),
       payment(form, frames, gate),
+      usable(form, frames, session, payment),
       sheet(form, frames, session, patient.txtPatientName, gate),
       draft{session, frames, herbs, dose, options, patient, sender, payment, sheet},
       cost(form, draft, gate),

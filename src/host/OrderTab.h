@@ -1,5 +1,6 @@
 #pragma once
 
+#include "account/UsableDeposit.h"
 #include "composition/ChubangReading.h"
 #include "composition/ChubangSaving.h"
 #include "composition/DosageSheet.h"
@@ -40,6 +41,7 @@ struct OrderTab {
     composition::PatientDelivery patient;
     composition::SenderBlock sender;
     composition::PaymentChoice payment;
+    account::UsableDeposit usable;
     composition::DosageSheet sheet;
     ordering::OrderDraft draft;
     ordering::CostConfirmation cost;

@@ -46,7 +46,11 @@ shortcut F6
 expect focus tdbDGL
 shortcut F8
 expect focus tdbTJML
+pharmacy deposit doctor1 12000
+choose cboPaymentMethod 적립
+expect lblUsableDeposit "사용 가능: 1,589,162원"
 choose cboPaymentMethod 후불
+expect hidden lblUsableDeposit
 row tdbJobList 1
 cellbutton tdbJobList 0
 expect hidden lblCostOutdated
