@@ -31,6 +31,7 @@ void OrderTab::Form_Load() {
     options.Form_Load();
     cost.Form_Load();
     patient.Form_Load();
+    send.Form_Load();
 }
 
 }  // namespace zelvo::host

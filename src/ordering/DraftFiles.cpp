@@ -1,24 +1,15 @@
 #include "ordering/DraftFiles.h"
 
 #include <algorithm>
-#include <memory>
 
 #include "basics/Dates.h"
 #include "basics/Fault.h"
 #include "basics/Numbers.h"
-#include "basics/Text.h"
+#include "ordering/ClinicFolder.h"
 
 namespace zelvo::ordering {
 
 namespace {
-
-std::unique_ptr<screen::FileSystemObject> fileSystem(screen::Desktop& desktop) {
-    return desktop.components().make<screen::FileSystemObject>("Scripting.FileSystemObject");
-}
-
-std::string folder(screen::FileSystemObject& files) {
-    return files.fixedFolder("zelvo");
-}
 
 /// "draft_17_1024_": what the names of an owner's drafts begin with.
 std::string beginning(const KeptDraft& owner) {
@@ -36,10 +27,11 @@ bool isOf(const KeptDraft& draft, const KeptDraft& owner) {
 std::vector<DraftFiles::Found> DraftFiles::of(const KeptDraft& owner) const {
     const auto files = fileSystem(desktop_);
     std::vector<Found> found;
-    for (const std::string& name : files->fileNames(folder(*files))) {
+    for (const std::string& name : files->namesIn(clinicFolder(*files))) {
         if (!name.starts_with(beginning(owner)) || !name.ends_with(".txt")) continue;
         try {
-            std::optional<KeptDraft> draft = readDraft(files->readTextFile(folder(*files) + "/" + name));
+            std::optional<KeptDraft> draft =
+                readDraft(files->readTextFile(clinicFolder(*files) + "/" + name));
             if (draft && isOf(*draft, owner)) found.push_back({name, std::move(*draft)});
         } catch (const basics::Fault&) {
             // A damaged draft stands in nobody's way.
@@ -52,9 +44,8 @@ std::vector<DraftFiles::Found> DraftFiles::of(const KeptDraft& owner) const {
 
 std::string DraftFiles::newName(const KeptDraft& owner) const {
     const auto files = fileSystem(desktop_);
-    std::string stamp = basics::dateTimeText(basics::now());
-    for (const char* mark : {"-", ":", " "}) stamp = basics::removeAll(stamp, mark);
-    const std::vector<std::string> taken = files->fileNames(folder(*files));
+    const std::string stamp = timeDigits(basics::dateTimeText(basics::now()));
+    const std::vector<std::string> taken = files->namesIn(clinicFolder(*files));
     std::string name = beginning(owner) + stamp + ".txt";
     for (std::int64_t more = 2; std::find(taken.begin(), taken.end(), name) != taken.end(); ++more)
         name = beginning(owner) + stamp + "_" + basics::decimalText(more) + ".txt";
@@ -63,13 +54,13 @@ std::string DraftFiles::newName(const KeptDraft& owner) const {
 
 void DraftFiles::write(const std::string& name, const KeptDraft& draft) const {
     const auto files = fileSystem(desktop_);
-    if (!files->folderExists(folder(*files))) files->createFolder(folder(*files));
-    files->keepTextFile(folder(*files) + "/" + name, writeDraft(draft));
+    files->createFolder(clinicFolder(*files));
+    files->keepTextFile(clinicFolder(*files) + "/" + name, writeDraft(draft));
 }
 
 void DraftFiles::remove(const std::string& name) const {
     const auto files = fileSystem(desktop_);
-    files->deleteFile(folder(*files) + "/" + name);
+    files->deleteFile(clinicFolder(*files) + "/" + name);
 }
 
 }  // namespace zelvo::ordering

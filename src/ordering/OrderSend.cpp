@@ -11,6 +11,7 @@
 #include "basics/Text.h"
 #include "data/OrderOutcome.h"
 #include "data/Words.h"
+#include "data/clsZELVOStockmoney.h"
 #include "ordering/OrderRows.h"
 #include "ordering/SendLog.h"
 
@@ -23,6 +24,13 @@ constexpr const char* costCaption = "비용확인";
 constexpr const char* rowCaption = "처방전전송 에러";
 constexpr const char* failedCaption = "처방전 전송 실패";
 constexpr const char* faultCaption = "처방전 전송 에러";
+constexpr const char* unreadBalance = "처방전비용과 적립금을 확인하는중 에러발생.";
+
+std::int64_t orderCost(const data::ChubangJun& row) {
+    return std::int64_t{row.CBJ_JojeCost} + row.CBJ_DrugCost + row.CBJ_TJMLCost + row.CBJ_TJALCost +
+           row.CBJ_PouchCost + row.CBJ_BoxCost + row.CBJ_FormCost + row.CBJ_BesongCost + row.CBJ_VATCost +
+           row.CBJ_ElseCost;
+}
 
 std::string faultText(const std::string& description) {
     return "처방전 전송 오류 - [" + description + " ]";
@@ -38,7 +46,7 @@ OrderSend::OrderSend(screen::Window& form, OrderDraft& draft, SendGate& gate, Co
       gate_(gate),
       price_(price),
       balance_(balance),
-      unsettled_(form.desktop()) {
+      trace_(form.desktop(), draft.session) {
     lblsvrTime.setVisible(false);
     screen::usePressed(gate_.ssrCBJSend, [this] { Send_Order(); });
 }
@@ -57,7 +65,7 @@ void OrderSend::Send_Order() {
     gate_.Set_CostConfirmed(false);
     // Names and the like may have been typed over since the price was asked for.
     if (!price_.orderFits()) return;
-    if (draft_.payment.cboPaymentMethod.text() == data::pay::deposit && !depositCovers()) return;
+    if (paysFromDeposit() && !depositCovers()) return;
 
     const screen::BusyPointer busy(desktop);
     try {
@@ -65,58 +73,70 @@ void OrderSend::Send_Order() {
             draft_.herbs.tdbDGL.setFocus();
             return;
         }
-        if (!settlesFormer()) return;
+        if (!trace_.settlesFormer()) return;
     } catch (const std::exception& fault) {
         desktop.alarm(faultText(fault.what()), faultCaption);
         return;
     }
-    switch (storeOrder()) {
-        case Stored::No:
-            return showKept();
-        case Stored::Refused:
-            return desktop.alarm(
-                "처방전 전송 실패 - 처방전이 저장되지 않았습니다. [비용확인]부터 다시 실행하여 주십시오.",
-                failedCaption);
-        case Stored::Unknown:
-            return showKept();
-        case Stored::Yes:
-            break;
-    }
-    showKept();
+    const bool stored = storeOrder();
+    kept_.show(desktop);
+    if (!stored) return;
     tellChart();
-    settle();
+    trace_.settle();
     offerReturn();
+}
+
+bool OrderSend::paysFromDeposit() const {
+    return draft_.payment.cboPaymentMethod.text() == data::pay::deposit;
 }
 
 /// Whether the doctor's deposit pays for the order; what stands against it has been shown.
 bool OrderSend::depositCovers() {
     screen::Desktop& desktop = form_.desktop();
-    std::int64_t usable = 0, total = 0;
+    std::string shortage;
     try {
         if (!balance_.Load_StockMoney("", "")) throw basics::Fault("");
-        usable = basics::toInt32(basics::removeAll(balance_.txtUsableStock.text(), ","));
-        const std::string& sum = price_.lblSumcost.caption();
-        total = basics::IsNumeric(sum) ? basics::toInt32(sum) : 0;
+        shortage = shortageOf(basics::toInt32(basics::removeAll(balance_.txtUsableStock.text(), ",")));
     } catch (const std::exception&) {
-        desktop.alarm("처방전비용과 적립금을 확인하는중 에러발생.", costCaption);
+        desktop.alarm(unreadBalance, costCaption);
         return false;
     }
+    if (!shortage.empty()) desktop.inform(shortage, costCaption);
+    return shortage.empty();
+}
+
+/// What a deposit of that many won lacks for the order, "" when it pays for it.
+std::string OrderSend::shortageOf(std::int64_t usable) const {
+    const std::string& sum = price_.lblSumcost.caption();
+    const std::int64_t total = basics::IsNumeric(sum) ? basics::toInt32(sum) : 0;
     if (usable == 0) {
-        desktop.inform(
-            "적립된 금액이 없습니다.\r\n\r\n"
-            "[후불][후불정산]으로 전송하시거나 또는 [한약국으로 연락] 주십시오.",
-            costCaption);
+        return "적립된 금액이 없습니다.\r\n\r\n"
+               "[후불][후불정산]으로 전송하시거나 또는 [한약국으로 연락] 주십시오.";
+    }
+    if (total <= usable) return {};
+    const auto shortfall = static_cast<double>(total - usable);
+    return "적립금이 [ " + basics::formatNumber(shortfall, basics::NumberPicture::Separated) +
+           " ]원 부족합니다.\r\n\r\n"
+           "[후불][후불정산]로 전송하시거나 또는 [한약국으로 연락] 주십시오.";
+}
+
+/// The deposit once more, with the order's rows written: another session of the doctor may have spent it
+/// since the first look. The sums hold the order itself by now.
+bool OrderSend::stillCovered() {
+    if (!paysFromDeposit()) return true;
+    data::Connection& connection = draft_.session.connection();
+    const std::int32_t doctor = draft_.session.m_DTRPK;
+    data::clsZELVOStockmoney ledger;
+    std::int32_t deposits = 0, mileage = 0, used = 0;
+    if (!ledger.ZELVO_StockMoney(connection, deposits, doctor, "S", "", "") ||
+        !ledger.ZELVO_StockMoney(connection, mileage, doctor, "M", "", "") ||
+        !ledger.ZELVO_CBJcostSum(connection, used, doctor, std::string(data::pay::deposit), "", "", "")) {
+        kept_.alarm(unreadBalance, costCaption);
         return false;
     }
-    if (total > usable) {
-        const auto shortfall = static_cast<double>(total - usable);
-        desktop.inform("적립금이 [ " + basics::formatNumber(shortfall, basics::NumberPicture::Separated) +
-                           " ]원 부족합니다.\r\n\r\n"
-                           "[후불][후불정산]로 전송하시거나 또는 [한약국으로 연락] 주십시오.",
-                       costCaption);
-        return false;
-    }
-    return true;
+    const std::string shortage = shortageOf(std::int64_t{deposits} - used + mileage - ownBalance_);
+    if (!shortage.empty()) kept_.inform(shortage, costCaption);
+    return shortage.empty();
 }
 
 /// The first herb name that stands on two lines, "" when none does.
@@ -142,118 +162,44 @@ bool OrderSend::wantsOtherHerbs() {
                                "처방전 전송");
 }
 
-/// Tells what became of this doctor's sends whose outcome was not known. False when the order is not to be
-/// sent now: one of them stands and that is enough, or nobody can say.
-bool OrderSend::settlesFormer() {
-    data::Connection& connection = draft_.session.connection();
-    for (const UnsettledSend& send : unsettled_.of(draft_.session.m_DTRPK, connection.server)) {
-        const std::string former = "[" + send.serverTime + "] 결과를 확인할 수 없었던 처방전은 ";
-        const std::optional<bool> stands =
-            data::orderStands(connection, send.DTR_PK, send.CBJ_PK, send.serverTime);
-        if (!stands) {
-            form_.desktop().alarm(
-                former + "지금도 저장 여부를 확인할 수 없습니다. 처방전을 전송하지 않았습니다.",
-                failedCaption);
-            return false;
-        }
-        bool goesOn = true;
-        if (*stands) {
-            goesOn = form_.desktop().ask(former +
-                                             "저장되어 있습니다. 진료부에는 전달되지 않았습니다.\r\n\r\n"
-                                             "지금 처방전을 전송하시겠습니까?",
-                                         "처방전 전송", screen::Answer::No);
-        } else {
-            Remove_SendLog(form_.desktop(), send.serverTime);
-            form_.desktop().inform(former + "저장되지 않았습니다. 지금 처방전을 전송합니다.", "처방전 전송");
-        }
-        unsettled_.settle(send);
-        if (!goesOn) return false;
-    }
-    return true;
-}
-
-/// The transaction from its begin to its end. What there is to say of it is kept until then.
-OrderSend::Stored OrderSend::storeOrder() {
-    kept_.clear();
+/// The transaction from its begin to its end; true when the order stands. What there is to say of it is kept.
+bool OrderSend::storeOrder() {
     std::optional<data::Transaction> transaction;
     try {
         transaction.emplace(draft_.session.connection(), data::newOrdersTurn(draft_.session.m_DTRPK));
     } catch (const std::exception&) {
-        keepAlarm(faultText("한약국 서버 연결 확인"), faultCaption);
-        return Stored::No;
-    }
-    sending_ = {};
-    sending_.DTR_PK = draft_.session.m_DTRPK;
-    sending_.server = draft_.session.connection().server;
-    if (!writeRows(sending_.CBJ_PK)) {
-        transaction->rollback();
-        return Stored::No;
-    }
-    sending_.serverTime = lblsvrTime.caption();
-    if (!Write_SendLog(form_.desktop(), draft_, price_.m_xaCostConfirm, lblsvrTime.caption())) {
-        kept_.push_back(
-            {.text = "[처방전 전송은 정상적으로 전송] 되었습니다. -  처방전 로그 파일 기록에 실패하였습니다.",
-             .caption = "처방전 로그"});
-    }
-    // Marked before: who gives up waiting for the answer, and ends the program, must not send twice.
-    marked_ = mark();
-    switch (transaction->commit()) {
-        case data::CommitOutcome::Done:
-            return Stored::Yes;
-        case data::CommitOutcome::Refused:
-            return refused();
-        case data::CommitOutcome::Unknown:
-            break;
-    }
-    return askAfter();
-}
-
-/// Writes the mark that lets the next session ask what became of the order; false when it can't be written.
-bool OrderSend::mark() const {
-    try {
-        unsettled_.add(sending_);
-        return true;
-    } catch (const std::exception&) {
+        kept_.alarm(faultText("한약국 서버 연결 확인"), faultCaption);
         return false;
     }
-}
-
-/// What became of the order is known. A mark that can't be taken away is asked after once more.
-void OrderSend::settle() const {
-    try {
-        if (marked_) unsettled_.settle(sending_);
-    } catch (const std::exception&) {
-        // The order itself is in order.
+    std::int32_t CBJ_PK = 0;
+    if (!writeRows(CBJ_PK)) {
+        transaction->rollback();
+        return false;
     }
+    leaveTrace(CBJ_PK);
+    return trace_.stands(transaction->commit(), kept_);
 }
 
-OrderSend::Stored OrderSend::refused() {
-    settle();
-    Remove_SendLog(form_.desktop(), sending_.serverTime);
-    return Stored::Refused;
-}
-
-/// The line broke between the commit and its answer: one more connection asks whether the order stands.
-OrderSend::Stored OrderSend::askAfter() {
-    const std::optional<bool> stands =
-        data::askAnother(draft_.session.connection(), [this](data::Connection& other) {
-            return data::orderStands(other, sending_.DTR_PK, sending_.CBJ_PK, sending_.serverTime);
-        });
-    if (stands) return *stands ? Stored::Yes : refused();
-    const std::string unknown = "처방전 전송 결과를 확인할 수 없습니다. ";
-    kept_ = {};
-    keepAlarm(
-        unknown +
-            (marked_
-                 ? "다시 전송하지 마십시오. ZELVO를 다시 시작하여 전송하면 먼저 저장 여부를 확인하여 알려 드립니다."
-                 : "[처방전 관리]에서 발행날짜로 확인한 후 다시 전송하여 주십시오."),
-        failedCaption);
-    return Stored::Unknown;
+/// Mark and log, before the commit: who gives up waiting for its answer, and ends the program, must not send
+/// twice.
+void OrderSend::leaveTrace(std::int32_t CBJ_PK) {
+    std::optional<std::string> log;
+    try {
+        log = sendLogText(form_.desktop(), draft_, price_.m_xaCostConfirm, lblsvrTime.caption());
+    } catch (const std::exception&) {
+        // A log that can't be composed is one that can't be written.
+    }
+    trace_.leave({.DTR_PK = draft_.session.m_DTRPK,
+                  .CBJ_PK = CBJ_PK,
+                  .serverTime = lblsvrTime.caption(),
+                  .server = draft_.session.connection().server,
+                  .patientName = draft_.patient.txtPatientName.text()},
+                 log, kept_);
 }
 
 bool OrderSend::writeRows(std::int32_t& CBJ_PK) {
     return stampTime() && Send_InsertOrder(CBJ_PK) && Send_InsertCostDetail(CBJ_PK) &&
-           (!draft_.hasHerbs() || Send_InsertDrugs(CBJ_PK)) && Send_InsertEatGuide(CBJ_PK);
+           (!draft_.hasHerbs() || Send_InsertDrugs(CBJ_PK)) && Send_InsertEatGuide(CBJ_PK) && stillCovered();
 }
 
 bool OrderSend::stampTime() {
@@ -265,7 +211,7 @@ bool OrderSend::stampTime() {
         lblsvrTime.setCaption("");
     }
     if (!lblsvrTime.caption().empty()) return true;
-    keepAlarm("DB서버 시간 가져오기 실패!", failedCaption);
+    kept_.alarm("DB서버 시간 가져오기 실패!", failedCaption);
     return false;
 }
 
@@ -273,35 +219,34 @@ bool OrderSend::Send_InsertOrder(std::int32_t& CBJ_PK) {
     return attempt([this, &CBJ_PK] {
         composition::modHanYakGuk::CostFields fields;
         if (draft_.costFields(fields) == -1) {
-            keepAlarm("처방전 전송 오류, 처방전 항목(Xarray) 정보 가져오는 중 오류 발생", "처방전 전송");
+            kept_.alarm("처방전 전송 오류, 처방전 항목(Xarray) 정보 가져오는 중 오류 발생", "처방전 전송");
             return false;
         }
         const data::ChubangJun row = orderRow(draft_, fields, price_.m_xaCostConfirm, lblsvrTime.caption());
         draft_.patient.txtPatientAge.setText(basics::removeBlanks(draft_.patient.txtPatientAge.text()));
         CBJ_PK = data::clsZELVORecordSet().Insert_ChubangJun(draft_.session.connection(), row);
         if (CBJ_PK == -1) {
-            keepAlarm("처방전 전송 중 오류 발생 - 처방전 테이블(t_ChubangJun) 저장 에러", rowCaption);
+            kept_.alarm("처방전 전송 중 오류 발생 - 처방전 테이블(t_ChubangJun) 저장 에러", rowCaption);
             return false;
         }
+        ownBalance_ = row.CBJ_PayMethod == 1 ? -orderCost(row) : 0;
         const std::string& mileage = price_.lblMileageMoney.caption();
         if (!basics::IsNumeric(mileage) || basics::toNumber(mileage) <= 0) return true;
-        return Send_InsertMileage(row.DTR_PK, CBJ_PK, basics::toInt32(mileage), lblsvrTime.caption()) == 1;
+        return Send_InsertMileage(row.DTR_PK, CBJ_PK, basics::toInt32(mileage), lblsvrTime.caption());
     });
 }
 
-/// 1, or -1 when the insert failed, or 0 on a fault.
-std::int16_t OrderSend::Send_InsertMileage(std::int32_t DTR_PK, std::int32_t CBJ_PK, std::int32_t STK_Money,
-                                           const std::string& STK_Date) {
-    std::int16_t status = 0;
-    attempt([&] {
-        status = data::clsZELVORecordSet().Insert_ChubangJun_Mileage(draft_.session.connection(), DTR_PK,
-                                                                     CBJ_PK, STK_Money, STK_Date);
-        if (status == -1) {
-            keepAlarm("처방전 전송 중 오류 발생 - 처방전 Mileage 금액 (t_CBJDetail) 저장 에러", rowCaption);
+bool OrderSend::Send_InsertMileage(std::int32_t DTR_PK, std::int32_t CBJ_PK, std::int32_t STK_Money,
+                                   const std::string& STK_Date) {
+    return attempt([&] {
+        ownBalance_ += STK_Money;
+        if (data::clsZELVORecordSet().Insert_ChubangJun_Mileage(draft_.session.connection(), DTR_PK, CBJ_PK,
+                                                                STK_Money, STK_Date) != -1) {
+            return true;
         }
-        return status == 1;
+        kept_.alarm("처방전 전송 중 오류 발생 - 처방전 Mileage 금액 (t_CBJDetail) 저장 에러", rowCaption);
+        return false;
     });
-    return status;
 }
 
 bool OrderSend::Send_InsertCostDetail(std::int32_t CBJ_PK) {
@@ -310,7 +255,8 @@ bool OrderSend::Send_InsertCostDetail(std::int32_t CBJ_PK) {
                                                                    costNotes(price_.m_xaCostConfirm)) != -1) {
             return true;
         }
-        keepAlarm("처방전 전송 중 오류 발생 - 처방전 비용상세 테이블(t_CBJcostDetail) 저장 에러", rowCaption);
+        kept_.alarm("처방전 전송 중 오류 발생 - 처방전 비용상세 테이블(t_CBJcostDetail) 저장 에러",
+                    rowCaption);
         return false;
     });
 }
@@ -321,7 +267,8 @@ bool OrderSend::Send_InsertDrugs(std::int32_t CBJ_PK) {
         for (int row = 0; row <= draft_.lines().upperRow(); ++row) {
             if (records.Insert_ChubangJun_Detail(draft_.session.connection(), CBJ_PK,
                                                  herbLine(draft_.lines(), row)) == -1) {
-                keepAlarm("처방전 전송 중 오류 발생 - 처방전 약재 테이블(t_CBJDetail) 저장 에러", rowCaption);
+                kept_.alarm("처방전 전송 중 오류 발생 - 처방전 약재 테이블(t_CBJDetail) 저장 에러",
+                            rowCaption);
                 return false;
             }
         }
@@ -337,7 +284,7 @@ bool OrderSend::Send_InsertEatGuide(std::int32_t CBJ_PK) {
                 sheet.txtEatGuideCall.text()) != -1) {
             return true;
         }
-        keepAlarm("처방전 전송 중 오류 발생 - 처방전 복용법 테이블(t_EatGuide) 저장 에러", rowCaption);
+        kept_.alarm("처방전 전송 중 오류 발생 - 처방전 복용법 테이블(t_EatGuide) 저장 에러", rowCaption);
         return false;
     });
 }
@@ -347,7 +294,7 @@ bool OrderSend::attempt(const std::function<bool()>& step) {
     try {
         return step();
     } catch (const std::exception& fault) {
-        keepAlarm(fault.what(), rowCaption);
+        kept_.alarm(fault.what(), rowCaption);
         return false;
     }
 }
@@ -376,15 +323,6 @@ void OrderSend::offerReturn() {
                             "처방전 전송 성공")) {
         form_.unload();
     }
-}
-
-void OrderSend::keepAlarm(std::string text, std::string caption) {
-    kept_.push_back(
-        {.text = std::move(text), .caption = std::move(caption), .icon = screen::BoxIcon::Critical});
-}
-
-void OrderSend::showKept() {
-    for (const screen::MessageBox& box : std::exchange(kept_, {})) form_.desktop().messageBox(box);
 }
 
 }  // namespace zelvo::ordering

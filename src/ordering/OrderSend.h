@@ -3,14 +3,14 @@
 #include <cstdint>
 #include <functional>
 #include <string>
-#include <vector>
 
 #include "account/BalanceView.h"
 #include "ordering/ChartRecord.h"
 #include "ordering/CostConfirmation.h"
+#include "ordering/KeptBoxes.h"
 #include "ordering/OrderDraft.h"
 #include "ordering/SendGate.h"
-#include "ordering/UnsettledSends.h"
+#include "ordering/SendTrace.h"
 #include "screen/Event.h"
 #include "screen/Fields.h"
 
@@ -23,6 +23,9 @@ public:
     OrderSend(screen::Window& form, OrderDraft& draft, SendGate& gate, CostConfirmation& price,
               account::BalanceView& balance);
 
+    /// Clears what sends of killed programs left half-written on this machine.
+    void Form_Load() { trace_.Form_Load(); }
+
     /// The server's time of the last send, "yyyy-mm-dd hh:mm:ss": stamp of the order, its mileage and its
     /// log.
     screen::Label lblsvrTime;
@@ -31,23 +34,20 @@ public:
     screen::Event<const ChartRecord&> Send2Chart;
 
 private:
-    enum class Stored { No, Refused, Unknown, Yes };
-
     void Send_Order();
+    bool paysFromDeposit() const;
     bool depositCovers();
+    std::string shortageOf(std::int64_t usable) const;
+    bool stillCovered();
     std::string duplicateHerb() const;
     bool wantsOtherHerbs();
-    bool settlesFormer();
-    Stored storeOrder();
-    Stored askAfter();
-    Stored refused();
-    bool mark() const;
-    void settle() const;
+    bool storeOrder();
+    void leaveTrace(std::int32_t CBJ_PK);
     bool writeRows(std::int32_t& CBJ_PK);
     bool stampTime();
     bool Send_InsertOrder(std::int32_t& CBJ_PK);
-    std::int16_t Send_InsertMileage(std::int32_t DTR_PK, std::int32_t CBJ_PK, std::int32_t STK_Money,
-                                    const std::string& STK_Date);
+    bool Send_InsertMileage(std::int32_t DTR_PK, std::int32_t CBJ_PK, std::int32_t STK_Money,
+                            const std::string& STK_Date);
     bool Send_InsertCostDetail(std::int32_t CBJ_PK);
     bool Send_InsertDrugs(std::int32_t CBJ_PK);
     bool Send_InsertEatGuide(std::int32_t CBJ_PK);
@@ -55,19 +55,15 @@ private:
     void tellChart();
     void offerReturn();
 
-    void keepAlarm(std::string text, std::string caption);
-    void showKept();
-
     screen::Window& form_;
     OrderDraft& draft_;
     SendGate& gate_;
     CostConfirmation& price_;
     account::BalanceView& balance_;
-    UnsettledSends unsettled_;
-    UnsettledSend sending_;
-    bool marked_ = false;
-    /// What there is to say while the transaction is open; shown when it has ended.
-    std::vector<screen::MessageBox> kept_;
+    SendTrace trace_;
+    KeptBoxes kept_;
+    /// What the order's own rows add to the doctor's balance, in won: its mileage, less its cost.
+    std::int64_t ownBalance_ = 0;
 };
 
 }  // namespace zelvo::ordering

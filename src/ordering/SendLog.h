@@ -1,6 +1,8 @@
 #pragma once
 
+#include <memory>
 #include <string>
+#include <string_view>
 
 #include "ordering/OrderDraft.h"
 #include "screen/Desktop.h"
@@ -14,11 +16,13 @@ namespace zelvo::ordering {
 std::string sendLogText(screen::Desktop& desktop, const OrderDraft& draft, const tables::XArrayDB& costs,
                         const std::string& serverTime);
 
-/// Writes the log into the folder "zelvo", as "zelvo_" + 14 digits + ".htm"; a file of that name is replaced.
-/// Shows nothing; false when it could not be written.
-bool Write_SendLog(screen::Desktop& desktop, const OrderDraft& draft, const tables::XArrayDB& costs,
-                   const std::string& serverTime);
-/// Takes the log of an order back that was refused after all, where there is one. Shows nothing.
-void Remove_SendLog(screen::Desktop& desktop, const std::string& serverTime);
+/// Writes a log as "zelvo_" + 14 digits + ".htm", and holds it; another log of that second stays as it is.
+/// Throws Fault.
+std::unique_ptr<screen::HeldFile> Write_SendLog(screen::FileSystemObject& files, const std::string& text,
+                                                const std::string& serverTime);
+/// Sixteen digits that tell one text from another.
+std::string printOf(std::string_view text);
+/// Takes the log of that second and print away, where there is one that nobody holds. Throws Fault.
+void Remove_SendLog(screen::FileSystemObject& files, const std::string& serverTime, std::string_view print);
 
 }  // namespace zelvo::ordering

@@ -1,35 +1,54 @@
 #include "ordering/UnsettledSends.h"
 
-#include <algorithm>
-#include <optional>
+#include <exception>
+#include <utility>
 
 #include "basics/Fault.h"
 #include "basics/Numbers.h"
 #include "basics/Text.h"
 #include "basics/Utf8.h"
+#include "ordering/ClinicFolder.h"
+#include "ordering/SendLog.h"
 
 namespace zelvo::ordering {
 
 namespace {
 
-std::unique_ptr<screen::FileSystemObject> fileSystem(screen::Desktop& desktop) {
-    return desktop.components().make<screen::FileSystemObject>("Scripting.FileSystemObject");
+constexpr std::string_view markName = "unsettled_", markEnding = ".txt";
+
+/// Whatever stands in it, a name is one line of the mark.
+std::string oneLine(std::string text) {
+    for (char& c : text) {
+        if (static_cast<unsigned char>(c) < ' ') c = ' ';
+    }
+    return text;
 }
 
-std::string path(screen::FileSystemObject& files) {
-    return files.fixedFolder("zelvo") + "/unsettled.txt";
+std::string textOf(const UnsettledSend& send) {
+    return basics::join(
+        {basics::decimalText(std::int64_t{send.DTR_PK}), basics::decimalText(std::int64_t{send.CBJ_PK}),
+         send.serverTime, oneLine(send.server), oneLine(send.patientName), send.logPrint, ""},
+        basics::lineBreak);
 }
 
-/// "17 345 2024-05-06 09:08:07 pharmacy.example:1433"
-std::string lineOf(const UnsettledSend& send) {
-    return basics::decimalText(std::int64_t{send.DTR_PK}) + " " +
-           basics::decimalText(std::int64_t{send.CBJ_PK}) + " " + send.serverTime + " " + send.server;
+/// Throws Fault for what is no mark.
+UnsettledSend readMark(const std::string& text) {
+    const std::vector<std::string> lines = basics::split(text, basics::lineBreak);
+    if (lines.size() != 7) throw basics::Fault("no mark of a send");
+    UnsettledSend send{.DTR_PK = basics::toInt32(lines[0]),
+                       .CBJ_PK = basics::toInt32(lines[1]),
+                       .serverTime = lines[2],
+                       .server = lines[3],
+                       .patientName = lines[4],
+                       .logPrint = lines[5]};
+    if (textOf(send) != text) throw basics::Fault("no mark of a send");
+    return send;
 }
 
 /// One server under its two usual spellings: a changed setting must not hide what is open there.
 bool isSameServer(std::string_view one, std::string_view other) {
     const auto plain = [](std::string_view address) {
-        std::string text = basics::foldCase(address);
+        std::string text = basics::foldCase(oneLine(std::string(address)));
         for (const char* port : {":1433", ",1433"}) {
             if (text.ends_with(port)) text.resize(text.size() - 5);
         }
@@ -38,59 +57,67 @@ bool isSameServer(std::string_view one, std::string_view other) {
     return plain(one) == plain(other);
 }
 
-/// Nothing for a line that is none of these: a damaged one must not stand in the way of every send.
-std::optional<UnsettledSend> readLine(const std::string& line) {
-    const std::vector<std::string> words = basics::split(line, " ");
-    if (words.size() < 5) return std::nullopt;
-    UnsettledSend send;
-    try {
-        send.DTR_PK = basics::toInt32(words[0]);
-        send.CBJ_PK = basics::toInt32(words[1]);
-    } catch (const basics::Fault&) {
-        return std::nullopt;
-    }
-    send.serverTime = words[2] + " " + words[3];
-    send.server = basics::join(std::vector<std::string>(words.begin() + 4, words.end()), " ");
-    if (lineOf(send) != line) return std::nullopt;
-    return send;
-}
-
 }  // namespace
 
-std::vector<std::string> UnsettledSends::lines() const {
+std::unique_ptr<screen::HeldFile> UnsettledSends::mark(const UnsettledSend& send) const {
     const auto files = fileSystem(desktop_);
-    std::vector<std::string> all = basics::split(files->readTextFile(path(*files)), basics::lineBreak);
-    std::erase(all, "");
-    return all;
+    const std::string name = clinicFolder(*files) + "/" + std::string(markName) +
+                             timeDigits(send.serverTime) + "_" +
+                             basics::decimalText(std::int64_t{send.CBJ_PK});
+    files->createFolder(clinicFolder(*files));
+    return makeUnderFreeName(*files, name, markEnding, textOf(send));
 }
 
-void UnsettledSends::write(const std::vector<std::string>& lines) const {
-    const auto files = fileSystem(desktop_);
-    if (lines.empty()) return files->deleteFile(path(*files));
-    const std::string folder = files->fixedFolder("zelvo");
-    if (!files->folderExists(folder)) files->createFolder(folder);
-    files->writeTextFile(path(*files), basics::join(lines, basics::lineBreak));
-}
-
-std::vector<UnsettledSend> UnsettledSends::of(std::int32_t DTR_PK, const std::string& server) const {
-    std::vector<UnsettledSend> sends;
-    for (const std::string& line : lines()) {
-        const std::optional<UnsettledSend> send = readLine(line);
-        if (send && send->DTR_PK == DTR_PK && isSameServer(send->server, server)) sends.push_back(*send);
+std::vector<UnsettledSends::Left> UnsettledSends::left(std::int32_t DTR_PK, const std::string& server) {
+    std::vector<Left> sends;
+    try {
+        const auto files = fileSystem(desktop_);
+        const std::string folder = clinicFolder(*files);
+        for (const std::string& name : files->namesIn(folder)) {
+            if (!name.starts_with(markName) || !name.ends_with(markEnding)) continue;
+            std::optional<Left> one = readLeft(*files, folder + "/" + name);
+            if (one && one->send.DTR_PK == DTR_PK && isSameServer(one->send.server, server))
+                sends.push_back(std::move(*one));
+        }
+    } catch (const std::exception&) {
+        metUnreadable_ |= passedOver_.insert("").second;  // the folder
     }
     return sends;
 }
 
-void UnsettledSends::add(const UnsettledSend& send) const {
-    std::vector<std::string> all = lines();
-    all.push_back(lineOf(send));
-    write(all);
+std::optional<UnsettledSends::Left> UnsettledSends::readLeft(screen::FileSystemObject& files,
+                                                             const std::string& path) {
+    if (passedOver_.contains(path)) return std::nullopt;
+    try {
+        auto mark = files.holdFile(path);
+        if (!mark) return std::nullopt;
+        UnsettledSend send = readMark(mark->text());
+        return Left{.send = std::move(send), .mark = std::move(mark)};
+    } catch (const std::exception&) {
+        passedOver_.insert(path);
+        metUnreadable_ = true;
+        return std::nullopt;
+    }
 }
 
-void UnsettledSends::settle(const UnsettledSend& send) const {
-    std::vector<std::string> all = lines();
-    std::erase(all, lineOf(send));
-    write(all);
+bool UnsettledSends::metUnreadable() {
+    return std::exchange(metUnreadable_, false);
+}
+
+void UnsettledSends::settle(screen::HeldFile& mark) {
+    try {
+        mark.remove();
+    } catch (const std::exception&) {
+        passedOver_.insert(mark.path());
+    }
+}
+
+void UnsettledSends::removeLog(const UnsettledSend& send) const {
+    try {
+        Remove_SendLog(*fileSystem(desktop_), send.serverTime, send.logPrint);
+    } catch (const std::exception&) {
+        // It stays; that the order does not stand has been said.
+    }
 }
 
 }  // namespace zelvo::ordering

@@ -1,6 +1,9 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
+#include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -8,30 +11,46 @@
 
 namespace zelvo::ordering {
 
-/// A send whose outcome nobody knows.
+/// A send of which the chart has not been told yet.
 struct UnsettledSend {
     std::int32_t DTR_PK = 0, CBJ_PK = 0;
     std::string serverTime;  ///< "yyyy-mm-dd hh:mm:ss"
     std::string server;      ///< its address, as the chart gave it
+    std::string patientName;
+    std::string logPrint = {};  ///< tells the order's own log from others of that second
 };
 
-/// The unsettled sends of this machine: a file beside the logs, a line a send.
+/// The marks of this machine's unsettled sends: a file each beside the logs, made and removed whole, and held
+/// by the session whose send it is. What holds it is nobody else's business; one that nobody holds was left
+/// by a program that ended, or by a send that nobody could answer for.
 class UnsettledSends {
 public:
     explicit UnsettledSends(screen::Desktop& desktop) : desktop_(desktop) {}
 
-    /// A doctor's sends to a server, the oldest first. Throws Fault when the file can't be read.
-    std::vector<UnsettledSend> of(std::int32_t DTR_PK, const std::string& server) const;
-    /// Throws Fault when it can't be written.
-    void add(const UnsettledSend& send) const;
-    /// What became of it is known. Throws Fault when it can't be written.
-    void settle(const UnsettledSend& send) const;
+    /// A mark that was left, held from here on.
+    struct Left {
+        UnsettledSend send;
+        std::unique_ptr<screen::HeldFile> mark;
+    };
+
+    /// Marks a send. Throws Fault when that can't be written.
+    std::unique_ptr<screen::HeldFile> mark(const UnsettledSend& send) const;
+    /// A doctor's left sends to a server, the oldest first. What can't be read is none.
+    std::vector<Left> left(std::int32_t DTR_PK, const std::string& server);
+    /// True when something could not be read since the last call; each of them tells it once a session.
+    bool metUnreadable();
+    /// What became of the send is known. A mark that can't be taken away is not asked after by this session
+    /// again.
+    void settle(screen::HeldFile& mark);
+    /// Takes the log of a send away that does not stand. Where none is, or it can't be, it stays.
+    void removeLog(const UnsettledSend& send) const;
 
 private:
-    std::vector<std::string> lines() const;
-    void write(const std::vector<std::string>& lines) const;
+    std::optional<Left> readLeft(screen::FileSystemObject& files, const std::string& path);
 
     screen::Desktop& desktop_;
+    std::set<std::string> passedOver_;
+    bool metUnreadable_ = false;
 };
 
 }  // namespace zelvo::ordering

@@ -62,24 +62,40 @@ public:
                       std::string& hospitalName, std::string& phoneNo) = 0;
 };
 
-/// "Scripting.FileSystemObject": text files of the clinic's machine. All but folderExists throw Fault.
+/// A file that this session holds, as long as the object lives and however the program ends: whoever else
+/// asks for it does not get it.
+class HeldFile {
+public:
+    virtual ~HeldFile() = default;
+    virtual std::string path() const = 0;
+    /// Throws Fault when it can't be read.
+    virtual std::string text() const = 0;
+    /// Takes the file away. Throws Fault when that can't be done.
+    virtual void remove() = 0;
+};
+
+/// "Scripting.FileSystemObject": text files of the clinic's machine. What can't be done is a Fault.
 class FileSystemObject : public Component {
 public:
     /// Path of a fixed folder of this system ("zelvo"), in the user's data folder.
     virtual std::string fixedFolder(std::string_view name) = 0;
-    virtual bool folderExists(const std::string& path) = 0;
+    /// Nothing happens where it stands.
     virtual void createFolder(const std::string& path) = 0;
-    /// Makes the file, or empties it, and writes the whole text; the file is whole on the disk when this
-    /// returns.
-    virtual void writeTextFile(const std::string& path, std::string_view text) = 0;
-    /// The same for what changes with every key: whole or as it stood before, on the disk when the system
-    /// likes.
+    /// The names in a folder, sorted; none where no folder stands.
+    virtual std::vector<std::string> namesIn(const std::string& folder) = 0;
+    /// Makes a file and holds it: it is whole on the disk when this returns. Nothing when the name is taken.
+    virtual std::unique_ptr<HeldFile> makeFile(const std::string& path, std::string_view text) = 0;
+    /// Holds a file that stands. Nothing when somebody else holds it, or it has just been taken away; what is
+    /// no plain file is a Fault.
+    virtual std::unique_ptr<HeldFile> holdFile(const std::string& path) = 0;
+    /// Makes or replaces a file that changes with every key: whole or as it stood before, on the disk when
+    /// the system likes.
     virtual void keepTextFile(const std::string& path, std::string_view text) = 0;
-    /// The names of the plain files in a folder, in no order; none for a folder that is not there.
-    virtual std::vector<std::string> fileNames(const std::string& folder) = 0;
     /// The whole text, "" for a file that is not there.
     virtual std::string readTextFile(const std::string& path) = 0;
     virtual void deleteFile(const std::string& path) = 0;
+    /// Takes away what programs that were killed left half-written.
+    virtual void clearHalfWritten(const std::string& folder) = 0;
 };
 
 /// The factory by class name. A host may register its own component under a name.

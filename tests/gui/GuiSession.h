@@ -10,6 +10,7 @@
 #include "platform/qt/Shell.h"
 #include "support/ChartParts.h"
 #include "support/TestDesktop.h"
+#include "support/TestFolder.h"
 #include "support/host/HostSession.h"
 
 namespace zelvo::testing {
@@ -56,7 +57,7 @@ struct GuiSession : HostSession {
     GuiSession() : HostSession(true, std::make_unique<GlassDesktop>()) {
         page.answer = CostPage::priced(72040, 720);
         page.standIn(desktop);
-        files.standIn(desktop);
+        standIn(machine, desktop);
     }
     GlassDesktop& glass() { return static_cast<GlassDesktop&>(desktop); }
     stage::WidgetUser& hand() { return glass().user; }
@@ -72,7 +73,7 @@ struct GuiSession : HostSession {
     }
 
     CostPage page;
-    LogFiles files;
+    std::shared_ptr<TestFolder> machine = std::make_shared<TestFolder>();
 };
 
 }  // namespace zelvo::testing

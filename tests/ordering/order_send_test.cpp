@@ -1,8 +1,13 @@
+#include <dlfcn.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <csignal>
+#include <cstdlib>
 
+#include "data/clsZELVORecordSet.h"
+#include "platform/files/WholeFile.h"
+#include "support/Killing.h"
 #include "support/OrderWindow.h"
 
 namespace zelvo::ordering {
@@ -27,6 +32,13 @@ std::string written(const testing::OrderPharmacy& pharmacy) {
 }
 const std::string all = "1 1 1 2 1", nothing = "0 0 0 0 0";
 
+/// How many marks of sends stand on the machine.
+int marksOf(const OrderWindow& window) {
+    int marks = 0;
+    for (const auto& [name, text] : window.logs()) marks += name.starts_with("unsettled_") ? 1 : 0;
+    return marks;
+}
+
 /// Puts won into the doctor's deposit, from which the order is then paid.
 void payFromDeposit(OrderWindow& window, std::int64_t won) {
     window.pharmacy->run("INSERT INTO t_Stock (DTR_PK, CBJ_PK, STK_Money) VALUES (1, 0, " +
@@ -40,8 +52,9 @@ TEST(OrderSend, StoresTheOrderAndTellsTheChart) {
     window.compose();
     window.patient.txtBesongJuso.setText("서울 '강남' [CBJ_PK]");
     window.desktop.answer(Answer::No);
+    window.session.g_xaDrug.set(1, 10, "볶은 <것> & 10g");
     int marked = 0;
-    const auto look = [&] { marked += window.logs.contains("/logs/zelvo/unsettled.txt") ? 1 : 0; };
+    const auto look = [&] { marked += marksOf(window); };
     window.line->before = [&](const std::string& statement) {
         if (statement == "COMMIT") look();
     };
@@ -62,7 +75,7 @@ TEST(OrderSend, StoresTheOrderAndTellsTheChart) {
              "|72040|0|20|100|21|3|7|2|2|우리한의원|서울 종로구 2|서울 강남 [CBJ_PK]|1900-01-01| 잘 부탁합니다 |" +
              time + "|0|0|0"},
         {"SELECT DGL_PK, DGL_CallSign, DET_Weight, DET_Danga, DET_Money, DET_Note FROM t_CBJDetail WHERE DET_Order = 2",
-         "12|작약|3.5|1000|3500|볶은 것"},
+         "12|작약|3.5|1000|3500|볶은 <것> & 10g"},
         {"SELECT DTR_PK, CBJ_PK, CBJ_IsCanceled, STK_Money, STK_Method, STK_Note, STK_Date FROM t_Stock",
          "1|1|0|720|0|Mileage 금액|" + time},
         {"SELECT CBJ_PK, CCD_ElseCost FROM t_CBJcostDetail", "1|note 10\r\nmore"},
@@ -72,13 +85,14 @@ TEST(OrderSend, StoresTheOrderAndTellsTheChart) {
         EXPECT_EQ(basics::join(window.pharmacy->rows(query).at(0), "|"), row);
     EXPECT_EQ(written(*window.pharmacy), all);
 
-    ASSERT_EQ(window.logs.size(), 1U);
-    const auto& [path, log] = *window.logs.begin();
-    EXPECT_TRUE(path.starts_with("/logs/zelvo/zelvo_20")) << path;
+    const auto logs = window.logs();
+    ASSERT_EQ(logs.size(), 1U);
+    const auto& [name, log] = *logs.begin();
+    EXPECT_TRUE(name.starts_with("zelvo_20") && name.ends_with(".htm") && name.size() == 24) << name;
     const std::string pieces[] = {
         "[" + time + "] 전송한 처방전 입니다. </font><BR><BR>[환자NO]= 4711, [환자이름]= 김 환자",
         "<tr><td>작약&nbsp;</td><td>한약국 작약&nbsp;</td><td>3.5&nbsp;</td><td>1,000&nbsp;</td><td>3,500&nbsp;</td>"
-        "<td>볶은 것&nbsp;</td></tr></table><BR>[첩수]= 20, [약재가격]= 72,040<BR><BR>[탕전정보]= 압력탕전<BR>[제형변화]= "
+        "<td>볶은 &lt;것&gt; &amp; 10g&nbsp;</td></tr></table><BR>[첩수]= 20, [약재가격]= 72,040<BR><BR>[탕전정보]= 압력탕전<BR>[제형변화]= "
         "녹용<BR>[1일 복용팩수]= 3, [복용일]= 7, [총파우치]= 21, [1팩용량]= 100<BR><BR>[처방메세지]<BR><table border=1 "
         "cellspacing=0 cellpadding=2><tr><td> 잘 부탁합니다 </td></tr></table><BR>[복용법]<BR>",
         "<tr><td>약재비용&nbsp;</td><td>72,040&nbsp;</td><td>note 2&nbsp;</td></tr>",
@@ -118,17 +132,26 @@ TEST(OrderSend, MoneyRules) {
     const struct {
         std::int64_t deposit, cost;
         std::string told, stored = "";
+        std::int64_t spentMeanwhile = 0;  // by another session, behind the first look at the deposit
     } cases[] = {{10000, 10000, success, "11"},
                  {10000, 10001, shortOf("1")},
                  {0, 0, none},
                  {0, 500, none},
                  {-500, 0, shortOf("500")},
-                 {-2000000000, 2000000000, shortOf("4,000,000,000")}};
+                 {-2000000000, 2000000000, shortOf("4,000,000,000")},
+                 {10000, 6000, success, "11", 4000},
+                 {10000, 6000, shortOf("1"), "", 4001},
+                 {10000, 0, none, "", 10000}};
     for (const auto& test : cases) {
         SCOPED_TRACE(std::to_string(test.deposit) + " pays " + std::to_string(test.cost));
         OrderWindow window;
         payFromDeposit(window, test.deposit);
-        window.page.answer = CostPage::priced(test.cost);
+        window.page.answer = CostPage::priced(test.cost, 500);  // mileage pays for no order that earns it
+        window.line->before = [&](const std::string& statement) {
+            if (statement != "BEGIN") return;
+            window.pharmacy->run("INSERT INTO t_Stock (DTR_PK, CBJ_PK, STK_Money) VALUES (1, 0, -" +
+                                 std::to_string(test.spentMeanwhile) + ")");
+        };
         window.run([&] {
             window.priceAndSend();
             EXPECT_FALSE(window.gate.costConfirmed() || window.gate.ssrCBJSend.visible());
@@ -208,7 +231,7 @@ TEST(OrderSend, EachFailingStatementLeavesNothing) {
             EXPECT_FALSE(window.gate.costConfirmed() || window.gate.ssrCBJSend.visible());
         }
     });
-    EXPECT_TRUE(window.sent.empty() && window.logs.empty());
+    EXPECT_TRUE(window.sent.empty() && window.logs().empty());
 }
 
 TEST(OrderSend, AnotherHerbIsNotSentAtTheFormerPrice) {
@@ -271,7 +294,7 @@ TEST(OrderSend, WhatElseGoesWrongIsTold) {
     } cases[] = {
         {[](OrderWindow& w) { w.session.g_xaDrug.set(1, 7, ""); }, {{"처방전전송 에러", ""}}, nothing},
         {[](OrderWindow& w) { w.patient.lblPatientPK.setCaption("x"); }, {{"처방전전송 에러", ""}}, nothing},
-        {[](OrderWindow& w) { w.diskFull = true, w.chartFault = "진료부 닫힘"; },
+        {[](OrderWindow& w) { w.spoilLogFolder(), w.chartFault = "진료부 닫힘"; },
          {{"처방전 로그",
            "[처방전 전송은 정상적으로 전송] 되었습니다. -  처방전 로그 파일 기록에 실패하였습니다."},
           {"처방전 전송", "처방전은 전송되었습니다. 진료부에 전달하는 중 오류 발생 - [진료부 닫힘 ]"},
@@ -323,63 +346,131 @@ TEST(OrderSend, ACommitWithoutAnAnswerIsAskedAfter) {
         window.line->another = [&] {
             return test.answers ? window.pharmacy->connect() : throw basics::Fault("no server");
         };
-        window.diskFull = test.diskFull;
+        if (test.diskFull) window.spoilLogFolder();
         window.run([&] { window.priceAndSend(); });
         const screen::MessageBox box = window.desktop.takeBox();
         EXPECT_EQ(box.caption, test.box.first);
         EXPECT_TRUE(box.text.starts_with(test.box.second)) << box.text;
         EXPECT_EQ(window.sent.size(), test.events);
-        EXPECT_EQ(window.logs.size(), test.files);
+        EXPECT_EQ(window.logs().size(), test.files);
         EXPECT_EQ(written(*window.pharmacy), test.stored ? all : nothing);
     }
 }
 
 TEST(OrderSend, AMarkedSendIsAskedAfterBeforeTheNext) {
-    const std::string time = "2024-05-06 09:08:07", file = "/logs/zelvo/unsettled.txt";
-    const std::string stands = "저장되어 있습니다. 진료부에는 전달되지 않았습니다.";
-    const auto mark = [&](int doctor) { return std::to_string(doctor) + " 345 " + time + " server:1"; };
-    const std::string former = "[" + time + "] 결과를 확인할 수 없었던 처방전은 ";
+    const std::string time = "2024-05-06 09:08:07", file = "unsettled_20240506090807_345.txt";
+    const std::string former = "[" + time + "] [김환자] 결과를 확인할 수 없었던 처방전은 ";
+    const std::string stands = former + "저장되어 있습니다. 진료부에는 전달되지 않았을 수 있습니다.";
+    const std::string unread = "결과를 확인할 수 없었던 처방전의 기록을 읽을 수 없습니다.";
+    const auto mark = [&](int doctor, const std::string& server = "server:1") {
+        return std::to_string(doctor) + "\r\n345\r\n" + time + "\r\n" + server + "\r\n김환자\r\nab\r\n";
+    };
+    enum class Kind { Plain, Folder, Pipe, Held };
     const struct {
-        const char* name;
-        std::string marked;
-        bool stands, lineBroken;
-        Answer answer;
-        std::string told;
-        bool settled, sends;
-    } cases[] = {
-        {"another doctor's", mark(11), false, false, Answer::Yes, "", false, true},
-        {"damaged", "1 99999999999 " + time + " server:1", false, false, Answer::Yes, "", false, true},
-        {"another server's", mark(1) + ".kr", false, false, Answer::Yes, "", false, true},
-        {"it stands and is enough", mark(1), true, false, Answer::No, stands, true, false},
-        {"it stands and this is one more", mark(1), true, false, Answer::Yes, stands, true, true},
-        {"it does not stand", mark(1), false, false, Answer::Yes, "저장되지 않았습니다", true, true},
-        {"the server spelled otherwise", "1 345 " + time + " SERVER:1,1433", true, false, Answer::No, stands,
-         true, false},
-        {"nobody says", mark(1), true, true, Answer::Yes, "지금도", false, false}};
+        const char* name = "";
+        std::string marked = {};
+        const char* storedAt = "";  // the time stamp of an order of that key, where one stands
+        Answer answer = Answer::Yes;
+        std::string told = {};
+        bool settled = false, sends = true, lineBroken = false;
+        Kind kind = Kind::Plain;
+    } cases[] = {{.name = "another doctor's", .marked = mark(11)},
+                 {.name = "another server's", .marked = mark(1, "server:1.kr")},
+                 {.name = "a running send's", .marked = mark(1), .kind = Kind::Held},
+                 {.name = "damaged", .marked = "1\r\n99999999999\r\n", .told = unread},
+                 {.name = "cut off", .marked = mark(1).substr(0, 40), .told = unread},
+                 {.name = "a folder", .told = unread, .kind = Kind::Folder},
+                 {.name = "a pipe", .told = unread, .kind = Kind::Pipe},
+                 {.name = "it stands and is enough",
+                  .marked = mark(1),
+                  .storedAt = time.c_str(),
+                  .answer = Answer::No,
+                  .told = stands,
+                  .settled = true,
+                  .sends = false},
+                 {.name = "it stands and this is one more",
+                  .marked = mark(1),
+                  .storedAt = time.c_str(),
+                  .told = stands,
+                  .settled = true},
+                 {.name = "it does not stand",
+                  .marked = mark(1),
+                  .told = former + "저장되지 않았습니다",
+                  .settled = true},
+                 {.name = "its key was given to another order",
+                  .marked = mark(1),
+                  .storedAt = "2024-05-06 09:08:09",
+                  .told = former + "저장되지 않았습니다",
+                  .settled = true},
+                 {.name = "the server spelled otherwise",
+                  .marked = mark(1, "SERVER:1,1433"),
+                  .storedAt = time.c_str(),
+                  .answer = Answer::No,
+                  .told = stands,
+                  .settled = true,
+                  .sends = false},
+                 {.name = "nobody says",
+                  .marked = mark(1),
+                  .storedAt = time.c_str(),
+                  .told = former + "지금도",
+                  .sends = false,
+                  .lineBroken = true}};
     for (const auto& test : cases) {
         SCOPED_TRACE(test.name);
         OrderWindow window;
         window.compose();
-        if (test.stands)
+        if (*test.storedAt != 0) {
             window.pharmacy->run("INSERT INTO t_ChubangJun (CBJ_PK, DTR_PK, CBJ_RegDate) VALUES (345, 1, '" +
-                                 time + "')");
-        window.logs[file] = test.marked;
+                                 std::string(test.storedAt) + "')");
+        }
+        const std::filesystem::path path = window.machine->path / "zelvo" / file;
+        std::filesystem::create_directories(test.kind == Kind::Folder ? path : path.parent_path());
+        if (test.kind == Kind::Pipe) ::mkfifo(path.c_str(), 0600);
+        if (test.kind == Kind::Plain || test.kind == Kind::Held) std::ofstream(path) << test.marked;
+        std::optional<files::LockedFile> held;
+        if (test.kind == Kind::Held) held.emplace(*files::LockedFile::take(path));
         window.run([&] {
             window.user.press("ssrCostConfirm");
             if (test.lineBroken) window.line->failAt(1);
-            window.desktop.answer(test.answer);
+            if (!test.told.empty()) window.desktop.answer(test.answer);
+            if (test.sends) window.desktop.answer(Answer::No);
             window.user.press("ssrCBJSend");
+            if (!test.told.empty()) {
+                const screen::MessageBox box = window.desktop.takeBox();
+                EXPECT_TRUE(box.text.starts_with(test.told)) << box.text;
+            }
+            if (test.sends) {
+                window.desktop.expectQuestion("처방전 전송 성공", success);
+                window.priceAndSend();  // what can't be read has been told
+                EXPECT_EQ(window.desktop.takeBox().caption, "처방전 전송 성공");
+            }
         });
-        if (!test.told.empty()) {
-            const screen::MessageBox box = window.desktop.takeBox();
-            EXPECT_TRUE(box.text.starts_with(former + test.told)) << box.text;
-        }
-        if (test.sends) {
-            EXPECT_EQ(window.desktop.takeBox().caption, "처방전 전송 성공");
-        }
-        EXPECT_EQ(window.sent.size(), test.sends ? 1U : 0U);
-        EXPECT_EQ(window.logs.contains(file) ? window.logs[file] : "", test.settled ? "" : test.marked);
+        EXPECT_EQ(window.sent.size(), test.sends ? 2U : 0U);
+        EXPECT_EQ(window.logs()[file], test.settled ? "" : test.marked);
     }
+}
+
+TEST(OrderSend, ASendThatRunsIsNobodyElsesBusiness) {
+    OrderWindow first;
+    OrderWindow second(first.pharmacy, first.machine);
+    for (OrderWindow* window : {&first, &second}) window->compose();
+    first.send.Send2Chart.add([&](const ChartRecord&) {  // its chart takes its time
+        second.desktop.answer(Answer::No);
+        second.run([&] {
+            second.priceAndSend();
+            second.desktop.expectQuestion("처방전 전송 성공", success);
+            second.line->before = [&](const std::string& statement) {
+                second.line->failAt(statement == "COMMIT" ? 1 : 0);
+            };
+            second.priceAndSend();
+            EXPECT_EQ(second.desktop.takeBox().caption, "처방전 전송 실패");
+        });
+        EXPECT_EQ(marksOf(first), 1);
+    });
+    first.run([&] { first.priceAndSend(); });
+    first.desktop.expectQuestion("처방전 전송 성공", success);
+    EXPECT_EQ(written(*first.pharmacy), "2 2 2 4 2");
+    EXPECT_EQ(first.logs().size(), 2U) << "one for each order that stands, though of one second";
 }
 
 TEST(OrderSend, ASecondPressAtAnyYieldSendsOnce) {
@@ -410,31 +501,121 @@ TEST(OrderSend, ASecondPressAtAnyYieldSendsOnce) {
     }
 }
 
+using Pharmacy = std::shared_ptr<testing::OrderPharmacy>;
+using Machine = std::shared_ptr<testing::TestFolder>;
+
+/// The doctor's next session sends, with every question answered as its default says; what it is told.
+std::string sendOnceMore(const Pharmacy& pharmacy, const Machine& machine) {
+    OrderWindow window(pharmacy, machine);
+    window.send.Form_Load();
+    window.compose();
+    window.run([&] { window.priceAndSend(); });
+    return window.desktop.takeTexts();
+}
+constexpr const char* left = "결과를 확인할 수 없었던";
+
 TEST(OrderSend, AKilledSendLeavesAllOrNothing) {
     constexpr int statements = 9;
     for (const char* journal : {"delete", "wal"}) {
         for (int at = 1; at <= statements + 1; ++at) {
             SCOPED_TRACE(std::string(journal) + ", killed before statement " + std::to_string(at));
             const auto pharmacy = std::make_shared<testing::OrderPharmacy>();
+            const auto machine = std::make_shared<testing::TestFolder>();
             pharmacy->run(std::string("PRAGMA journal_mode = ") + journal);
-            const pid_t child = ::fork();
-            if (child == 0) {
-                OrderWindow window(pharmacy);
-                window.line->before = [&, left = at](const std::string&) mutable {
-                    if (--left == 0) ::kill(::getpid(), SIGKILL);
-                };
-                window.send.Send2Chart.add([](const ChartRecord&) { ::kill(::getpid(), SIGKILL); });
+            ASSERT_TRUE(testing::diesIn([&] {
+                OrderWindow window(pharmacy, machine);
+                testing::dieAt(*window.line, at);
+                window.send.Send2Chart.add([](const ChartRecord&) { testing::die(); });
                 window.compose();
                 window.run([&] { window.priceAndSend(); });
-                ::_exit(0);
-            }
-            int status = 0;
-            ::waitpid(child, &status, 0);
-            ASSERT_TRUE(WIFSIGNALED(status));
+            }));
             EXPECT_EQ(written(*pharmacy), at <= statements ? nothing : all);
             EXPECT_EQ(pharmacy->value("PRAGMA integrity_check"), "ok");
+            const std::string told = sendOnceMore(pharmacy, machine);
+            EXPECT_EQ(told.find(left) != std::string::npos, at >= statements) << "the order was marked";
+            EXPECT_EQ(written(*pharmacy), all);
+            EXPECT_EQ(machine->files("zelvo").size(), 1U) << "the log of the order that stands";
         }
     }
+}
+
+enum class Told { Done, Failed, Unknown };
+using Program = std::function<Told(const std::function<void()>& arm)>;
+using Check = std::function<void(Told told, bool lasting)>;
+
+/// Runs a program in a process of its own for each call of the system that it makes once it is armed: that
+/// one fails, alone or with all behind it. `prepare` makes what it works on; then what it told is looked at.
+void whileEachCallFails(const std::function<void()>& prepare, const Program& program, const Check& check) {
+    const auto call = [](const char* name) { return ::dlsym(RTLD_DEFAULT, name); };
+    const auto fail = reinterpret_cast<void (*)(const char*, int, bool)>(call("failCalls"));
+    const auto came = reinterpret_cast<bool (*)()>(call("cameToFailure"));
+    for (const char* kind : {"write", "sync", "unlock", "rename", "unlink"}) {
+        for (const bool lasting : {false, true}) {
+            for (int nth = 1, status = 0;; ++nth) {
+                SCOPED_TRACE(std::string(kind) + " " + std::to_string(nth) + (lasting ? " and on" : ""));
+                prepare();
+                const pid_t child = ::fork();
+                if (child == 0) {
+                    const Told told = program([&] { fail(kind, nth, lasting); });
+                    ::_exit(came() ? static_cast<int>(told) : 9);
+                }
+                ::waitpid(child, &status, 0);
+                ASSERT_TRUE(WIFEXITED(status));
+                if (WEXITSTATUS(status) == 9) break;
+                check(static_cast<Told>(WEXITSTATUS(status)), lasting);
+            }
+        }
+    }
+}
+
+TEST(OrderSend, WhateverTheSystemRefusesNoOrderIsToldWronglyOrSentTwice) {
+    if (::dlsym(RTLD_DEFAULT, "failCalls") == nullptr) {  // once more, with the calls preloaded
+        const std::string program = std::filesystem::read_symlink("/proc/self/exe");
+        const std::string command =
+            "ASAN_OPTIONS=verify_asan_link_order=0 LD_PRELOAD=" ZELVO_FAILING_CALLS " ";
+        EXPECT_EQ(std::system((command + program + " --gtest_filter=OrderSend.WhateverTheSystem*").c_str()),
+                  0);
+        return;
+    }
+    Pharmacy pharmacy;
+    Machine machine;
+    const auto prepare = [&] {
+        pharmacy = std::make_shared<testing::OrderPharmacy>();
+        machine = std::make_shared<testing::TestFolder>();
+    };
+    const auto send = [&](const std::function<void()>& arm) {
+        OrderWindow window(pharmacy, machine);
+        window.line->another = [&] { return pharmacy->connect(); };
+        window.compose();
+        window.run([&] {
+            window.user.press("ssrCostConfirm");
+            arm();
+            window.user.press("ssrCBJSend");
+        });
+        const bool unknown = window.desktop.takeTexts().find("확인할 수 없습니다.") != std::string::npos;
+        return !window.sent.empty() ? Told::Done : unknown ? Told::Unknown : Told::Failed;
+    };
+    whileEachCallFails(prepare, send, [&](Told told, bool) {
+        const std::string stands = written(*pharmacy);
+        EXPECT_TRUE(told == Told::Unknown || stands == (told == Told::Done ? all : nothing)) << stands;
+        if (told == Told::Done) return;
+        EXPECT_EQ(sendOnceMore(pharmacy, machine).find(left) != std::string::npos, told == Told::Unknown);
+        EXPECT_EQ(written(*pharmacy), all);
+    });
+    const auto prepareOrder = [&] {
+        prepare();
+        pharmacy->run("INSERT INTO t_ChubangJun (CBJ_PK, DTR_PK, CBJ_IsCanceled) VALUES (345, 1, 0)");
+    };
+    const auto cancel = [&](const std::function<void()>& arm) {
+        const auto line = pharmacy->connect();
+        line->another = [&] { return pharmacy->connect(); };
+        arm();
+        return data::clsZELVORecordSet().Update_CBJCancel(*line, 345) ? Told::Done : Told::Failed;
+    };
+    whileEachCallFails(prepareOrder, cancel, [&](Told told, bool lasting) {
+        const std::string canceled = pharmacy->value("SELECT CBJ_IsCanceled FROM t_ChubangJun");
+        EXPECT_TRUE(canceled == (told == Told::Done ? "1" : "0") || (lasting && told == Told::Failed));
+    });
 }
 
 }  // namespace

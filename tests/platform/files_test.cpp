@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 #include <sys/resource.h>
+#include <sys/stat.h>
 
 #include <csignal>
 #include <cstdlib>
@@ -8,6 +9,7 @@
 #include "basics/Fault.h"
 #include "platform/browser/SystemBrowser.h"
 #include "platform/files/FileSystemObject.h"
+#include "platform/files/WholeFile.h"
 #include "platform/settings/SettingsText.h"
 #include "platform/settings/UserSettings.h"
 #include "support/Files.h"
@@ -44,25 +46,47 @@ struct UserFiles : ::testing::Test {
     files::FileSystemObject files;
 };
 
-TEST_F(UserFiles, ALogIsWrittenWholeAndForItsUserAlone) {
+TEST_F(UserFiles, AFileIsMadeWholeForItsUserAloneAndHeld) {
     const std::string folder = files.fixedFolder("zelvo");
     EXPECT_EQ(folder, (home / ".local/share/zelvo").string());
+    EXPECT_TRUE(files.namesIn(folder).empty());
     files.createFolder(folder);
     EXPECT_EQ(fs::status(folder).permissions(), fs::perms::owner_all);
     const std::string path = folder + "/zelvo_20240229101112.htm";
-    files.writeTextFile(path, std::string(100'000, 'x'));
-    files.writeTextFile(path, "당귀\xff");
+    auto made = files.makeFile(path, "당귀\xff");
+    ASSERT_TRUE(made);
     EXPECT_EQ(testing::contentOf(path), "\xef\xbb\xbf당귀\uFFFD");
     EXPECT_EQ(files.readTextFile(path) + "|" + files.readTextFile(path + "x"), "당귀\uFFFD|");
     EXPECT_THROW(files.readTextFile(folder), basics::Fault);
     EXPECT_EQ(fs::status(path).permissions(), fs::perms::owner_read | fs::perms::owner_write);
-    EXPECT_EQ(entriesOf(folder), 1);
+    EXPECT_FALSE(files.makeFile(path, "another's")) << "what stands there is not this one's to write over";
+    EXPECT_FALSE(files.holdFile(path) || files.holdFile(path + "x"));
+    made = nullptr;
+    const auto held = files.holdFile(path);
+    ASSERT_TRUE(held);
+    EXPECT_EQ(held->text(), "당귀\uFFFD");
+    std::ofstream(folder + "/x.htm.AbCdEf.part") << "of a program that was killed";
+    files.clearHalfWritten(folder);
+    EXPECT_EQ(files.namesIn(folder), std::vector<std::string>{"zelvo_20240229101112.htm"});
+    held->remove();
+    held->remove();
+    EXPECT_EQ(entriesOf(folder), 0);
+}
+
+TEST_F(UserFiles, WhatIsNoPlainFileIsAFaultAndNobodyWaitsForIt) {
+    const std::string pipe = (home / "pipe").string(), file = (home / "file").string();
+    ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
+    std::ofstream(file).flush();
+    for (const std::string& path : {pipe, home.string(), file + "/x"})
+        EXPECT_THROW(files.holdFile(path), basics::Fault) << path;
+    EXPECT_FALSE(files::readPlainFile(pipe) || files::readPlainFile(home));
+    EXPECT_TRUE(files.namesIn(file).empty());
 }
 
 TEST_F(UserFiles, WhatCannotBeWrittenIsSaidAndLeavesEverythingAsItWas) {
     const std::string file = (home / "file").string();
-    files.writeTextFile(file, "before");
-    EXPECT_EQ(faultOf([&] { files.writeTextFile(home.string(), "x"); }),
+    files::writeWholeFile(file, "before");
+    EXPECT_EQ(faultOf([&] { files::writeWholeFile(home.string(), "x"); }),
               "파일 " + home.string() + "에 기록하지 못했습니다. 같은 이름의 폴더가 있습니다.");
 
     // A disk that fills up in the middle: the process may write no file of more than 50,000 bytes.
@@ -71,11 +95,12 @@ TEST_F(UserFiles, WhatCannotBeWrittenIsSaidAndLeavesEverythingAsItWas) {
     const rlimit small{50'000, before.rlim_max};
     const auto handler = std::signal(SIGXFSZ, SIG_IGN);
     setrlimit(RLIMIT_FSIZE, &small);
-    const std::string fault = faultOf([&] { files.writeTextFile(file, std::string(200'000, 'x')); });
+    const std::string fault = faultOf([&] { files::writeWholeFile(file, std::string(200'000, 'x')); });
+    EXPECT_THROW(files.makeFile(file + "2", std::string(200'000, 'x')), basics::Fault);
     setrlimit(RLIMIT_FSIZE, &before);
     std::signal(SIGXFSZ, handler);
     EXPECT_TRUE(fault.starts_with("파일 " + file + "에 기록하지 못했습니다.")) << fault;
-    EXPECT_EQ(testing::contentOf(file), "\uFEFFbefore");
+    EXPECT_EQ(testing::contentOf(file), "before");
     EXPECT_EQ(entriesOf(home), 1);
 }
 

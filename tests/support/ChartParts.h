@@ -1,7 +1,6 @@
 #pragma once
 
 #include <functional>
-#include <map>
 #include <memory>
 #include <optional>
 #include <string>
@@ -53,45 +52,6 @@ private:
         if (fault) throw basics::Fault(*fault);
         return answer;
     }
-};
-
-/// The files of the clinic's machine, and a disk that may be full.
-struct LogFiles {
-    std::map<std::string, std::string> logs;
-    bool diskFull = false;
-
-    void standIn(screen::Desktop& desktop) {
-        desktop.components().add("Scripting.FileSystemObject",
-                                 [this] { return std::make_unique<Component>(*this); });
-    }
-
-private:
-    struct Component : screen::FileSystemObject {
-        explicit Component(LogFiles& owner) : files(owner) {}
-        std::string fixedFolder(std::string_view name) override { return "/logs/" + std::string(name); }
-        bool folderExists(const std::string&) override { return false; }
-        void createFolder(const std::string&) override {
-            if (files.diskFull) throw basics::Fault("disk full");
-        }
-        void writeTextFile(const std::string& path, std::string_view text) override {
-            files.logs[path] = text;
-        }
-        void keepTextFile(const std::string& path, std::string_view text) override {
-            writeTextFile(path, text);
-        }
-        std::vector<std::string> fileNames(const std::string& folder) override {
-            std::vector<std::string> names;
-            for (const auto& [path, text] : files.logs) {
-                if (path.starts_with(folder + "/")) names.push_back(path.substr(folder.size() + 1));
-            }
-            return names;
-        }
-        std::string readTextFile(const std::string& path) override {
-            return files.logs.contains(path) ? files.logs[path] : std::string();
-        }
-        void deleteFile(const std::string& path) override { files.logs.erase(path); }
-        LogFiles& files;
-    };
 };
 
 }  // namespace zelvo::testing

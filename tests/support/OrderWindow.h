@@ -10,22 +10,24 @@
 #include "ordering/OrderSend.h"
 #include "ordering/SendGate.h"
 #include "support/ChartParts.h"
+#include "support/TestFolder.h"
 
 namespace zelvo::testing {
 
 /// The panes and flows of a new order in a small window. No host. A box while a transaction is open fails the
 /// test: the pharmacy would wait for its reader.
-class OrderWindow : public OrderPanes<ordering::SendGate>, public LogFiles {
+class OrderWindow : public OrderPanes<ordering::SendGate> {
 public:
-    explicit OrderWindow(std::shared_ptr<OrderPharmacy> shared = std::make_shared<OrderPharmacy>())
-        : OrderPanes(std::move(shared)) {
+    explicit OrderWindow(std::shared_ptr<OrderPharmacy> shared = std::make_shared<OrderPharmacy>(),
+                         std::shared_ptr<TestFolder> sharedMachine = std::make_shared<TestFolder>())
+        : OrderPanes(std::move(shared)), machine(std::move(sharedMachine)) {
         session.m_DTRPK = 1;
         line->server = "server:1";
         desktop.onBox = [this](const screen::MessageBox& box) {
             EXPECT_FALSE(line->inTransaction) << "a box inside a transaction: " << box.text;
         };
         page.standIn(desktop);
-        standIn(desktop);
+        standIn(machine, desktop);
         send.Send2Chart.add([this](const ordering::ChartRecord& record) {
             sent.push_back(record);
             if (chartFault) throw basics::Fault(*chartFault);
@@ -75,6 +77,12 @@ public:
     }
 
     CostPage page;
+    /// What stands in the folder of logs and marks.
+    std::map<std::string, std::string> logs() const { return machine->files("zelvo"); }
+    /// Nothing can be written there any more.
+    void spoilLogFolder() const { std::ofstream(machine->path / "zelvo").flush(); }
+
+    std::shared_ptr<TestFolder> machine;
     std::optional<std::string> chartFault;
     std::vector<ordering::ChartRecord> sent;
     account::BalanceView balance{form, {}, session};

@@ -44,6 +44,13 @@ screen::MessageBox TestDesktop::takeBox() {
     return box;
 }
 
+std::string TestDesktop::takeTexts() {
+    std::string texts;
+    for (const screen::MessageBox& box : boxes_) texts += box.text + "\n";
+    boxes_.clear();
+    return texts;
+}
+
 void TestDesktop::whenShown(const std::string& window, std::function<void(screen::Window&)> script) {
     scripts_[window].push_back(std::move(script));
 }

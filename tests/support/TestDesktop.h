@@ -30,6 +30,8 @@ public:
     void expectNoBox();
     /// The oldest box not looked at, which then counts as seen.
     screen::MessageBox takeBox();
+    /// The texts of all of those, each with a line end.
+    std::string takeTexts();
     /// Told of each box as it comes.
     std::function<void(const screen::MessageBox&)> onBox = [](const screen::MessageBox&) {};
 

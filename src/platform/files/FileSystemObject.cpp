@@ -1,6 +1,7 @@
 #include "platform/files/FileSystemObject.h"
 
-#include <fstream>
+#include <algorithm>
+#include <optional>
 
 #include "basics/Fault.h"
 #include "basics/Utf8.h"
@@ -8,59 +9,84 @@
 #include "platform/files/WholeFile.h"
 
 namespace zelvo::files {
+namespace {
+
+constexpr std::string_view byteOrderMark = "\uFEFF";
+
+std::string bytesOf(std::string_view text) {
+    return std::string(byteOrderMark) + basics::cleanUtf8(text);
+}
+
+std::string textOf(const std::string& bytes) {
+    std::string text = basics::cleanUtf8(bytes);
+    if (text.starts_with(byteOrderMark)) text.erase(0, byteOrderMark.size());
+    return text;
+}
+
+class HeldFile : public screen::HeldFile {
+public:
+    explicit HeldFile(LockedFile file) : file_(std::move(file)) {}
+    std::string path() const override { return file_.path().string(); }
+    std::string text() const override { return textOf(file_.bytes()); }
+    void remove() override { file_.remove(); }
+
+private:
+    LockedFile file_;
+};
+
+std::unique_ptr<screen::HeldFile> held(std::optional<LockedFile> file) {
+    return file ? std::make_unique<HeldFile>(std::move(*file)) : nullptr;
+}
+
+}  // namespace
 
 std::string FileSystemObject::fixedFolder(std::string_view name) {
     return (dataFolder() / name).string();
-}
-
-bool FileSystemObject::folderExists(const std::string& path) {
-    std::error_code none;
-    return std::filesystem::is_directory(path, none);
 }
 
 void FileSystemObject::createFolder(const std::string& path) {
     makeFolder(path);
 }
 
-void FileSystemObject::writeTextFile(const std::string& path, std::string_view text) {
-    writeWholeFile(path, "\uFEFF" + basics::cleanUtf8(text));
-}
-
-void FileSystemObject::keepTextFile(const std::string& path, std::string_view text) {
-    writeWholeFile(path, "\uFEFF" + basics::cleanUtf8(text), OnDisk::Later);
-}
-
-std::vector<std::string> FileSystemObject::fileNames(const std::string& folder) {
+std::vector<std::string> FileSystemObject::namesIn(const std::string& folder) {
     std::vector<std::string> names;
     std::error_code error;
-    for (std::filesystem::directory_iterator entry(folder, error), end; !error && entry != end;
-         entry.increment(error)) {
-        std::error_code none;
-        if (entry->is_regular_file(none)) names.push_back(entry->path().filename().string());
+    for (std::filesystem::directory_iterator at(folder, error), end; !error && at != end;
+         at.increment(error)) {
+        names.push_back(at->path().filename().string());
     }
-    if (error && error != std::errc::no_such_file_or_directory)
-        throw basics::Fault(folder + " 폴더를 읽을 수 없습니다.");
+    const bool none = error == std::errc::no_such_file_or_directory || error == std::errc::not_a_directory;
+    if (error && !none) throw basics::Fault(folder + " 폴더를 읽을 수 없습니다.");
+    std::sort(names.begin(), names.end());
     return names;
 }
 
+std::unique_ptr<screen::HeldFile> FileSystemObject::makeFile(const std::string& path, std::string_view text) {
+    return held(LockedFile::make(path, bytesOf(text)));
+}
+
+std::unique_ptr<screen::HeldFile> FileSystemObject::holdFile(const std::string& path) {
+    return held(LockedFile::take(path));
+}
+
+void FileSystemObject::keepTextFile(const std::string& path, std::string_view text) {
+    writeWholeFile(path, bytesOf(text), OnDisk::Later);
+}
+
 std::string FileSystemObject::readTextFile(const std::string& path) {
-    std::error_code error;
-    const auto size = std::filesystem::file_size(path, error);
-    if (error == std::errc::no_such_file_or_directory) return {};
-    std::string bytes(error ? 0 : static_cast<std::size_t>(size), '\0');
-    std::ifstream file(path, std::ios::binary);
-    file.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-    if (error || !file) throw basics::Fault(path + " 파일을 읽을 수 없습니다.");
-    std::string text = basics::cleanUtf8(bytes);
-    constexpr std::string_view mark = "\uFEFF";
-    if (text.starts_with(mark)) text.erase(0, mark.size());
-    return text;
+    const auto bytes = readPlainFile(path);
+    if (!bytes) throw basics::Fault(path + " 파일을 읽을 수 없습니다.");
+    return textOf(*bytes);
 }
 
 void FileSystemObject::deleteFile(const std::string& path) {
     std::error_code error;
     std::filesystem::remove(path, error);
     if (error) throw basics::Fault(path + " 파일을 지울 수 없습니다.");
+}
+
+void FileSystemObject::clearHalfWritten(const std::string& folder) {
+    files::clearHalfWritten(folder);
 }
 
 }  // namespace zelvo::files
