@@ -10,6 +10,7 @@
 #include "DataTests.h"
 #include "basics/Fault.h"
 #include "basics/Text.h"
+#include "data/OrderOutcome.h"
 #include "platform/sqlite/SqliteConnection.h"
 
 namespace zelvo::sqlite {
@@ -44,10 +45,12 @@ TEST(SqliteFile, AnotherWriterIsWaitedFor) {
     const auto first = database.connect(), second = database.connect();
     first->begin();
     first->execute("INSERT INTO t_EatGuide (CBJ_PK) VALUES (1)");
+    const std::int32_t key = clsZELVORecordSet().Insert_ChubangJun(*first, sampleOrder());
     std::thread holder([&first] {
         std::this_thread::sleep_for(std::chrono::milliseconds(100));
         EXPECT_EQ(first->commit(), data::CommitOutcome::Done);
     });
+    EXPECT_EQ(data::orderStands(*second, 1, key, sampleOrder().CBJ_RegDate), true) << "it was under way";
     second->begin();
     second->execute("INSERT INTO t_EatGuide (CBJ_PK) VALUES (2)");
     EXPECT_EQ(second->commit(), data::CommitOutcome::Done);
