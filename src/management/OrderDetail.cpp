@@ -53,7 +53,11 @@ void OrderDetail::keepingOrder(const std::function<void()>& action) {
 void OrderDetail::showCurrent() {
     const std::int32_t former = shownKey_;
     forget();
-    list_.onRow() || former == 0 ? Show_CBJmDetail() : static_cast<void>(shows(former));
+    if (list_.onRow()) {
+        Show_CBJmDetail();
+    } else if (former != 0) {
+        shows(former);
+    }
 }
 
 void OrderDetail::Show_CBJmDetail() {
