@@ -51,55 +51,6 @@ TEST(StoredPrescriptions, FindsByNameOrMemoAndOnlyItsOwners) {
     });
 }
 
-/// Three merges in a row, the library coming back each time as it was.
-TEST(StoredPrescriptions, MergesOneOverTheOther) {
-    LibraryDesk desk;
-    desk.run([&] {
-        desk.dose.txtChubsu.setText("20");
-        desk.library(
-            {[&] {
-                 desk.listMine();
-                 desk.user.row("tdbMyChubang", 2);
-                 desk.merge(0);
-             },
-             [&] {
-                 EXPECT_EQ(
-                     desk.lines(),
-                     "당귀|토당귀|2|3.5|320|1120|1|0||\n감초|||2|||2|-1||넣지 말 것\n천궁|||3|||3|-1||\n"
-                     "당귀|토당귀|2|6|320|1920|4|0||또\n작약|작약(국산)|3|4|18|72|5|0||")
-                     << "into an empty table all is copied";
-                 EXPECT_EQ(desk.text("txtChubsu") + desk.text("txtDrugPrice"), "");
-                 desk.gate.outdated = 0;
-                 EXPECT_EQ(desk.grid("tdbMyChubang").currentRow(), 2);
-                 desk.user.tab("c1tabChubangRead", 1);
-                 desk.user.press("sscYakGukCBsearch");
-                 desk.merge(1);
-             },
-             [&] {
-                 EXPECT_EQ(
-                     desk.lines(),
-                     "당귀|토당귀|2|3.5|320|1120|1|0||\n감초|||2|||2|-1||넣지 말 것\n천궁|||3|||3|-1||\n"
-                     "당귀|토당귀|2|6|320|1920|4|0||또\n작약|작약(국산)|3|10|18|180|5|0|1|\n"
-                     "녹각||||||6|-1|1|");
-                 desk.user.tab("c1tabChubangRead", 0);
-                 desk.user.row("tdbMyChubang", 1);
-                 desk.merge(0);
-             },
-             [&] {
-                 EXPECT_EQ(
-                     desk.lines(),
-                     "감초|||2|||1|-1||넣지 말 것\n천궁|||3|||2|-1||\n당귀|토당귀|2|6|320|1920|3|0||또\n"
-                     "작약|작약(국산)|3|10|18|180|4|0|1|\n녹각||||||5|-1||\n"
-                     "당귀|토당귀|2|5|320|1600|6|0|1|볶은")
-                     << "the marks are those of the latest";
-                 desk.user.check("sschkChubangRead(0)", true);
-                 desk.user.check("sschkChubangRead(0)", false);
-                 desk.user.press("sscConfirm(0)");
-             }});
-    });
-    EXPECT_EQ(desk.gate.outdated, 2) << "each merge takes the price back";
-}
-
 TEST(StoredPrescriptions, WithoutHerbsInViewTheMergeOnlyDropsTheMarks) {
     LibraryDesk desk;
     desk.add("당귀|토당귀|2|5|320|1600|1|0|1|");
@@ -150,33 +101,6 @@ TEST(StoredPrescriptions, KeepsMemoAndNoteOfTheRowsInHand) {
         EXPECT_EQ(desk.pharmacy->value("SELECT group_concat(UCB_Note) FROM t_UserChubang WHERE UCB_PK <> 3"),
                   "겨울,봄,공용,겨울");
     }
-}
-
-TEST(StoredPrescriptions, DeletesThePrescriptionInHand) {
-    LibraryDesk desk;
-    desk.run([&] {
-        desk.library({[&] {
-            desk.user.press("sscDelete");
-            desk.listMine();
-            const auto& button = dynamic_cast<screen::Button&>(*desk.shown->field("sscDelete"));
-            desk.desktop.onBox = [&](const screen::MessageBox&) {
-                EXPECT_TRUE(button.textColor() == (screen::Color{192, 0, 0}));
-            };
-            desk.user.press("sscDelete");
-            desk.desktop.takeBox();
-            EXPECT_EQ(desk.column("tdbMyChubang", 0), "3;1;2;");
-            for (const char* left : {"1;2;", "2;", ""}) {
-                desk.desktop.answer(Answer::Yes);
-                desk.user.press("sscDelete");
-                EXPECT_EQ(desk.column("tdbMyChubang", 0), left);
-                desk.desktop.takeBox();
-            }
-            EXPECT_EQ(desk.textIn("rtxMyCBMemo"), "사용자 메모 내용");
-            EXPECT_EQ(desk.grid("tdbMyChubangDetail").rowCount(), 0);
-            EXPECT_EQ(desk.grid("tdbMyChubangDetail").caption(), " 구성약재");
-        }});
-    });
-    EXPECT_EQ(desk.stored(), "4|0|한약국방|공용|작약 3 10 1 ,녹각 6 2 2 \n5|2|남의방|겨울|\n6|1|||\n");
 }
 
 TEST(StoredPrescriptions, WhatFailsIsToldAndLeavesTheStoreAsItWas) {

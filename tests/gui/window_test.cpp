@@ -104,21 +104,21 @@ TEST(Window, AWholeOrderWithoutTheMouse) {
     session.run([&] {
         screen::Window& window = session.hand().front();
         auto& hand = session.hand();
-        const auto tabTo = [&](const std::string& name) {
-            for (int moves = 0; moves < 200 && window.focus()->name() != name; ++moves)
-                hand.pressNamed("Tab");
-            ASSERT_EQ(window.focus()->name(), name);
+        using Road = std::vector<std::pair<const char*, std::vector<std::string>>>;
+        const auto walk = [&](const Road& road) {
+            for (const auto& [field, keys] : road) {
+                for (int moves = 0; moves < 200 && window.focus()->name() != field; ++moves)
+                    hand.pressNamed("Tab");
+                ASSERT_EQ(window.focus()->name(), field);
+                for (const std::string& key : keys) hand.pressNamed(key);
+            }
         };
         hand.pressKey(Qt::Key_4, Qt::AltModifier);
         hand.pressKey(Qt::Key_2, Qt::AltModifier);
         EXPECT_EQ(session.field<screen::TabControl>("c1tMain").current(), 1);
-        tabTo("tdbJobList");
-        hand.pressNamed("Home");
-        hand.pressNamed(" ");
-        tabTo("tdbDGL");
+        walk({{"tdbJobList", {"Home", " "}}, {"tdbDGL", {}}});
         for (const char* herb : {"당귀", "작약"}) {
-            hand.pressNamed("Enter");
-            hand.pressNamed("Home");
+            for (const char* key : {"Enter", "Home"}) hand.pressNamed(key);
             hand.typeText(herb);
             const QTableView& table = session.widget<QTableView>("tdbDGL");
             session.desktop.whenShown("frmYakGukDrug", [&](screen::Window&) {
@@ -128,35 +128,21 @@ TEST(Window, AWholeOrderWithoutTheMouse) {
                 EXPECT_TRUE(away.y() >= 0 && away.y() < 20 && std::abs(away.x()) < 20) << "under the cell";
                 hand.pressNamed("Enter");
             });
-            hand.pressNamed("Enter");
-            hand.typeText("4");
-            hand.pressNamed("Enter");
-            hand.pressNamed("End");
+            for (const char* key : {"Enter", "4", "Enter", "End"}) hand.pressNamed(key);
         }
         EXPECT_EQ(session.session.g_xaDrug.upperRow(), 1);
-        tabTo("txtChubsu");
-        hand.typeText("20");
-        tabTo("tdbTJML");
+        walk({{"txtChubsu", {"2", "0"}}, {"tdbTJML", {}}});
         hand.pressKey(Qt::Key_Backtab, Qt::ShiftModifier);
         EXPECT_NE(window.focus()->name(), "tdbTJML");
-        tabTo("tdbTJML");
-        hand.pressNamed("Home");
-        hand.pressNamed(" ");
-        tabTo("txtDayTuyak");
-        hand.typeText("3");
-        hand.pressNamed("Enter");
-        hand.typeText("7");
-        tabTo("txtPouchAmount");
-        hand.typeText("100");
-        tabTo("cboBesongMethod");
-        hand.pressNamed("Down");
-        tabTo("cboPaymentMethod");
-        hand.pressNamed("Down");
-        tabTo("ssrCostConfirm");
-        hand.pressNamed("Enter");
         session.desktop.answer(screen::Answer::No);
-        tabTo("ssrCBJSend");
-        hand.pressNamed(" ");
+        walk({{"tdbTJML", {"Home", " "}},
+              {"txtDayTuyak", {"3", "Enter"}},
+              {"txtTuyakilsu", {"7"}},
+              {"txtPouchAmount", {"1", "0", "0"}},
+              {"cboBesongMethod", {"Down"}},
+              {"cboPaymentMethod", {"Down"}},
+              {"ssrCostConfirm", {"Enter"}},
+              {"ssrCBJSend", {" "}}});
     });
     while (session.sent.empty()) {
         const auto box = session.desktop.takeBox();

@@ -234,24 +234,6 @@ TEST(OrderSend, AMoneyCheckThatCannotReadStopsTheSend) {
     EXPECT_EQ(written(*window.pharmacy), nothing);
 }
 
-TEST(OrderSend, RunsTheStatementsOfAnOrderAndNoOther) {
-    OrderWindow window;
-    window.compose();
-    window.line->tellsKeys = false;
-    window.run([&] {
-        window.line->statements.clear();
-        window.priceAndSend();
-    });
-    EXPECT_EQ(window.desktop.takeBox().caption, "처방전 전송 성공");
-    std::string begun;
-    for (const std::string& statement : window.line->statements) begun += statement.substr(0, 26) + "\n";
-    EXPECT_EQ(begun,
-              "BEGIN\nSELECT getdate()\nInsert into t_ChubangJun (\nSELECT MAX(CBJ_PK) AS CBJP\n"
-              "SELECT CBJ_PK FROM t_Chuba\n"
-              "Insert into t_Stock (DTR_P\nInsert into t_CBJcostDetai\nInsert into t_CBJDetail (C\n"
-              "Insert into t_CBJDetail (C\nInsert into t_EatGuide (CB\nCOMMIT\n");
-}
-
 TEST(OrderSend, WhatElseGoesWrongIsTold) {
     const struct {
         void (*spoil)(OrderWindow& window);

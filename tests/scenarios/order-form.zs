@@ -8,6 +8,11 @@ key rtxMessage Esc
 expect value tdbJobList 0 0 -1
 expect value tdbJobList 1 0 0
 
+# The pharmacy's herbs are looked at; what is chosen there goes nowhere.
+press ssrYakGukDrug
+key tdbYakgukDrug Enter
+expect rows tdbDGL 0
+
 # A herb, by the keyboard alone, and the same once more; without a name no herb is looked for.
 key tdbDGL Enter Enter
 expect window frmDoctorOCSmain
