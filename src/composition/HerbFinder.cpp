@@ -19,6 +19,7 @@ namespace zelvo::composition {
 namespace {
 
 constexpr std::size_t mostLines = 50;
+constexpr std::chrono::minutes untilNextTry{5};
 constexpr int noMatch = 9;
 
 /// 0 for the likeliest.
@@ -66,11 +67,13 @@ std::vector<std::size_t> HerbFinder::find(const std::vector<Herb>& herbs, const 
     return places;
 }
 
-/// A list that can't be read is asked for at the next entering; typing goes on without it.
+/// A list that can't be read is left alone for a while; typing goes on without it.
 void HerbFinder::load() {
-    if (!all_.empty() || !session_.g_conYakGuk) return;
+    if (!session_.g_conYakGuk || form_.desktop().now() < nextRead_) return;
+    nextRead_ = form_.desktop().now() + untilNextTry;
     data::RecordSet rows;
     if (data::clsZELVORecordSet().RecordSet_YakGukDrugList(*session_.g_conYakGuk, rows, "") == -1) return;
+    nextRead_ = std::chrono::steady_clock::time_point::max();
     for (; !rows.atEnd(); rows.moveNext()) {
         all_.push_back({rows.text("DGL_CallSign"), rows.text("DGL_Internal"), rows.text("DGL_PK"),
                         rows.text("DGD_Danga"), data::running::isTrue(rows.text("DGL_Default"))});
@@ -99,8 +102,13 @@ void HerbFinder::keyDown(int& code) {
             table.suggest({});
             break;
         case screen::keys::enter:
-            if (table.suggested() < 0 && pickerFinds()) return;
-            take(std::max(0, table.suggested()));
+            if (table.suggested() >= 0) {
+                take(table.suggested());
+            } else if (pickerFinds()) {
+                return;
+            } else {
+                table.markSuggestion(0);  // seen before it is taken
+            }
             break;
         default:
             return;
@@ -116,18 +124,17 @@ bool HerbFinder::pickerFinds() const {
     });
 }
 
-/// The price is asked for anew: the list may have been read hours ago.
+/// Name and price are asked for anew: the list may have been read hours ago.
 void HerbFinder::take(int line) {
-    const Herb& herb = all_[offered_.at(static_cast<std::size_t>(line))];
-    PickedHerb picked{herb.name, herb.pharmacyName, basics::toInt32(herb.key), herb.price};
-    std::string name, price;
-    if (data::clsZELVORecordSet().RecordSet_HapBang(session_.connection(), herb.key, name, price) == -1 ||
-        basics::isBlank(price)) {
+    const Herb herb = all_[offered_.at(static_cast<std::size_t>(line))];
+    PickedHerb picked{herb.name, "", basics::toInt32(herb.key), ""};
+    if (data::clsZELVORecordSet().RecordSet_HapBang(session_.connection(), herb.key, picked.pharmacyName,
+                                                    picked.price) == -1 ||
+        basics::isBlank(picked.pharmacyName) || basics::isBlank(picked.price)) {
         form_.desktop().inform("[" + herb.name + "] 약재의 오늘 단가를 확인할 수 없습니다.", "약재 정보");
         return;
     }
-    picked.price = price;
-    herbs_.tdbDGL.cancelEdit();
+    herbs_.tdbDGL.commitEdit();  // another name: what stood behind the former one goes
     herbs_.takeHerb(picked);
     herbs_.tdbDGL.setCurrentColumn(composition::herb::grams);
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <string>
 #include <vector>
 
@@ -10,8 +11,8 @@ namespace zelvo::composition {
 
 /// Offers the pharmacy's herbs beneath the name that is being typed: those that begin with it or hold it, by
 /// initial consonants and with the keyboard in the wrong language too. Down and Up mark one, Enter takes it,
-/// Esc leaves the text. Enter without a mark opens the picker, unless the picker could not find what is
-/// offered.
+/// Esc leaves the text. Enter without a mark opens the picker; where that could not find what is offered, it
+/// marks the first.
 class HerbFinder {
 public:
     HerbFinder(screen::Window& form, session::Session& session, HerbTable& herbs);
@@ -34,7 +35,8 @@ private:
     screen::Window& form_;
     session::Session& session_;
     HerbTable& herbs_;
-    std::vector<Herb> all_;             ///< read once a session, when the table is first entered
+    std::vector<Herb> all_;  ///< read once a session, when the table is first entered
+    std::chrono::steady_clock::time_point nextRead_{};
     std::vector<std::size_t> offered_;  ///< places in `all_`, line by line
 };
 

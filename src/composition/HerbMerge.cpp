@@ -37,7 +37,7 @@ std::optional<float> gramsOf(const std::string& text) {
 
 void HerbTable::Load_DrugFromGrid(screen::Grid& detail) {
     const bool merging = !session_.g_xaDrug.empty();
-    if (merging) onReplacing();
+    onChanging();
     const screen::BusyPointer busy(form_.desktop());
     for (detail.moveFirst(); !detail.atEnd(); detail.moveNext()) {
         form_.desktop().yield();
@@ -50,7 +50,7 @@ void HerbTable::Load_DrugFromGrid(screen::Grid& detail) {
 }
 
 void HerbTable::loadLines(const std::vector<HerbLine>& lines) {
-    onReplacing();
+    onChanging();
     session_.g_xaDrug.reDim(-1, herb::lastColumn);
     for (const HerbLine& line : lines) append(line, false);
     modHanYakGuk::Renumber_DrugRows(form_.desktop(), session_.g_xaDrug);

@@ -114,6 +114,7 @@ void HerbTable::showPlainCaption() {
 /// No cell is exempt, the note included: whoever begins to type in the table has to have the order priced
 /// again.
 void HerbTable::editBegins() {
+    onChanging();
     onCompositionChanged();
     watch_.priceOutdated();
 }
@@ -174,6 +175,7 @@ void HerbTable::pickHerb() {
 }
 
 void HerbTable::takeHerb(const PickedHerb& picked) {
+    onChanging();
     const int row = tdbDGL.currentRow();
     tables::XArrayDB& herbs = session_.g_xaDrug;
     herbs.set(row, herb::name, picked.name);
@@ -207,6 +209,7 @@ void HerbTable::addOrMove() {
     tdbDGL.commitEdit();
     const int next = tdbDGL.currentRow() + 1;
     if (next >= rowCount()) {
+        onChanging();
         session_.g_xaDrug.insertRows(rowCount());
         tdbDGL.refresh();
         tdbDGL.setCurrentRow(rowCount() - 1);
@@ -244,7 +247,7 @@ void HerbTable::deleteRow() {
     tdbDGL.commitEdit();
     if (session_.g_xaDrug.empty()) return;
     if (!form_.desktop().ask("선택된 약재를 삭제하시겠습니까?", "처방약재삭제", screen::Answer::No)) return;
-    onReplacing();
+    onChanging();
     tdbDGL.deleteCurrentRow();
     onCompositionChanged();
     watch_.priceOutdated();
@@ -261,7 +264,7 @@ void HerbTable::resetTable() {
     tdbDGL.commitEdit();
     if (session_.g_xaDrug.empty()) return;
     if (!form_.desktop().ask("약재정보를 초기화하시겠습니까?", "처방약재 초기화", screen::Answer::No)) return;
-    onReplacing();
+    onChanging();
     session_.g_xaDrug.reDim(-1, herb::lastColumn);
     tdbDGL.refresh();
     watch_.priceOutdated();

@@ -55,8 +55,8 @@ public:
     /// A herb line came, went or changed in a way that the packets' price depends on: packets and herb price
     /// are to be emptied.
     screen::Event<> onCompositionChanged;
-    /// Lines are about to go, or to be replaced by others; whoever wants them back takes them now.
-    screen::Event<> onReplacing;
+    /// The lines are about to change; whoever wants them back as they are takes them now.
+    screen::Event<> onChanging;
 
 private:
     void listen();

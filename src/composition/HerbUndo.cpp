@@ -9,15 +9,15 @@ namespace zelvo::composition {
 
 namespace {
 
-constexpr std::size_t mostSteps = 20;
+constexpr std::size_t mostSteps = 100;
 
 }  // namespace
 
 HerbUndo::HerbUndo(screen::Window& form, session::Session& session, HerbTable& herbs,
                    screen::TextField& packets, OrderWatch& watch)
     : form_(form), session_(session), herbs_(herbs), packets_(packets), watch_(watch) {
-    herbs_.onReplacing.add([this] { remember(); });
-    form_.addShortcut({"Ctrl+Z", "삭제, 초기화, 합방한 약재 되돌리기", [this] { return applies(); },
+    herbs_.onChanging.add([this] { remember(); });
+    form_.addShortcut({"Ctrl+Z", "약재 구성 되돌리기", [this] { return applies(); },
                        [this] { form_.userInput([this] { undo(); }); }, nullptr});
 }
 
@@ -29,7 +29,7 @@ bool HerbUndo::applies() const {
     return !steps_.empty() && !inText && !herbs_.tdbDGL.editing() && herbs_.tdbDGL.reachable();
 }
 
-void HerbUndo::remember() {
+HerbUndo::Step HerbUndo::now() const {
     const tables::XArrayDB& lines = session_.g_xaDrug;
     Step step{{}, packets_.text(), herbs_.tdbDGL.currentRow()};
     for (int row = 0; row <= lines.upperRow(); ++row) {
@@ -37,11 +37,21 @@ void HerbUndo::remember() {
         for (int column = 0; column <= herb::lastColumn; ++column)
             step.rows.back().push_back(lines.text(row, column));
     }
+    return step;
+}
+
+void HerbUndo::remember() {
+    Step step = now();
+    if (!steps_.empty() && steps_.back().sameAs(step)) return;
     steps_.push_back(std::move(step));
     if (steps_.size() > mostSteps) steps_.erase(steps_.begin());
 }
 
+/// An edit that came to nothing has left a step that is what stands there.
 void HerbUndo::undo() {
+    const Step current = now();
+    while (!steps_.empty() && steps_.back().sameAs(current)) steps_.pop_back();
+    if (steps_.empty()) return;
     const Step step = std::move(steps_.back());
     steps_.pop_back();
     tables::XArrayDB& lines = session_.g_xaDrug;

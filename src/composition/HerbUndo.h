@@ -9,11 +9,15 @@
 
 namespace zelvo::composition {
 
-/// Takes back what a question alone protects: deleted, reset, merged and replaced herb lines, the last first.
+/// Takes back what happened to the herb lines, the last first: what was typed, taken, deleted, reset, merged
+/// and replaced.
 class HerbUndo {
 public:
     HerbUndo(screen::Window& form, session::Session& session, HerbTable& herbs, screen::TextField& packets,
              OrderWatch& watch);
+
+    /// The composition is settled (it has been sent, or is another doctor's): nothing of it comes back.
+    void forget() { steps_.clear(); }
 
 private:
     /// The composition as it stood: the cells of its rows, and the packets.
@@ -21,9 +25,11 @@ private:
         std::vector<std::vector<std::string>> rows;
         std::string packets;
         int row = -1;
+        bool sameAs(const Step& other) const { return rows == other.rows && packets == other.packets; }
     };
 
     bool applies() const;
+    Step now() const;
     void remember();
     void undo();
 

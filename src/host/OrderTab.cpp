@@ -22,7 +22,10 @@ OrderTab::OrderTab(screen::Window& form, screen::Place tab, session::Session& se
       cost(form, draft, gate),
       send(form, draft, gate, cost, balance),
       keeping(form, tab, draft, gate) {
-    send.Send2Chart.add([this](const ordering::ChartRecord&) { keeping.sent(); });
+    send.Send2Chart.add([this](const ordering::ChartRecord&) {
+        keeping.sent();
+        herbUndo.forget();
+    });
 }
 
 void OrderTab::Form_Load() {

@@ -55,6 +55,7 @@ frmDoctorOCSmain::frmDoctorOCSmain(screen::Desktop& desktop, session::Session& s
         management.detail.On_CBJRowChange(-1);
         balance.Clear_StockView();
         order.keeping.begin();
+        order.herbUndo.forget();
     };
 }
 

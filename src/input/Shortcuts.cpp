@@ -5,6 +5,7 @@
 
 #include "basics/Fault.h"
 #include "screen/Fields.h"
+#include "screen/Grid.h"
 
 namespace zelvo::input {
 
@@ -15,6 +16,7 @@ enum class Does { Focus, Press };
 struct Way {
     std::string_view keys, what, field;
     Does does;
+    std::string_view within = {};  ///< the table that has to have the focus, if one has to
 };
 
 constexpr std::array ways{
@@ -24,9 +26,9 @@ constexpr std::array ways{
     Way{"Ctrl+F8", "제형 변화로", "tdbTJAL", Does::Focus},
     Way{"Ctrl+F7", "환자명으로", "txtPatientName", Does::Focus},
     Way{"Ctrl+P", "지불방식으로", "cboPaymentMethod", Does::Focus},
-    Way{"Ctrl+Delete", "선택된 약재 삭제", "sscDrugDelete", Does::Press},
+    Way{"Ctrl+Delete", "선택된 약재 삭제", "sscDrugDelete", Does::Press, "tdbDGL"},
     Way{"Ctrl+O", "처방 읽어오기", "sscCBJRead", Does::Press},
-    Way{"Ctrl+E", "복용법 작성", "cmdEatGuide", Does::Press},
+    Way{"Ctrl+F6", "복용법 작성", "cmdEatGuide", Does::Press},
     Way{"F9", "비용확인", "ssrCostConfirm", Does::Press},
     Way{"Ctrl+F9", "처방전 전송", "ssrCBJSend", Does::Press},
     Way{"F11", "보관된 처방전 이어서 작성", "cmdDraftTake", Does::Press},
@@ -46,6 +48,17 @@ bool canComeForward(const screen::Field& field) {
     return true;
 }
 
+/// Turns the main tab as a click on it would, the price included; inner pages come forward with the focus.
+void goTo(screen::Field& field) {
+    for (const screen::Field* at = &field; at; at = at->place().holder) {
+        screen::Field* const holder = at->place().holder;
+        if (!holder || holder->name() != "c1tMain") continue;
+        auto& tabs = static_cast<screen::TabControl&>(*holder);
+        if (tabs.current() != at->place().page) static_cast<void>(tabs.userClick(at->place().page));
+    }
+    field.window().userInput([&field] { field.setFocus(); });
+}
+
 void press(screen::Field& field) {
     if (field.kind() == screen::FieldKind::TwoState) {
         static_cast<screen::TwoStateButton&>(field).userPress();
@@ -54,14 +67,20 @@ void press(screen::Field& field) {
     }
 }
 
+/// Whether a table has the focus and none of its cells is open.
+bool isUnwritten(const screen::Field& table) {
+    return table.hasFocus() && !static_cast<const screen::Grid&>(table).editing();
+}
+
 screen::Shortcut shortcut(screen::Field& field, const Way& way) {
     screen::Shortcut made{std::string(way.keys), std::string(way.what), {}, {}, &field};
     if (way.does == Does::Focus) {
         made.applies = [&field] { return canComeForward(field); };
-        made.run = [&field] { field.window().userInput([&field] { field.setFocus(); }); };
+        made.run = [&field] { goTo(field); };
     } else {
-        // A button is pressed where it can be seen.
-        made.applies = [&field] { return field.reachable(); };
+        // A button is pressed where it can be seen; a line is deleted out of its table only.
+        const screen::Field* const within = field.window().field(way.within);
+        made.applies = [&field, within] { return field.reachable() && (!within || isUnwritten(*within)); };
         made.run = [&field] { press(field); };
     }
     return made;

@@ -68,6 +68,7 @@ void OrderReuse::copyHerbs() {
     composition::DoseFields& dose = draft_.dose;
     screen::Grid& ordered = detail_.herbs.tdbCBJmDGL;
     if (!ordered.onRow()) return dose.txtChubsu.setText(detail_.herbs.txtCBJmChubsu.text());
+    draft_.herbs.onChanging();
     draft_.lines().reDim(-1, herb::lastColumn);
     dose.txtChubsu.setText(detail_.herbs.txtCBJmChubsu.text());
     dose.txtDrugPrice.setText(detail_.herbs.txtCBJmDrugCost.text());

@@ -280,7 +280,8 @@ void CostConfirmation::showCosts(const CostAnswer& answer) {
 
 /// The figures stay, so that the doctor can compare.
 bool CostConfirmation::outdated() const {
-    return !m_xaCostConfirm.empty() && !gate_.ssrCBJSend.visible();
+    return !m_xaCostConfirm.empty() && !m_xaCostConfirm.text(0, cost::amount).empty() &&
+           !gate_.ssrCBJSend.visible();
 }
 
 void CostConfirmation::showFreshness() {

@@ -92,6 +92,8 @@ DraftKeeping::DraftKeeping(screen::Window& form, screen::Place orderTab, OrderDr
     cmdDraftTake.onPress.add([this] { take(); });
     cmdDraftDrop.onPress.add([this] { drop(); });
     form_.onSettled.add([this] { keep(); });
+    // The library merges several times within one press.
+    draft_.herbs.onCompositionChanged.add([this] { keep(); });
     listComposition();
     listDelivery();
 }
@@ -99,22 +101,22 @@ DraftKeeping::DraftKeeping(screen::Window& form, screen::Place orderTab, OrderDr
 // In the order in which they can be put back: what a change of the one empties in the other comes later.
 void DraftKeeping::listComposition() {
     composition::OrderOptions& options = draft_.options;
-    addText(draft_.sheet.txtCBJmsg, true);
-    items_.push_back({"rtxEatGuide", true, [this] { return draft_.sheet.rtxEatGuide.rtf(); },
+    addText(draft_.sheet.txtCBJmsg, Part::Composition);
+    items_.push_back({"rtxEatGuide", Part::Composition, [this] { return draft_.sheet.rtxEatGuide.rtf(); },
                       [this](const std::string& rtf) { draft_.sheet.rtxEatGuide.setRtf(rtf); }});
-    addText(draft_.sheet.txtEatGuideHosName, true);
-    addText(draft_.sheet.txtEatGuideCall, true);
+    addText(draft_.sheet.txtEatGuideHosName, Part::Composition);
+    addText(draft_.sheet.txtEatGuideCall, Part::Composition);
     addOption("tdbJobList", options.m_xaJobList, &composition::OrderOptions::chooseJobList);
-    items_.push_back({herbs, true, [this] { return packHerbs(draft_.lines()); },
+    items_.push_back({herbs, Part::Composition, [this] { return packHerbs(draft_.lines()); },
                       [this](const std::string& packed) { draft_.herbs.loadLines(unpackHerbs(packed)); }});
-    addText(draft_.dose.txtDayTuyak, true);
-    addText(draft_.dose.txtTuyakilsu, true);
-    addText(draft_.dose.txtPouchTotal, true);
-    addText(draft_.dose.txtPouchAmount, true);
+    addText(draft_.dose.txtDayTuyak, Part::Composition);
+    addText(draft_.dose.txtTuyakilsu, Part::Composition);
+    addText(draft_.dose.txtPouchTotal, Part::Composition);
+    addText(draft_.dose.txtPouchAmount, Part::Composition);
     addOption("tdbTJML", options.m_xaTJML, &composition::OrderOptions::chooseTJML);
-    items_.push_back({"tdbTJAL", true, [&options] { return selectedKeys(options.m_xaTJAL); },
+    items_.push_back({"tdbTJAL", Part::Composition, [&options] { return selectedKeys(options.m_xaTJAL); },
                       [&options](const std::string& keys) { options.chooseTJAL(keysOf(keys)); }});
-    items_.push_back({packets, true, [this] { return draft_.dose.txtChubsu.text(); },
+    items_.push_back({packets, Part::Composition, [this] { return draft_.dose.txtChubsu.text(); },
                       [this](const std::string& text) {
                           // A herb that is no longer sold has to be replaced first.
                           if (allComplete(draft_.lines())) draft_.dose.txtChubsu.setText(text);
@@ -123,26 +125,31 @@ void DraftKeeping::listComposition() {
 
 void DraftKeeping::listDelivery() {
     composition::PatientDelivery& patient = draft_.patient;
-    items_.push_back({"lblPatientPK", false, [&patient] { return patient.lblPatientPK.caption(); },
+    items_.push_back({"lblPatientPK", Part::Patient, [&patient] { return patient.lblPatientPK.caption(); },
                       [&patient](const std::string& key) { patient.lblPatientPK.setCaption(key); }});
     for (screen::TextField* field :
          {&patient.txtPatientName, &patient.txtPatientJumin, &patient.txtPatientAge, &patient.txtPatientCell,
           &patient.txtPatientTel, &patient.txtPatientEmail, &patient.txtBesongZip, &patient.txtBesongJuso,
-          &patient.txtBesongMsg, &draft_.sender.txtHospitalName, &draft_.sender.txtDoctor,
-          &draft_.sender.txtDoctorCell, &draft_.sender.txtHospitalTel, &draft_.sender.txtBalsongZip,
-          &draft_.sender.txtBalsongJuso}) {
-        addText(*field, false);
+          &patient.txtBesongMsg}) {
+        addText(*field, Part::Patient);
+    }
+    for (screen::TextField* field :
+         {&draft_.sender.txtHospitalName, &draft_.sender.txtDoctor, &draft_.sender.txtDoctorCell,
+          &draft_.sender.txtHospitalTel, &draft_.sender.txtBalsongZip, &draft_.sender.txtBalsongJuso}) {
+        addText(*field, Part::Clinic);
     }
     for (screen::OptionButton* sex : {&patient.ssoSex0, &patient.ssoSex1}) {
-        items_.push_back({sex->name(), false, [sex] { return std::string(sex->value() ? "1" : ""); },
+        items_.push_back({sex->name(), Part::Patient, [sex] { return std::string(sex->value() ? "1" : ""); },
                           [sex](const std::string& set) { sex->setValue(!set.empty()); }});
     }
-    for (screen::ComboList* list : {&patient.cboBesongMethod, &draft_.payment.cboPaymentMethod}) {
-        items_.push_back({list->name(), false, [list] { return list->text(); },
-                          [list](const std::string& entry) { choose(*list, entry); }});
-    }
+    const auto addList = [this](screen::ComboList& list, Part part) {
+        items_.push_back({list.name(), part, [&list] { return list.text(); },
+                          [&list](const std::string& entry) { choose(list, entry); }});
+    };
+    addList(patient.cboBesongMethod, Part::Patient);
+    addList(draft_.payment.cboPaymentMethod, Part::Clinic);
     items_.push_back(
-        {"dtpBesongDate", false,
+        {"dtpBesongDate", Part::Patient,
          [&patient] { return patient.chkBesongDate.value() ? patient.dtpBesongDate.text() : ""; },
          [&patient](const std::string& day) {
              const auto date = basics::parseDate(day);
@@ -151,27 +158,29 @@ void DraftKeeping::listDelivery() {
          }});
 }
 
-void DraftKeeping::addText(screen::TextField& field, bool composed) {
-    items_.push_back({field.name(), composed, [&field] { return field.text(); },
+void DraftKeeping::addText(screen::TextField& field, Part part) {
+    items_.push_back({field.name(), part, [&field] { return field.text(); },
                       [&field](const std::string& text) { field.setText(text); }});
 }
 
 void DraftKeeping::addOption(const std::string& name, const tables::XArrayDB& options,
                              void (composition::OrderOptions::*chosen)(std::int32_t)) {
-    items_.push_back({name, true, [&options] { return selectedKeys(options); },
+    items_.push_back({name, Part::Composition, [&options] { return selectedKeys(options); },
                       [this, chosen](const std::string& key) {
-                          if (basics::IsNumeric(key)) (draft_.options.*chosen)(basics::toInt32(key));
+                          constexpr std::int32_t none = -1;  // no option bears it
+                          (draft_.options.*chosen)(basics::IsNumeric(key) ? basics::toInt32(key) : none);
                       }});
 }
 
 void DraftKeeping::begin() {
-    Texts now = read();
-    if (keeping_ && composes(now)) {
-        for (const Item& item : items_) {
-            if (item.composed) now[item.name] = given_[item.name];
-        }
-        if (!own_.empty()) files_.remove(std::exchange(own_, {}));
+    const Texts now = read();
+    const bool composing = keeping_ && composes(now), samePatient = keeping_ && isOfPatient(mine_);
+    Texts given = now;
+    for (const Item& item : items_) {
+        if ((item.part == Part::Composition && composing) || (item.part == Part::Patient && samePatient))
+            given[item.name] = given_[item.name];
     }
+    const std::string former = std::exchange(own_, {});
     keeping_ = draft_.session.m_DTRPK != 0 && draft_.session.g_conYakGuk != nullptr;
     if (!keeping_) return;
     mine_ = {.DTR_PK = draft_.session.m_DTRPK,
@@ -180,15 +189,24 @@ void DraftKeeping::begin() {
              .server = draft_.session.connection().server,
              .keptAt = {},
              .texts = {}};
-    given_ = settled_ = std::move(now);
-    own_.clear();
+    given_ = settled_ = std::move(given);
+    keep();
+    try {
+        if (!former.empty()) files_.remove(former);
+    } catch (const std::exception&) {
+        // It will be offered once more.
+    }
     offer();
+}
+
+bool DraftKeeping::isOfPatient(const KeptDraft& draft) const {
+    return basics::decimalText(std::int64_t{draft.Patient_PK}) == draft_.patient.lblPatientPK.caption();
 }
 
 /// Whether the composition needs keeping.
 bool DraftKeeping::composes(const Texts& now) const {
     return std::any_of(items_.begin(), items_.end(), [&](const Item& item) {
-        return item.composed && now.at(item.name) != settled_.at(item.name);
+        return item.part == Part::Composition && now.at(item.name) != settled_.at(item.name);
     });
 }
 
@@ -209,7 +227,7 @@ DraftKeeping::Texts DraftKeeping::toKeep(const Texts& now) const {
     Texts kept;
     for (const Item& item : items_) {
         const std::string& text = now.at(item.name);
-        if (item.composed || text != given_.at(item.name)) kept[item.name] = text;
+        if (item.part == Part::Composition || text != given_.at(item.name)) kept[item.name] = text;
     }
     return kept;
 }
@@ -224,18 +242,24 @@ void DraftKeeping::keep() {
     }
 }
 
-/// What was kept last is known by its texts: an input that changed nothing of the order writes nothing.
+/// What was kept last is known by its texts: an input that changed nothing of the order writes nothing. A
+/// corrected address alone is no order in the making.
 void DraftKeeping::keepOrDrop(const Texts& now) {
-    Texts kept = now == settled_ ? Texts() : toKeep(now);
+    Texts kept = composes(now) ? toKeep(now) : Texts();
     if (kept == mine_.texts) return;
-    mine_.texts = std::move(kept);
-    if (mine_.texts.empty()) {
-        if (!own_.empty()) files_.remove(std::exchange(own_, {}));
-        return;
+    if (kept.empty()) {
+        if (!own_.empty()) files_.remove(own_);
+        own_.clear();
+        mine_.texts.clear();
+    } else {
+        if (own_.empty()) own_ = files_.newName(mine_);
+        KeptDraft draft = mine_;
+        draft.texts = std::move(kept);
+        draft.keptAt = basics::dateTimeText(basics::now());
+        files_.write(own_, draft);
+        mine_ = std::move(draft);
     }
-    if (own_.empty()) own_ = files_.newName(mine_);
-    mine_.keptAt = basics::dateTimeText(basics::now());
-    files_.write(own_, mine_);
+    if (std::exchange(failed_, false) && shown_.empty()) c1eDraft.setVisible(false);
 }
 
 /// The order itself is in order; that it is not kept is told once, in a line.

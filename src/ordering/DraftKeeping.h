@@ -35,24 +35,25 @@ public:
 
 private:
     using Texts = std::map<std::string, std::string>;
-    /// A part of the order by its name; those of the composition are kept whole, all others where they
-    /// differ from what the chart gave.
+    /// The composition is kept whole, the rest where it differs from what the chart gave.
+    enum class Part { Composition, Patient, Clinic };
     struct Item {
         std::string name;
-        bool composed;
+        Part part;
         std::function<std::string()> read;
         std::function<void(const std::string&)> put;
     };
 
     void listComposition();
     void listDelivery();
-    void addText(screen::TextField& field, bool composed);
+    void addText(screen::TextField& field, Part part);
     void addOption(const std::string& name, const tables::XArrayDB& options,
                    void (composition::OrderOptions::*choose)(std::int32_t));
 
     Texts read() const;
     Texts toKeep(const Texts& now) const;
     bool composes(const Texts& now) const;
+    bool isOfPatient(const KeptDraft& draft) const;
     void keep();
     void keepOrDrop(const Texts& now);
     void tellUnkept();

@@ -24,7 +24,7 @@ void Grid::refresh() {
     const int before = row_;
     generation_ = generation;
     rows_ = static_cast<int>(std::min<std::size_t>(there, INT_MAX));
-    if (edit_ && (replaced || edit_->row >= rows_)) edit_.reset();
+    if (edit_ && (replaced || edit_->row >= rows_)) cancelEdit();
 
     const bool fresh = rows_ > 0 && (replaced || before < 0);
     row_ = fresh ? 0 : std::min(before, rows_ - 1);

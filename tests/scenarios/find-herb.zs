@@ -16,9 +16,10 @@ expect entries tdbDGL "감초  감초(중국)  11원  권장" "구척  구척(�
 key tdbDGL Esc
 expect entries tdbDGL
 expect rows tdbDGL 2
-# What the picker could not find is taken by Enter alone; what it finds opens it, as ever.
+# What the picker could not find is marked by Enter, and taken by the next; what it finds opens it, as ever.
 cell tdbDGL "약재명" ""
-key tdbDGL r k a c h
+key tdbDGL r k a c h Enter
+expect selected tdbDGL 0
 key tdbDGL Enter
 expect window frmDoctorOCSmain
 show tdbDGL
@@ -39,6 +40,15 @@ shortcut Ctrl+Z
 expect rows tdbDGL 2
 expect cell tdbDGL 0 "용량(g)" 6
 expect caption tdbDGL " 1첩 기준의 약재 구성 [2]"
+# Another name takes the grams of the former one away; that comes back too.
+cellkey tdbDGL "약재명" Left
+key tdbDGL 감 초 Down Enter
+expect cell tdbDGL 0 "용량(g)" ""
+expect txtChubsu ""
+shortcut Ctrl+Z
+shortcut Ctrl+Z
+expect cell tdbDGL 0 "용량(g)" 6
+expect txtChubsu 10
 # The keys of the daily road, and a price that no longer holds.
 shortcut F7
 expect focus txtChubsu
@@ -56,6 +66,12 @@ cellbutton tdbJobList 0
 expect hidden lblCostOutdated
 shortcut F9
 expect shown ssrCBJSend
+shortcut Ctrl+F
+expect tab c1tMain 2
+shortcut F7
+expect tab c1tMain 1
+expect hidden ssrCBJSend
+shortcut F9
 expect hidden lblCostOutdated
 type txtChubsu 11
 expect shown lblCostOutdated

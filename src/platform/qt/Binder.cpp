@@ -215,6 +215,7 @@ bool Binder::isShortcut(const QKeyEvent& event) {
         return one.keys == name && one.applies();
     });
     if (!bears) return false;
+    if (event.isAutoRepeat()) return true;
     QGuiApplication::inputMethod()->commit();
     static_cast<void>(window_.userShortcut(name));
     window_.desktop().deliverKeys();
