@@ -11,6 +11,8 @@ namespace zelvo::ordering {
 
 namespace {
 
+constexpr std::string_view draftEnding = ".txt", holdEnding = ".held";
+
 /// "draft_17_1024_": what the names of an owner's drafts begin with.
 std::string beginning(const KeptDraft& owner) {
     return "draft_" + basics::decimalText(std::int64_t{owner.DTR_PK}) + "_" +
@@ -27,12 +29,13 @@ bool isOf(const KeptDraft& draft, const KeptDraft& owner) {
 std::vector<DraftFiles::Found> DraftFiles::of(const KeptDraft& owner) const {
     const auto files = fileSystem(desktop_);
     std::vector<Found> found;
-    for (const std::string& name : files->namesIn(clinicFolder(*files))) {
-        if (!name.starts_with(beginning(owner)) || !name.ends_with(".txt")) continue;
+    for (const std::string& file : files->namesIn(clinicFolder(*files))) {
+        if (!file.starts_with(beginning(owner)) || !file.ends_with(draftEnding)) continue;
+        const std::string name = file.substr(0, file.size() - draftEnding.size());
         try {
             std::optional<KeptDraft> draft =
-                readDraft(files->readTextFile(clinicFolder(*files) + "/" + name));
-            if (draft && isOf(*draft, owner)) found.push_back({name, std::move(*draft)});
+                readDraft(files->readTextFile(clinicFolder(*files) + "/" + file));
+            if (draft && isOf(*draft, owner) && hold(name)) found.push_back({name, std::move(*draft)});
         } catch (const basics::Fault&) {
             // A damaged draft stands in nobody's way.
         }
@@ -42,25 +45,37 @@ std::vector<DraftFiles::Found> DraftFiles::of(const KeptDraft& owner) const {
     return found;
 }
 
-std::string DraftFiles::newName(const KeptDraft& owner) const {
+DraftFiles::Held DraftFiles::make(const KeptDraft& owner) const {
     const auto files = fileSystem(desktop_);
-    const std::string stamp = timeDigits(basics::dateTimeText(basics::now()));
-    const std::vector<std::string> taken = files->namesIn(clinicFolder(*files));
-    std::string name = beginning(owner) + stamp + ".txt";
-    for (std::int64_t more = 2; std::find(taken.begin(), taken.end(), name) != taken.end(); ++more)
-        name = beginning(owner) + stamp + "_" + basics::decimalText(more) + ".txt";
-    return name;
+    const std::string folder = clinicFolder(*files);
+    files->createFolder(folder);
+    auto hold = makeUnderFreeName(
+        *files, folder + "/" + beginning(owner) + timeDigits(basics::dateTimeText(basics::now())), holdEnding,
+        "");
+    std::string name = hold->path().substr(folder.size() + 1);
+    name.resize(name.size() - holdEnding.size());
+    return {std::move(name), std::move(hold)};
 }
 
-void DraftFiles::write(const std::string& name, const KeptDraft& draft) const {
+std::optional<DraftFiles::Held> DraftFiles::hold(const std::string& name) const {
     const auto files = fileSystem(desktop_);
-    files->createFolder(clinicFolder(*files));
-    files->keepTextFile(clinicFolder(*files) + "/" + name, writeDraft(draft));
+    const std::string path = clinicFolder(*files) + "/" + name + std::string(holdEnding);
+    auto hold = files->makeFile(path, "");
+    if (!hold) hold = files->holdFile(path);
+    if (!hold) return std::nullopt;
+    return Held{name, std::move(hold)};
 }
 
-void DraftFiles::remove(const std::string& name) const {
+void DraftFiles::write(const Held& held, const KeptDraft& draft) const {
     const auto files = fileSystem(desktop_);
-    files->deleteFile(clinicFolder(*files) + "/" + name);
+    files->keepTextFile(clinicFolder(*files) + "/" + held.name + std::string(draftEnding), writeDraft(draft));
+}
+
+void DraftFiles::remove(Held& held) const {
+    const auto files = fileSystem(desktop_);
+    files->deleteFile(clinicFolder(*files) + "/" + held.name + std::string(draftEnding));
+    held.hold->remove();
+    held = {};
 }
 
 }  // namespace zelvo::ordering

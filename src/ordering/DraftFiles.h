@@ -1,5 +1,6 @@
 #pragma once
 
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -9,7 +10,8 @@
 
 namespace zelvo::ordering {
 
-/// The kept drafts of this machine: a file each, beside the logs of the sends.
+/// The kept drafts of this machine: a file each beside the logs of the sends, and one by which a session
+/// holds it.
 class DraftFiles {
 public:
     explicit DraftFiles(screen::Desktop& desktop) : desktop_(desktop) {}
@@ -18,15 +20,22 @@ public:
         std::string name;
         KeptDraft draft;
     };
-    /// The drafts of the doctor and patient of `owner` at its server, the newest first. One that can't be
-    /// read is left out. Throws Fault when the folder can't be read.
+    /// A draft that this session holds: no other session offers it, however this one ends.
+    struct Held {
+        std::string name;
+        std::unique_ptr<screen::HeldFile> hold;
+    };
+    /// The drafts of the doctor and patient of `owner` at its server that no other session holds, the newest
+    /// first. One that can't be read is left out. Throws Fault when the folder can't be read.
     std::vector<Found> of(const KeptDraft& owner) const;
-    /// A name for a new draft.
-    std::string newName(const KeptDraft& owner) const;
+    /// A new draft, held and not yet written. Throws Fault when that can't be done.
+    Held make(const KeptDraft& owner) const;
+    /// Holds a draft that stands; nothing when another session was quicker. Throws Fault.
+    std::optional<Held> hold(const std::string& name) const;
     /// Whole, or as it stood before. Throws Fault when it can't be written.
-    void write(const std::string& name, const KeptDraft& draft) const;
-    /// Throws Fault when it can't be taken away.
-    void remove(const std::string& name) const;
+    void write(const Held& held, const KeptDraft& draft) const;
+    /// Throws Fault when it can't be taken away; then it is held still.
+    void remove(Held& held) const;
 
 private:
     screen::Desktop& desktop_;

@@ -180,7 +180,7 @@ void DraftKeeping::begin() {
         if ((item.part == Part::Composition && composing) || (item.part == Part::Patient && samePatient))
             given[item.name] = given_[item.name];
     }
-    const std::string former = std::exchange(own_, {});
+    DraftFiles::Held former = std::exchange(own_, {});
     keeping_ = draft_.session.m_DTRPK != 0 && draft_.session.g_conYakGuk != nullptr;
     if (!keeping_) return;
     mine_ = {.DTR_PK = draft_.session.m_DTRPK,
@@ -192,7 +192,7 @@ void DraftKeeping::begin() {
     given_ = settled_ = std::move(given);
     keep();
     try {
-        if (!former.empty()) files_.remove(former);
+        if (former.hold) files_.remove(former);
     } catch (const std::exception&) {
         // It will be offered once more.
     }
@@ -248,11 +248,10 @@ void DraftKeeping::keepOrDrop(const Texts& now) {
     Texts kept = composes(now) ? toKeep(now) : Texts();
     if (kept == mine_.texts) return;
     if (kept.empty()) {
-        if (!own_.empty()) files_.remove(own_);
-        own_.clear();
+        if (own_.hold) files_.remove(own_);
         mine_.texts.clear();
     } else {
-        if (own_.empty()) own_ = files_.newName(mine_);
+        if (!own_.hold) own_ = files_.make(mine_);
         KeptDraft draft = mine_;
         draft.texts = std::move(kept);
         draft.keptAt = basics::dateTimeText(basics::now());
@@ -271,7 +270,7 @@ void DraftKeeping::tellUnkept() {
     c1eDraft.setVisible(true);
 }
 
-/// The newest draft that is not this session's own, if there is one.
+/// The newest draft that no session holds, if there is one.
 void DraftKeeping::offer() {
     shown_.clear();
     std::vector<DraftFiles::Found> found;
@@ -280,7 +279,6 @@ void DraftKeeping::offer() {
     } catch (const std::exception&) {
         // Nothing to offer.
     }
-    std::erase_if(found, [this](const DraftFiles::Found& one) { return one.name == own_; });
     c1eDraft.setVisible(!found.empty());
     cmdDraftTake.setVisible(!found.empty());
     cmdDraftDrop.setVisible(!found.empty());
@@ -299,12 +297,13 @@ void DraftKeeping::take() {
     std::vector<DraftFiles::Found> found = files_.of(mine_);
     const auto taken = std::find_if(found.begin(), found.end(),
                                     [this](const DraftFiles::Found& one) { return one.name == shown_; });
-    if (taken == found.end()) return offer();
+    std::optional<DraftFiles::Held> held = files_.hold(shown_);
+    if (taken == found.end() || !held) return offer();
     const screen::BusyPointer busy(form_.desktop());
     draft_.dose.txtChubsu.setText("");  // priced anew by what comes in
     watch_.priceOutdated();
     restore(taken->draft.texts);
-    own_ = taken->name;
+    own_ = std::move(*held);
     mine_.texts = toKeep(read());
     offer();
     draft_.herbs.tdbDGL.setFocus();
@@ -312,7 +311,7 @@ void DraftKeeping::take() {
 
 void DraftKeeping::drop() {
     try {
-        files_.remove(shown_);
+        if (auto held = files_.hold(shown_)) files_.remove(*held);
     } catch (const std::exception& fault) {
         form_.desktop().alarm(fault.what(), cmdDraftDrop.caption());
         return;

@@ -68,9 +68,10 @@ private:
     DraftFiles files_;
     std::vector<Item> items_;
     bool keeping_ = false, failed_ = false;
-    KeptDraft mine_;           ///< whose drafts this session keeps; its texts are unused
-    Texts given_, settled_;    ///< as the chart gave it; as it needs no keeping
-    std::string own_, shown_;  ///< names of this session's draft, "" before its first, and of the offered one
+    KeptDraft mine_;         ///< whose drafts this session keeps; its texts are unused
+    Texts given_, settled_;  ///< as the chart gave it; as it needs no keeping
+    DraftFiles::Held own_;   ///< this session's draft, none before its first
+    std::string shown_;      ///< name of the offered one
 };
 
 }  // namespace zelvo::ordering
