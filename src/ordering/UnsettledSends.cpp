@@ -75,7 +75,7 @@ std::vector<UnsettledSends::Left> UnsettledSends::left(std::int32_t DTR_PK, cons
         const std::string folder = clinicFolder(*files);
         for (const std::string& name : files->namesIn(folder)) {
             if (!name.starts_with(markName) || !name.ends_with(markEnding)) continue;
-            std::optional<Left> one = readLeft(*files, folder + "/" + name);
+            std::optional<Left> one = readLeft(*files, basics::join({folder, name}, "/"));
             if (one && one->send.DTR_PK == DTR_PK && isSameServer(one->send.server, server))
                 sends.push_back(std::move(*one));
         }
