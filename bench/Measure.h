@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
+#include <ctime>
 #include <functional>
 #include <limits>
 
@@ -15,6 +16,14 @@ inline double milliseconds(const std::function<void()>& work) {
     return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start).count();
 }
 
+/// The same in the time that the process had a processor: for what has to be done within so many of them,
+/// whatever else the machine does.
+inline double processorMilliseconds(const std::function<void()>& work) {
+    const std::clock_t start = std::clock();
+    work();
+    return 1000.0 * static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC;
+}
+
 /// What is measured and its floor in turns, the minimum of each: what else the machine does hits both alike.
 class Comparison {
 public:
@@ -23,7 +32,8 @@ public:
     void floor(const std::function<void()>& work) { floor_ = std::min(floor_, milliseconds(work)); }
     /// The floor was measured as part of something else.
     void floorIs(double milliseconds) { floor_ = std::min(floor_, milliseconds); }
-    void measured(const std::function<void()>& work) { measured_ = std::min(measured_, milliseconds(work)); }
+    void measured(const std::function<void()>& work) { measuredIs(milliseconds(work)); }
+    void measuredIs(double milliseconds) { measured_ = std::min(measured_, milliseconds); }
 
     /// Prints "name ratio floor_ms measured_ms"; true when the ratio is within its limit.
     bool report() const {

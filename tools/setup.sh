@@ -18,7 +18,7 @@ need() {
 }
 
 build_packages=(g++ cmake ninja-build ccache pkg-config libsqlite3-dev libcurl4-openssl-dev libcpp-httplib-dev
-                unixodbc-dev qt6-base-dev libxcb1-dev)
+                unixodbc-dev qt6-base-dev libxcb1-dev libgumbo-dev)
 run_packages=(sqlite3 ca-certificates fonts-nanum qt6-translations-l10n tdsodbc)
 # Where the display is a Wayland one that runs no X programs.
 wayland_packages=(qt6-wayland)

@@ -42,4 +42,12 @@ QColor readableOn(const QColor& ground, const QColor& color) {
     return end;
 }
 
+QPalette paper(QPalette palette) {
+    palette.setColor(QPalette::Base, Qt::white);
+    palette.setColor(QPalette::Text, Qt::black);
+    palette.setColor(QPalette::Disabled, QPalette::Text, QColor(0x60, 0x60, 0x60));
+    palette.setColor(QPalette::Link, QColor(paperLink));
+    return palette;
+}
+
 }  // namespace zelvo::qt

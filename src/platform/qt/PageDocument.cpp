@@ -51,25 +51,37 @@ void PageDocument::showSentence(const QString& sentence) {
     setPlainText(sentence);
 }
 
-std::vector<QUrl> PageDocument::showContent(const screen::WebContent& content) {
-    startAnew();
-    setBaseUrl(QUrl(qtText(content.address)));
+PageContent PageDocument::contentOf(const screen::WebContent& content) {
+    const QUrl address(qtText(content.address));
+    PageContent page{{}, address, {}, {}};
+    bool shown = false;
     if (content.type.starts_with("image/")) {
-        const QImage picture = pictureIn(content.body);
-        setHtml(QLatin1String("<img src=\"picture:\">"));
-        addPicture(QUrl(QStringLiteral("picture:")), picture);
+        page.html = R"(<img src="picture:">)";
+        page.picture = pictureIn(content.body);
+        shown = true;
     } else if (content.type.empty() || content.type == "text/html" ||
                content.type == "application/xhtml+xml") {
-        setHtml(qtText(readablePage(content.body)));
-        return picturesWanted();
+        const ReadablePage read = readablePage(content.body);
+        page.html = read.html;
+        if (const QUrl base = address.resolved(QUrl(qtText(read.base))); isWeb(base)) page.base = base;
+        // A page with something to read is read; its readers are not sent away under their eyes.
+        if (!read.shown && !read.forward.empty())
+            page.forward = page.base.resolved(QUrl(qtText(read.forward)));
+        shown = read.shown;
     } else if (content.type.starts_with("text/")) {
-        const QString text = qtText(content.body).toHtmlEscaped().replace(u'\n', QLatin1String("<br>"));
-        setHtml(qtText(readablePage(utf8(text))));
-    } else {
-        setPlainText(
-            QStringLiteral("이 창에서 볼 수 없는 형식의 공지사항입니다. 인터넷 브라우저로 여십시오."));
+        page.html = readableText(content.body).html;
+        shown = true;
     }
-    return {};
+    if (!shown) page.html = "이 창에서 볼 수 없는 형식의 공지사항입니다. 인터넷 브라우저로 여십시오.";
+    return page;
+}
+
+std::vector<QUrl> PageDocument::showContent(const PageContent& content) {
+    startAnew();
+    setBaseUrl(content.base);
+    setHtml(qtText(content.html));
+    if (!content.picture.isNull()) addPicture(QUrl(QStringLiteral("picture:")), content.picture);
+    return picturesWanted();
 }
 
 std::vector<QUrl> PageDocument::picturesWanted() {

@@ -15,6 +15,7 @@ public:
     void open() { tables_.emplace_back(); }
     void close() { tables_.pop_back(); }
     std::size_t depth() const { return tables_.size(); }
+    std::size_t cells() const { return cells_; }
 
     /// A row of the innermost table comes; false when there is no room for it. A cell likewise.
     bool takesRow() {
@@ -39,7 +40,7 @@ public:
     static constexpr int longestSpan = 50;  ///< rows
 
 private:
-    static constexpr std::size_t most = 20'000, mostColumns = 200;
+    static constexpr std::size_t most = 5'000, mostColumns = 50;
 
     struct Table {
         std::size_t rows = 0, columns = 1, inRow = 0;

@@ -10,6 +10,7 @@
 #include <memory>
 
 #include "basics/Fault.h"
+#include "platform/qt/Contrast.h"
 #include "platform/qt/Owned.h"
 #include "platform/qt/PageDocument.h"
 #include "platform/qt/Texts.h"
@@ -24,17 +25,9 @@ using namespace std::chrono_literals;
 
 /// Pictures fetched at a time.
 constexpr std::size_t mostHands = 4;
+constexpr int mostForwards = 5;
 /// A page is finished without those that have not come by then.
 constexpr auto timeForPictures = 10s;
-
-/// Pages are written for black on white.
-QPalette paper(QPalette palette) {
-    palette.setColor(QPalette::Base, Qt::white);
-    palette.setColor(QPalette::Text, Qt::black);
-    palette.setColor(QPalette::Disabled, QPalette::Text, QColor(0x60, 0x60, 0x60));
-    palette.setColor(QPalette::Link, QColor(0x00, 0x3c, 0xb4));
-    return palette;
-}
 
 }  // namespace
 
@@ -87,8 +80,7 @@ void WebMirror::navigate(const std::string& address) {
     address_ = address;
     hands_.emplace_back([this, address, turn = turn_](const std::stop_token& stopped) {
         try {
-            if (!fetch_) throw basics::Fault("이 컴퓨터에서는 웹페이지를 읽을 수 없습니다.");
-            const auto content = std::make_shared<const screen::WebContent>(fetch_(address, stopped));
+            const auto content = std::make_shared<const PageContent>(fetchPage(address, stopped));
             emit handed(turn, [this, content] { pageCame(*content); });
         } catch (const std::exception& fault) {
             emit handed(turn, [this, reason = std::string(fault.what())] { pageFailed(reason); });
@@ -96,7 +88,20 @@ void WebMirror::navigate(const std::string& address) {
     });
 }
 
-void WebMirror::pageCame(const screen::WebContent& content) {
+/// A page that only sends on to another is followed as a redirect is: a few times, and from https to https.
+PageContent WebMirror::fetchPage(const std::string& address, const std::stop_token& stopped) const {
+    if (!fetch_) throw basics::Fault("이 컴퓨터에서는 웹페이지를 읽을 수 없습니다.");
+    PageContent page = PageDocument::contentOf(fetch_(address, stopped));
+    for (int sent = 0; sent < mostForwards && !page.forward.isEmpty(); ++sent) {
+        const QString scheme = page.forward.scheme();
+        const bool weaker = page.base.scheme() == QLatin1String("https") && scheme == QLatin1String("http");
+        if (weaker || !scheme.startsWith(QLatin1String("http"))) break;
+        page = PageDocument::contentOf(fetch_(page.forward.toEncoded().toStdString(), stopped));
+    }
+    return page;
+}
+
+void WebMirror::pageCame(const PageContent& content) {
     const std::vector<QUrl> wanted = page_.showContent(content);
     browser_.moveCursor(QTextCursor::Start);
     browser_.verticalScrollBar()->setValue(0);

@@ -21,6 +21,7 @@ class WebView;
 namespace zelvo::qt {
 
 class PageDocument;
+struct PageContent;
 
 /// A page of the web. It is fetched off the window's thread, its pictures after it, and shown as a document;
 /// what the user clicks in it opens in the system's browser.
@@ -40,7 +41,8 @@ private:
     void draw() override {}
     void navigate(const std::string& address);
     void stop();
-    void pageCame(const screen::WebContent& content);
+    PageContent fetchPage(const std::string& address, const std::stop_token& stopped) const;
+    void pageCame(const PageContent& content);
     void pageFailed(const std::string& reason);
     void fetchPictures(const std::vector<QUrl>& wanted);
     QImage fetchPicture(const std::string& address, const std::stop_token& stopped) const;

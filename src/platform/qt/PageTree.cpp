@@ -1,0 +1,96 @@
+#include "platform/qt/PageTree.h"
+
+#include <algorithm>
+#include <chrono>
+#include <csetjmp>
+
+namespace zelvo::qt {
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+constexpr std::size_t mostMemory = std::size_t{128} * 1024 * 1024, pieceSize = std::size_t{1024} * 1024;
+constexpr auto mostTime = std::chrono::seconds(2);
+/// What stands behind is not read: of so many tags no window shows more than a part.
+constexpr std::size_t mostTags = 100'000;
+
+std::string_view beginning(std::string_view html) {
+    std::size_t tags = 0;
+    for (std::size_t at = 0; at < html.size(); ++at) {
+        if (html[at] == '<' && ++tags > mostTags) return html.substr(0, at);
+    }
+    return html;
+}
+
+}  // namespace
+
+/// Where the parser's tree lives, all of it until the end. The rules by which browsers mend a page let a
+/// small one grow beyond all bounds; the parser itself knows none, so it is left here, from within its own
+/// request for memory. No object of ours lives between here and there.
+class PageTree::Memory {
+public:
+    std::jmp_buf givenUp;
+
+    GumboOptions options() {
+        GumboOptions options = kGumboDefaultOptions;
+        options.allocator = [](void* memory, std::size_t bytes) {
+            return static_cast<Memory*>(memory)->take(bytes);
+        };
+        options.deallocator = [](void*, void*) {};
+        options.userdata = this;
+        options.max_errors = 0;
+        return options;
+    }
+
+private:
+    void* take(std::size_t bytes) {
+        constexpr std::size_t alignment = alignof(std::max_align_t), turns = 64;
+        const std::size_t wanted = (bytes + alignment - 1) / alignment * alignment;
+        const bool late = ++requests_ % turns == 0 && Clock::now() > end_;
+        if (wanted > mostMemory - taken_ || late) std::longjmp(givenUp, 1);
+        taken_ += wanted;
+        if (wanted > left_) {
+            left_ = std::max(wanted, pieceSize);
+            pieces_.push_back(std::make_unique_for_overwrite<std::byte[]>(left_));
+            next_ = pieces_.back().get();
+        }
+        void* const given = next_;
+        next_ += wanted;
+        left_ -= wanted;
+        return given;
+    }
+
+    std::vector<std::unique_ptr<std::byte[]>> pieces_;
+    std::byte* next_ = nullptr;
+    std::size_t left_ = 0, taken_ = 0, requests_ = 0;
+    Clock::time_point end_ = Clock::now() + mostTime;
+};
+
+PageTree::PageTree(std::string_view html) : html_(beginning(html)), memory_(std::make_unique<Memory>()) {
+    read();
+}
+
+PageTree::~PageTree() = default;
+
+void PageTree::read() {
+    const GumboOptions options = memory_->options();
+    if (setjmp(memory_->givenUp) != 0) return;
+    root_ = gumbo_parse_with_options(&options, html_.data(), html_.size())->root;
+}
+
+const GumboNode* PageTree::child(const GumboNode& element, GumboTag tag) {
+    const GumboVector& children = element.v.element.children;
+    for (unsigned i = 0; i < children.length; ++i) {
+        const auto* const node = static_cast<const GumboNode*>(children.data[i]);
+        if (node->type == GUMBO_NODE_ELEMENT && node->v.element.tag == tag) return node;
+    }
+    return nullptr;
+}
+
+std::string_view PageTree::attribute(const GumboNode& element, const char* name) {
+    const GumboAttribute* const found = gumbo_get_attribute(&element.v.element.attributes, name);
+    return found ? found->value : std::string_view();
+}
+
+}  // namespace zelvo::qt
