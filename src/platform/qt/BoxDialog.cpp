@@ -22,6 +22,8 @@ namespace {
 
 /// Above these a text has to be scrolled.
 constexpr qsizetype mostCharacters = 900, mostLines = 18;
+/// Nobody reads more in a box.
+constexpr qsizetype mostShown = 4000;
 constexpr int iconSize = 40, textWidth = 420;
 
 QStyle::StandardPixmap pictureOf(screen::BoxIcon icon) {
@@ -36,10 +38,21 @@ QStyle::StandardPixmap pictureOf(screen::BoxIcon icon) {
     return QStyle::SP_MessageBoxInformation;
 }
 
+/// The beginning of a text without end, and where the rest is.
+QString shownPart(const QString& text) {
+    if (text.size() <= mostShown) return text;
+    const qsizetype end = text.at(mostShown).isLowSurrogate() ? mostShown - 1 : mostShown;
+    return text.left(end) + QStringLiteral(
+                                "…\n\n(전체 %L1자 중 앞부분만 표시합니다. "
+                                "Ctrl+C를 누르면 전체가 복사됩니다.)")
+                                .arg(charactersIn(text, text.size()));
+}
+
 }  // namespace
 
 BoxDialog::BoxDialog(const screen::MessageBox& box, QWidget* over)
     : QDialog(over),
+      text_(qtText(box.text)),
       asks_(box.buttons == screen::BoxButtons::YesNo),
       answer_(asks_ ? Answer::No : Answer::Ok) {
     setObjectName(QStringLiteral("messageBox"));
@@ -52,7 +65,7 @@ BoxDialog::BoxDialog(const screen::MessageBox& box, QWidget* over)
     auto& message = owned<QHBoxLayout>();
     message.setSpacing(16);
     message.addWidget(&icon, 0, Qt::AlignTop);
-    message.addWidget(&textWidget(qtText(box.text)), 1);
+    message.addWidget(&textWidget(shownPart(text_)), 1);
 
     auto& row = owned<QDialogButtonBox>(this);
     if (asks_) {
@@ -112,10 +125,7 @@ bool BoxDialog::eventFilter(QObject*, QEvent* event) {
 void BoxDialog::keyPressEvent(QKeyEvent* event) {
     if (event->isAutoRepeat()) return;
     if (event->matches(QKeySequence::Copy)) {
-        if (const auto* label = findChild<QLabel*>(QStringLiteral("text")))
-            QGuiApplication::clipboard()->setText(label->text());
-        if (const auto* page = findChild<QPlainTextEdit*>(QStringLiteral("text")))
-            QGuiApplication::clipboard()->setText(page->toPlainText());
+        QGuiApplication::clipboard()->setText(text_);
         return;
     }
     if (asks_ && event->key() == Qt::Key_Y) return give(Answer::Yes);

@@ -8,8 +8,8 @@ class QDialogButtonBox;
 
 namespace zelvo::qt {
 
-/// A message box: its text as it stands, plain, whole and to be copied; a long one can be scrolled. Y and N
-/// answer a question, Esc is No or OK.
+/// A message box: its text as it stands, plain and to be copied; a long one can be scrolled, and of one
+/// without end the beginning is shown and the whole is copied. Y and N answer a question, Esc is No or OK.
 class BoxDialog : public QDialog {
     Q_OBJECT
 
@@ -27,6 +27,7 @@ private:
                    screen::Answer defaultAnswer);
     void give(screen::Answer answer);
 
+    QString text_;
     bool asks_;
     screen::Answer answer_;
 };
