@@ -21,6 +21,7 @@ struct CharacterStyle {
     int halfPoints = 20;
     std::optional<Colour> colour;  ///< none is the reader's own
     std::string family{standardFamily};
+    std::optional<Colour> ground;  ///< behind the letters; none is the paper
     bool operator==(const CharacterStyle&) const = default;
 };
 
@@ -49,14 +50,17 @@ struct RichText {
 
 /// Widest indent that a paragraph keeps, in twips: a sheet's width.
 inline constexpr int widestIndent = 31680;
-inline constexpr int largestHalfPoints = 3276;
+/// 72 points: what is larger would make a text taller than a window can lay out.
+inline constexpr int largestHalfPoints = 144;
 
 /// Paragraphs and lines joined by CR LF; bullets are form and no text.
 std::string plainText(const RichText& content);
-/// A paragraph a line, all of it in the standard form.
+/// A paragraph a line, all of it in the standard form; lines beyond the bound stand in the last one.
 RichText richText(std::string_view plain);
 /// The same content in its one form: no empty runs, no neighbours of the same look, line breaks as '\n', no
-/// other control characters, measures within their bounds; nothing at all when it has no text.
+/// other control characters, measures within their bounds; nothing at all when it has no text. A window lays
+/// it out in time: beyond 200,000 lines a break is a blank, beyond 100 fonts or a height that no window has
+/// the size is the standard one.
 RichText tidied(RichText content);
 
 }  // namespace zelvo::screen

@@ -21,7 +21,7 @@ constexpr int farthest = 100'000;
 /// What the characters look like, in the document's own numbers.
 struct Look {
     bool bold = false, italic = false, underline = false, strike = false, hidden = false;
-    int font = 0, halfPoints = 24, colour = 0;
+    int font = 0, halfPoints = 24, colour = 0, ground = 0;
     bool operator==(const Look&) const = default;
 };
 
@@ -115,7 +115,8 @@ private:
                 look.strike,
                 look.halfPoints,
                 tables_.colour(look.colour),
-                tables_.family(look.font)};
+                tables_.family(look.font),
+                look.ground > 0 ? tables_.colour(look.ground) : std::nullopt};
     }
 
     const RtfTables& tables_;
@@ -138,6 +139,8 @@ public:
         flush();
         return composer_.finish();
     }
+    /// Whether nothing was passed over that another program shows.
+    bool keepsAll() const { return keepsAll_; }
 
 private:
     Group& group() { return groups_.back(); }
@@ -282,6 +285,7 @@ private:
             return;
         }
         if (word->act == RtfAct::Part) {
+            if (word->text == "shown") keepsAll_ = keepsAll_ && group().part != RtfPart::Body;
             enterPart(static_cast<RtfPart>(word->value));
         } else if (!documentWord(word->act, token)) {
             partWord(*word, token);
@@ -363,6 +367,12 @@ private:
                 return;
             case RtfAct::ColourIndex:
                 look.colour = token.number;
+                return;
+            case RtfAct::GroundIndex:
+                look.ground = token.number;
+                return;
+            case RtfAct::Unkept:
+                keepsAll_ = keepsAll_ && !on;
                 return;
             case RtfAct::PlainCharacters:
                 look = Look{};
@@ -458,12 +468,8 @@ private:
     int defaultFont_ = 0;
     char32_t surrogate_ = 0;
     unsigned char skippedByte_ = 0;
-    bool ended_ = false;
+    bool ended_ = false, keepsAll_ = true;
 };
-
-}  // namespace
-
-namespace {
 
 /// What may stand before an RTF content: a byte order mark, blanks and line ends.
 std::string_view withoutLead(std::string_view text) {
@@ -481,6 +487,14 @@ bool looksLikeRtf(std::string_view text) {
 
 RichText readRtf(std::string_view rtf, const CodePages& pages) {
     return looksLikeRtf(rtf) ? Reader(withoutLead(rtf), pages).read() : tidied(richText(rtf));
+}
+
+bool keepsAll(std::string_view rtf) {
+    if (!looksLikeRtf(rtf)) return true;
+    const CodePages none;
+    Reader reader(withoutLead(rtf), none);
+    static_cast<void>(reader.read());
+    return reader.keepsAll();
 }
 
 }  // namespace zelvo::screen

@@ -32,6 +32,8 @@ enum class RtfAct {
     Font,
     Size,
     ColourIndex,
+    GroundIndex,
+    Unkept,  ///< a form that a content has no word for
     PlainCharacters,
     PlainParagraph,
     Align,
@@ -55,7 +57,7 @@ struct RtfWord {
     std::string_view word;
     RtfAct act = RtfAct::Sign;
     int value = 0;          ///< a part, an alignment, or what the word switches to
-    std::string_view text;  ///< of a sign
+    std::string_view text;  ///< of a sign; "shown" of a part that other programs show
 };
 
 /// nullptr for a word that it doesn't follow.

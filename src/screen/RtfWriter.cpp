@@ -124,6 +124,7 @@ private:
         }
         // Number 0 is the reader's own colour.
         if (style.colour) body_ += "\\cf" + std::to_string(colours_.of(*style.colour) + 1);
+        if (style.ground) body_ += "\\highlight" + std::to_string(colours_.of(*style.ground) + 1);
         if (style.bold) body_ += "\\b";
         if (style.italic) body_ += "\\i";
         if (style.underline) body_ += "\\ul";

@@ -13,6 +13,7 @@
 #include "GuiSession.h"
 #include "components/EatGuideEditor.h"
 #include "platform/qt/SheetBar.h"
+#include "platform/qt/RichDocument.h"
 #include "platform/qt/SheetPaper.h"
 #include "platform/qt/Texts.h"
 #include "screen/Fields.h"
@@ -79,7 +80,7 @@ TEST(Sheet, TheEditorKeepsTheFormThatTheBarGives) {
             EXPECT_EQ(field.text(), "식후 30분\r\na");
 
             const QTemporaryDir folder;
-            const qt::SheetPaper paper(*editor.document(), QStringLiteral("하늘한의원"),
+            const qt::SheetPaper paper(qt::contentOf(*editor.document()), QStringLiteral("하늘한의원"),
                                        QStringLiteral("02-555-0123"));
             EXPECT_EQ(paper.page().toPlainText(),
                       QStringLiteral("하늘한의원\n☎ 02-555-0123\n\n식후 30분\na"));

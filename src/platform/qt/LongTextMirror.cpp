@@ -30,23 +30,6 @@ std::string fieldText(const QString& text) {
     return utf8(broken);
 }
 
-/// Where a position of the field, in characters, stands in the editor's text.
-int editorPosition(std::string_view text, std::size_t characters) {
-    const QString whole = qtText(text);
-    const QString before = whole.left(unitsIn(whole, characters));
-    return static_cast<int>(before.size() - before.count(QLatin1String("\r\n")));
-}
-
-/// The other way round. Only where the field has CR LF is a break two characters long: a text that another
-/// program wrote may have single ones.
-std::size_t fieldPosition(std::string_view text, int position) {
-    const QString whole = qtText(text);
-    qsizetype at = 0;
-    for (; at < whole.size() && position > 0; --position)
-        at += QStringView(whole).mid(at).startsWith(QLatin1String("\r\n")) ? 2 : 1;
-    return charactersIn(whole, at);
-}
-
 }  // namespace
 
 LongTextMirror::LongTextMirror(screen::EditField& field, QPlainTextEdit& editor)

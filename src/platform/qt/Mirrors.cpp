@@ -314,6 +314,13 @@ std::unique_ptr<Mirror> makeText(screen::EditField& field, QWidget& widget) {
     return std::make_unique<LineMirror>(field, as<QLineEdit>(field, widget));
 }
 
+/// Memos and notes are stored as plain text: their editors take nothing else.
+std::unique_ptr<Mirror> makeRich(screen::RichTextField& field, QWidget& widget) {
+    if (auto* plain = qobject_cast<QPlainTextEdit*>(&widget))
+        return std::make_unique<LongTextMirror>(field, *plain);
+    return std::make_unique<RichMirror>(field, as<QTextEdit>(field, widget));
+}
+
 }  // namespace
 
 std::unique_ptr<Mirror> makeMirror(screen::Field& field, QWidget& widget) {
@@ -323,7 +330,7 @@ std::unique_ptr<Mirror> makeMirror(screen::Field& field, QWidget& widget) {
     };
     switch (field.kind()) {
         case FieldKind::RichText:
-            return make.operator()<RichMirror, screen::RichTextField, QTextEdit>();
+            return makeRich(static_cast<screen::RichTextField&>(field), widget);
         case FieldKind::Text:
             return makeText(static_cast<screen::EditField&>(field), widget);
         case FieldKind::Label:

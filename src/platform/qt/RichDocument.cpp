@@ -4,8 +4,12 @@
 #include <QtGui/QTextCursor>
 #include <QtGui/QTextDocument>
 #include <QtGui/QTextList>
+#include <QtGui/QTextTable>
 #include <cmath>
+#include <map>
+#include <optional>
 
+#include "platform/qt/Contrast.h"
 #include "platform/qt/Texts.h"
 
 namespace zelvo::qt {
@@ -20,6 +24,10 @@ namespace {
 
 /// A document measures in points of 96 to the inch.
 constexpr double twipsPerPoint = 15;
+/// Characters without a blank; the layout looks through all that are left of a word at each of its lines.
+constexpr qsizetype longestWord = 500;
+/// Properties of our own: the colour as it is stored (none is 0), and a break that is only drawn.
+constexpr int storedColour = QTextFormat::UserProperty + 1, drawnBreak = QTextFormat::UserProperty + 2;
 
 Qt::Alignment toolkitAlignment(Alignment alignment) {
     switch (alignment) {
@@ -42,6 +50,20 @@ Alignment ownAlignment(Qt::Alignment alignment) {
     return Alignment::Left;
 }
 
+QColor toolkitColour(const screen::Colour& colour) {
+    return {colour.red, colour.green, colour.blue};
+}
+
+screen::Colour ownColour(const QColor& color) {
+    return {static_cast<std::uint8_t>(color.red()), static_cast<std::uint8_t>(color.green()),
+            static_cast<std::uint8_t>(color.blue())};
+}
+
+/// A colour as it is drawn on its ground.
+QColor drawnColour(const QColor& stored, const QBrush& ground) {
+    return readableOn(ground.style() == Qt::NoBrush ? QColor(Qt::white) : ground.color(), stored);
+}
+
 QTextCharFormat formatOf(const CharacterStyle& style) {
     QTextCharFormat format;
     format.setFontFamilies({qtText(style.family)});
@@ -50,9 +72,27 @@ QTextCharFormat formatOf(const CharacterStyle& style) {
     format.setFontItalic(style.italic);
     format.setFontUnderline(style.underline);
     format.setFontStrikeOut(style.strike);
-    if (style.colour)
-        format.setForeground(QColor(style.colour->red, style.colour->green, style.colour->blue));
+    if (style.ground) format.setBackground(toolkitColour(*style.ground));
+    if (style.colour || style.ground) {
+        const QColor stored = style.colour ? toolkitColour(*style.colour) : QColor(Qt::black);
+        format.setForeground(drawnColour(stored, format.background()));
+        format.setProperty(storedColour, style.colour ? stored.rgba() : 0U);
+    }
     return format;
+}
+
+/// The colour of a text as it is stored: the one that was drawn in its place, unless the user gave another.
+std::optional<screen::Colour> colourOf(const QTextCharFormat& format) {
+    if (!format.hasProperty(QTextFormat::ForegroundBrush)) return std::nullopt;
+    const QColor drawn = format.foreground().color();
+    if (format.hasProperty(storedColour)) {
+        const QRgb stored = format.property(storedColour).toUInt();
+        if (drawn == drawnColour(QColor(stored), format.background())) {
+            if (stored == 0) return std::nullopt;
+            return ownColour(QColor(stored));
+        }
+    }
+    return ownColour(drawn);
 }
 
 CharacterStyle styleOf(const QTextCharFormat& format) {
@@ -65,46 +105,138 @@ CharacterStyle styleOf(const QTextCharFormat& format) {
     style.italic = format.fontItalic();
     style.underline = format.fontUnderline();
     style.strike = format.fontStrikeOut();
-    if (format.hasProperty(QTextFormat::ForegroundBrush)) {
-        const QColor color = format.foreground().color();
-        style.colour =
-            screen::Colour{static_cast<std::uint8_t>(color.red()), static_cast<std::uint8_t>(color.green()),
-                           static_cast<std::uint8_t>(color.blue())};
-    }
+    style.colour = colourOf(format);
+    if (format.background().style() != Qt::NoBrush) style.ground = ownColour(format.background().color());
     return style;
 }
 
-void addParagraph(QTextCursor& cursor, const Paragraph& paragraph) {
-    QTextBlockFormat block;
-    block.setAlignment(toolkitAlignment(paragraph.alignment));
-    block.setLeftMargin(paragraph.indent / twipsPerPoint);
-    cursor.setBlockFormat(block);
-    if (paragraph.bullet) {
-        QTextListFormat bullet;
-        bullet.setStyle(QTextListFormat::ListDisc);
-        cursor.createList(bullet);
-    }
-    for (const Run& run : paragraph.runs) {
-        cursor.insertText(qtText(run.text).replace(QLatin1Char('\n'), QChar::LineSeparator),
-                          formatOf(run.style));
-    }
-}
+/// Writes a content at a cursor.
+class Filler {
+public:
+    explicit Filler(QTextCursor& cursor) : cursor_(cursor) {}
 
-Paragraph paragraphOf(const QTextBlock& block) {
-    Paragraph paragraph;
-    paragraph.alignment = ownAlignment(block.blockFormat().alignment());
-    paragraph.bullet = block.textList() != nullptr;
-    paragraph.indent = static_cast<int>(std::lround(block.blockFormat().leftMargin() * twipsPerPoint));
-    for (auto at = block.begin(); !at.atEnd(); ++at) {
-        QString text = at.fragment().text();
-        text.replace(QChar::LineSeparator, QLatin1Char('\n'));
-        text.remove(QChar::ObjectReplacementCharacter);
-        paragraph.runs.push_back({utf8(text), styleOf(at.fragment().charFormat())});
+    /// In one step: a document lays itself out anew after each. Within a paragraph that has text already, the
+    /// first one brings its letters only.
+    void fill(const RichText& content) {
+        cursor_.beginEditBlock();
+        bool startsParagraph = cursor_.atBlockStart();
+        for (const Paragraph& paragraph : content.paragraphs) {
+            if (&paragraph != &content.paragraphs.front()) {
+                cursor_.insertBlock(QTextBlockFormat(), formatOf({}));
+                startsParagraph = true;
+            }
+            if (startsParagraph) shape(paragraph);
+            write(paragraph);
+        }
+        cursor_.endEditBlock();
     }
-    return paragraph;
-}
+
+private:
+    void shape(const Paragraph& paragraph) {
+        QTextBlockFormat block;
+        block.setAlignment(toolkitAlignment(paragraph.alignment));
+        block.setLeftMargin(paragraph.indent / twipsPerPoint);
+        cursor_.setBlockFormat(block);
+        if (paragraph.bullet) {
+            QTextListFormat bullet;
+            bullet.setStyle(QTextListFormat::ListDisc);
+            cursor_.createList(bullet);
+        }
+    }
+
+    void write(const Paragraph& paragraph) {
+        word_ = 0;
+        for (const Run& run : paragraph.runs) {
+            if (!style_ || run.style != *style_) {
+                style_ = run.style;
+                format_ = formatOf(run.style);
+            }
+            addText(qtText(run.text).replace(QLatin1Char('\n'), QChar::LineSeparator));
+        }
+    }
+
+    void addText(const QString& text) {
+        qsizetype from = 0;
+        for (qsizetype at = 0; at < text.size(); ++at) {
+            const QChar unit = text.at(at);
+            word_ = unit.isSpace() ? 0 : word_ + 1;
+            if (word_ <= longestWord || unit.isLowSurrogate()) continue;
+            cursor_.insertText(text.mid(from, at - from), format_);
+            QTextCharFormat breaking = format_;
+            breaking.setProperty(drawnBreak, true);
+            cursor_.insertText(QString(QChar::LineSeparator), breaking);
+            from = at;
+            word_ = 1;
+        }
+        cursor_.insertText(text.mid(from), format_);
+    }
+
+    QTextCursor& cursor_;
+    std::optional<CharacterStyle> style_;
+    QTextCharFormat format_;
+    qsizetype word_ = 0;
+};
+
+/// Reads a document into a content.
+class Gatherer {
+public:
+    RichText gather(const QTextDocument& document) {
+        for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) add(block);
+        return screen::tidied(std::move(content_));
+    }
+
+private:
+    /// The cells of a table's row stand in one paragraph, between tabs.
+    void add(const QTextBlock& block) {
+        const QTextTable* const table = QTextCursor(block).currentTable();
+        const int row = table ? table->cellAt(block.position()).row() : -1;
+        const int column = table ? table->cellAt(block.position()).column() : -1;
+        if (table && table == table_ && row == row_) {
+            content_.paragraphs.back().runs.push_back({column == column_ ? " " : "\t", {}});
+        } else {
+            startParagraph(block);
+        }
+        table_ = table;
+        row_ = row;
+        column_ = column;
+        addRuns(block, content_.paragraphs.back());
+    }
+
+    void startParagraph(const QTextBlock& block) {
+        Paragraph& paragraph = content_.paragraphs.emplace_back();
+        const QTextBlockFormat form = block.blockFormat();
+        paragraph.alignment = ownAlignment(form.alignment());
+        paragraph.indent = static_cast<int>(std::lround(form.leftMargin() * twipsPerPoint));
+        const QTextList* const list = block.textList();
+        if (!list) return;
+        paragraph.bullet = list->format().style() >= QTextListFormat::ListSquare;
+        if (!paragraph.bullet) paragraph.runs.push_back({utf8(list->itemText(block)) + " ", {}});
+    }
+
+    void addRuns(const QTextBlock& block, Paragraph& paragraph) {
+        for (auto at = block.begin(); !at.atEnd(); ++at) {
+            const QTextFragment fragment = at.fragment();
+            QString text = fragment.text();
+            if (fragment.charFormat().boolProperty(drawnBreak)) text.remove(QChar::LineSeparator);
+            text.replace(QChar::LineSeparator, QLatin1Char('\n'));
+            text.remove(QChar::ObjectReplacementCharacter);
+            const auto [style, isNew] = styles_.try_emplace(fragment.charFormatIndex());
+            if (isNew) style->second = styleOf(fragment.charFormat());
+            paragraph.runs.push_back({utf8(text), style->second});
+        }
+    }
+
+    RichText content_;
+    std::map<int, CharacterStyle> styles_;
+    const QTextTable* table_ = nullptr;
+    int row_ = -1, column_ = -1;
+};
 
 }  // namespace
+
+QFont standardFont() {
+    return formatOf({}).font();
+}
 
 void fillDocument(QTextDocument& document, const RichText& content) {
     // Nothing of this is the user's to undo.
@@ -113,20 +245,19 @@ void fillDocument(QTextDocument& document, const RichText& content) {
     QTextCursor cursor(&document);
     cursor.setCharFormat(formatOf({}));
     cursor.setBlockCharFormat(formatOf({}));
-    bool first = true;
-    for (const Paragraph& paragraph : content.paragraphs) {
-        if (!first) cursor.insertBlock(QTextBlockFormat(), formatOf({}));
-        first = false;
-        addParagraph(cursor, paragraph);
-    }
+    Filler(cursor).fill(content);
     document.setUndoRedoEnabled(true);
 }
 
+void insertContent(QTextCursor& cursor, const RichText& content) {
+    cursor.beginEditBlock();
+    cursor.removeSelectedText();
+    Filler(cursor).fill(content);
+    cursor.endEditBlock();
+}
+
 RichText contentOf(const QTextDocument& document) {
-    RichText content;
-    for (QTextBlock block = document.begin(); block.isValid(); block = block.next())
-        content.paragraphs.push_back(paragraphOf(block));
-    return screen::tidied(std::move(content));
+    return Gatherer().gather(document);
 }
 
 }  // namespace zelvo::qt

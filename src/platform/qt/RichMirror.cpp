@@ -2,36 +2,28 @@
 
 #include <QtGui/QInputMethodEvent>
 #include <QtGui/QKeyEvent>
-#include <QtGui/QTextBlock>
 #include <QtGui/QTextCursor>
 #include <QtWidgets/QTextEdit>
 
-#include "basics/Utf8.h"
+#include "platform/qt/Contrast.h"
 #include "platform/qt/RichDocument.h"
+#include "platform/qt/SheetEdit.h"
 #include "platform/qt/Texts.h"
 #include "screen/TextField.h"
+#include "screen/Window.h"
 
 namespace zelvo::qt {
-
-namespace {
-
-/// A position of the document in characters of the field, where a line break is two.
-std::size_t fieldPosition(const QTextDocument& document, int position) {
-    const QString before = document.toPlainText().left(position);
-    return charactersIn(before, before.size()) + static_cast<std::size_t>(before.count(QLatin1Char('\n')));
-}
-
-int documentPosition(const std::string& text, std::size_t characters) {
-    QString before = qtText(std::string_view(text).substr(0, basics::byteOffset(text, characters)));
-    return static_cast<int>(before.replace(QLatin1String("\r\n"), QLatin1String("\n")).size());
-}
-
-}  // namespace
 
 RichMirror::RichMirror(screen::RichTextField& field, QTextEdit& editor)
     : Mirror(field, editor), field_(field), editor_(editor) {
     editor.setTabChangesFocus(true);
     editor.setProperty("hangul", field.hangul());
+    editor.setPalette(paper(editor.palette()));
+    if (auto* sheet = qobject_cast<SheetEdit*>(&editor))
+        sheet->setCodePages(field.window().desktop().components().codePages());
+    // Without a text it has the form that is stored of what is typed into it.
+    fillDocument(*editor.document(), {});
+    editor.document()->setDefaultFont(standardFont());
     connect(&editor, &QTextEdit::textChanged, this, [this] { tellContent(); });
     connect(&editor, &QTextEdit::cursorPositionChanged, this, [this] { tellSelection(); });
     connect(&editor, &QTextEdit::selectionChanged, this, [this] { tellSelection(); });
@@ -52,16 +44,15 @@ bool RichMirror::filter(QWidget&, QEvent& event) {
 void RichMirror::tellContent() {
     if (drawing() || composing_) return;
     drawn_ = contentOf(*editor_.document());
-    userDoes([this] {
-        field_.userContent(drawn_, fieldPosition(*editor_.document(), editor_.textCursor().position()));
-    });
+    const std::string text = screen::plainText(drawn_);
+    userDoes([&] { field_.userContent(drawn_, fieldPosition(text, editor_.textCursor().position())); });
 }
 
 void RichMirror::tellSelection() {
     if (drawing() || composing_) return;
     const QTextCursor cursor = editor_.textCursor();
-    const std::size_t start = fieldPosition(*editor_.document(), cursor.selectionStart());
-    field_.select(start, fieldPosition(*editor_.document(), cursor.selectionEnd()) - start);
+    const std::size_t start = fieldPosition(field_.text(), cursor.selectionStart());
+    field_.select(start, fieldPosition(field_.text(), cursor.selectionEnd()) - start);
 }
 
 void RichMirror::draw() {
@@ -73,8 +64,8 @@ void RichMirror::draw() {
     }
     if (!field_.hasFocus()) return;
     QTextCursor cursor = editor_.textCursor();
-    const int start = documentPosition(field_.text(), field_.selectionStart());
-    const int end = documentPosition(field_.text(), field_.selectionStart() + field_.selectionLength());
+    const int start = editorPosition(field_.text(), field_.selectionStart());
+    const int end = editorPosition(field_.text(), field_.selectionStart() + field_.selectionLength());
     if (cursor.selectionStart() == start && cursor.selectionEnd() == end) return;
     cursor.setPosition(start);
     cursor.setPosition(end, QTextCursor::KeepAnchor);

@@ -15,6 +15,7 @@
 #include <array>
 
 #include "platform/qt/Owned.h"
+#include "platform/qt/RichDocument.h"
 #include "platform/qt/SheetPaper.h"
 #include "platform/qt/Texts.h"
 #include "screen/RichText.h"
@@ -171,7 +172,8 @@ void SheetBar::addPaper() {
         connect(&addButton(row_, caption, tip), &QToolButton::clicked, this, [this, act] {
             if (!editor_) return;
             finishSyllable();
-            const SheetPaper paper(*editor_->document(), textOf("txtHospName"), textOf("txtPhoneNo"));
+            const SheetPaper paper(contentOf(*editor_->document()), textOf("txtHospName"),
+                                   textOf("txtPhoneNo"));
             act(*window(), paper);
         });
     };
@@ -218,7 +220,8 @@ void SheetBar::showForm() {
     mark("strike", form.fontStrikeOut());
     const QStringList families = form.fontFamilies().toStringList();
     showChoice(*family_, families.isEmpty() ? qtText(screen::standardFamily) : families.front());
-    if (form.fontPointSize() > 0) showChoice(*size_, QString::number(form.fontPointSize()));
+    const double size = form.fontPointSize() > 0 ? form.fontPointSize() : standardFont().pointSizeF();
+    showChoice(*size_, QString::number(size));
 }
 
 }  // namespace zelvo::qt

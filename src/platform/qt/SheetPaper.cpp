@@ -1,6 +1,8 @@
 #include "platform/qt/SheetPaper.h"
 
 #include <QtCore/QFile>
+#include <QtCore/QFileInfo>
+#include <QtCore/QTemporaryDir>
 #include <QtGui/QTextBlock>
 #include <QtGui/QTextCursor>
 #include <QtGui/QTextDocument>
@@ -8,8 +10,12 @@
 #include <QtPrintSupport/QPrintPreviewDialog>
 #include <QtPrintSupport/QPrinter>
 #include <QtWidgets/QFileDialog>
+#include <algorithm>
+#include <filesystem>
+#include <system_error>
 
 #include "platform/qt/BoxDialog.h"
+#include "platform/qt/RichDocument.h"
 #include "platform/qt/Texts.h"
 
 namespace zelvo::qt {
@@ -32,6 +38,15 @@ void addHead(QTextCursor& cursor, const QString& text, double points, bool bold)
     cursor.insertBlock(QTextBlockFormat(), QTextCharFormat());
 }
 
+/// A PDF file ends with its mark.
+bool isWholePdf(const QString& path) {
+    constexpr qint64 tail = 32;
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) return false;
+    file.seek(std::max<qint64>(0, file.size() - tail));
+    return file.readAll().trimmed().endsWith("%%EOF");
+}
+
 void tellFailure(QWidget& over, const std::string& text, const char* caption) {
     BoxDialog({text, caption, screen::BoxIcon::Critical, screen::BoxButtons::Ok, screen::Answer::Ok}, &over)
         .exec();
@@ -39,8 +54,9 @@ void tellFailure(QWidget& over, const std::string& text, const char* caption) {
 
 }  // namespace
 
-SheetPaper::SheetPaper(const QTextDocument& sheet, const QString& hospitalName, const QString& phoneNo)
-    : page_(sheet.clone()) {
+SheetPaper::SheetPaper(const screen::RichText& sheet, const QString& hospitalName, const QString& phoneNo)
+    : page_(std::make_unique<QTextDocument>()) {
+    fillDocument(*page_, sheet);
     if (hospitalName.isEmpty() && phoneNo.isEmpty()) return;
     QTextCursor cursor(page_.get());
     const QTextBlockFormat first = page_->firstBlock().blockFormat();
@@ -64,14 +80,19 @@ void SheetPaper::print(QPrinter& printer) const {
 }
 
 bool SheetPaper::writePdf(const QString& path) const {
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly)) return false;
-    file.close();
+    // The printer says nothing of a disk that is full: what it wrote has to be looked at.
+    const QTemporaryDir folder(QFileInfo(path).absolutePath() + QLatin1String("/.zelvo-XXXXXX"));
+    if (!folder.isValid()) return false;
+    const QString written = folder.filePath(QStringLiteral("sheet.pdf"));
     QPrinter printer(QPrinter::HighResolution);
     printer.setOutputFormat(QPrinter::PdfFormat);
-    printer.setOutputFileName(path);
+    printer.setOutputFileName(written);
     print(printer);
-    return printer.printerState() != QPrinter::Error && QFile(path).size() > 0;
+    if (printer.printerState() == QPrinter::Error || !isWholePdf(written)) return false;
+    std::error_code failed;
+    std::filesystem::rename(QFileInfo(written).filesystemFilePath(), QFileInfo(path).filesystemFilePath(),
+                            failed);
+    return !failed;
 }
 
 void previewSheet(QWidget& over, const SheetPaper& paper) {

@@ -3,6 +3,8 @@
 #include <QtCore/QString>
 #include <memory>
 
+#include "screen/RichText.h"
+
 class QPrinter;
 class QTextDocument;
 class QWidget;
@@ -12,13 +14,13 @@ namespace zelvo::qt {
 /// A dosage sheet as a patient is handed it: the clinic's name and telephone over the text, on A4.
 class SheetPaper {
 public:
-    SheetPaper(const QTextDocument& sheet, const QString& hospitalName, const QString& phoneNo);
+    SheetPaper(const screen::RichText& sheet, const QString& hospitalName, const QString& phoneNo);
     ~SheetPaper();
     SheetPaper(const SheetPaper&) = delete;
     SheetPaper& operator=(const SheetPaper&) = delete;
 
     void print(QPrinter& printer) const;
-    /// Writes it as a PDF file. False when it can't be written.
+    /// Writes it as a PDF file, whole or not at all. False when it can't be written.
     bool writePdf(const QString& path) const;
     const QTextDocument& page() const { return *page_; }
 

@@ -21,4 +21,18 @@ qsizetype unitsIn(const QString& text, std::size_t characters) {
     return at;
 }
 
+int editorPosition(std::string_view text, std::size_t characters) {
+    const QString whole = qtText(text);
+    const QString before = whole.left(unitsIn(whole, characters));
+    return static_cast<int>(before.size() - before.count(QLatin1String("\r\n")));
+}
+
+std::size_t fieldPosition(std::string_view text, int position) {
+    const QString whole = qtText(text);
+    qsizetype at = 0;
+    for (; at < whole.size() && position > 0; --position)
+        at += QStringView(whole).mid(at).startsWith(QLatin1String("\r\n")) ? 2 : 1;
+    return charactersIn(whole, at);
+}
+
 }  // namespace zelvo::qt

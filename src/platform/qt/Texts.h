@@ -26,4 +26,11 @@ std::size_t charactersIn(const QString& text, qsizetype units);
 /// The other way round: the units that so many characters take.
 qsizetype unitsIn(const QString& text, std::size_t characters);
 
+/// Where a position of a field's text, in characters, stands in an editor, which has one character for a line
+/// break where the field has CR LF.
+int editorPosition(std::string_view text, std::size_t characters);
+/// The other way round. Only where the field has CR LF is a break two characters long: a text that another
+/// program wrote may have single ones.
+std::size_t fieldPosition(std::string_view text, int position);
+
 }  // namespace zelvo::qt
