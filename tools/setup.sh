@@ -18,12 +18,13 @@ need() {
 }
 
 build_packages=(g++ cmake ninja-build ccache pkg-config libsqlite3-dev libcurl4-openssl-dev libcpp-httplib-dev
-                unixodbc-dev qt6-base-dev libxcb1-dev libgumbo-dev)
+                unixodbc-dev qt6-base-dev libxcb1-dev libgumbo-dev libidn2-dev)
 run_packages=(sqlite3 ca-certificates fonts-nanum qt6-translations-l10n tdsodbc)
 # Where the display is a Wayland one that runs no X programs.
 wayland_packages=(qt6-wayland)
 test_packages=(libgtest-dev libsqliteodbc libssl-dev openssl)
 check_packages=(clang-format clang-tidy)
+fuzz_packages=(clang libclang-rt-dev)
 
 # What was compiled once, in whatever folder, is not compiled again.
 export CCACHE_BASEDIR=$PWD CCACHE_NOHASHDIR=1 CCACHE_SLOPPINESS=pch_defines,time_macros

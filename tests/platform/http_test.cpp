@@ -57,12 +57,23 @@ TEST(CostComponent, SendsItsFieldsInTheAgreedOrder) {
 TEST(HttpClient, WhatThePageDoesAndWhatTheDoctorReads) {
     const std::string server = "Fault: 웹페이지 서버(127.0.0.1)", whole(1000, 'x');
     const std::string broken = server + "와의 연결이 응답 도중에 끊어졌습니다.",
-                      late = server + "가 1초 안에 응답하지 않았습니다.", head = "HTTP/1.1 200 OK\r\n";
+                      late = server + "가 1초 안에 응답하지 않았습니다.", head = "HTTP/1.1 200 OK\r\n",
+                      packed = head + "Content-Encoding: gzip\r\nConnection: close\r\n\r\n";
     const std::vector<std::pair<CannedServer::Reply, std::string>> cases{
         {{head + "Transfer-Encoding: chunked\r\n\r\n4\r\n[STA\r\n3\r\nRT]\r\n0\r\n\r\n"}, "[START]"},
         {{"HTTP/1.0 200 OK\r\n\r\nends by closing"}, "ends by closing"},
         {{CannedServer::ok(whole)}, whole},
         {{CannedServer::ok(whole + "x")}, server + "의 응답이 너무 커서 받지 않았습니다."},
+        {{packed +
+          std::string(
+              "\x1f\x8b\x08\x00\x00\x00\x00\x00\x02\x03\x8b\x0e\x0e\x71\x0c\x0a\x89\x05\x00\xfe\x01\xaa\x7c\x07\x00\x00\x00",
+              27)},
+         "[START]"},
+        {{packed +
+          std::string(
+              "\x1f\x8b\x08\x00\x00\x00\x00\x00\x02\x03\xab\xa8\x18\x05\xa3\x60\x14\x0c\x7b\x00\x00\x07\x10\x8e\xc5\xe9\x03\x00\x00",
+              29)},
+         server + "의 응답이 너무 커서 받지 않았습니다."},
         {{"HTTP/1.1 500 Oops\r\nContent-Length: 7\r\n\r\n[START]"},
          server + "가 오류 상태(500)로 응답했습니다."},
         {{""}, broken},
@@ -225,6 +236,7 @@ TEST(WebPage, BoundsOfWhatAWindowShows) {
          "text/html " + server.address("/pasted") + " page"},
         {server.address("/file"), "Fault"},
         {server.address("/more"), "Fault"},
+        {server.address("/place#가 나"), "text/html " + server.address("/place") + " page"},
         {server.address("/a\tb"), "Fault"},
         {"http://", "Fault"},
         {"http://" + a + "/", "Fault"},
@@ -260,8 +272,7 @@ TEST(WebPage, EndsSoonWhenItIsStopped) {
 }
 
 TEST(PostalPage, AsksWithItsQueryAndReadsTheHits) {
-    CannedServer page(
-        CannedServer::ok("04524\t서울 중구\r\n a line without a tab\n\n 06236 \t 서울\t강남 \n"));
+    CannedServer page(CannedServer::ok("04524\t서울 중구\r a line without a tab\n\n 06236 \t 서울\t강남 \n"));
     const std::vector<std::pair<std::string, std::string>> addresses{
         {"/zip?a=1&#top", "/zip?a=1&"},
         {"/zip#top?x", "/zip?"},
@@ -275,7 +286,9 @@ TEST(PostalPage, AsksWithItsQueryAndReadsTheHits) {
         EXPECT_EQ(hits[0].zip + "|" + hits[0].address, "04524|서울 중구");
         EXPECT_EQ(hits[1].zip + "|" + hits[1].address, "06236|서울 강남");
     }
-    for (const char* text : {"<html>\t<body>Service</body></html>", "\t서울 중구\n", "04524 서울 중구"}) {
+    EXPECT_THROW(findPostalCodes(HttpClient(), " ", "서울"), basics::Fault);
+    for (const char* text : {"04524\t서울 \xff구\r", "<html>\t<body>Service</body></html>", "\t서울 중구\n",
+                             "04524 서울 중구"}) {
         CannedServer nonsense(CannedServer::ok(text));
         EXPECT_THROW(findPostalCodes(HttpClient(), nonsense.address(), "서울"), basics::Fault) << text;
     }

@@ -183,11 +183,13 @@ void Exchange::prepare() {
     set(CURLOPT_MAXFILESIZE_LARGE, static_cast<curl_off_t>(limits_.bytes));  // where the size is said first
     set(CURLOPT_WRITEFUNCTION, &Page::take);
     set(CURLOPT_WRITEDATA, static_cast<void*>(&page_));
-    if (body_ == nullptr) return;
-    headers_.reset(
-        curl_slist_append(nullptr, "Content-Type: application/x-www-form-urlencoded; charset=UTF-8"));
-    curl_slist_append(headers_.get(), "Expect:");  // old servers don't know how to say "go on"
+    // An answer that comes compressed is read, though none is asked for; its limit counts what comes out.
+    set(CURLOPT_ACCEPT_ENCODING, "");
+    headers_.reset(curl_slist_append(nullptr, "Accept-Encoding:"));
     set(CURLOPT_HTTPHEADER, headers_.get());
+    if (body_ == nullptr) return;
+    curl_slist_append(headers_.get(), "Content-Type: application/x-www-form-urlencoded; charset=UTF-8");
+    curl_slist_append(headers_.get(), "Expect:");  // old servers don't know how to say "go on"
     set(CURLOPT_POST, 1L);
     set(CURLOPT_POSTFIELDSIZE_LARGE, static_cast<curl_off_t>(body_->size()));
     set(CURLOPT_POSTFIELDS, body_->c_str());

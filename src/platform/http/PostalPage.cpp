@@ -20,6 +20,11 @@ bool isPostalCode(std::string_view text) {
                        [](char character) { return isDigit(character) || character == '-'; });
 }
 
+/// An address that could not be read whole must not be taken over.
+bool isWhole(std::string_view address) {
+    return !address.empty() && address.find("\uFFFD") == std::string_view::npos;
+}
+
 /// An address is one line: what else a page puts between its words is a blank.
 std::string asLine(std::string text) {
     std::replace_if(
@@ -31,15 +36,17 @@ std::string asLine(std::string text) {
 
 std::vector<PostalHit> findPostalCodes(const HttpClient& client, std::string_view page,
                                        std::string_view text) {
-    const std::string answer =
-        basics::removeAll(client.get(withQuery(basics::trim(page), "find", text)), "\r");
+    if (basics::isBlank(page))
+        throw basics::Fault("우편번호 검색 페이지의 주소가 비어 있습니다. 한약국에 문의하여 주십시오.");
+    std::string answer = client.get(withQuery(basics::trim(page), "find", text));
+    std::replace(answer.begin(), answer.end(), '\r', '\n');
     std::vector<PostalHit> hits;
     bool nonsense = false;
     for (const std::string& line : basics::split(answer, "\n")) {
         const auto tab = line.find('\t');
         const std::string zip = basics::trim(line.substr(0, tab));
         const std::string address = tab == std::string::npos ? std::string() : asLine(line.substr(tab + 1));
-        if (isPostalCode(zip) && !address.empty()) {
+        if (isPostalCode(zip) && isWhole(address)) {
             hits.push_back({zip, address});
         } else if (!basics::isBlank(line)) {
             nonsense = true;

@@ -1,6 +1,7 @@
 #include "platform/http/WebAddress.h"
 
 #include <curl/curl.h>
+#include <idn2.h>
 
 #include <algorithm>
 #include <memory>
@@ -30,10 +31,21 @@ std::string partOf(const Parts& parts, CURLUPart part) {
     return basics::cleanUtf8(text);
 }
 
+/// A host's name as name servers know it: Hangul in its ASCII form. "" for one that is none.
+std::string asciiHost(const std::string& host) {
+    if (std::none_of(host.begin(), host.end(), [](char c) { return static_cast<unsigned char>(c) >= 0x80; }))
+        return host;
+    char* ascii = nullptr;
+    if (idn2_to_ascii_8z(host.c_str(), &ascii, IDN2_NFC_INPUT | IDN2_NONTRANSITIONAL) != IDN2_OK) return {};
+    const std::unique_ptr<char, decltype(&idn2_free)> owner(ascii, &idn2_free);
+    return ascii;
+}
+
 }  // namespace
 
 WebAddress::WebAddress(std::string_view text) {
-    const std::string trimmed = basics::pastedAddress(text);
+    std::string trimmed = basics::pastedAddress(text);
+    trimmed = basics::trim(trimmed.substr(0, trimmed.find('#')));  // no server is told of a place in its page
     if (trimmed.empty()) throw basics::Fault("웹페이지 주소가 비어 있습니다.");
     if (std::any_of(trimmed.begin(), trimmed.end(), isControl)) {
         throw basics::Fault("웹페이지 주소에 쓸 수 없는 문자가 들어 있습니다.");
@@ -43,8 +55,11 @@ WebAddress::WebAddress(std::string_view text) {
     if (!parts || curl_url_set(parts.get(), CURLUPART_URL, trimmed.c_str(), CURLU_URLENCODE) != CURLUE_OK) {
         throw basics::Fault("웹페이지 주소가 올바르지 않습니다.");
     }
-    text_ = partOf(parts, CURLUPART_URL);
     host_ = partOf(parts, CURLUPART_HOST);
+    const std::string host = asciiHost(host_);
+    if (host.empty() || curl_url_set(parts.get(), CURLUPART_HOST, host.c_str(), 0) != CURLUE_OK)
+        throw basics::Fault("웹페이지 주소가 올바르지 않습니다.");
+    text_ = partOf(parts, CURLUPART_URL);
     secure_ = partOf(parts, CURLUPART_SCHEME) == "https";
 }
 
