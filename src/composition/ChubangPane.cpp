@@ -150,8 +150,11 @@ bool ChubangPane::read(const std::string& word, data::SearchKind kind) {
     return true;
 }
 
-void ChubangPane::readAgain() {
-    if (!read(word_, kind_)) rsList_.close();
+void ChubangPane::readAgain(bool rowLeft) {
+    if (!read(word_, kind_)) {
+        if (!rowLeft) return;
+        rsList_.close();
+    }
     tdbList.refresh();
     if (!tdbList.onRow()) showRow();
 }

@@ -56,8 +56,9 @@ public:
     void showRow();
     /// No herbs in view.
     void emptyDetail();
-    /// Reads the list again as it was last searched. One that can't be read is shown empty.
-    void readAgain();
+    /// Reads the list again as it was last searched. One that can't be read stays as it is, or is shown empty
+    /// where a row has left it already.
+    void readAgain(bool rowLeft);
     /// Key of the list's current row. Throws Fault when it is none.
     std::int32_t currentKey() const;
 

@@ -68,7 +68,8 @@ void ChubangUpkeep::deleteCurrent() {
                               ? "삭제 결과를 확인할 수 없습니다. ZELVO를 다시 시작하여 확인하여 주십시오."
                               : "내약속처방 삭제중 오류가 발생했습니다.",
                           deleteCaption);
-    if (rowLeft) pane_.readAgain();
+    // Another desk may have deleted it: a row that is gone must not stay in view.
+    pane_.readAgain(rowLeft);
 }
 
 /// The transaction from its begin to its end. `rowLeft` tells whether the row has left the list.
