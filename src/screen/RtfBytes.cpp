@@ -1,43 +1,23 @@
 #include "screen/RtfBytes.h"
 
-#include <algorithm>
-#include <array>
 #include <utility>
 
 #include "basics/Utf8.h"
+#include "screen/KnownPages.h"
 
 namespace zelvo::screen {
 
 namespace {
 
-constexpr int western = 1252, japanese = 932, utf8 = 65001;
-constexpr std::array<int, 5> pairPages{932, 936, 949, 950, 1361};
-constexpr std::array<int, 11> singlePages{874, 1250, 1251, 1252, 1253, 1254, 1255, 1256, 1257, 1258, utf8};
+constexpr int japanese = 932;
 
-struct Charset {
-    int number, page;
-};
-constexpr std::array<Charset, 13> charsets{{{128, 932},
-                                            {129, 949},
-                                            {130, 1361},
-                                            {134, 936},
-                                            {136, 950},
-                                            {161, 1253},
-                                            {162, 1254},
-                                            {163, 1258},
-                                            {177, 1255},
-                                            {178, 1256},
-                                            {186, 1257},
-                                            {204, 1251},
-                                            {238, 1250}}};
-
-template <class Pages>
-bool isIn(const Pages& pages, int page) {
-    return std::find(pages.begin(), pages.end(), page) != pages.end();
+bool hasPairs(int page) {
+    const KnownPage* const known = knownPage(page);
+    return known != nullptr && known->pairs;
 }
 
 bool isFirst(unsigned char byte, RtfEncoding encoding) {
-    if (encoding.symbols || !isIn(pairPages, encoding.page)) return false;
+    if (encoding.symbols || !hasPairs(encoding.page)) return false;
     if (encoding.western) return byte >= 0xA1 && byte <= 0xFE;
     if (encoding.page == japanese && byte >= 0xA0 && byte <= 0xDF) return false;
     return byte >= 0x81 && byte <= 0xFE;
@@ -53,15 +33,15 @@ bool isSecond(unsigned char byte, RtfEncoding encoding) {
 }  // namespace
 
 int readablePage(int page) {
-    return isIn(pairPages, page) || isIn(singlePages, page) ? page : western;
+    return knownPage(page) != nullptr ? page : westernPage;
 }
 
 RtfEncoding encodingOf(int charset, int documentPage) {
-    if (charset == 0 && isIn(pairPages, documentPage)) return {documentPage, true, false};
-    if (charset == 0) return {western, false, false};
-    if (charset == 2) return {western, false, true};
-    for (const Charset& known : charsets) {
-        if (known.number == charset) return {known.page, false, false};
+    if (charset == 0 && hasPairs(documentPage)) return {documentPage, true, false};
+    if (charset == 0) return {westernPage, false, false};
+    if (charset == 2) return {westernPage, false, true};
+    for (const KnownPage& known : knownPages) {
+        if (known.charset == charset) return {known.number, false, false};
     }
     return {documentPage, false, false};
 }
@@ -97,7 +77,7 @@ void RtfBytes::addSingle(unsigned char byte, RtfEncoding encoding) {
         if (byte >= ' ' && byte != 0x7F) gathered_ += static_cast<char>(byte);
         return;
     }
-    if (!encoding.symbols && !isIn(pairPages, encoding.page)) {
+    if (!encoding.symbols && !hasPairs(encoding.page)) {
         gathered_ += static_cast<char>(byte);
         return;
     }
@@ -106,7 +86,7 @@ void RtfBytes::addSingle(unsigned char byte, RtfEncoding encoding) {
         // Where the signs' fonts keep theirs; the round one is in every font.
         text_ += byte == 0xB7 ? "•" : basics::toUtf8(0xF000U + byte);
     } else {
-        text_ += encoding.western ? converted({static_cast<char>(byte)}, western) : "\uFFFD";
+        text_ += encoding.western ? converted({static_cast<char>(byte)}, westernPage) : "\uFFFD";
     }
 }
 
@@ -117,7 +97,7 @@ void RtfBytes::convert() {
 }
 
 std::string RtfBytes::converted(const std::string& bytes, int page) const {
-    if (page == utf8) return basics::cleanUtf8(bytes);
+    if (page == utf8Page) return basics::cleanUtf8(bytes);
     if (pages_) return basics::cleanUtf8(pages_(bytes, page));
     std::string unread;
     for (std::size_t at = 0; at < bytes.size(); ++at) {

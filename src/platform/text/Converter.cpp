@@ -1,21 +1,27 @@
 #include "platform/text/Converter.h"
 
-#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <string_view>
+
+#include "basics/Numbers.h"
+#include "screen/KnownPages.h"
 
 namespace zelvo::text {
 
 namespace {
 
-constexpr std::array<std::string_view, 4> pairCharsets{"CP949", "CP936", "CP950", "CP932"};
+/// Whether this is the machine's name of a code page that has pairs: "CP949".
+bool hasPairs(std::string_view charset) {
+    if (!charset.starts_with("CP")) return false;
+    const auto* const page = screen::knownPage(static_cast<int>(basics::numberFromStart(charset.substr(2))));
+    return page != nullptr && page->pairs;
+}
 
 }  // namespace
 
 Converter::Converter(const std::string& charset)
-    : handle_(iconv_open("UTF-8", charset.c_str())),
-      pairs_(std::find(pairCharsets.begin(), pairCharsets.end(), charset) != pairCharsets.end()) {}
+    : handle_(iconv_open("UTF-8", charset.c_str())), pairs_(hasPairs(charset)) {}
 
 Converter::~Converter() {
     if (known()) iconv_close(handle_);
