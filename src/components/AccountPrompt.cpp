@@ -8,7 +8,7 @@ namespace zelvo::components {
 
 bool AccountPrompt::Login(std::string& id, std::string& password) {
     frmLogin form(desktop_);
-    placeInFront(form);
+    screen::placeInFront(form);
     if (!form.ask()) return false;
     id = basics::trim(form.txtID.text());
     password = form.txtPassword.text();
@@ -17,7 +17,7 @@ bool AccountPrompt::Login(std::string& id, std::string& password) {
 
 bool AccountPrompt::ChangePassword(const std::string& oldPassword, std::string& newPassword) {
     frmChangePassword form(desktop_, oldPassword);
-    placeInFront(form);
+    screen::placeInFront(form);
     if (!form.ask()) return false;
     newPassword = form.txtNewPassword.text();
     return true;

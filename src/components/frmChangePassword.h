@@ -2,12 +2,12 @@
 
 #include <string>
 
-#include "components/AskWindow.h"
+#include "screen/AskWindow.h"
 
 namespace zelvo::components {
 
 /// Asks for a doctor's new password, twice, after the present one.
-class frmChangePassword : public AskWindow {
+class frmChangePassword : public screen::AskWindow {
 public:
     frmChangePassword(screen::Desktop& desktop, std::string oldPassword);
 

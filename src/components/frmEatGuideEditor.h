@@ -2,12 +2,12 @@
 
 #include <string>
 
-#include "components/AskWindow.h"
+#include "screen/AskWindow.h"
 
 namespace zelvo::components {
 
 /// Lets a dosage sheet be written, with the clinic's name and telephone that stand on it.
-class frmEatGuideEditor : public AskWindow {
+class frmEatGuideEditor : public screen::AskWindow {
 public:
     /// The patient's name stands in the caption.
     frmEatGuideEditor(screen::Desktop& desktop, const std::string& patientName);

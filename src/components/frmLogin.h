@@ -1,11 +1,11 @@
 #pragma once
 
-#include "components/AskWindow.h"
+#include "screen/AskWindow.h"
 
 namespace zelvo::components {
 
 /// Asks for a doctor's account with the pharmacy.
-class frmLogin : public AskWindow {
+class frmLogin : public screen::AskWindow {
 public:
     explicit frmLogin(screen::Desktop& desktop);
 

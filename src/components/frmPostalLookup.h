@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "components/AskWindow.h"
+#include "screen/AskWindow.h"
 #include "screen/Grid.h"
 #include "tables/XArrayDB.h"
 
@@ -20,7 +20,7 @@ using PostalSearch =
     std::function<std::vector<PostalPlace>(const std::string& page, const std::string& text)>;
 
 /// Finds a postal code by the name of a road or a building.
-class frmPostalLookup : public AskWindow {
+class frmPostalLookup : public screen::AskWindow {
 public:
     frmPostalLookup(screen::Desktop& desktop, PostalSearch search, std::string page);
 

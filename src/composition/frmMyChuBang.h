@@ -3,15 +3,13 @@
 #include <cstdint>
 #include <string>
 
-#include "screen/Fields.h"
-#include "screen/TextField.h"
-#include "screen/Window.h"
+#include "screen/AskWindow.h"
 
 namespace zelvo::composition {
 
 /// The small window that asks for the name and the memo under which a composition is stored. Made fresh for
-/// each use; the caller places it.
-class frmMyChuBang : public screen::Window {
+/// each use; the caller places it. Its cmdOK is cmdSave.
+class frmMyChuBang : public screen::AskWindow {
 public:
     explicit frmMyChuBang(screen::Desktop& desktop);
 
@@ -20,15 +18,12 @@ public:
     screen::Label Label1;
     screen::RichTextField rtxNote;
     screen::Label Label3;
-    screen::Button cmdSave, cmdCancel;
 
     /// Asks modally. 0 with both texts trimmed if the user saved, else -1; the window is unloaded then.
     std::int16_t Show_MyChubangADD(std::string& strMyCBName, std::string& strMyCBMemo);
 
 private:
-    void save();
-
-    std::int16_t m_SaveCanceled = -1;
+    bool confirm() override;
 };
 
 }  // namespace zelvo::composition

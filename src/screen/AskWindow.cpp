@@ -1,26 +1,28 @@
-#include "components/AskWindow.h"
+#include "screen/AskWindow.h"
 
-namespace zelvo::components {
+#include "screen/SmallWindow.h"
 
-AskWindow::AskWindow(screen::Desktop& desktop, std::string name, std::string_view caption, double width,
+namespace zelvo::screen {
+
+AskWindow::AskWindow(Desktop& desktop, std::string name, std::string_view caption, double width,
                      double height)
+    : AskWindow(desktop, std::move(name), caption, width, height, Ok()) {}
+
+AskWindow::AskWindow(Desktop& desktop, std::string name, std::string_view caption, double width,
+                     double height, Ok ok)
     : Window(desktop, std::move(name), width, height),
-      cmdOK(*this, "cmdOK", {}, "확인"),
+      cmdOK(*this, ok.name, {}, ok.caption),
       cmdCancel(*this, "cmdCancel", {}, "취소") {
     setCaption(caption);
     cmdOK.onPress.add([this] { press(); });
     cmdCancel.onPress.add([this] { unload(); });
-    onKeyPreview.add([this](int& code) {
-        if (code != screen::keys::escape) return;
-        code = screen::keys::none;
-        cmdCancel.onPress();
-    });
+    onEscape(*this, [this] { cmdCancel.onPress(); });
 }
 
 // A caller may have the busy pointer on: nobody is busy while the user thinks.
 bool AskWindow::ask() {
-    const screen::Pointer former = desktop().pointer();
-    desktop().setPointer(screen::Pointer::Normal);
+    const Pointer former = desktop().pointer();
+    desktop().setPointer(Pointer::Normal);
     showModal();
     unload();
     desktop().setPointer(former);
@@ -33,20 +35,20 @@ void AskWindow::press() {
     unload();
 }
 
-bool AskWindow::refuse(std::string_view what, screen::Field& where) {
-    desktop().inform(what, caption());
+bool AskWindow::refuse(std::string_view what, Field& where, std::string_view boxCaption) {
+    desktop().inform(what, boxCaption);
     where.setFocus();
-    if (auto* text = dynamic_cast<screen::EditField*>(&where)) text->select(0, std::string::npos);
+    if (auto* text = dynamic_cast<EditField*>(&where)) text->select(0, std::string::npos);
     return false;
 }
 
-void AskWindow::fillInOrder(std::initializer_list<screen::TextField*> fields) {
-    const screen::TextField* const last = *(fields.end() - 1);
-    for (screen::TextField* field : fields) {
+void AskWindow::fillInOrder(std::initializer_list<TextField*> fields) {
+    const TextField* const last = *(fields.end() - 1);
+    for (TextField* field : fields) {
         field->onFocus.add([field] { field->select(0, std::string::npos); });
         field->onKeyDown.add([this, isLast = field == last](int& code) {
-            if (code != screen::keys::enter) return;
-            code = screen::keys::none;
+            if (code != keys::enter) return;
+            code = keys::none;
             if (isLast) {
                 cmdOK.onPress();
             } else {
@@ -56,11 +58,11 @@ void AskWindow::fillInOrder(std::initializer_list<screen::TextField*> fields) {
     }
 }
 
-void placeInFront(screen::Window& window) {
-    const screen::Window* const front = window.desktop().front();
+void placeInFront(Window& window) {
+    const Window* const front = window.desktop().front();
     if (!front) return;
     window.left = front->left + (front->width() - window.width()) / 2;
     window.top = front->top + (front->height() - window.height()) / 2;
 }
 
-}  // namespace zelvo::components
+}  // namespace zelvo::screen

@@ -164,6 +164,28 @@ TEST(Rtf, ReadsWritesAndCutsWholeDocuments) {
     EXPECT_EQ(writeRtf(tidied({{{}}})), "");
 }
 
+TEST(Rtf, SaysWhatAnEditorWouldDrop) {
+    const std::pair<const char*, bool> cases[] = {{"a {\\b b}\\cell c", true},
+                                                  {"{\\pict 00}", false},
+                                                  {"{\\*\\shppict{\\pict 00}}", false},
+                                                  {"{\\stylesheet{\\super x}}a", true},
+                                                  {"m{\\super 2}", false},
+                                                  {"\\trowd a\\cell\\row", false},
+                                                  {"\\super0 a", true},
+                                                  {"{\\object{\\x}}", false},
+                                                  {"{\\info{\\pict 00}}a", true}};
+    for (const auto& [rtf, kept] : cases)
+        EXPECT_EQ(keepsAll(std::string("{\\rtf1 ") + rtf + "}"), kept) << rtf;
+    EXPECT_TRUE(keepsAll("m\u00b2"));
+    const RichText marked =
+        readRtf("{\\rtf1{\\colortbl;\\red1;\\blue2;}\\fs999 {\\cf1\\highlight2 a}\\highlight0 b}");
+    ASSERT_EQ(marked.paragraphs.at(0).runs.size(), 2U);
+    EXPECT_EQ(marked.paragraphs[0].runs[0].style.ground, (Colour{0, 0, 2}));
+    EXPECT_EQ(marked.paragraphs[0].runs[0].style.halfPoints, largestHalfPoints);
+    EXPECT_FALSE(marked.paragraphs[0].runs[1].style.ground);
+    EXPECT_EQ(readRtf(writeRtf(marked)), marked);
+}
+
 /// Five megabytes each: what grew with the square of the length would not come back.
 TEST(Rtf, BearsHostileContents) {
     struct Case {
