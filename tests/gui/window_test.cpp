@@ -1,3 +1,4 @@
+#include <QtCore/QMimeData>
 #include <QtCore/QTemporaryDir>
 #include <QtGui/QClipboard>
 #include <QtGui/QInputMethodEvent>
@@ -9,11 +10,12 @@
 #include <QtWidgets/QTableView>
 #include <QtWidgets/QTextEdit>
 #include <QtWidgets/QToolButton>
+#include <algorithm>
 
 #include "GuiSession.h"
 #include "components/EatGuideEditor.h"
-#include "platform/qt/SheetBar.h"
 #include "platform/qt/RichDocument.h"
+#include "platform/qt/SheetBar.h"
 #include "platform/qt/SheetPaper.h"
 #include "platform/qt/Texts.h"
 #include "screen/Fields.h"
@@ -64,6 +66,11 @@ TEST(Sheet, TheEditorKeepsTheFormThatTheBarGives) {
             auto& field = dynamic_cast<screen::RichTextField&>(*window.field("rtxSheet"));
             auto& editor = session.widget<QTextEdit>("rtxSheet");
             session.hand().focus("rtxSheet");
+            const auto sizes = session.glass().shell().findChildren<QComboBox*>();
+            EXPECT_TRUE(std::any_of(sizes.begin(), sizes.end(), [](const QComboBox* box) {
+                return box->currentText() == QLatin1String("10");
+            })) << "an empty sheet says the font that is stored";
+            EXPECT_EQ(editor.currentCharFormat().fontPointSize(), 10);
             session.hand().typeText("식후 ");
             stage::WidgetUser::click(
                 *session.glass().shell().findChild<QToolButton*>(QStringLiteral("bold")));
@@ -97,6 +104,45 @@ TEST(Sheet, TheEditorKeepsTheFormThatTheBarGives) {
             EXPECT_GT(cursor.charFormat().fontWeight(), QFont::Medium);
         });
         components::EatGuideEditor(session.desktop).edit(nullptr, patient, sheet, clinic, phone);
+    });
+}
+
+TEST(Sheet, APasteComesInAsItIsStoredAndColoursCanBeRead) {
+    GuiSession session;
+    session.run([&] {
+        std::string patient, clinic, phone,
+            sheet = R"({\rtf1{\colortbl;\red255\green255\blue255;\blue128;}{\cf1 a\highlight2 b}{\pict 00}})";
+        session.desktop.whenShown("frmEatGuideEditor", [&](screen::Window& window) {
+            auto& field = dynamic_cast<screen::RichTextField&>(*window.field("rtxSheet"));
+            auto& editor = session.widget<QTextEdit>("rtxSheet");
+            const auto colour = [&](int position) {
+                QTextCursor cursor = editor.textCursor();
+                cursor.setPosition(position);
+                return cursor.charFormat().foreground().color();
+            };
+            EXPECT_LT(colour(1).lightness(), 128) << "white on paper";
+            EXPECT_EQ(colour(2), QColor(Qt::white)) << "white on blue";
+            EXPECT_EQ(editor.palette().color(QPalette::Base), QColor(Qt::white));
+            session.hand().focus("rtxSheet");
+            editor.moveCursor(QTextCursor::End);
+            auto clipping = std::make_unique<QMimeData>();
+            clipping->setHtml(
+                QStringLiteral("<ol><li>x<li>y</ol><table><tr><td>c<td>d</table><img src=p.png>"));
+            QGuiApplication::clipboard()->setMimeData(clipping.release());
+            editor.paste();
+            EXPECT_EQ(field.text(), "ab1. x\r\n2. y\r\nc\td\r\n");
+            EXPECT_EQ(field.content().paragraphs.at(0).runs.at(0).style.colour,
+                      (screen::Colour{255, 255, 255}))
+                << "a colour is stored as it came";
+            const screen::RichText shown = qt::contentOf(*editor.document());
+            EXPECT_EQ(shown, field.content());
+            session.hand().press("cmdOK");
+        });
+        components::EatGuideEditor(session.desktop).edit(nullptr, patient, sheet, clinic, phone);
+        session.desktop.expectBox(
+            "복용법작성",
+            "이 복용법에는 여기서 표시할 수 없는 그림, 표, 첨자가 있습니다. 고쳐서 저장하면 그 "
+            "부분이 없어집니다.");
     });
 }
 
