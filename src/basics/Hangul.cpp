@@ -78,12 +78,10 @@ public:
 
 private:
     void consonant(char32_t sign) {
-        if (vowel_ == 0 || initial_ == 0) {
-            finish();
-            initial_ = sign;
-        } else if (final_ == 0 && finalSigns.find(sign) != std::u32string_view::npos) {
+        const bool open = initial_ && vowel_ && !second_;
+        if (open && final_ == 0 && finalSigns.find(sign) != std::u32string_view::npos) {
             final_ = sign;
-        } else if (const char32_t both = final_ ? joined(final_, sign) : 0; both && second_ == 0) {
+        } else if (open && final_ != 0 && joined(final_, sign) != 0) {
             second_ = sign;
         } else {
             finish();

@@ -63,6 +63,7 @@ std::vector<std::size_t> HerbFinder::find(const std::vector<Herb>& herbs, const 
                      [](const auto& a, const auto& b) { return a.first < b.first; });
     found.resize(std::min(found.size(), mostLines));
     std::vector<std::size_t> places;
+    places.reserve(found.size());
     for (const auto& [rank, place] : found) places.push_back(place);
     return places;
 }

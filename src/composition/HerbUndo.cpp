@@ -57,9 +57,10 @@ void HerbUndo::undo() {
     tables::XArrayDB& lines = session_.g_xaDrug;
     lines.reDim(static_cast<int>(step.rows.size()) - 1, herb::lastColumn);
     for (int row = 0; row <= lines.upperRow(); ++row) {
-        for (int column = 0; column <= herb::lastColumn; ++column)
+        for (int column = 0; column <= herb::lastColumn; ++column) {
             lines.set(row, column,
                       step.rows[static_cast<std::size_t>(row)][static_cast<std::size_t>(column)]);
+        }
     }
     herbs_.tdbDGL.bind(&lines);
     herbs_.showRowCount();

@@ -40,11 +40,11 @@ std::string lineOf(std::string_view name, std::string_view text) {
 
 /// Seconds since any one day.
 std::int64_t seconds(const basics::DateTime& time) {
-    const std::chrono::sys_days day{std::chrono::year(time.date.year) /
-                                    static_cast<unsigned>(time.date.month) /
-                                    static_cast<unsigned>(time.date.day)};
-    return std::int64_t{day.time_since_epoch().count()} * 86400 + time.hour * 3600 + time.minute * 60 +
-           time.second;
+    using namespace std::chrono;
+    const sys_days day{year(time.date.year) / time.date.month / time.date.day};
+    return (day.time_since_epoch() + hours(time.hour) + minutes(time.minute) +
+            std::chrono::seconds(time.second)) /
+           std::chrono::seconds(1);
 }
 
 }  // namespace
@@ -92,8 +92,9 @@ std::string ageText(std::string_view keptAt, std::string_view now) {
     const std::int64_t minutes = then && today ? (seconds(*today) - seconds(*then)) / 60 : 0;
     if (minutes < 1) return "방금 전";
     if (minutes < 60) return basics::decimalText(minutes) + "분 전";
-    if (minutes < 60 * 24) return basics::decimalText(minutes / 60) + "시간 전";
-    return basics::decimalText(minutes / (60 * 24)) + "일 전";
+    constexpr std::int64_t hour = 60, day = 24 * hour;
+    if (minutes < day) return basics::decimalText(minutes / hour) + "시간 전";
+    return basics::decimalText(minutes / day) + "일 전";
 }
 
 }  // namespace zelvo::ordering
