@@ -18,6 +18,10 @@ public:
 
     screen::Label lblUsableDeposit;
 
+    /// The figure may be out of date, or another doctor's: it goes until the doctor comes to the choice
+    /// again.
+    void forget() { lblUsableDeposit.setVisible(false); }
+
 private:
     void show();
     std::optional<std::int64_t> usable() const;

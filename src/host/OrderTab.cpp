@@ -25,6 +25,7 @@ OrderTab::OrderTab(screen::Window& form, screen::Place tab, session::Session& se
     send.Send2Chart.add([this](const ordering::ChartRecord&) {
         keeping.sent();
         herbUndo.forget();
+        usable.forget();
     });
 }
 

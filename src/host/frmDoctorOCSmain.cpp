@@ -50,7 +50,10 @@ frmDoctorOCSmain::frmDoctorOCSmain(screen::Desktop& desktop, session::Session& s
     onResize.add([this] { Form_Resize(); });
     onUnload.add([this] { Form_Unload(); });
     c1tMain.onClick.add([this] { c1tMain_Click(); });
-    login.whenDoctorLeaves = [this] { management.forget(); };
+    login.whenDoctorLeaves = [this] {
+        management.forget();
+        order.usable.forget();
+    };
     login.whenLoggedIn = [this] {
         management.detail.On_CBJRowChange(-1);
         balance.Clear_StockView();
@@ -93,6 +96,7 @@ void frmDoctorOCSmain::Form_Resize() {
 
 void frmDoctorOCSmain::c1tMain_Click() {
     order.gate.Set_CostConfirmed(false);
+    order.usable.forget();
     management.detail.state.ssrCBJmCancel.height = 225;
 }
 

@@ -1,6 +1,9 @@
 # What was typed into an order stays until it can be stored; an order that has left the list, and one of a doctor who
 # is no longer logged in, can be changed no more.
+choose cboPaymentMethod 적립
+expect shown lblUsableDeposit
 tab c1tMain 2
+expect hidden lblUsableDeposit
 tab c1tCBJmanage 4
 choose cboCBJstate "대 기"
 press sscCBJsearchState
