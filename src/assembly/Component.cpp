@@ -4,6 +4,8 @@
 #include "components/EatGuideEditor.h"
 #include "components/PostalLookup.h"
 #include "platform/files/FileSystemObject.h"
+#include "platform/files/SupportFile.h"
+#include "platform/files/UserFolders.h"
 #include "platform/http/PostalPage.h"
 #include "platform/http/WebPage.h"
 #include "platform/http/clsOrderCostText.h"
@@ -25,27 +27,47 @@ std::unique_ptr<data::Connection> openPharmacy(const data::ServerLogin& login) {
 
 namespace {
 
-std::vector<components::PostalPlace> askPostalPage(const std::string& page, const std::string& text) {
+using Support = std::shared_ptr<basics::SupportRecord>;
+
+std::vector<components::PostalPlace> askPostalPage(const std::string& page, const std::string& text,
+                                                   const Support& support) {
     std::vector<components::PostalPlace> places;
-    for (http::PostalHit& hit : http::findPostalCodes(http::HttpClient(), page, text))
+    for (http::PostalHit& hit : http::findPostalCodes(http::HttpClient({}, support), page, text))
         places.push_back({std::move(hit.zip), std::move(hit.address)});
     return places;
+}
+
+/// One for the process, beside the logs; nothing where the user has no folder.
+Support supportRecord() {
+    try {
+        static const Support record = std::make_shared<files::SupportFile>(files::dataFolder() / "zelvo");
+        return record;
+    } catch (const std::exception&) {
+        return nullptr;
+    }
 }
 
 }  // namespace
 
 void registerComponents(screen::Desktop& desktop) {
+    const Support support = supportRecord();
+    if (support) desktop.setSupport(support);
     screen::Components& known = desktop.components();
     known.setCodePages(text::machineCodePages());
-    known.setWebFetch([](const std::string& address, const std::stop_token& stop) {
-        return http::fetchWebContent(http::HttpClient(http::pageLimits()), address, stop);
+    known.setWebFetch([support](const std::string& address, const std::stop_token& stop) {
+        return http::fetchWebContent(http::HttpClient(http::pageLimits(), support), address, stop);
     });
-    known.add("OrderCostText.clsOrderCostText", [] { return std::make_unique<http::clsOrderCostText>(); });
+    known.add("OrderCostText.clsOrderCostText",
+              [support] { return std::make_unique<http::clsOrderCostText>(http::HttpClient({}, support)); });
     known.add("Scripting.FileSystemObject", [] { return std::make_unique<files::FileSystemObject>(); });
     known.add("AccountPrompt.clsAccountPrompt",
               [&desktop] { return std::make_unique<components::AccountPrompt>(desktop); });
-    known.add("PostalLookup.clsPostalLookup",
-              [&desktop] { return std::make_unique<components::PostalLookup>(desktop, askPostalPage); });
+    known.add("PostalLookup.clsPostalLookup", [&desktop, support] {
+        return std::make_unique<components::PostalLookup>(
+            desktop, [support](const std::string& page, const std::string& text) {
+                return askPostalPage(page, text, support);
+            });
+    });
     known.add("EatGuideEditor", [&desktop] { return std::make_unique<components::EatGuideEditor>(desktop); });
 }
 

@@ -31,8 +31,8 @@ constexpr Cell orderTypeCells[] = {{0, Unselected},
                                    {7, Field, "JL_Order"}};
 
 /// The server's date as "yyyy-mm-dd": prices hold by it, never by the date of the clinic's machine.
-std::string serverDate(Connection& Conn) {
-    return basics::formatDate(running::serverTime(Conn, "SELECT GETDATE()"));
+std::string serverDate(Connection& Conn, Connection::From from = Connection::From::current()) {
+    return basics::formatDate(running::serverTime(Conn, "SELECT GETDATE()", from));
 }
 
 }  // namespace

@@ -9,21 +9,26 @@ namespace {
 
 /// Reads the one row of a sum; no row and NULL are 0. What does not fit into 32 bits is a failure, not a
 /// wrong balance.
-bool readSum(Connection& Conn, const Statement& statement, std::int32_t& Sum) {
+bool readSum(Connection& Conn, const Statement& statement, std::int32_t& Sum,
+             Connection::From from = Connection::From::current()) {
     Sum = 0;
     return running::flag([&] {
-        running::readRow(Conn, statement, [&](const RecordSet& row) {
-            if (!row.isNull(0)) Sum = basics::toInt32(row.text(0));
-        });
+        running::readRow(
+            Conn, statement,
+            [&](const RecordSet& row) {
+                if (!row.isNull(0)) Sum = basics::toInt32(row.text(0));
+            },
+            from);
         return true;
     });
 }
 
 std::int16_t openLedger(Connection& Conn, RecordSet& Rs, Statement& statement, std::int32_t DTR_PK,
-                        const std::string& sDate, const std::string& eDate) {
+                        const std::string& sDate, const std::string& eDate,
+                        Connection::From from = Connection::From::current()) {
     return running::status([&] {
         statement.fill("[DTR_PK]", DTR_PK).fill("[sDate]", sDate).fill("[eDate]", eDate);
-        Conn.open(Rs, statement.text(), Cursor::Static);
+        Conn.open(Rs, statement.text(), Cursor::Static, {}, from);
     });
 }
 

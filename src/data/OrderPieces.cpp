@@ -18,9 +18,10 @@ std::string flagText(const RecordSet& row, std::string_view field) {
 
 /// Reads the one row of an order; no row is no failure.
 template <class Take>
-bool readOrder(Connection& Conn, std::int32_t CBJ_PK, const char* text, Take&& take) {
+bool readOrder(Connection& Conn, std::int32_t CBJ_PK, const char* text, Take&& take,
+               Connection::From from = Connection::From::current()) {
     return running::flag([&] {
-        running::readRow(Conn, Statement(text).fill("[CBJ_PK]", CBJ_PK), take);
+        running::readRow(Conn, Statement(text).fill("[CBJ_PK]", CBJ_PK), take, from);
         return true;
     });
 }
@@ -58,13 +59,15 @@ std::string readAddOns(Connection& Conn, std::string_view slots) {
 
 /// The lines come as the server joined them; their places are known to their table.
 void arrangeHerbs(Connection& Conn, RecordSet& Rs, std::int32_t CBJ_PK) {
-    if (Rs.rowCount() < 2) return;
+    const bool rehearsed = Rs.columnCount() == 0;  // so that the question goes along with the others
+    if (Rs.rowCount() < 2 && !rehearsed) return;
     RecordSet lines;
     Conn.open(lines,
               Statement("SELECT DET_PK FROM t_CBJDetail WHERE CBJ_PK = [CBJ_PK] ORDER BY DET_Order, DET_PK")
                   .fill("[CBJ_PK]", CBJ_PK)
                   .text(),
               Cursor::Static);
+    if (rehearsed) return;
     std::vector<std::string> keys;
     for (; !lines.atEnd(); lines.moveNext()) keys.push_back(lines.text(0));
     Rs.arrange("DET_PK", keys);

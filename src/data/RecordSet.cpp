@@ -42,6 +42,13 @@ bool RecordSet::isOpen() const {
     return rows_ != nullptr;
 }
 
+void RecordSet::takeOver(RecordSet& other) {
+    rows_ = std::move(other.rows_);
+    other.close();
+    position_ = 0;
+    ++generation_;
+}
+
 void RecordSet::close() {
     if (!rows_) return;
     rows_.reset();
@@ -256,6 +263,7 @@ bool RecordSet::removeRow(std::size_t row) {
     try {
         rows_->writer->remove(rows_->target, rows_->keyOf(row));
     } catch (const Fault&) {
+        tellFailure("DELETE");
         return false;
     }
     rows_->cells.erase(row);
@@ -273,10 +281,16 @@ bool RecordSet::writeRow(std::size_t row) {
     try {
         rows_->writer->update(rows_->target, rows_->keyOf(row), changed);
     } catch (const Fault&) {
+        tellFailure("UPDATE");
         return false;
     }
     rows_->cells.forgetChanges(row);
     return true;
+}
+
+/// Inside a handler: of the fault that it has caught.
+void RecordSet::tellFailure(const std::string& verb) const {
+    if (onWriteFailed) onWriteFailed(verb + " " + rows_->target.table, std::current_exception());
 }
 
 std::uint64_t RecordSet::generation() const {

@@ -2,6 +2,8 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <exception>
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -43,7 +45,12 @@ public:
     RecordSet(const RecordSet&) = delete;
     RecordSet& operator=(const RecordSet&) = delete;
 
+    /// Told of a change that the database refused, as a statement's beginning.
+    std::function<void(std::string_view change, const std::exception_ptr& fault)> onWriteFailed;
+
     bool isOpen() const;
+    /// Takes the rows of another set over, and stands on the first.
+    void takeOver(RecordSet& other);
     /// Empties the set; the columns stay known to nobody.
     void close();
 
@@ -113,6 +120,7 @@ public:
     };
 
 private:
+    void tellFailure(const std::string& verb) const;
     bool holds(std::size_t row, int column) const;
     /// Throws Fault when there is no current row or no such column.
     void requireCurrent(int column) const;

@@ -43,8 +43,9 @@ void fill(tables::XArrayDB& Array, int row, const Cell& cell, const RecordSet& R
 }  // namespace
 
 WalkEnd walk(Connection& connection, RecordSet& Rs, tables::XArrayDB& Array, const Statement& statement,
-             std::span<const Cell> cells) {
-    if (!tried([&] { connection.open(Rs, statement.text(), Cursor::Keyset); })) return WalkEnd::OpenFailed;
+             std::span<const Cell> cells, Connection::From asked) {
+    if (!tried([&] { connection.open(Rs, statement.text(), Cursor::Keyset, {}, asked); }))
+        return WalkEnd::OpenFailed;
     std::vector<int> from;
     for (const Cell& cell : cells) from.push_back(Rs.columnOf(cell.field));
 

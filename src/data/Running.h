@@ -38,25 +38,28 @@ bool flag(Steps&& steps) {
     }
 }
 
-inline void execute(Connection& connection, const Statement& statement) {
-    connection.execute(statement.text());
+inline void execute(Connection& connection, const Statement& statement,
+                    Connection::From from = Connection::From::current()) {
+    connection.execute(statement.text(), from);
 }
 
 /// Reads one row with a result set of its own: `take` gets it on its first row. False when no row came, and
 /// then nothing is taken. Throws Fault.
 template <class Take>
-bool readRow(Connection& connection, const Statement& statement, Take&& take) {
+bool readRow(Connection& connection, const Statement& statement, Take&& take,
+             Connection::From from = Connection::From::current()) {
     RecordSet own;
-    connection.open(own, statement.text(), Cursor::Static);
+    connection.open(own, statement.text(), Cursor::Static, {}, from);
     if (own.atEnd()) return false;
     take(static_cast<const RecordSet&>(own));
     return true;
 }
 
 /// The server's date and time as its driver says it. Throws Fault.
-inline std::string serverTime(Connection& connection, std::string_view statement) {
+inline std::string serverTime(Connection& connection, std::string_view statement,
+                              Connection::From from = Connection::From::current()) {
     RecordSet own;
-    connection.open(own, std::string(statement), Cursor::Static);
+    connection.open(own, std::string(statement), Cursor::Static, {}, from);
     return own.text(0);
 }
 
@@ -94,6 +97,6 @@ constexpr std::int16_t searchStatus(WalkEnd end) {
 /// work once a row. A step that fails is passed over, a move that fails ends the walk. `Rs` is left open at
 /// its end.
 WalkEnd walk(Connection& connection, RecordSet& Rs, tables::XArrayDB& Array, const Statement& statement,
-             std::span<const Cell> cells);
+             std::span<const Cell> cells, Connection::From from = Connection::From::current());
 
 }  // namespace zelvo::data::running

@@ -6,6 +6,14 @@
 
 namespace zelvo::screen {
 
+std::shared_ptr<basics::SupportRecord> Desktop::nowhere() {
+    class Nowhere : public basics::SupportRecord {
+        void add(std::string_view /*line*/) noexcept override {}
+        std::string lastLines() const override { return {}; }
+    };
+    return std::make_shared<Nowhere>();
+}
+
 namespace {
 
 /// Keys delivered at one time, so that keys which send keys come to an end.

@@ -6,8 +6,10 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
+#include "basics/SupportRecord.h"
 #include "screen/Components.h"
 #include "screen/Key.h"
 
@@ -72,6 +74,12 @@ public:
     /// The time that waits are measured by; a desktop on which nobody waits may let it run faster.
     virtual std::chrono::steady_clock::time_point now() const { return std::chrono::steady_clock::now(); }
 
+    /// What draws the windows, and its version.
+    virtual std::string toolkit() const { return {}; }
+    /// Where failures are noted, for those who help a clinic; nowhere until it has been set.
+    basics::SupportRecord& support() const { return *support_; }
+    void setSupport(std::shared_ptr<basics::SupportRecord> record) { support_ = std::move(record); }
+
     /// Screen size in twips.
     virtual double screenWidth() const = 0;
     virtual double screenHeight() const = 0;
@@ -97,6 +105,7 @@ protected:
 
 private:
     friend class Window;
+    static std::shared_ptr<basics::SupportRecord> nowhere();
     void opened(Window& window);
     void closed(Window& window);
 
@@ -106,6 +115,7 @@ private:
     unsigned yields_ = 0;
     bool yieldsAlways_ = false;
     Components components_;
+    std::shared_ptr<basics::SupportRecord> support_ = nowhere();
 };
 
 /// The busy pointer for as long as it lives.

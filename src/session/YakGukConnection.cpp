@@ -1,7 +1,10 @@
 #include "session/YakGukConnection.h"
 
+#include <chrono>
 #include <cstdlib>
 #include <exception>
+
+#include "basics/Numbers.h"
 
 // The pieces of the database's password: what a build is given, and what the environment says instead.
 #ifndef ZELVO_DB_PASSWORD_1
@@ -39,10 +42,31 @@ std::string BuildYakGukPassword() {
     return first + secondPiece() + third + fourthPiece();
 }
 
-/// One way for all: the password is joined for each opening.
-std::unique_ptr<data::Connection> openedAt(const data::ConnectionOpener& open,
+std::string milliseconds(std::chrono::milliseconds time) {
+    return basics::decimalText(std::int64_t{time.count()}) + " ms";
+}
+
+/// One way for all: the password is joined for each opening, and a failure is noted.
+std::unique_ptr<data::Connection> openedAt(screen::Desktop& desktop, const data::ConnectionOpener& open,
                                            const std::string& ServerAddress) {
-    return open({ServerAddress, "zelvo", "zelvo", BuildYakGukPassword()});
+    const auto start = std::chrono::steady_clock::now();
+    try {
+        std::unique_ptr<data::Connection> connection =
+            open({ServerAddress, "zelvo", "zelvo", BuildYakGukPassword()});
+        if (connection) {
+            connection->onFailure = [&desktop](const data::Failure& failure) {
+                desktop.support().add("database " + failure.operation + " " + failure.statement + " [" +
+                                      failure.cause + "] " + milliseconds(failure.took));
+            };
+        }
+        return connection;
+    } catch (const std::exception&) {
+        const auto took =
+            std::chrono::duration_cast<std::chrono::milliseconds>(std::chrono::steady_clock::now() - start);
+        desktop.support().add("database login [" + data::causeOf(std::current_exception()) + "] " +
+                              milliseconds(took));
+        throw;
+    }
 }
 
 std::unique_ptr<data::Connection> opened(screen::Desktop& desktop, const data::ConnectionOpener& open,
@@ -50,7 +74,7 @@ std::unique_ptr<data::Connection> opened(screen::Desktop& desktop, const data::C
     const screen::BusyPointer busy(desktop);
     std::unique_ptr<data::Connection> connection;
     try {
-        connection = openedAt(open, ServerAddress);
+        connection = openedAt(desktop, open, ServerAddress);
     } catch (const std::exception&) {
         return nullptr;
     }
@@ -70,8 +94,10 @@ bool ConnectYakGukServer(Session& session, screen::Desktop& desktop, const data:
         return false;
     }
     connection->yield = [&desktop] { desktop.yield(); };
-    connection->another = [open, ServerAddress] { return openedAt(open, ServerAddress); };
+    connection->another = [&desktop, open, ServerAddress] { return openedAt(desktop, open, ServerAddress); };
     connection->server = ServerAddress;
+    desktop.support().add(std::string("session of ZELVO ") + version + ", " + connection->driver() + ", " +
+                          desktop.toolkit());
     session.g_conYakGuk = std::move(connection);
     return true;
 }

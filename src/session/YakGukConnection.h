@@ -8,8 +8,12 @@
 
 namespace zelvo::session {
 
+/// Of this program.
+inline constexpr const char* version = "1.0001";
+
 /// Opens g_conYakGuk at the address; what it held before is dropped. On failure one message box names the
-/// address, and the result is false. The connection's walks then let the desktop's events run.
+/// address, and the result is false. The connection's walks then let the desktop's events run, and its
+/// failures are noted.
 bool ConnectYakGukServer(Session& session, screen::Desktop& desktop, const data::ConnectionOpener& open,
                          const std::string& ServerAddress);
 

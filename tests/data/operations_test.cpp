@@ -34,7 +34,11 @@ TEST_F(Operations, EveryFailedStatementEndsInTheFailureValue) {
     clsZELVORecordSet& from = operations_;
     DoctorRecord doctor;
     std::int32_t sum = 0;
-    std::string herb, price;
+    std::string herb, price, noted;
+    line.onFailure = [&noted, checked = line.onFailure](const Failure& failure) {
+        checked(failure);
+        noted = failure.operation;
+    };
     const std::pair<const char*, std::function<std::int32_t()>> reads[] = {
         {"add-ons", [&] { return from.RecordSet_TangJunADD(line, set_, array_); }},
         {"methods", [&] { return from.RecordSet_TangJun(line, set_, array_); }},
@@ -64,6 +68,7 @@ TEST_F(Operations, EveryFailedStatementEndsInTheFailureValue) {
             const std::uint64_t generation = set_.generation();
             line.failAt(failing);
             EXPECT_EQ(read(), -1) << "statement " << failing;
+            EXPECT_TRUE(noted.starts_with("RecordSet_") || noted.starts_with("ZELVO_")) << noted;
             EXPECT_EQ(set_.generation(), generation);
         }
         EXPECT_EQ(read(), 1);

@@ -1,12 +1,13 @@
 // What the statement layer asks of every driver, each with the same SQLite file behind it.
 #include <gtest/gtest.h>
 
+#include <array>
 #include <clocale>
 
 #include "basics/Fault.h"
 #include "data/RecordSet.h"
+#include "data/Running.h"
 #include "data/Statement.h"
-#include "platform/odbc/ConnectionString.h"
 #include "platform/odbc/OdbcConnection.h"
 #include "support/TestDatabase.h"
 #include "support/tds/TdsServer.h"
@@ -34,10 +35,8 @@ protected:
         if (driver == "FreeTds") {
             server_ = std::make_unique<testing::TdsServer>(database_.path());
             odbc::Settings settings;
-            settings.encrypted = false;
-            connection_ = std::make_unique<odbc::OdbcConnection>(
-                odbc::connectionString({server_->address(), "zelvo", "zelvo", "pw"}, settings),
-                odbc::Limits{});
+            settings.encrypted = settings.checked = false;
+            connection_ = odbc::openServerBy(settings, {server_->address(), "zelvo", "zelvo", "pw"});
         }
         database_.run(
             "INSERT INTO t_UserChubang (UCB_PK, DTR_PK, UCB_Name, UCB_Date, UCB_Note) VALUES"
@@ -190,6 +189,65 @@ TEST_P(Port, KeepsOrDropsATransactionAsAWhole) {
     EXPECT_THROW(connection_->open(set_, "SELECT 1", Cursor::Static), Fault);
     EXPECT_EQ(spoiled.commit(), CommitOutcome::Refused);
     EXPECT_EQ(database_.value("SELECT group_concat(CBJ_PK) FROM t_EatGuide"), "4,5");
+}
+
+TEST_P(Port, HandsOverStatementsTogether) {
+    const std::string reads[] = {"SELECT UCB_PK FROM t_UserChubang ORDER BY UCB_PK", "SELECT 'a' AS x",
+                                 "SELECT * FROM t_Nowhere", "SELECT 'b' AS x"};
+    std::vector<Failure> failures;
+    connection_->onFailure = [&](const Failure& failure) { failures.push_back(failure); };
+    const auto asking = [&](std::initializer_list<int> which) {
+        return [&, which = std::vector(which)](Connection& line) {
+            RecordSet none;
+            for (const int i : which) line.open(none, reads[i], Cursor::Static);
+        };
+    };
+    {
+        const ReadAhead ahead(*connection_, asking({0, 1, 2, 3}));
+        for (const int asked : {1, 0, 2, 3}) {
+            const bool fails = asked == 2;
+            EXPECT_EQ(fails, !running::flag([&] {
+                          connection_->open(set_, reads[asked], Cursor::Static);
+                          return true;
+                      }));
+            EXPECT_EQ(set_.text(0), (std::array{"2", "a", "2", "b"}.at(static_cast<std::size_t>(asked))));
+        }
+    }
+    ASSERT_EQ(failures.size(), 1U);
+    EXPECT_EQ(failures[0].statement, "SELECT t_Nowhere");
+    const auto insert = [&](int key) {
+        connection_->execute("INSERT INTO t_EatGuide (CBJ_PK, BogYak) VALUES (" + std::to_string(key) +
+                             ", ';''\nIF @@ERROR <> 0')");
+    };
+    for (const std::size_t good : {5U, 2U}) {
+        Transaction transaction(*connection_, "", asking({0}));
+        connection_->open(set_, reads[0], Cursor::Static);
+        EXPECT_EQ(set_.rowCount(), 4U);
+        Together together(*connection_);
+        for (const int key : {1, 2, good == 5 ? 3 : 2, 4}) insert(key);
+        if (good == 5) {
+            connection_->open(set_, "SELECT count(*) FROM t_EatGuide", Cursor::Static);
+            EXPECT_EQ(set_.text(0), "4") << "the question goes behind what waits";
+            insert(5);
+        }
+        EXPECT_EQ(together.send(), good);
+        EXPECT_EQ(together.count(), good == 5 ? 5U : 4U);
+        EXPECT_EQ(transaction.commit(), good == 5 ? CommitOutcome::Done : CommitOutcome::Refused);
+        EXPECT_EQ(database_.value("SELECT group_concat(CBJ_PK) FROM t_EatGuide"),
+                  good == 5 ? "1,2,3,4,5" : "");
+        database_.run("DELETE FROM t_EatGuide");
+    }
+    EXPECT_EQ(failures.back().statement + (failures.back().cause.empty() ? "" : "!"), "INSERT t_EatGuide!");
+    if (server_) {
+        server_->takeBatches();
+        const ReadAhead ahead(*connection_, asking({0, 1}), asking({1, 0}));
+        connection_->open(set_, reads[0], Cursor::Static);
+        connection_->open(set_, reads[1], Cursor::Static);
+        EXPECT_EQ(server_->takeBatches().size(), 1U);
+        for (const std::string& asked : {reads[3], reads[1], reads[0]})
+            connection_->open(set_, asked, Cursor::Static);
+        EXPECT_EQ(server_->takeBatches().size(), 1U);
+    }
 }
 
 TEST_P(Port, BringsTextsOfAnyKindAndLengthBothWays) {

@@ -3,16 +3,17 @@
 
 #include <chrono>
 #include <cstdlib>
+#include <fstream>
 
 #include "basics/Fault.h"
 #include "data/DataTests.h"
 #include "data/OrderOutcome.h"
 #include "data/clsZELVORecordSet.h"
-#include "platform/odbc/ConnectionString.h"
 #include "platform/odbc/OdbcConnection.h"
 #include "session/YakGukConnection.h"
 #include "support/TestDatabase.h"
 #include "support/TestDesktop.h"
+#include "support/tds/TdsPipe.h"
 #include "support/tds/TdsServer.h"
 
 namespace zelvo::odbc {
@@ -29,8 +30,10 @@ protected:
     std::unique_ptr<data::Connection> connect(const data::ServerLogin& login, int querySeconds = 1) const {
         Settings settings;
         settings.encrypted = server_.tls;
-        return std::make_unique<OdbcConnection>(connectionString(login, settings),
-                                                Limits{.loginSeconds = 1, .querySeconds = querySeconds});
+        settings.checked = false;
+        settings.loginSeconds = 1;
+        settings.querySeconds = querySeconds;
+        return openServerBy(settings, login);
     }
     std::unique_ptr<data::Connection> connect() const {
         return connect({server_.address(), "zelvo", "zelvo", "pw"});
@@ -61,6 +64,57 @@ TEST_F(OdbcLine, TheLoginArrivesAsItWasMeant) {
         EXPECT_THROW(connect({server_.address(), "zelvo", "zelvo", unsayable}), Fault) << unsayable;
 }
 
+TEST_F(OdbcLine, NothingThatTheMachineSaysWeakensTheLogin) {
+    server_.tls = true;
+    const std::string conf = database_.path() + ".conf";
+    const std::pair<const char*, std::string> cases[] = {
+        {"TDSVER", "7.0"},
+        {"TDSVER", "5.0"},
+        {"TDSHOST", "127.0.0.2"},
+        {"TDSPORT", "1"},
+        {"FREETDSCONF", "[global]\ntds version = 7.0\nencryption = off\n"},
+        {"FREETDSCONF", "[127.0.0.1]\ntds version = 5.0\nencryption = off\n"},
+        {"FREETDSCONF", "[zelvo]\nhost = 127.0.0.2\nencryption = off\n"}};
+    for (const auto& [name, value] : cases) {
+        const bool isFile = name == std::string("FREETDSCONF");
+        if (isFile) std::ofstream(conf) << value;
+        const std::string set = isFile ? conf : value;
+        ::setenv(name, set.c_str(), 1);
+        connect();
+        EXPECT_TRUE(server_.takeLogin().encrypted) << name << " " << value;
+        EXPECT_EQ(std::getenv(name), set) << "what the chart's own lines go by";
+        ::unsetenv(name);
+    }
+    std::remove(conf.c_str());
+}
+
+TEST_F(OdbcLine, OnlyACertificateThatChecksGetsThePassword) {
+    server_.tls = true;
+    const std::string file = database_.path() + ".pem", port = server_.address().substr(9);
+    std::ofstream(file) << testing::TdsCertificate::instance().pem();
+    const struct {
+        std::string host, file, reason;
+        bool checked = true;
+    } cases[] = {{"localhost", file, ""},
+                 {"127.0.0.1", file, "the server's certificate is made out to another name than its address"},
+                 {"localhost", "", "the server's certificate is none of those to trust, or out of date"},
+                 {"127.0.0.1", "", "", false}};
+    for (const auto& test : cases) {
+        Settings settings;
+        settings.checked = test.checked;
+        settings.certificateFile = test.file;
+        std::string reason;
+        try {
+            openServerBy(settings, {test.host + port, "zelvo", "zelvo", "pw"});
+        } catch (const data::SetupFault& fault) {
+            reason = fault.what();
+        }
+        EXPECT_EQ(reason, test.reason);
+        EXPECT_EQ(server_.takeLogin().password, reason.empty() ? "pw" : "") << test.host;
+    }
+    std::remove(file.c_str());
+}
+
 TEST_F(OdbcLine, NativeTypesBecomeTheSystemsTexts) {
     database_.run(
         "CREATE TABLE t_Types (a MONEY, b DECIMAL(18,4), c REAL, d FLOAT, e DATETIME, f DATETIME, g BIT, h INT);"
@@ -83,6 +137,10 @@ TEST_F(OdbcLine, NativeTypesBecomeTheSystemsTexts) {
 TEST_F(OdbcLine, AFailureBearsTheServersWords) {
     const auto connection = connect();
     connection->execute(insert);
+    std::string noted;
+    connection->onFailure = [&](const data::Failure& failure) {
+        noted = failure.operation + " " + failure.statement + " " + failure.cause;
+    };
     try {
         connection->execute(insert);
         ADD_FAILURE() << "the key stands already";
@@ -91,6 +149,7 @@ TEST_F(OdbcLine, AFailureBearsTheServersWords) {
                   std::string::npos)
             << fault.what();
     }
+    EXPECT_EQ(noted, "TestBody INSERT t_EatGuide 23000/2627") << "and the record only their numbers";
     EXPECT_TRUE(connection->isOpen());
 }
 
@@ -238,9 +297,11 @@ TEST_F(OdbcLine, AStatementWithoutAnAnswerIsGivenUpAndTheLineLives) {
     }
     const auto slow = connect({server_.address(), "zelvo", "zelvo", "pw"}, 30);
     server_.misbehave("SELECT", Trouble::Late);
-    slow->waiting = [&](std::chrono::milliseconds soFar) {
-        EXPECT_THROW(slow->execute(insert), Fault) << "the line is taken";
-        return soFar < std::chrono::milliseconds(700);
+    slow->waiting = [&](std::chrono::steady_clock::time_point since) {
+        return [&, since] {
+            EXPECT_THROW(slow->execute(insert), Fault) << "the line is taken";
+            return std::chrono::steady_clock::now() - since < std::chrono::milliseconds(700);
+        };
     };
     EXPECT_NEAR(failsAfter([&] { slow->open(set_, "SELECT 1 AS one", data::Cursor::Static); }), 0.8, 0.3);
     slow->open(set_, "SELECT count(*) AS n FROM t_EatGuide", data::Cursor::Static);
@@ -340,6 +401,7 @@ TEST_F(OdbcLine, ALoginThatFailsEndsInTimeWithOneBox) {
     for (const auto& test : cases) {
         SCOPED_TRACE(test.name);
         ::setenv("ZELVO_ODBC_ENCRYPT", test.encrypt, 1);
+        ::setenv("ZELVO_ODBC_CERTIFICATE", "trust", 1);
         server_.tls = test.trouble == Trouble::EndHalf;
         if (test.trouble != Trouble::None) server_.misbehave(test.at, test.trouble);
         session::Session session;

@@ -20,7 +20,7 @@ Settings settingsOf(const Variables& variables) {
 }
 
 const std::string freeTds =
-    "UID=zelvo;PWD=pw;TDS_Version=7.4;ClientCharset=UTF-8;TextSize=2147483647;Encryption=";
+    "Servername=zelvo;Database=zelvo;UID=zelvo;PWD=pw;TDS_Version=7.4;ClientCharset=UTF-8;TextSize=2147483647;Encryption=";
 const std::string common = "Language=us_english;APP=DoctorZELVO;";
 
 TEST(ConnectionString, IsSaidInTheDriversOwnWords) {
@@ -28,24 +28,18 @@ TEST(ConnectionString, IsSaidInTheDriversOwnWords) {
         Variables variables;
         std::string address, text;
     } cases[] = {
-        {{},
-         "pharmacy.example",
-         "Driver={FreeTDS};Server=pharmacy.example;Port=1433;Database=zelvo;" + freeTds + "require;" +
-             common},
+        {{}, "pharmacy.example", "Driver={FreeTDS};" + freeTds + "require;" + common},
         {{{"ZELVO_ODBC_DRIVER", "/opt/libtdsodbc.so"}, {"ZELVO_ODBC_ENCRYPT", "off"}},
          "10.0.0.1\\ZEL VO",
-         "Driver={/opt/libtdsodbc.so};Server={10.0.0.1\\ZEL VO};Database=zelvo;" + freeTds + "off;" + common},
-        {{{"ZELVO_ODBC_FREETDS_SECTION", "pharmacy"}, {"ZELVO_ODBC_CERTIFICATE", "check"}},
-         "pharmacy.example",
-         "Driver={FreeTDS};Servername=pharmacy;Database=zelvo;" + freeTds + "require;" + common},
-        {{{"ZELVO_ODBC_DRIVER", "ODBC Driver 18 for SQL Server"}},
+         "Driver={/opt/libtdsodbc.so};" + freeTds + "off;" + common},
+        {{{"ZELVO_ODBC_DRIVER", "ODBC Driver 18 for SQL Server"}, {"ZELVO_ODBC_CERTIFICATE", "trust"}},
          "tcp:10.0.0.1,1500",
          "Driver={ODBC Driver 18 for SQL Server};Server={tcp:10.0.0.1,1500};Database=zelvo;UID=zelvo;PWD=pw;"
          "Encrypt=yes;TrustServerCertificate=yes;ConnectRetryCount=0;" +
              common},
-        {{{"ZELVO_ODBC_DRIVER", "SQL Server"}, {"ZELVO_ODBC_CERTIFICATE", "check"}},
+        {{{"ZELVO_ODBC_DRIVER", "SQL Server"}, {"ZELVO_ODBC_CERTIFICATE_FILE", "/dev/null"}},
          "host\\A",
-         "Driver={SQL Server};Server=host\\A;Database=zelvo;UID=zelvo;PWD=pw;Encrypt=yes;"
+         "Driver={SQL Server};ServerCertificate=/dev/null;Server=host\\A;Database=zelvo;UID=zelvo;PWD=pw;Encrypt=yes;"
          "TrustServerCertificate=no;ConnectRetryCount=0;" +
              common},
     };
@@ -54,7 +48,7 @@ TEST(ConnectionString, IsSaidInTheDriversOwnWords) {
                   test.text);
     }
     EXPECT_NE(connectionString({"h;UID=sa", "d b", "u}} x", "{; =x "}, {})
-                  .find("Server={h;UID=sa};Port=1433;Database={d b};UID=u}} x;PWD={{; =x };TDS"),
+                  .find("Servername=zelvo;Database={d b};UID=u}} x;PWD={{; =x };TDS"),
               std::string::npos);
     Settings other;
     other.driver = "SQL Server";
@@ -82,7 +76,7 @@ TEST(Settings, AMistypedWordNeverWeakensTheLine) {
     const Variables cases[] = {
         {{"ZELVO_ODBC_ENCRYPT", "no"}},
         {{"ZELVO_ODBC_CERTIFICATE", "yes"}},
-        {{"ZELVO_ODBC_CERTIFICATE", "check"}},  // FreeTDS has no word for it
+        {{"ZELVO_ODBC_CERTIFICATE_FILE", "/nowhere"}},
         {{"ZELVO_ODBC_CERTIFICATE", "check"},
          {"ZELVO_ODBC_ENCRYPT", "off"},
          {"ZELVO_ODBC_DRIVER", "SQL Server"}},
@@ -94,7 +88,8 @@ TEST(Settings, AMistypedWordNeverWeakensTheLine) {
         EXPECT_THROW(settingsOf(variables), Fault) << variables.begin()->first << variables.begin()->second;
     }
     const Settings settings = settingsOf({{"ZELVO_ODBC_LOGIN_SECONDS", "7"}, {"ZELVO_ODBC_ENCRYPT", ""}});
-    EXPECT_TRUE(settings.loginSeconds == 7 && settings.querySeconds == 30 && settings.encrypted);
+    EXPECT_TRUE(settings.loginSeconds == 7 && settings.querySeconds == 30 && settings.encrypted &&
+                settings.checked);
 }
 
 TEST(Dialect, MeansTheSameToTheServer) {

@@ -9,6 +9,7 @@
 #include "basics/Fault.h"
 #include "platform/browser/SystemBrowser.h"
 #include "platform/files/FileSystemObject.h"
+#include "platform/files/SupportFile.h"
 #include "platform/files/WholeFile.h"
 #include "platform/settings/SettingsText.h"
 #include "platform/settings/UserSettings.h"
@@ -45,6 +46,25 @@ struct UserFiles : ::testing::Test {
     fs::path home;
     files::FileSystemObject files;
 };
+
+TEST_F(UserFiles, TheSupportRecordStaysSmallAndItsUsersOwn) {
+    const fs::path log = home / "zelvo/support.log", former = home / "zelvo/support.1.log";
+    files::SupportFile record(home / "zelvo");
+    EXPECT_EQ(record.lastLines(), "");
+    record.add("one\r\nline\xff");
+    EXPECT_TRUE(record.lastLines().ends_with(" one  line\uFFFD\n")) << record.lastLines();
+    EXPECT_EQ(fs::status(log).permissions(), fs::perms::owner_read | fs::perms::owner_write);
+    for (int i = 0; i < 6000; ++i) record.add(std::string(400, 'x'));
+    record.add("the last");
+    EXPECT_LE(fs::file_size(log), 1U << 20);
+    EXPECT_LE(fs::file_size(former), 1U << 20);
+    EXPECT_EQ(entriesOf(home / "zelvo"), 2);
+    EXPECT_TRUE(record.lastLines().ends_with(" the last\n"));
+    fs::remove(log);
+    ASSERT_EQ(mkfifo(log.c_str(), 0600), 0);
+    record.add("nobody reads a pipe, and nobody waits for one");
+    EXPECT_EQ(record.lastLines(), "");
+}
 
 TEST_F(UserFiles, AFileIsMadeWholeForItsUserAloneAndHeld) {
     const std::string folder = files.fixedFolder("zelvo");

@@ -19,14 +19,24 @@ namespace {
 using namespace std::chrono_literals;
 using testing::CannedServer;
 
+struct Noted : basics::SupportRecord {
+    void add(std::string_view line) noexcept override { text += line; }
+    std::string lastLines() const override { return text; }
+    std::string text;
+};
+
 /// What asking for a page, by a form with `value` if there is one, comes to: its text, or "Fault: " and its
 /// sentence.
 std::string ask(const std::string& address, const HttpClient::Limits& limits = {},
                 const std::string& value = "") {
+    const auto noted = std::make_shared<Noted>();
     try {
-        const HttpClient client(limits);
+        const HttpClient client(limits, noted);
         return value.empty() ? client.get(address) : client.post(address, {{"a", value}});
     } catch (const basics::Fault& fault) {
+        EXPECT_TRUE(noted->text.empty() || noted->text.ends_with(fault.what())) << noted->text;
+        EXPECT_EQ(noted->text.find("web 127.0.0.1 status 500, ") == 0,
+                  std::string(fault.what()).find("(500)") != std::string::npos);
         return std::string("Fault: ") + fault.what();
     }
 }

@@ -1,9 +1,11 @@
 #include "support/TestDatabase.h"
 
+#include <gtest/gtest.h>
 #include <sqlite3.h>
 #include <unistd.h>
 
 #include <map>
+#include <regex>
 #include <stdexcept>
 
 #include "basics/Fault.h"
@@ -99,7 +101,14 @@ std::vector<std::vector<std::string>> TestDatabase::rows(const std::string& quer
     return result;
 }
 
-FaultyConnection::FaultyConnection(std::unique_ptr<data::Connection> inner) : inner_(std::move(inner)) {}
+FaultyConnection::FaultyConnection(std::unique_ptr<data::Connection> inner) : inner_(std::move(inner)) {
+    // Whatever fails in whatever test: the record of it names what was done, and nobody.
+    onFailure = [](const data::Failure& failure) {
+        static const std::regex nobody("[A-Za-z_]+\\|[A-Z]+( t_[A-Za-z]+)?\\|[A-Za-z0-9/ ]*");
+        const std::string line = failure.operation + "|" + failure.statement + "|" + failure.cause;
+        EXPECT_TRUE(std::regex_match(line, nobody)) << line;
+    };
+}
 
 void FaultyConnection::count(const std::string& statement) {
     before(statement);

@@ -155,6 +155,11 @@ void pharmacy(Call& call) {
     if (code != 0) throw ExpectationError("the pharmacy to do it", "exit code " + std::to_string(code));
 }
 
+void support(Call& call) {
+    call.words.end();
+    call.desktop.out() << call.desktop.support().lastLines();
+}
+
 void show(Call& call) {
     call.desktop.out() << fieldLine(call.user.find(call.last("FIELD"))) << "\n";
 }
@@ -194,6 +199,7 @@ constexpr std::array commands{
     Command{"resize", "", resize},
     Command{"close", "", close},
     Command{"pharmacy", "WORDS...", pharmacy},
+    Command{"support", "", support},
     Command{"expect", "...", expectation},
     Command{"show", "FIELD", show},
     Command{"dump", "[GRID]", dump},

@@ -68,6 +68,7 @@ public:
     void processEvents(bool userInput) override;
     void waitForEvents(std::chrono::milliseconds atMost) override;
     std::chrono::steady_clock::time_point now() const override { return Desktop::now() + skipped_; }
+    std::string toolkit() const override { return "console"; }
     double screenWidth() const override;
     double screenHeight() const override;
     void runModal(screen::Window& window) override;

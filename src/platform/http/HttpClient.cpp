@@ -135,6 +135,13 @@ public:
         return {address.text(), type != nullptr ? type : "", std::move(page_.bytes)};
     }
 
+    /// Of the last answer; 0 when there was none.
+    long status() const {
+        long code = 0;
+        curl_easy_getinfo(handle_.get(), CURLINFO_RESPONSE_CODE, &code);
+        return code;
+    }
+
 private:
     template <class Value>
     void set(CURLoption option, Value value) {
@@ -148,11 +155,6 @@ private:
     std::optional<WebAddress> redirectOf(const WebAddress& from) const;
     [[noreturn]] void throwFailure(CURLcode code, const WebAddress& address) const;
     std::string timeoutText(const WebAddress& address) const;
-    long status() const {
-        long code = 0;
-        curl_easy_getinfo(handle_.get(), CURLINFO_RESPONSE_CODE, &code);
-        return code;
-    }
     static std::string server(const WebAddress& address) { return "웹페이지 서버(" + address.host() + ")"; }
 
     const HttpClient::Limits& limits_;
@@ -293,11 +295,8 @@ void Exchange::throwFailure(CURLcode code, const WebAddress& address) const {
 }  // namespace
 
 std::string HttpClient::post(std::string_view address, const FormFields& fields) const {
-    const WebAddress page(address);
-    const PipeSignalHeld held;
-    const Utf8Names names;
     const std::string body = formBody(fields);
-    const Download answer = Exchange(limits_, &body, {}).run(page);
+    const Download answer = exchange(address, &body, {});
     return decodePage(answer.bytes, answer.contentType);
 }
 
@@ -307,10 +306,27 @@ std::string HttpClient::get(std::string_view address) const {
 }
 
 Download HttpClient::download(std::string_view address, const std::stop_token& stop) const {
+    return exchange(address, nullptr, stop);
+}
+
+Download HttpClient::exchange(std::string_view address, const std::string* body,
+                              const std::stop_token& stop) const {
     const WebAddress page(address);
     const PipeSignalHeld held;
     const Utf8Names names;
-    return Exchange(limits_, nullptr, stop).run(page);
+    const Clock::time_point start = Clock::now();
+    Exchange request(limits_, body, stop);
+    try {
+        return request.run(page);
+    } catch (const Fault& fault) {
+        const auto took = std::chrono::duration_cast<milliseconds>(Clock::now() - start).count();
+        // What was asked for stays out of it: an address may hold what the doctor typed.
+        if (support_ && !stop.stop_requested()) {
+            support_->add("web " + page.host() + " status " + std::to_string(request.status()) + ", " +
+                          std::to_string(took) + " ms: " + fault.what());
+        }
+        throw;
+    }
 }
 
 }  // namespace zelvo::http

@@ -2,10 +2,12 @@
 
 #include <chrono>
 #include <cstddef>
+#include <memory>
 #include <stop_token>
 #include <string>
 #include <string_view>
 
+#include "basics/SupportRecord.h"
 #include "platform/http/Form.h"
 
 namespace zelvo::http {
@@ -33,7 +35,8 @@ public:
     };
 
     HttpClient() = default;
-    explicit HttpClient(Limits limits) : limits_(std::move(limits)) {}
+    explicit HttpClient(Limits limits, std::shared_ptr<basics::SupportRecord> support = nullptr)
+        : limits_(std::move(limits)), support_(std::move(support)) {}
 
     /// Sends the fields as a form and gives the page's text as UTF-8.
     std::string post(std::string_view address, const FormFields& fields) const;
@@ -43,7 +46,10 @@ public:
     Download download(std::string_view address, const std::stop_token& stop = {}) const;
 
 private:
+    Download exchange(std::string_view address, const std::string* body, const std::stop_token& stop) const;
+
     Limits limits_;
+    std::shared_ptr<basics::SupportRecord> support_;  ///< gets a line for each request that fails
 };
 
 }  // namespace zelvo::http

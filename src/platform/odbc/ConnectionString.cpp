@@ -2,17 +2,16 @@
 
 #include <algorithm>
 
-#include "basics/Fault.h"
 #include "basics/Numbers.h"
 #include "basics/Text.h"
 #include "basics/Utf8.h"
+#include "data/Failure.h"
+#include "platform/odbc/FreeTdsConfiguration.h"
 
 namespace zelvo::odbc {
 namespace {
 
-using basics::Fault;
-
-constexpr const char* defaultPort = "1433";
+using Fault = data::SetupFault;
 
 bool isPlain(char c) {
     return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') ||
@@ -66,20 +65,11 @@ std::string checkedPort(std::string_view port, std::string_view address) {
 }
 
 std::string freeTdsString(const data::ServerLogin& login, const Settings& settings) {
-    Attributes attributes(settings.driver, freeTdsValue);
-    if (settings.section.empty()) {
-        const ServerPlace place = readPlace(login.address);
-        if (place.instance.empty()) {
-            attributes.add("Server", place.host).add("Port", place.port.empty() ? defaultPort : place.port);
-        } else {
-            attributes.add("Server", place.host + "\\" + place.instance);
-        }
-    } else {
-        attributes.add("Servername", settings.section);
-    }
     // Its configuration file could cut a dosage sheet. The version and the character set are never left to be
     // found out; the encryption has a word of its own here, and "require" is the one that does not fall back.
-    return attributes.add("Database", login.database)
+    return Attributes(settings.driver, freeTdsValue)
+        .add("Servername", FreeTdsConfiguration::server)
+        .add("Database", login.database)
         .add("UID", login.user)
         .add("PWD", login.password)
         .add("TDS_Version", "7.4")
@@ -100,8 +90,10 @@ std::string microsoftString(const data::ServerLogin& login, const Settings& sett
         server = "tcp:" + server + "," + (place.port.empty() ? defaultPort : place.port);
     }
     // A driver that reconnects by itself would go on behind a transaction that is gone.
-    return Attributes(settings.driver, microsoftValue)
-        .add("Server", server)
+    Attributes attributes(settings.driver, microsoftValue);
+    if (settings.checked && !settings.certificateFile.empty())
+        attributes.add("ServerCertificate", settings.certificateFile);
+    return attributes.add("Server", server)
         .add("Database", login.database)
         .add("UID", login.user)
         .add("PWD", login.password)

@@ -136,6 +136,15 @@ public:
                                           columns_.begin());
     }
 
+    ~Fetching() {
+        // The handle goes on to the next result.
+        SQLFreeStmt(statement_.get(), SQL_UNBIND);
+        SQLSetStmtAttrW(statement_.get(), SQL_ATTR_ROWS_FETCHED_PTR, nullptr, 0);
+        SQLSetStmtAttrW(statement_.get(), SQL_ATTR_ROW_STATUS_PTR, nullptr, 0);
+    }
+    Fetching(const Fetching&) = delete;
+    Fetching& operator=(const Fetching&) = delete;
+
     std::vector<std::string> names() const {
         std::vector<std::string> all;
         for (const Column& column : columns_) all.push_back(column.name);

@@ -20,7 +20,8 @@ ServerFault::Kind kindOf(std::string_view state) {
 ServerFault faultOf(SQLSMALLINT kind, SQLHANDLE handle) {
     std::array<SQLWCHAR, 6> state{};
     std::array<SQLWCHAR, 4096> message{};
-    std::string description;
+    std::string description, code;
+    bool said = false;
     auto worst = ServerFault::Kind::Refusal;
     for (SQLSMALLINT record = 1;; ++record) {
         SQLINTEGER number = 0;
@@ -32,6 +33,9 @@ ServerFault faultOf(SQLSMALLINT kind, SQLHANDLE handle) {
         std::string stateText;
         appendUtf8(stateText, state.data(), 5);
         worst = std::max(worst, kindOf(stateText));
+        // FreeTDS numbers its own messages from 20000 on.
+        said = said || (number > 0 && (number < 20000 || number > 20100));
+        code += (code.empty() ? "" : " ") + stateText + "/" + basics::decimalText(std::int64_t{number});
         if (!description.empty()) description += ' ';
         description += "[" + stateText + "] ";
         const auto told = std::min<std::size_t>(static_cast<std::size_t>(std::max<SQLSMALLINT>(length, 0)),
@@ -39,7 +43,7 @@ ServerFault faultOf(SQLSMALLINT kind, SQLHANDLE handle) {
         appendUtf8(description, message.data(), told);
         description += " (" + basics::decimalText(std::int64_t{number}) + ")";
     }
-    return {description.empty() ? "the driver says nothing of its failure" : description, worst};
+    return {description.empty() ? "the driver says nothing of its failure" : description, worst, code, said};
 }
 
 }  // namespace zelvo::odbc

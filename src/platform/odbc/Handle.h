@@ -3,13 +3,13 @@
 #include <string>
 #include <utility>
 
-#include "basics/Fault.h"
+#include "data/Failure.h"
 #include "platform/odbc/Wide.h"
 
 namespace zelvo::odbc {
 
 /// A fault of the driver or the server. Its text is theirs, for a developer's eyes.
-class ServerFault : public basics::Fault {
+class ServerFault : public data::DriverFault {
 public:
     enum class Kind {
         Refusal,  ///< the server, or the driver, says no
@@ -17,11 +17,15 @@ public:
         Broken    ///< the line is gone
     };
 
-    ServerFault(const std::string& description, Kind kind) : Fault(description), kind_(kind) {}
+    ServerFault(const std::string& description, Kind kind, std::string code = {}, bool said = false)
+        : DriverFault(description, std::move(code)), kind_(kind), saidByServer_(said) {}
     Kind kind() const { return kind_; }
+    /// True for an answer of the server's, false when the driver could not even ask it.
+    bool saidByServer() const { return saidByServer_; }
 
 private:
     Kind kind_;
+    bool saidByServer_;
 };
 
 /// All that a handle has to say of its last call: "[SQLSTATE] message (number)" a record.

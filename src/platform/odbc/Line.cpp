@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <atomic>
+#include <chrono>
 #include <exception>
 #include <mutex>
 #include <optional>
@@ -105,7 +106,7 @@ void Line::Ends::send(const std::string& text, int querySeconds, const std::func
 /// does not heed that has its line torn; one that does not notice even that is left behind.
 class Line::Watchdog {
 public:
-    Watchdog(Ends& ends, int limit, const Waiting& waiting)
+    Watchdog(Ends& ends, int limit, const data::Waiting& waiting)
         : ends_(ends), limit_(seconds(limit + 1)), waiting_(waiting) {}
 
     /// False when the call is to be left behind.
@@ -149,12 +150,12 @@ private:
         if (!endSeen_) endSeen_ = now;
         return now - *endSeen_ >= patience;
     }
-    bool isGivenUp(Clock::time_point now) const {
+    bool isGivenUp(Clock::time_point now) {
         constexpr milliseconds unnoticed(500);
-        const auto soFar = std::chrono::duration_cast<milliseconds>(now - start_);
-        if (!waiting_ || soFar < unnoticed) return false;
+        if (!waiting_ || now - start_ < unnoticed) return false;
         try {
-            return !waiting_(soFar);
+            if (!goesOn_) goesOn_ = waiting_(start_);
+            return goesOn_ && !goesOn_();
         } catch (const std::exception&) {
             return false;  // a window that can't say so goes on waiting
         }
@@ -172,7 +173,8 @@ private:
 
     Ends& ends_;
     Clock::duration limit_;
-    const Waiting& waiting_;
+    const data::Waiting& waiting_;
+    std::function<bool()> goesOn_;
     Clock::time_point start_ = Clock::now(), looked_ = start_, at_{};
     std::optional<Clock::time_point> endSeen_;
     Step step_ = Step::Watching;
@@ -194,6 +196,8 @@ Line::Line(const std::string& connectionString, Limits limits)
         return text;
     };
     driver_ = info(SQL_DRIVER_NAME) + " " + info(SQL_DRIVER_VER);
+    constexpr SQLUSMALLINT freeTdsProtocol = 1300;
+    SQLGetInfoW(ends_->connection->get(), freeTdsProtocol, &protocol_, sizeof protocol_, nullptr);
 }
 
 Line::~Line() {
@@ -232,7 +236,7 @@ void Line::call(int limit, std::function<void()> work) {
         [&watchdog] { return watchdog.goesOn(); });
     if (!ended) {
         leave();
-        throw ServerFault("the driver does not come back", ServerFault::Kind::Broken);
+        throw ServerFault("the driver does not come back", ServerFault::Kind::Broken, "left behind");
     }
     if (!*failure && !watchdog.hasCut()) return;
     SQLUINTEGER dead = SQL_CD_FALSE;
@@ -246,7 +250,7 @@ void Line::call(int limit, std::function<void()> work) {
         const bool broken =
             fault.kind() == ServerFault::Kind::Broken || dead == SQL_CD_TRUE || watchdog.hasCut();
         if (!broken) throw;
-        const ServerFault told(fault.what(), ServerFault::Kind::Broken);
+        const ServerFault told(fault.what(), ServerFault::Kind::Broken, fault.code());
         close();
         throw told;
     }

@@ -1,27 +1,23 @@
 #pragma once
 
-#include <chrono>
 #include <cstdint>
 #include <functional>
 #include <memory>
 #include <string>
 
+#include "data/Connection.h"
 #include "platform/odbc/Answer.h"
 #include "platform/odbc/Caller.h"
 #include "platform/odbc/Handle.h"
 
 namespace zelvo::odbc {
 
-/// Told how long a trip lasts so far, from half a second on, about every 20 ms; false gives the trip up. It
-/// may draw, and must not ask the database.
-using Waiting = std::function<bool(std::chrono::milliseconds soFar)>;
-
 /// How long a driver may take: for the login, and for the answer to one statement.
 struct Limits {
     int loginSeconds = 15;
     int querySeconds = 30;
     std::uint16_t port = 0;  ///< of the server, 0 where nobody knows it
-    Waiting waiting = {};
+    data::Waiting waiting = {};
 };
 
 /// The line to one server: shared by a connection and the row writers of its result sets. It is open from its
@@ -38,10 +34,12 @@ public:
 
     bool isOpen() const { return ends_ != nullptr; }
     void close() noexcept;
-    /// From here on this is told of a trip that lasts.
-    void setWaiting(Waiting waiting) { limits_.waiting = std::move(waiting); }
+    /// From here on this begins the wait of a trip that lasts.
+    void setWaiting(data::Waiting waiting) { limits_.waiting = std::move(waiting); }
     /// The driver's name and version, as it says them.
     std::string driver() const { return driver_; }
+    /// The version of the protocol as FreeTDS numbers it: 0x70004 for 7.4; 0 for a driver that does not tell.
+    SQLUINTEGER protocol() const { return protocol_; }
 
     /// One round trip: sends the text as it stands. `read` gets what comes back, on a thread of the line's:
     /// it owns what it touches, for a driver that hangs may still be reading when this has thrown.
@@ -63,6 +61,7 @@ private:
     Caller caller_;
     std::shared_ptr<Ends> ends_;
     std::string driver_;
+    SQLUINTEGER protocol_ = 0;
 };
 
 }  // namespace zelvo::odbc

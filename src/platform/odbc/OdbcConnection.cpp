@@ -2,6 +2,7 @@
 
 #include <cstdlib>
 #include <exception>
+#include <mutex>
 #include <utility>
 #include <vector>
 
@@ -11,7 +12,8 @@
 #include "data/Statement.h"
 #include "platform/odbc/ConnectionString.h"
 #include "platform/odbc/Fetch.h"
-#include "platform/odbc/Settings.h"
+#include "platform/odbc/FreeTdsConfiguration.h"
+#include "platform/odbc/Trip.h"
 
 namespace zelvo::odbc {
 
@@ -58,11 +60,18 @@ private:
 }  // namespace
 
 OdbcConnection::OdbcConnection(const std::string& connectionString, const Limits& limits, Dialect dialect)
-    : line_(std::make_shared<Line>(connectionString, limits)), dialect_(dialect) {
-    line_->setWaiting([this](std::chrono::milliseconds soFar) { return !waiting || waiting(soFar); });
+    : line_(std::make_shared<Line>(connectionString, limits)), dialect_(dialect), driver_(line_->driver()) {
+    line_->setWaiting([this](std::chrono::steady_clock::time_point since) {
+        return waiting ? waiting(since) : std::function<bool()>();
+    });
 }
 
 OdbcConnection::~OdbcConnection() = default;
+
+void OdbcConnection::requireEncryption() const {
+    constexpr SQLUINTEGER firstWithEncryption = 0x70001;
+    if (line().protocol() < firstWithEncryption) throw data::SetupFault("the line is not encrypted");
+}
 
 void OdbcConnection::close() {
     line_.reset();
@@ -100,6 +109,25 @@ std::optional<std::int32_t> OdbcConnection::runInsert(const std::string& stateme
     return basics::toInt32(answer.text("NewKey"));
 }
 
+data::TripEnd OdbcConnection::runSteps(std::span<const data::Step> steps) {
+    if (!sharesTrips() || steps.size() < 2) return Connection::runSteps(steps);
+    Trip trip(steps, dialect_);
+    data::TripEnd end;
+    try {
+        line().talk(trip.text(), trip.reader());
+    } catch (const std::exception&) {
+        end.failure = std::current_exception();
+    }
+    end.ran = trip.ran();
+    for (std::size_t i = 0; i < end.ran; ++i) {
+        if (steps[i].rows) {
+            trip.rows(i).finish(steps[i].cursor, steps[i].target,
+                                std::make_unique<KeyedWriter>(line_, dialect_));
+        }
+    }
+    return end;
+}
+
 namespace {
 
 /// Waits in the server's own queue until the others of the turn have ended; the place ends with the
@@ -113,11 +141,19 @@ std::string takingTurn(std::string_view turn) {
 
 }  // namespace
 
-// A unit of work is said in the server's own words, one round trip each: switching a driver's auto-commit off
-// and on costs more, and what a driver makes of a transaction that the server has ended is its own affair.
+// A unit of work is said in the server's own words: switching a driver's auto-commit off and on costs more,
+// and what a driver makes of a transaction that the server has ended is its own affair.
 void OdbcConnection::beginWork(std::string_view turn) {
+    beginTogether(turn, {});
+}
+
+data::TripEnd OdbcConnection::beginTogether(std::string_view turn, std::span<const data::Step> steps) {
+    std::vector<data::Step> all{{.statement = "BEGIN TRANSACTION" + takingTurn(turn)}};
+    all.insert(all.end(), steps.begin(), steps.end());
+    data::TripEnd end = runSteps(all);
+    if (end.ran > 0) return {end.ran - 1, end.failure};
     try {
-        line().run(dialect_("BEGIN TRANSACTION" + takingTurn(turn)));
+        std::rethrow_exception(end.failure);
     } catch (const ServerFault&) {
         // It may have begun, and a later commit would only end a transaction within it.
         takeBack();
@@ -135,9 +171,11 @@ void OdbcConnection::takeBack() noexcept {
 }
 
 data::CommitOutcome OdbcConnection::commitWork() {
+    const auto start = std::chrono::steady_clock::now();
     try {
         line().run(dialect_("COMMIT TRANSACTION"));
     } catch (const ServerFault& fault) {
+        tell(std::current_exception(), "COMMIT", start, From::current());
         if (fault.kind() == ServerFault::Kind::Refusal) return data::CommitOutcome::Refused;
         close();
         return data::CommitOutcome::Unknown;
@@ -159,11 +197,71 @@ void OdbcConnection::rollbackWork() {
     }
 }
 
+namespace {
+
+std::uint16_t portOf(const std::string& address) {
+    const ServerPlace place = readPlace(address);
+    if (!place.instance.empty()) return 0;
+    return static_cast<std::uint16_t>(basics::toInt32(place.port.empty() ? defaultPort : place.port));
+}
+
+/// One login at a time: what FreeTDS is told stands in the environment meanwhile.
+std::unique_ptr<OdbcConnection> loggedIn(const data::ServerLogin& login, const Settings& settings) {
+    static std::mutex oneAtATime;
+    const std::lock_guard lock(oneAtATime);
+    std::optional<FreeTdsConfiguration> configuration;
+    if (settings.isFreeTds()) configuration.emplace(login.address, settings);
+    auto connection = std::make_unique<OdbcConnection>(connectionString(login, settings),
+                                                       Limits{.loginSeconds = settings.loginSeconds,
+                                                              .querySeconds = settings.querySeconds,
+                                                              .port = portOf(login.address),
+                                                              .waiting = login.waiting});
+    if (settings.encrypted && settings.isFreeTds()) connection->requireEncryption();
+    connection->describeLine(!settings.encrypted ? "not encrypted"
+                             : settings.checked  ? "certificate checked"
+                                                 : "certificate NOT checked");
+    return connection;
+}
+
+/// Whether the server answers a login of nobody's, without a password of the pharmacy's.
+bool answersNobody(const data::ServerLogin& login, const Settings& settings) {
+    try {
+        loggedIn({login.address, login.database, "certificate-check", "", login.waiting}, settings);
+        return true;
+    } catch (const ServerFault& fault) {
+        return fault.saidByServer();
+    }
+}
+
+/// FreeTDS keeps to itself why it left a server: the same way without the check, or without the name, tells.
+void explainCertificate(const data::ServerLogin& login, Settings settings) {
+    settings.checked = false;
+    if (!answersNobody(login, settings)) return;
+    settings.checked = settings.anyName = true;
+    throw data::SetupFault(answersNobody(login, settings)
+                               ? "the server's certificate is made out to another name than its address"
+                               : "the server's certificate is none of those to trust, or out of date");
+}
+
+}  // namespace
+
 std::unique_ptr<data::Connection> openServer(const data::ServerLogin& login) {
-    const Settings settings = readSettings([](const char* name) { return std::getenv(name); });
-    return std::make_unique<OdbcConnection>(
-        connectionString(login, settings),
-        Limits{.loginSeconds = settings.loginSeconds, .querySeconds = settings.querySeconds});
+    return openServerBy(readSettings([](const char* name) { return std::getenv(name); }), login);
+}
+
+std::unique_ptr<data::Connection> openServerBy(const Settings& settings, const data::ServerLogin& login) {
+    const auto start = std::chrono::steady_clock::now();
+    try {
+        return loggedIn(login, settings);
+    } catch (const ServerFault& fault) {
+        // A server that keeps one waiting is not asked three times.
+        const bool mute =
+            fault.kind() == ServerFault::Kind::Late ||
+            std::chrono::steady_clock::now() - start > std::chrono::milliseconds(500) * settings.loginSeconds;
+        if (settings.checked && settings.isFreeTds() && !fault.saidByServer() && !mute)
+            explainCertificate(login, settings);
+        throw;
+    }
 }
 
 }  // namespace zelvo::odbc

@@ -1,13 +1,15 @@
 #include "platform/odbc/Settings.h"
 
-#include "basics/Fault.h"
+#include <unistd.h>
+
 #include "basics/Numbers.h"
 #include "basics/Utf8.h"
+#include "data/Failure.h"
 
 namespace zelvo::odbc {
 namespace {
 
-using basics::Fault;
+using Fault = data::SetupFault;
 
 std::string textOf(const Environment& environment, const char* name, const std::string& otherwise) {
     const char* set = environment(name);
@@ -42,18 +44,15 @@ Settings readSettings(const Environment& environment) {
     Settings settings;
     settings.driver = textOf(environment, "ZELVO_ODBC_DRIVER", settings.driver);
     settings.encrypted = choiceOf(environment, "ZELVO_ODBC_ENCRYPT", "on", "off", true);
-    settings.checked = choiceOf(environment, "ZELVO_ODBC_CERTIFICATE", "check", "trust", false);
-    settings.section = textOf(environment, "ZELVO_ODBC_FREETDS_SECTION", "");
+    settings.checked = choiceOf(environment, "ZELVO_ODBC_CERTIFICATE", "check", "trust", settings.encrypted);
+    settings.certificateFile = textOf(environment, "ZELVO_ODBC_CERTIFICATE_FILE", "");
     settings.loginSeconds = secondsOf(environment, "ZELVO_ODBC_LOGIN_SECONDS", settings.loginSeconds);
     settings.querySeconds = secondsOf(environment, "ZELVO_ODBC_QUERY_SECONDS", settings.querySeconds);
     if (settings.checked && !settings.encrypted) {
         throw Fault("ZELVO_ODBC_CERTIFICATE=check needs ZELVO_ODBC_ENCRYPT=on");
     }
-    if (settings.checked && settings.isFreeTds() && settings.section.empty()) {
-        throw Fault(
-            "FreeTDS takes the certificates to check by from a section of freetds.conf: "
-            "ZELVO_ODBC_FREETDS_SECTION");
-    }
+    if (!settings.certificateFile.empty() && ::access(settings.certificateFile.c_str(), R_OK) != 0)
+        throw Fault("ZELVO_ODBC_CERTIFICATE_FILE can't be read");
     return settings;
 }
 

@@ -10,10 +10,11 @@ namespace zelvo::odbc {
 struct Settings {
     std::string driver = "FreeTDS";  ///< ZELVO_ODBC_DRIVER: the name of an installed driver, or its file
     bool encrypted = true;           ///< ZELVO_ODBC_ENCRYPT: "on" or "off"
-    bool checked = false;            ///< ZELVO_ODBC_CERTIFICATE: "trust" or "check"
-    std::string section;             ///< ZELVO_ODBC_FREETDS_SECTION: where freetds.conf describes the server
-    int loginSeconds = 15;           ///< ZELVO_ODBC_LOGIN_SECONDS, 1 to 3600
-    int querySeconds = 30;           ///< ZELVO_ODBC_QUERY_SECONDS, 1 to 3600
+    bool checked = true;             ///< ZELVO_ODBC_CERTIFICATE: "check" or "trust"
+    std::string certificateFile;  ///< ZELVO_ODBC_CERTIFICATE_FILE: the pharmacy's; "" for the machine's own
+    bool anyName = false;   ///< a certificate for another name will do; no setting, for asking what is wrong
+    int loginSeconds = 15;  ///< ZELVO_ODBC_LOGIN_SECONDS, 1 to 3600
+    int querySeconds = 30;  ///< ZELVO_ODBC_QUERY_SECONDS, 1 to 3600
 
     bool isFreeTds() const;
 };

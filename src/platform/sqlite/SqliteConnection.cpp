@@ -28,13 +28,17 @@ struct Finalizer {
 };
 using Prepared = std::unique_ptr<sqlite3_stmt, Finalizer>;
 
+data::DriverFault faultOf(sqlite3* database) {
+    return {sqlite3_errmsg(database), "sqlite/" + std::to_string(sqlite3_extended_errcode(database))};
+}
+
 /// One statement, made ready. Text behind it is a Fault: nothing of the system sends two at once.
 Prepared prepare(sqlite3* database, std::string_view text) {
     sqlite3_stmt* raw = nullptr;
     const char* rest = nullptr;
     const int result = sqlite3_prepare_v2(database, text.data(), static_cast<int>(text.size()), &raw, &rest);
     Prepared statement(raw);
-    if (result != SQLITE_OK) throw Fault(sqlite3_errmsg(database));
+    if (result != SQLITE_OK) throw faultOf(database);
     const std::string_view behind = text.substr(static_cast<std::size_t>(rest - text.data()));
     if (!statement || behind.find_first_not_of(" \t\r\n;") != std::string_view::npos) {
         throw Fault("not one statement: " + std::string(text));
@@ -46,7 +50,7 @@ Prepared prepare(sqlite3* database, std::string_view text) {
 bool step(sqlite3* database, sqlite3_stmt* statement) {
     const int result = sqlite3_step(statement);
     if (result == SQLITE_ROW) return true;
-    if (result != SQLITE_DONE) throw Fault(sqlite3_errmsg(database));
+    if (result != SQLITE_DONE) throw faultOf(database);
     return false;
 }
 
@@ -141,7 +145,7 @@ std::shared_ptr<sqlite3> openDatabase(const std::string& path) {
     sqlite3* raw = nullptr;
     const int result = sqlite3_open_v2(path.c_str(), &raw, openFlags, nullptr);
     std::shared_ptr<sqlite3> opened(raw, [](sqlite3* database) { sqlite3_close_v2(database); });
-    if (result != SQLITE_OK) throw Fault(raw ? sqlite3_errmsg(raw) : "out of memory");
+    if (result != SQLITE_OK) throw raw ? faultOf(raw) : data::DriverFault("out of memory", "memory");
     sqlite3_busy_timeout(raw, busyMilliseconds);
     registerServerFunctions(raw);
     probe(raw);
@@ -158,6 +162,10 @@ SqliteConnection::SqliteConnection(const std::string& path)
     : path_(path), database_(openDatabase(path)), looseColumns_(hasLooseColumns(database_.get())) {}
 
 SqliteConnection::~SqliteConnection() = default;
+
+std::string SqliteConnection::driver() const {
+    return std::string("SQLite ") + sqlite3_libversion();
+}
 
 void SqliteConnection::close() {
     database_.reset();
@@ -230,12 +238,14 @@ void SqliteConnection::beginWork(std::string_view /*turn*/) {
 // gone already: the rows stand. Only what leaves the transaction open is sure to have stored nothing.
 data::CommitOutcome SqliteConnection::commitWork() {
     sqlite3* const opened = database();
+    const auto start = std::chrono::steady_clock::now();
     int result = SQLITE_DONE;
     {
         const Prepared commit = prepare(opened, "COMMIT");
         result = sqlite3_step(commit.get()) & 0xFF;
     }
     if (result == SQLITE_DONE) return data::CommitOutcome::Done;
+    tell(std::make_exception_ptr(faultOf(opened)), "COMMIT", start, From::current());
     const bool refused = result == SQLITE_BUSY || result == SQLITE_LOCKED || result == SQLITE_CONSTRAINT;
     if (refused && sqlite3_get_autocommit(opened) == 0) return data::CommitOutcome::Refused;
     openAnew();

@@ -23,6 +23,7 @@ public:
 
     bool isOpen() const override { return database_ != nullptr; }
     void close() override;
+    std::string driver() const override;
 
 protected:
     void runStatement(const std::string& statement) override;

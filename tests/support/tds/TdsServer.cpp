@@ -167,16 +167,34 @@ private:
         std::this_thread::sleep_for(std::chrono::milliseconds(server_.milliseconds));
         if (troubled(text)) return false;
         if (muted_ || trouble_ == TdsServer::Trouble::Late) return true;
-        if (trouble_ == TdsServer::Trouble::Deadlock) {
-            sqlite3_exec(database_, "ROLLBACK", nullptr, nullptr, nullptr);
-            send(tds::errorAnswer(1205, "chosen as the deadlock victim"));
-            return true;
-        }
-        const std::string answer = answerTo(text);
+        const std::string answer = answerToTrip(text);
         if (trouble_ == TdsServer::Trouble::LateAfterRun) return true;
         if (trouble_ == TdsServer::Trouble::CutBeforeAnswer) return false;
         send(answer, trouble_ == TdsServer::Trouble::CutInAnswer);
         return trouble_ != TdsServer::Trouble::CutInAnswer;
+    }
+
+    /// Several statements, each of which ends the batch when it fails.
+    std::string answerToTrip(const std::string& batch) {
+        std::string all;
+        for (const std::string& text : basics::split(batch, "\nIF @@ERROR <> 0 RETURN\n")) {
+            constexpr std::size_t status = 12;  // from the end, where each answer has how it ended
+            if (!all.empty()) all[all.size() - status] |= 1;
+            all += isDeadlock(text) ? deadlock() : answerTo(text);
+            if ((all[all.size() - status] & 2) != 0) break;
+        }
+        return all;
+    }
+
+    bool isDeadlock(const std::string& text) const {
+        const std::lock_guard lock(server_.mutex_);
+        return trouble_ == TdsServer::Trouble::Deadlock &&
+               text.find(server_.troubleText_) != std::string::npos;
+    }
+
+    std::string deadlock() {
+        sqlite3_exec(database_, "ROLLBACK", nullptr, nullptr, nullptr);
+        return tds::errorAnswer(1205, "chosen as the deadlock victim");
     }
 
     std::string answerTo(const std::string& batch) {
