@@ -2,6 +2,7 @@
 
 #include <exception>
 #include <limits>
+#include <optional>
 
 #include "basics/Numbers.h"
 #include "basics/Pictures.h"
@@ -89,12 +90,34 @@ void BalanceView::search(bool byDates) {
     if (!ok) form_.desktop().alarm("적립금 정보 확인 중 오류 발생.", "적립금 정보");
 }
 
+namespace {
+
+/// All that the view shows.
+void readLedger(data::Connection& line, std::int32_t doctor, const std::string& from, const std::string& to) {
+    data::clsZELVOStockmoney ledger;
+    data::clsZELVORecordSet records;
+    std::int32_t sum = 0;
+    data::RecordSet rows;
+    ledger.ZELVO_StockMoney(line, sum, doctor, "S", "", "");
+    ledger.ZELVO_StockMoney(line, sum, doctor, "M", "", "");
+    ledger.ZELVO_CBJcostSum(line, sum, doctor, std::string(data::pay::deposit), "", "", "");
+    records.RecordSet_StockMoneyIN(line, rows, doctor, from, to);
+    records.RecordSet_StockMoneyUsed(line, rows, doctor, from, to);
+    records.RecordSet_StockMileage(line, rows, doctor, from, to);
+}
+
+}  // namespace
+
 bool BalanceView::Load_StockMoney(const std::string& sDate, const std::string& eDate) {
+    const std::string from = sDate, to = sDate.empty() ? std::string() : eDate;
+    const std::int32_t doctor = session_.m_DTRPK;
+    // On a server the sums and the rows share a trip.
+    const auto asks = [&](data::Connection& line) { readLedger(line, doctor, from, to); };
+    std::optional<data::ReadAhead> ahead;
+    if (session_.g_conYakGuk) ahead.emplace(*session_.g_conYakGuk, asks);
     bool ok = loadTotals();
     if (ok) {
-        const std::string from = sDate, to = sDate.empty() ? std::string() : eDate;
         data::clsZELVORecordSet records;
-        const std::int32_t doctor = session_.m_DTRPK;
         const auto read = [&](auto operation) {
             return [&, operation](data::RecordSet& rows) {
                 return (records.*operation)(session_.connection(), rows, doctor, from, to);

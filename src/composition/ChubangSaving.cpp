@@ -100,6 +100,7 @@ screen::MessageBox ChubangSaving::store(const std::string& name, const std::stri
 
 bool ChubangSaving::storeLines(std::int32_t UCB_PK) {
     const tables::XArrayDB& herbs = session_.g_xaDrug;
+    data::Together together(session_.connection());  // one trip to the server
     bool sound = true;
     for (int row = herbs.lowerRow(); row <= herbs.upperRow(); ++row) {
         try {
@@ -111,7 +112,7 @@ bool ChubangSaving::storeLines(std::int32_t UCB_PK) {
         }
         form_.desktop().yield();
     }
-    return sound;
+    return together.send() == together.count() && sound;
 }
 
 }  // namespace zelvo::composition

@@ -147,7 +147,8 @@ CommitOutcome committed(Connection& Conn, std::int32_t CBJ_PK, Steps&& steps,
                         const std::function<std::optional<bool>(Connection& Conn)>& stands) {
     try {
         Transaction transaction(Conn, orderTurn(CBJ_PK));
-        if (!steps()) return CommitOutcome::Refused;
+        Together together(Conn);
+        if (!steps() || together.send() < together.count()) return CommitOutcome::Refused;
         const CommitOutcome outcome = transaction.commit();
         if (outcome != CommitOutcome::Unknown) return outcome;
     } catch (const std::exception&) {

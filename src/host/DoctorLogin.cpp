@@ -119,15 +119,31 @@ std::int16_t DoctorLogin::loadDoctor(LoginJob job, std::int32_t& DTRPK) {
     return 1;
 }
 
+namespace {
+
 // Blanks count here: a nurse's accounts are compared as the chart wrote them.
-void DoctorLogin::listNurseDoctors() {
-    for (const std::string& account : basics::split(session_.m_DoctorIDPWD, accountSeparator)) {
+std::vector<data::DoctorRecord> nursesAccounts(const std::string& accounts) {
+    std::vector<data::DoctorRecord> doctors;
+    for (const std::string& account : basics::split(accounts, accountSeparator)) {
         const std::size_t cut = account.find(partSeparator);
         if (cut == std::string::npos) continue;
-        data::DoctorRecord doctor;
-        doctor.DTR_ID = account.substr(0, cut);
-        doctor.DTR_PWD = account.substr(cut + partSeparator.size());
-        if (data::clsZELVORecordSet().RecordSet_DoctorInfo(session_.connection(), 1, doctor) != 1) continue;
+        doctors.emplace_back();
+        doctors.back().DTR_ID = account.substr(0, cut);
+        doctors.back().DTR_PWD = account.substr(cut + partSeparator.size());
+    }
+    return doctors;
+}
+
+}  // namespace
+
+void DoctorLogin::listNurseDoctors() {
+    std::vector<data::DoctorRecord> doctors = nursesAccounts(session_.m_DoctorIDPWD);
+    data::clsZELVORecordSet records;
+    const data::ReadAhead ahead(session_.connection(), [&](data::Connection& line) {
+        for (data::DoctorRecord doctor : doctors) records.RecordSet_DoctorInfo(line, 1, doctor);
+    });
+    for (data::DoctorRecord& doctor : doctors) {
+        if (records.RecordSet_DoctorInfo(session_.connection(), 1, doctor) != 1) continue;
         views_.cbodtrList.addEntry(basics::decimalText(std::int64_t{doctor.DTR_PK}) + "/" + doctor.DTR_Name);
     }
 }

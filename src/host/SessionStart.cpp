@@ -3,6 +3,7 @@
 #include "basics/Fault.h"
 #include "basics/Numbers.h"
 #include "basics/Text.h"
+#include "data/clsZELVORecordSet.h"
 #include "session/YakGukConnection.h"
 
 namespace zelvo::host {
@@ -91,7 +92,26 @@ void SessionStart::logIn() {
     }
 }
 
+namespace {
+
+constexpr const char* pharmacyQuestion = "SELECT * FROM t_PxInfo ";
+
+/// What the load sequence asks, in its order.
+void readCatalogue(data::Connection& line) {
+    data::clsZELVORecordSet records;
+    data::RecordSet rows;
+    tables::XArrayDB none;
+    line.open(rows, pharmacyQuestion, data::Cursor::Static);
+    records.RecordSet_GongJi(line, rows);
+    records.RecordSet_JobList(line, rows, none);
+    records.RecordSet_TangJun(line, rows, none);
+    records.RecordSet_TangJunADD(line, rows, none);
+}
+
+}  // namespace
+
 void SessionStart::Load_SessionData() {
+    const data::ReadAhead ahead(session_.connection(), readCatalogue);  // on a server they share a trip
     Load_PxInfo();
     Load_GongJi();
     Load_JobList();
@@ -113,7 +133,7 @@ void SessionStart::Load_PxInfo() {
 
 void SessionStart::readPxInfo() {
     data::RecordSet info;
-    session_.connection().open(info, "SELECT * FROM t_PxInfo ", data::Cursor::Static);
+    session_.connection().open(info, pharmacyQuestion, data::Cursor::Static);
     if (info.atEnd()) return;
     constexpr int firstColumn = 2;
     for (int i = 0; i < static_cast<int>(form_.notices.lblGongJiYakGuk.size()); ++i) {
@@ -175,7 +195,7 @@ void SessionStart::fillClinic(const HostArguments& arguments) {
 }
 
 void SessionStart::showPharmacy() {
-    form_.stbMain.setPanel(3, " ZEL-VO 버전 : 1.0001");
+    form_.stbMain.setPanel(3, std::string(" ZEL-VO 버전 : ") + session::version);
     form_.stbMain.setPanel(1, form_.notices.lblGongJiYakGuk[0].caption() + " 입니다...");
 }
 

@@ -87,8 +87,43 @@ bool OrderDetail::Load_CBJmDetail(std::int32_t CBJ_PK) {
     }
 }
 
-/// In the order of the sections; once another order has been asked for, no more of this one is read.
+namespace {
+
+/// What the sections ask before they know which add-ons the order has.
+void readPieces(data::Connection& line, std::int32_t CBJ_PK) {
+    data::clsZELVORecordSet records;
+    data::CBJmState state;
+    data::CBJmPatient patient;
+    data::CBJmSender sender;
+    data::CBJmEatGuide sheet;
+    data::CBJmJobList type;
+    data::CBJmTangJun decoction;
+    records.RecordSet_CBJmStateInfo(line, CBJ_PK, state);
+    records.RecordSet_CBJmPatientInfo(line, CBJ_PK, patient);
+    records.RecordSet_CBJmSendInfo(line, CBJ_PK, sender);
+    records.RecordSet_CBJmEatGuide(line, CBJ_PK, sheet);
+    records.RecordSet_CBJmJobListInfo(line, CBJ_PK, type);
+    records.RecordSet_CBJmTangJunInfo(line, CBJ_PK, decoction);
+}
+
+/// What they ask behind those.
+void readHerbsAndCosts(data::Connection& line, std::int32_t CBJ_PK) {
+    data::clsZELVORecordSet records;
+    data::RecordSet herbs;
+    std::string packets, price;
+    data::CBJmCosts costs;
+    records.RecordSet_CBJmDrug(line, herbs, CBJ_PK, packets, price);
+    records.RecordSet_CBJmCostInfo(line, CBJ_PK, costs);
+}
+
+}  // namespace
+
+/// In the order of the sections; once another order has been asked for, no more of this one is read. On a
+/// server they share two trips.
 bool OrderDetail::loadSections(const DetailRead& read) {
+    const data::ReadAhead ahead(
+        read.connection, [&](data::Connection& line) { readPieces(line, read.CBJ_PK); },
+        [&](data::Connection& line) { readHerbsAndCosts(line, read.CBJ_PK); });
     const std::function<bool()> steps[] = {[&] { return state.load(read, sheet.txtCBJmCBMsg); },
                                            [&] { return patient.load(read); },
                                            [&] { return sender.load(read); },

@@ -188,25 +188,38 @@ void OrderSearch::search(std::string_view caption, const Condition& condition) {
     tdbCBJ.refresh();
 }
 
-/// False when the (last) read fails, as it does without a connection.
+/// False when the (last) read fails, as it does without a connection. A nurse's doctors share a trip.
 bool OrderSearch::readOrders(const Condition& condition) {
+    if (!session_.g_conYakGuk) return false;
+    data::Connection& connection = *session_.g_conYakGuk;
     const basics::Held searching(searching_, true);
-    if (!session_.m_IsNurse) return readDoctor(session_.m_DTRPK, condition) != -1;
+    if (!session_.m_IsNurse) return readDoctor(connection, m_xaCBJ, session_.m_DTRPK, condition) != -1;
+    const std::vector<std::int32_t> doctors = nursesDoctors();
+    const data::ReadAhead ahead(connection, [&](data::Connection& line) {
+        tables::XArrayDB none;
+        for (const std::int32_t doctor : doctors) readDoctor(line, none, doctor, condition);
+    });
     std::int16_t last = 1;
-    for (int i = 0; i < cbodtrList.entryCount(); ++i) {
-        const std::string& entry = cbodtrList.entry(i);
-        const std::size_t cut = entry.find('/');
-        if (cut == std::string::npos) continue;
-        last = readDoctor(basics::toInt32(basics::numberFromStart(entry.substr(0, cut))), condition);
-    }
+    for (const std::int32_t doctor : doctors) last = readDoctor(connection, m_xaCBJ, doctor, condition);
     return last != -1;
 }
 
-std::int16_t OrderSearch::readDoctor(std::int32_t DTR_PK, const Condition& condition) {
-    if (!session_.g_conYakGuk) return -1;
+std::vector<std::int32_t> OrderSearch::nursesDoctors() const {
+    std::vector<std::int32_t> doctors;
+    for (int i = 0; i < cbodtrList.entryCount(); ++i) {
+        const std::string& entry = cbodtrList.entry(i);
+        const std::size_t cut = entry.find('/');
+        if (cut != std::string::npos)
+            doctors.push_back(basics::toInt32(basics::numberFromStart(entry.substr(0, cut))));
+    }
+    return doctors;
+}
+
+std::int16_t OrderSearch::readDoctor(data::Connection& line, tables::XArrayDB& orders, std::int32_t DTR_PK,
+                                     const Condition& condition) {
     data::RecordSet rows;
-    return data::clsZELVORecordSet().RecordSet_CBJmInfo(*session_.g_conYakGuk, rows, m_xaCBJ, condition.kind,
-                                                        DTR_PK, condition.word, condition.from, condition.to);
+    return data::clsZELVORecordSet().RecordSet_CBJmInfo(line, rows, orders, condition.kind, DTR_PK,
+                                                        condition.word, condition.from, condition.to);
 }
 
 void OrderSearch::forget() {

@@ -4,6 +4,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "screen/Fields.h"
 #include "screen/Grid.h"
@@ -62,7 +63,9 @@ private:
     void searchChoice(const screen::ComboList& list, std::span<const Choice> choices);
     void search(std::string_view caption, const Condition& condition);
     bool readOrders(const Condition& condition);
-    std::int16_t readDoctor(std::int32_t DTR_PK, const Condition& condition);
+    std::vector<std::int32_t> nursesDoctors() const;
+    static std::int16_t readDoctor(data::Connection& line, tables::XArrayDB& orders, std::int32_t DTR_PK,
+                                   const Condition& condition);
     void emptyList();
     void sortBy(int column);
 
