@@ -124,7 +124,12 @@ void Grid::place(int row, int column) {
     const int previousColumn = std::exchange(column_, column);
     held_ = false;
     touch();
-    onRowChange(previousRow, previousColumn);
+    if (!passing_) onRowChange(previousRow, previousColumn);
+}
+
+void Grid::setPassing(bool passing) {
+    if (!std::exchange(passing_, passing)) passedFrom_ = row_;
+    if (!passing && onRow() && row_ != passedFrom_) onRowChange(passedFrom_, column_);
 }
 
 int Grid::visibleRow() const {

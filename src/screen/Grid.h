@@ -138,6 +138,10 @@ public:
     void leave() override { commitEdit(); }
     /// Runs the row event that was held while the grid could not be seen. For windows and toolkits.
     void releaseHeldEvent();
+    /// While a key is held down rows are passed over: the row event is held, and runs once for the row that
+    /// is rested on. For toolkits.
+    void setPassing(bool passing);
+    bool passing() const { return passing_; }
 
     Event<int> onCellAccepted;  ///< column
     Event<int> onEditBegin;     ///< column; the user begins to change the cell
@@ -186,7 +190,8 @@ private:
     int rows_ = 0, row_ = -1, column_ = 0;
     int sortedColumn_ = -1;
     bool sortedDescending_ = false;
-    bool held_ = false;
+    bool held_ = false, passing_ = false;
+    int passedFrom_ = -1;  ///< the row that was told last, while rows are passed over
     Event<Field*>::Subscription whenTouched_;
 };
 

@@ -1,5 +1,7 @@
 #include "gui/GridViewTest.h"
 
+#include <QtCore/QEventLoop>
+#include <QtCore/QTimer>
 #include <QtGui/QClipboard>
 #include <QtWidgets/QHeaderView>
 #include <QtWidgets/QScrollBar>
@@ -18,6 +20,25 @@ TEST_F(GridViewTest, AMillionRowsAreAskedForWhereTheyAreSeen) {
     EXPECT_TRUE(asked.contains(grid.topRow));
     key(Qt::Key_PageUp);
     EXPECT_LT(grid.currentRow(), 999'990);
+}
+
+TEST_F(GridViewTest, AHeldKeyTellsTheRowThatItRestsOn) {
+    fill(100);
+    view.showGrid();
+    std::string told;
+    grid.onRowChange.add(
+        [&](int last, int) { told += std::to_string(last) + ">" + std::to_string(grid.currentRow()) + " "; });
+    key(Qt::Key_Down);
+    for (int i = 0; i < 5; ++i) {
+        QKeyEvent held(QEvent::KeyPress, Qt::Key_Down, Qt::NoModifier, QString(), true);
+        QApplication::sendEvent(&view, &held);
+    }
+    EXPECT_EQ(view.currentIndex().row(), 6);
+    EXPECT_EQ(told, "0>1 ");
+    QEventLoop rest;
+    QTimer::singleShot(300, &rest, &QEventLoop::quit);
+    rest.exec();
+    EXPECT_EQ(told, "0>1 1>6 ");
 }
 
 TEST_F(GridViewTest, RowsGoAwayUnderTheView) {

@@ -31,6 +31,7 @@ void GridView::keyPressEvent(QKeyEvent* event) {
     if (!grid_) return;
     // Keys that came faster than the drawing find the line open or closed as the grid has it.
     if (grid_->editing() != editor_->isOpen()) showGrid();
+    passRows(*event);
     if (specialKey(*event)) {
         event->accept();
         return;
@@ -47,6 +48,24 @@ void GridView::keyPressEvent(QKeyEvent* event) {
     }
     event->accept();
     tell([&] { grid_->window().userKey(*key); });
+}
+
+void GridView::keyReleaseEvent(QKeyEvent* event) {
+    if (!event->isAutoRepeat()) restOnRow();
+    QTableView::keyReleaseEvent(event);
+}
+
+/// A key that is held down runs over rows: only the one that it rests on is told.
+void GridView::passRows(const QKeyEvent& event) {
+    constexpr int rest = 150;
+    if (!event.isAutoRepeat()) return restOnRow();
+    grid_->setPassing(true);
+    passing_.start(rest);
+}
+
+void GridView::restOnRow() {
+    passing_.stop();
+    if (grid_ && grid_->passing()) tell([this] { grid_->setPassing(false); });
 }
 
 /// Keys that the screen model has no word for.

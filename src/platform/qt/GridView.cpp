@@ -42,7 +42,12 @@ int fillingColumn(const screen::Grid& grid) {
 }  // namespace
 
 GridView::GridView(QWidget* parent)
-    : QTableView(parent), header_(&owned<GridHeader>(this)), editor_(&owned<GridEditor>(*this, *viewport())) {
+    : QTableView(parent),
+      header_(&owned<GridHeader>(this)),
+      editor_(&owned<GridEditor>(*this, *viewport())),
+      passing_(owned<QTimer>(this)) {
+    passing_.setSingleShot(true);
+    passing_.callOnTimeout(this, [this] { restOnRow(); });
     setHorizontalHeader(header_);
     verticalHeader()->hide();
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);

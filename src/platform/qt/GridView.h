@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QtCore/QTimer>
 #include <QtWidgets/QTableView>
 #include <functional>
 #include <memory>
@@ -40,6 +41,7 @@ public:
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
+    void keyReleaseEvent(QKeyEvent* event) override;
     void inputMethodEvent(QInputMethodEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
@@ -68,6 +70,8 @@ private:
     int shownColumn(int column) const;
     // What the user does (GridInput.cpp).
     bool specialKey(const QKeyEvent& event);
+    void passRows(const QKeyEvent& event);
+    void restOnRow();
     bool turnsPage(const QKeyEvent& event);
     bool pressesButton(const QKeyEvent& event);
     int buttonColumn() const;
@@ -90,6 +94,7 @@ private:
     std::vector<double> designed_;  ///< widths of the shown columns as the model has them
     int editedRow_ = -1, editedColumn_ = -1;
     bool laying_ = false;
+    QTimer& passing_;  ///< runs while a key that is held down passes rows over
     screen::Event<int, int>::Subscription whenRowChanges_;
 };
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QtCore/QtGlobal>
 #include <vector>
 
 #include "screen/Desktop.h"
@@ -21,6 +22,7 @@ public:
     screen::Pointer pointer() const override { return pointer_; }
     void processEvents(bool userInput) override;
     void waitForEvents(std::chrono::milliseconds atMost) override;
+    std::string toolkit() const override { return std::string("Qt ") + qVersion(); }
     double screenWidth() const override;
     double screenHeight() const override;
     void runModal(screen::Window& window) override;

@@ -2,6 +2,7 @@
 
 #include <QtGui/QCloseEvent>
 #include <QtGui/QScreen>
+#include <QtGui/QShortcut>
 #include <QtGui/QWindow>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QScrollArea>
@@ -24,6 +25,12 @@ namespace {
 constexpr int titleBar = 32;
 /// A note opens inside its panel: beside its edge, below its heading (twips).
 constexpr double noteLeft = 150, noteTop = 650;
+
+/// For a telephone call with those who help: it can be read out, or copied.
+void showSupportRecord(screen::Desktop& desktop) {
+    const std::string lines = desktop.support().lastLines();
+    desktop.inform(lines.empty() ? "기록된 내용이 없습니다." : lines, "지원 기록");
+}
 
 }  // namespace
 
@@ -58,6 +65,8 @@ Shell::Shell(screen::Window& window, Shell* over)
     whenTouched_ = window.onTouched.listen([this](const screen::Field* field) {
         if (!field) setWindowTitle(qtText(window_.caption()));
     });
+    auto& support = owned<QShortcut>(QKeySequence(Qt::Key_F12), this);
+    connect(&support, &QShortcut::activated, this, [this] { showSupportRecord(window_.desktop()); });
     connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) {
         if (now && scroll_.widget()->isAncestorOf(now)) scroll_.ensureWidgetVisible(now, 8, 8);
     });
