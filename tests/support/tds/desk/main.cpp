@@ -1,5 +1,5 @@
-// tds-desk DATABASE READY_FILE [MILLISECONDS]: the desk of TdsServer as a program, until its input ends; behind a
-// line of so many milliseconds a trip. No SQL Server.
+// tds-desk DATABASE READY_FILE [MILLISECONDS]: the desk of TdsServer as a program, until its input ends;
+// behind a line of so many milliseconds a trip. No SQL Server.
 #include <cstdio>
 #include <cstdlib>
 #include <fstream>
