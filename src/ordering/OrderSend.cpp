@@ -1,8 +1,10 @@
 #include "ordering/OrderSend.h"
 
+#include <algorithm>
 #include <exception>
 #include <optional>
 #include <utility>
+#include <vector>
 
 #include "basics/Dates.h"
 #include "basics/Fault.h"
@@ -23,6 +25,12 @@ constexpr const char* sendCaption = "처방전전송";
 constexpr const char* costCaption = "비용확인";
 constexpr const char* rowCaption = "처방전전송 에러";
 constexpr const char* failedCaption = "처방전 전송 실패";
+constexpr const char *mileageFailed =
+                         "처방전 전송 중 오류 발생 - 처방전 Mileage 금액 (t_CBJDetail) 저장 에러",
+                     *costsFailed =
+                         "처방전 전송 중 오류 발생 - 처방전 비용상세 테이블(t_CBJcostDetail) 저장 에러",
+                     *herbsFailed = "처방전 전송 중 오류 발생 - 처방전 약재 테이블(t_CBJDetail) 저장 에러",
+                     *sheetFailed = "처방전 전송 중 오류 발생 - 처방전 복용법 테이블(t_EatGuide) 저장 에러";
 constexpr const char* faultCaption = "처방전 전송 에러";
 constexpr const char* unreadBalance = "처방전비용과 적립금을 확인하는중 에러발생.";
 
@@ -126,11 +134,15 @@ bool OrderSend::stillCovered() {
     if (!paysFromDeposit()) return true;
     data::Connection& connection = draft_.session.connection();
     const std::int32_t doctor = draft_.session.m_DTRPK;
-    data::clsZELVOStockmoney ledger;
     std::int32_t deposits = 0, mileage = 0, used = 0;
-    if (!ledger.ZELVO_StockMoney(connection, deposits, doctor, "S", "", "") ||
-        !ledger.ZELVO_StockMoney(connection, mileage, doctor, "M", "", "") ||
-        !ledger.ZELVO_CBJcostSum(connection, used, doctor, std::string(data::pay::deposit), "", "", "")) {
+    const auto readSums = [&](data::Connection& line) {
+        data::clsZELVOStockmoney ledger;
+        return ledger.ZELVO_StockMoney(line, deposits, doctor, "S", "", "") &&
+               ledger.ZELVO_StockMoney(line, mileage, doctor, "M", "", "") &&
+               ledger.ZELVO_CBJcostSum(line, used, doctor, std::string(data::pay::deposit), "", "", "");
+    };
+    const data::ReadAhead ahead(connection, readSums);
+    if (!readSums(connection)) {
         kept_.alarm(unreadBalance, costCaption);
         return false;
     }
@@ -166,7 +178,10 @@ bool OrderSend::wantsOtherHerbs() {
 bool OrderSend::storeOrder() {
     std::optional<data::Transaction> transaction;
     try {
-        transaction.emplace(draft_.session.connection(), data::newOrdersTurn(draft_.session.m_DTRPK));
+        // The clock is read in the trip that begins.
+        transaction.emplace(
+            draft_.session.connection(), data::newOrdersTurn(draft_.session.m_DTRPK),
+            [](data::Connection& line) { data::clsZELVORecordSet().RecordSet_SvrGetdate(line); });
     } catch (const std::exception&) {
         kept_.alarm(faultText("한약국 서버 연결 확인"), faultCaption);
         return false;
@@ -197,9 +212,29 @@ void OrderSend::leaveTrace(std::int32_t CBJ_PK) {
                  log, kept_);
 }
 
+/// What comes behind the order's own row goes to the server in one trip: a step hands its statements in, and
+/// the one that fails there is told as its step tells it.
 bool OrderSend::writeRows(std::int32_t& CBJ_PK) {
-    return stampTime() && Send_InsertOrder(CBJ_PK) && Send_InsertCostDetail(CBJ_PK) &&
-           (!draft_.hasHerbs() || Send_InsertDrugs(CBJ_PK)) && Send_InsertEatGuide(CBJ_PK) && stillCovered();
+    if (!stampTime()) return false;
+    data::Together together(draft_.session.connection());
+    std::vector<std::pair<std::size_t, const char*>> steps;
+    const auto step = [&](bool handedIn, const char* failure) {
+        steps.emplace_back(together.count(), failure);
+        return handedIn;
+    };
+    const bool handedIn = step(Send_InsertOrder(CBJ_PK), mileageFailed) &&
+                          step(Send_InsertCostDetail(CBJ_PK), costsFailed) &&
+                          (!draft_.hasHerbs() || step(Send_InsertDrugs(CBJ_PK), herbsFailed)) &&
+                          step(Send_InsertEatGuide(CBJ_PK), sheetFailed);
+    const std::size_t ran = together.send();
+    const auto failed =
+        std::find_if(steps.begin(), steps.end(), [ran](const auto& done) { return ran < done.first; });
+    if (failed != steps.end()) {
+        kept_.clear();
+        kept_.alarm(failed->second, rowCaption);
+        return false;
+    }
+    return handedIn && stillCovered();
 }
 
 bool OrderSend::stampTime() {
@@ -244,7 +279,7 @@ bool OrderSend::Send_InsertMileage(std::int32_t DTR_PK, std::int32_t CBJ_PK, std
                                                                 STK_Money, STK_Date) != -1) {
             return true;
         }
-        kept_.alarm("처방전 전송 중 오류 발생 - 처방전 Mileage 금액 (t_CBJDetail) 저장 에러", rowCaption);
+        kept_.alarm(mileageFailed, rowCaption);
         return false;
     });
 }
@@ -255,8 +290,7 @@ bool OrderSend::Send_InsertCostDetail(std::int32_t CBJ_PK) {
                                                                    costNotes(price_.m_xaCostConfirm)) != -1) {
             return true;
         }
-        kept_.alarm("처방전 전송 중 오류 발생 - 처방전 비용상세 테이블(t_CBJcostDetail) 저장 에러",
-                    rowCaption);
+        kept_.alarm(costsFailed, rowCaption);
         return false;
     });
 }
@@ -267,8 +301,7 @@ bool OrderSend::Send_InsertDrugs(std::int32_t CBJ_PK) {
         for (int row = 0; row <= draft_.lines().upperRow(); ++row) {
             if (records.Insert_ChubangJun_Detail(draft_.session.connection(), CBJ_PK,
                                                  herbLine(draft_.lines(), row)) == -1) {
-                kept_.alarm("처방전 전송 중 오류 발생 - 처방전 약재 테이블(t_CBJDetail) 저장 에러",
-                            rowCaption);
+                kept_.alarm(herbsFailed, rowCaption);
                 return false;
             }
         }
@@ -284,7 +317,7 @@ bool OrderSend::Send_InsertEatGuide(std::int32_t CBJ_PK) {
                 sheet.txtEatGuideCall.text()) != -1) {
             return true;
         }
-        kept_.alarm("처방전 전송 중 오류 발생 - 처방전 복용법 테이블(t_EatGuide) 저장 에러", rowCaption);
+        kept_.alarm(sheetFailed, rowCaption);
         return false;
     });
 }
