@@ -22,7 +22,7 @@ OrderTab::OrderTab(screen::Window& form, screen::Place tab, session::Session& se
       cost(form, draft, gate),
       send(form, draft, gate, cost, balance),
       keeping(form, tab, draft, gate) {
-    send.Send2Chart.add([this](const ordering::ChartRecord&) {
+    send.onStored.add([this] {
         keeping.sent();
         herbUndo.forget();
         usable.forget();

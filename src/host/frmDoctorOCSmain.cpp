@@ -59,6 +59,7 @@ frmDoctorOCSmain::frmDoctorOCSmain(screen::Desktop& desktop, session::Session& s
         balance.Clear_StockView();
         order.keeping.begin();
         order.herbUndo.forget();
+        order.usable.forget();
     };
 }
 

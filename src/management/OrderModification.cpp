@@ -83,13 +83,14 @@ void OrderModification::save() {
     detail_.reload();
 }
 
-/// The age stands in the order as a number: what is none, or too large for its place, would cost the doctor
-/// all that was typed.
+/// The age stands in the order as a whole number: what is none, or too large for its place, would cost the
+/// doctor all that was typed.
 bool OrderModification::ageIsSound() {
     screen::TextField& age = detail_.patient.txtCBJmAge;
     try {
         if (basics::isBlank(age.text()) ||
-            (basics::IsNumeric(age.text()) && basics::toInt16(age.text()) >= 0))
+            (basics::IsNumeric(age.text()) && basics::toInt16(age.text()) >= 0 &&
+             basics::toNumber(age.text()) == basics::toInt16(age.text())))
             return true;
     } catch (const basics::Fault&) {
         // Too large: told like any other that is none.

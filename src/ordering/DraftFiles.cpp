@@ -5,6 +5,7 @@
 #include "basics/Dates.h"
 #include "basics/Fault.h"
 #include "basics/Numbers.h"
+#include "basics/Text.h"
 #include "ordering/ClinicFolder.h"
 
 namespace zelvo::ordering {
@@ -24,13 +25,27 @@ bool isOf(const KeptDraft& draft, const KeptDraft& owner) {
            draft.patientName == owner.patientName && draft.server == owner.server;
 }
 
+/// A hold that a killed program has left without a draft.
+void dropDeadHold(screen::FileSystemObject& files, const std::string& folder, const std::string& file) {
+    try {
+        const std::string name = file.substr(0, file.size() - holdEnding.size());
+        const auto hold = files.holdFile(basics::join({folder, file}, "/"));
+        if (hold && files.readTextFile(basics::join({folder, name + std::string(draftEnding)}, "/")).empty())
+            hold->remove();
+    } catch (const basics::Fault&) {
+        // It stands in nobody's way.
+    }
+}
+
 }  // namespace
 
 std::vector<DraftFiles::Found> DraftFiles::of(const KeptDraft& owner) const {
     const auto files = fileSystem(desktop_);
     std::vector<Found> found;
     for (const std::string& file : files->namesIn(clinicFolder(*files))) {
-        if (!file.starts_with(beginning(owner)) || !file.ends_with(draftEnding)) continue;
+        if (!file.starts_with(beginning(owner))) continue;
+        if (file.ends_with(holdEnding)) dropDeadHold(*files, clinicFolder(*files), file);
+        if (!file.ends_with(draftEnding)) continue;
         const std::string name = file.substr(0, file.size() - draftEnding.size());
         try {
             std::optional<KeptDraft> draft =

@@ -89,6 +89,7 @@ void OrderSend::Send_Order() {
     const bool stored = storeOrder();
     kept_.show(desktop);
     if (!stored) return;
+    onStored();
     tellChart();
     trace_.settle();
     offerReturn();

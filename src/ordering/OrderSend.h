@@ -30,6 +30,8 @@ public:
     /// log.
     screen::Label lblsvrTime;
 
+    /// An order has been committed; comes first.
+    screen::Event<> onStored;
     /// Raised once for each order that has been committed, before the user is told.
     screen::Event<const ChartRecord&> Send2Chart;
 

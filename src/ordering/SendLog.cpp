@@ -159,8 +159,12 @@ void Remove_SendLog(screen::FileSystemObject& files, const std::string& serverTi
     const std::string folder = clinicFolder(files), start = std::string(logName) + timeDigits(serverTime);
     for (const std::string& name : files.namesIn(folder)) {
         if (!name.starts_with(start) || !name.ends_with(logEnding)) continue;
-        const auto log = files.holdFile(basics::join({folder, name}, "/"));
-        if (log && printOf(log->text()) == print) return log->remove();
+        try {
+            const auto log = files.holdFile(basics::join({folder, name}, "/"));
+            if (log && printOf(log->text()) == print) return log->remove();
+        } catch (const basics::Fault&) {
+            // What can't be read is not this one.
+        }
     }
 }
 

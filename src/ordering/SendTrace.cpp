@@ -63,7 +63,8 @@ bool SendTrace::settles(UnsettledSends::Left& left) {
         unsettled_.removeLog(send);
         desktop_.inform(former + "저장되지 않았습니다. 지금 처방전을 전송합니다.", sendCaption);
     }
-    unsettled_.settle(*left.mark);
+    // Whoever doesn't go on may come back to the same order: then it is asked again.
+    if (goesOn) unsettled_.settle(*left.mark);
     return goesOn;
 }
 

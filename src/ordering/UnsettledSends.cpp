@@ -48,7 +48,9 @@ UnsettledSend readMark(const std::string& text) {
 /// One server under its two usual spellings: a changed setting must not hide what is open there.
 bool isSameServer(std::string_view one, std::string_view other) {
     const auto plain = [](std::string_view address) {
-        std::string text = basics::foldCase(oneLine(std::string(address)));
+        std::string text = oneLine(std::string(address));
+        if (text.starts_with("sqlite:")) return text;  // a file's name is told by its case
+        text = basics::foldCase(text);
         for (const char* port : {":1433", ",1433"}) {
             if (text.ends_with(port)) text.resize(text.size() - 5);
         }
