@@ -16,7 +16,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         fuzz::demand(std::none_of(whole.begin(), whole.end(),
                                   [](char c) { return static_cast<unsigned char>(c) <= ' ' || c == 0x7F; }),
                      "no blank and no control character");
-        fuzz::demand(http::WebAddress(whole).text() == whole, "an address stays itself");
+        // A number in another writing is one more step to the host that it means.
+        const std::string settled = http::WebAddress(whole).text();
+        fuzz::demand(http::WebAddress(settled).text() == settled, "an address stays itself");
         static_cast<void>(http::withQuery(whole, "find", text));
     } catch (const basics::Fault&) {
         // Said to be none.

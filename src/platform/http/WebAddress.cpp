@@ -57,7 +57,8 @@ WebAddress::WebAddress(std::string_view text) {
     }
     host_ = partOf(parts, CURLUPART_HOST);
     const std::string host = asciiHost(host_);
-    if (host.empty() || curl_url_set(parts.get(), CURLUPART_HOST, host.c_str(), 0) != CURLUE_OK)
+    if (host_.empty() || host.empty() ||
+        (host != host_ && curl_url_set(parts.get(), CURLUPART_HOST, host.c_str(), 0) != CURLUE_OK))
         throw basics::Fault("웹페이지 주소가 올바르지 않습니다.");
     text_ = partOf(parts, CURLUPART_URL);
     secure_ = partOf(parts, CURLUPART_SCHEME) == "https";

@@ -106,25 +106,20 @@ std::optional<QColor> groundOf(std::string_view value, const QColor& under) {
     return std::nullopt;
 }
 
-bool isOneOf(std::string_view value, std::initializer_list<std::string_view> words) {
-    return std::find(words.begin(), words.end(), value) != words.end();
-}
-
 /// The properties that take one of a few words.
 std::string plainStyle(std::string_view declarations) {
     struct Property {
-        const char* name;
-        std::initializer_list<std::string_view> values;
+        std::string_view name, values;  ///< " value value "
     };
-    static const std::array properties{
-        Property{"font-style", {"normal", "italic", "oblique"}},
-        Property{"font-weight", {"normal", "bold", "bolder", "500", "600", "700", "800", "900"}},
-        Property{"text-align", {"left", "center", "right", "justify"}},
-        Property{"text-decoration", {"none", "underline", "line-through", "overline"}}};
+    constexpr std::array properties{Property{"font-style", " normal italic oblique "},
+                                    Property{"font-weight", " normal bold bolder 500 600 700 800 900 "},
+                                    Property{"text-align", " left center right justify "},
+                                    Property{"text-decoration", " none underline line-through overline "}};
     std::string style;
     for (const Property& property : properties) {
         const std::string value = declared(declarations, property.name);
-        if (isOneOf(value, property.values))
+        const bool oneWord = !value.empty() && value.find(' ') == std::string::npos;
+        if (oneWord && property.values.find(" " + value + " ") != std::string_view::npos)
             style.append(property.name).append(":").append(value).append(";");
     }
     return style;
