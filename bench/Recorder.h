@@ -26,7 +26,7 @@ protected:
         statements_.push_back(statement);
         inner_->open(set, statement, cursor, target);
     }
-    void beginWork() override { inner_->begin(); }
+    void beginWork(std::string_view turn) override { inner_->begin(turn); }
     data::CommitOutcome commitWork() override { return inner_->commit(); }
     void rollbackWork() override { inner_->rollback(); }
 
