@@ -29,11 +29,14 @@ namespace {
 
 using Support = std::shared_ptr<basics::SupportRecord>;
 
-std::vector<components::PostalPlace> askPostalPage(const std::string& page, const std::string& text,
-                                                   const Support& support) {
+std::vector<components::PostalPlace> askPostalPage(screen::Desktop& desktop, const std::string& page,
+                                                   const std::string& text, const Support& support) {
+    std::vector<http::PostalHit> hits;
+    desktop.waitFor("우편번호를 찾는 중입니다.", [&](const std::stop_token& stop) {
+        hits = http::findPostalCodes(http::HttpClient({}, support), page, text, stop);
+    });
     std::vector<components::PostalPlace> places;
-    for (http::PostalHit& hit : http::findPostalCodes(http::HttpClient({}, support), page, text))
-        places.push_back({std::move(hit.zip), std::move(hit.address)});
+    for (http::PostalHit& hit : hits) places.push_back({std::move(hit.zip), std::move(hit.address)});
     return places;
 }
 
@@ -57,15 +60,19 @@ void registerComponents(screen::Desktop& desktop) {
     known.setWebFetch([support](const std::string& address, const std::stop_token& stop) {
         return http::fetchWebContent(http::HttpClient(http::pageLimits(), support), address, stop);
     });
-    known.add("OrderCostText.clsOrderCostText",
-              [support] { return std::make_unique<http::clsOrderCostText>(http::HttpClient({}, support)); });
+    known.add("OrderCostText.clsOrderCostText", [&desktop, support] {
+        return std::make_unique<http::clsOrderCostText>(
+            http::HttpClient({}, support), [&desktop](const screen::WaitingJob& job) {
+                desktop.waitFor("처방전 비용을 계산 중입니다.", job);
+            });
+    });
     known.add("Scripting.FileSystemObject", [] { return std::make_unique<files::FileSystemObject>(); });
     known.add("AccountPrompt.clsAccountPrompt",
               [&desktop] { return std::make_unique<components::AccountPrompt>(desktop); });
     known.add("PostalLookup.clsPostalLookup", [&desktop, support] {
         return std::make_unique<components::PostalLookup>(
-            desktop, [support](const std::string& page, const std::string& text) {
-                return askPostalPage(page, text, support);
+            desktop, [&desktop, support](const std::string& page, const std::string& text) {
+                return askPostalPage(desktop, page, text, support);
             });
     });
     known.add("EatGuideEditor", [&desktop] { return std::make_unique<components::EatGuideEditor>(desktop); });

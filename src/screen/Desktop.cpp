@@ -66,6 +66,14 @@ void Desktop::yield() {
     lastYield_ = std::chrono::steady_clock::now();
 }
 
+std::unique_ptr<Wait> Desktop::beginWait(std::string_view, Wait::Clock::time_point) {
+    return std::make_unique<Wait>();
+}
+
+void Desktop::waitFor(std::string_view, const WaitingJob& job) {
+    job({});
+}
+
 bool Desktop::tellsFault(Window&, const std::exception&) {
     return false;
 }

@@ -294,14 +294,15 @@ void Exchange::throwFailure(CURLcode code, const WebAddress& address) const {
 
 }  // namespace
 
-std::string HttpClient::post(std::string_view address, const FormFields& fields) const {
+std::string HttpClient::post(std::string_view address, const FormFields& fields,
+                             const std::stop_token& stop) const {
     const std::string body = formBody(fields);
-    const Download answer = exchange(address, &body, {});
+    const Download answer = exchange(address, &body, stop);
     return decodePage(answer.bytes, answer.contentType);
 }
 
-std::string HttpClient::get(std::string_view address) const {
-    const Download page = download(address);
+std::string HttpClient::get(std::string_view address, const std::stop_token& stop) const {
+    const Download page = download(address, stop);
     return decodePage(page.bytes, page.contentType);
 }
 

@@ -38,11 +38,14 @@ public:
     explicit HttpClient(Limits limits, std::shared_ptr<basics::SupportRecord> support = nullptr)
         : limits_(std::move(limits)), support_(std::move(support)) {}
 
+    // All of them end soon, in a Fault, when `stop` asks for it.
+
     /// Sends the fields as a form and gives the page's text as UTF-8.
-    std::string post(std::string_view address, const FormFields& fields) const;
+    std::string post(std::string_view address, const FormFields& fields,
+                     const std::stop_token& stop = {}) const;
     /// The page's text as UTF-8.
-    std::string get(std::string_view address) const;
-    /// What stands at the address, as it came. Ends soon, in a Fault, when `stop` asks for it.
+    std::string get(std::string_view address, const std::stop_token& stop = {}) const;
+    /// What stands at the address, as it came.
     Download download(std::string_view address, const std::stop_token& stop = {}) const;
 
 private:

@@ -34,11 +34,11 @@ std::string asLine(std::string text) {
 
 }  // namespace
 
-std::vector<PostalHit> findPostalCodes(const HttpClient& client, std::string_view page,
-                                       std::string_view text) {
+std::vector<PostalHit> findPostalCodes(const HttpClient& client, std::string_view page, std::string_view text,
+                                       const std::stop_token& stop) {
     if (basics::isBlank(page))
         throw basics::Fault("우편번호 검색 페이지의 주소가 비어 있습니다. 한약국에 문의하여 주십시오.");
-    std::string answer = client.get(withQuery(basics::trim(page), "find", text));
+    std::string answer = client.get(withQuery(basics::trim(page), "find", text), stop);
     std::replace(answer.begin(), answer.end(), '\r', '\n');
     std::vector<PostalHit> hits;
     bool nonsense = false;
