@@ -26,7 +26,13 @@ frmEatGuideEditor::frmEatGuideEditor(screen::Desktop& desktop, const std::string
     txtHospName.setHangul(true);
     txtPhoneNo.setLabel("연락처:");
     fillInOrder({&txtHospName, &txtPhoneNo});
+    onLoad.add([this] { opened_ = page(); });
     setTabOrder({"rtxSheet", "txtHospName", "txtPhoneNo", "cmdOK", "cmdCancel"});
+}
+
+bool frmEatGuideEditor::mayClose() {
+    return page() == opened_ ||
+           desktop().ask("작성한 내용이 반영되지 않습니다. 닫으시겠습니까?", caption(), screen::Answer::No);
 }
 
 }  // namespace zelvo::components

@@ -16,8 +16,18 @@ public:
     screen::TextField txtHospName, txtPhoneNo;
 
 private:
+    struct Page {
+        screen::RichText sheet;
+        std::string clinic, phone;
+        bool operator==(const Page&) const = default;
+    };
+
     /// Every sheet can be taken, an empty one too.
     bool confirm() override { return true; }
+    bool mayClose() override;
+    Page page() const { return {rtxSheet.content(), txtHospName.text(), txtPhoneNo.text()}; }
+
+    Page opened_;
 };
 
 }  // namespace zelvo::components

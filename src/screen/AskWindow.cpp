@@ -15,7 +15,7 @@ AskWindow::AskWindow(Desktop& desktop, std::string name, std::string_view captio
       cmdCancel(*this, "cmdCancel", {}, "취소") {
     setCaption(caption);
     cmdOK.onPress.add([this] { press(); });
-    cmdCancel.onPress.add([this] { unload(); });
+    cmdCancel.onPress.add([this] { userClose(); });
     onEscape(*this, [this] { cmdCancel.onPress(); });
 }
 

@@ -261,7 +261,9 @@ void Window::userFocus(Field& field) {
 }
 
 void Window::userClose() {
-    if (shown_) unload();
+    if (!shown_) return;
+    const Action asking(*this);
+    if (closing() || mayClose()) unload();
 }
 
 void Window::userResize(double width, double height) {

@@ -105,7 +105,7 @@ public:
     const std::vector<Shortcut>& shortcuts() const { return shortcuts_; }
     /// The user moves the focus to a field.
     void userFocus(Field& field);
-    /// The user wants the window closed.
+    /// The user wants the window closed: it goes, where it may.
     void userClose();
 
     /// Counts a running action for as long as it lives. A window is not closed, and takes no further input,
@@ -135,6 +135,10 @@ public:
     private:
         Window& window_;
     };
+
+protected:
+    /// Whether the window goes when the user wants it closed. One that would lose what was written asks.
+    virtual bool mayClose() { return true; }
 
 private:
     friend class Field;

@@ -20,8 +20,9 @@ std::vector<PostalPlace> page(const std::string&, const std::string& text) {
 
 class Windows : public ::testing::Test {
 protected:
-    /// Opens a window as its caller does, a user at it: "field=text" types, "field<key" presses a key, a name
-    /// alone is a button. Gives what the caller gets, "" when the user left it.
+    /// Opens a window as its caller does, a user at it: "field=text" types, "field<key" presses a key, "?y"
+    /// and "?n" answer the next question, a name alone is a button. Gives what the caller gets, "" when the
+    /// user left it.
     std::string outcome(const std::string& window, const std::string& steps) {
         desktop.whenShown(window, [this, steps](screen::Window&) {
             for (const std::string& step : basics::split(steps, ";")) act(step);
@@ -40,6 +41,8 @@ protected:
         return ok ? a + "|" + b : "";
     }
     void act(const std::string& step) {
+        if (step == "?y") return desktop.answer(screen::Answer::Yes);
+        if (step == "?n") return desktop.answer(screen::Answer::No);
         const auto cut = step.find_first_of("=<");
         const std::string field = step.substr(0, cut), rest = step.substr(std::min(cut, step.size() - 1) + 1);
         if (cut == std::string::npos) return user.press(field);
@@ -56,7 +59,11 @@ TEST_F(Windows, GiveWhatWasTypedAndTellWhatIsWrong) {
         const char *window, *steps, *result, *boxes;
     };
     const char *login = "frmLogin", *change = "frmChangePassword", *postal = "frmPostalLookup",
-               *editor = "frmEatGuideEditor", *pick = "주소를 먼저 찾아서 고르십시오.",
+               *editor = "frmEatGuideEditor",
+               *lost =
+                   "작성한 내용이 반영되지 않습니다. 닫으시겠습니까?;"
+                   "작성한 내용이 반영되지 않습니다. 닫으시겠습니까?",
+               *pick = "주소를 먼저 찾아서 고르십시오.",
                *unfound = "[없는 길](으)로 찾은 주소가 없습니다.;주소를 먼저 찾아서 고르십시오.";
     const Case cases[] = {
         {login, "txtID= kim ;txtID<Enter;txtPassword= p w ;txtPassword<Enter", "kim| p w ", ""},
@@ -76,6 +83,8 @@ TEST_F(Windows, GiveWhatWasTypedAndTellWhatIsWrong) {
         {postal, "txtFind=세종대로;cmdFind;txtFind=없는 길;txtFind<Enter;cmdOK", "", unfound},
         {postal, "txtFind=세종대로;cmdFind;txtFind=고장;cmdFind;cmdOK", "서울 중구 1|04524", "서버 고장"},
         {editor, "txtHospName=새한의원;txtHospName<Enter;txtPhoneNo=02;txtPhoneNo<Enter", "새한의원|02", ""},
+        {editor, "rtxSheet=식후;?n;rtxSheet<Esc;txtPhoneNo=02;?y;cmdCancel", "", lost},
+        {editor, "rtxSheet<Esc", "", ""},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.steps);
