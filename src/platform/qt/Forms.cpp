@@ -1,9 +1,12 @@
 #include "platform/qt/Forms.h"
 
+#include <QtWidgets/QVBoxLayout>
 #include <algorithm>
 #include <array>
 
 #include "basics/Fault.h"
+#include "platform/qt/Owned.h"
+#include "platform/qt/PageArea.h"
 #include "ui_ManagementPage.h"
 #include "ui_MyOcsPage.h"
 #include "ui_NoticesPage.h"
@@ -27,14 +30,25 @@ void setUp(QWidget& widget) {
     Form().setupUi(&widget);
 }
 
+/// A page scrolls by itself where the window is too small for it; the tabs and what stands below them never
+/// do.
+template <class Form>
+void setUpPage(QWidget& page) {
+    auto& content = owned<QWidget>();
+    setUp<Form>(content);
+    auto& layout = owned<QVBoxLayout>(&page);
+    layout.setContentsMargins(0, 0, 0, 0);
+    layout.addWidget(&owned<PageArea>(content, &page));
+}
+
 /// The main window's pages are forms of their own.
 void setUpMain(QWidget& widget) {
     Ui::frmDoctorOCSmain main;
     main.setupUi(&widget);
-    setUp<Ui::NoticesPage>(*main.pageNotices);
-    setUp<Ui::OrderPage>(*main.pageOrder);
-    setUp<Ui::ManagementPage>(*main.pageManagement);
-    setUp<Ui::MyOcsPage>(*main.pageMyOcs);
+    setUpPage<Ui::NoticesPage>(*main.pageNotices);
+    setUpPage<Ui::OrderPage>(*main.pageOrder);
+    setUpPage<Ui::ManagementPage>(*main.pageManagement);
+    setUpPage<Ui::MyOcsPage>(*main.pageMyOcs);
 }
 
 struct Form {

@@ -15,6 +15,7 @@ void Mirror::show() {
     const bool nested = std::exchange(drawing_, true);
     widget_.setVisible(field_.visible());
     for (QWidget* word : words) word->setVisible(field_.visible());
+    if (hint) hint->setVisible(!field_.visible());
     widget_.setEnabled(field_.enabled());
     widget_.setToolTip(tip());
     if (!field_.label().empty()) widget_.setAccessibleName(qtText(field_.label()));

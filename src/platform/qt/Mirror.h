@@ -34,8 +34,12 @@ public:
 
     /// Whether the field waits to be drawn.
     bool waits = false;
+    /// Whether the user could press it when the glass was last drawn.
+    bool pressable = false;
     /// The form's words around the field (its caption, its unit): they come and go with it.
     std::vector<QWidget*> words;
+    /// What the form says in the field's place while that is not there.
+    QWidget* hint = nullptr;
 
 protected:
     virtual void draw() = 0;
