@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <QtCore/QThread>
 #include <QtCore/QTimer>
 #include <QtGui/QClipboard>
 #include <QtGui/QKeyEvent>
@@ -7,6 +8,7 @@
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QPlainTextEdit>
 #include <QtWidgets/QPushButton>
+#include <atomic>
 
 #include "WidgetUser.h"
 #include "basics/Fault.h"
@@ -116,6 +118,40 @@ TEST_F(QtDesktopTest, AFaultThatNobodyCaughtIsToldAndTheWindowRunsUntilItIsClose
     });
     note.read("caption", "text");
     EXPECT_EQ(unloads, 1);
+}
+
+TEST_F(QtDesktopTest, AWaitTakesOneThing) {
+    QPushButton behind;
+    int presses = 0;
+    QObject::connect(&behind, &QPushButton::clicked, [&] { ++presses; });
+    behind.show();
+    struct Case {
+        const char* what;
+        int key;
+        bool givenUp;
+    };
+    for (const Case& item : {Case{"the answer comes", 0, false}, Case{"Esc", Qt::Key_Escape, true},
+                             Case{"Enter on its button", Qt::Key_Return, true}}) {
+        std::atomic<bool> answered = false;
+        QTimer::singleShot(700, qApp, [&] {
+            stage::WidgetUser::click(behind);
+            if (item.key != 0) return stage::WidgetUser::pressKey(item.key);
+            answered = true;
+        });
+        const auto wait = [&] {
+            desktop_.waitFor("waits", [&](const std::stop_token& stop) {
+                for (int i = 0; i < 1000 && !stop.stop_requested() && !answered; ++i) QThread::msleep(5);
+            });
+        };
+        if (item.givenUp) {
+            EXPECT_THROW(wait(), basics::Fault) << item.what;
+        } else {
+            EXPECT_NO_THROW(wait()) << item.what;
+        }
+    }
+    EXPECT_EQ(presses, 0);
+    EXPECT_THROW(desktop_.waitFor("fails", [](const std::stop_token&) { throw basics::Fault("no"); }),
+                 basics::Fault);
 }
 
 }  // namespace

@@ -1,8 +1,7 @@
 #include "platform/qt/Binder.h"
 
 #include <QtCore/QCoreApplication>
-#include <QtGui/QGuiApplication>
-#include <QtGui/QInputMethod>
+#include <QtGui/QInputMethodEvent>
 #include <QtGui/QKeyEvent>
 #include <QtGui/QKeySequence>
 #include <QtWidgets/QAbstractScrollArea>
@@ -11,6 +10,8 @@
 #include <utility>
 
 #include "basics/Fault.h"
+#include "platform/qt/Composition.h"
+#include "platform/qt/Deaf.h"
 #include "platform/qt/GridView.h"
 #include "platform/qt/Keys.h"
 #include "platform/qt/Mirrors.h"
@@ -48,6 +49,7 @@ Binder::Binder(screen::Window& window, QWidget& form) : window_(window), form_(f
             QWidget* const around = byName.value(QLatin1String(word) + qtText(field->name()));
             if (around) mirrors_.back()->words.push_back(around);
         }
+        mirrors_.back()->hint = byName.value(QLatin1String("hint_") + qtText(field->name()));
         mirrors_.back()->show();
     }
     form.installEventFilter(this);
@@ -86,7 +88,24 @@ void Binder::schedule() {
 bool Binder::event(QEvent* event) {
     if (event->type() != drawEvent) return QObject::event(event);
     flush();
+    if (newToPress()) dropWhatCame();
     return true;
+}
+
+/// Whether something has come up that can be pressed: a click that waits was aimed at what stood there
+/// before.
+bool Binder::newToPress() {
+    bool found = false;
+    for (const auto& mirror : mirrors_) {
+        const auto kind = mirror->field().kind();
+        if (kind != screen::FieldKind::Button && kind != screen::FieldKind::TwoState &&
+            kind != screen::FieldKind::Check && kind != screen::FieldKind::Option)
+            continue;
+        const bool can = mirror->widget().isVisible() && mirror->widget().isEnabled();
+        found = (can && !std::exchange(mirror->pressable, can)) || found;
+        mirror->pressable = can;
+    }
+    return found;
 }
 
 void Binder::flush() {
@@ -106,6 +125,8 @@ void Binder::showFocus() {
     QWidget* target = focus && focus->reachable() ? widgetOf(*focus) : &form_;
     if (!target || !form_.isVisible()) return;
     QWidget* const has = form_.window()->focusWidget();
+    // Something stands over the form (a glass) and has it.
+    if (has && has != &form_ && !form_.isAncestorOf(has)) return;
     if (has && (has == target || (target != &form_ && target->isAncestorOf(has)))) return;
     focusing_ = true;
     target->setFocus(Qt::OtherFocusReason);
@@ -138,6 +159,9 @@ bool Binder::eventFilter(QObject* watched, QEvent* event) {
         case QEvent::FocusIn:
             focusIn(*mirror, *event);
             return false;
+        case QEvent::InputMethod:
+            if (Composition::current().isEcho(*watched, static_cast<QInputMethodEvent&>(*event))) return true;
+            [[fallthrough]];
         default:
             return mirror->filter(static_cast<QWidget&>(*watched), *event);
     }
@@ -145,7 +169,7 @@ bool Binder::eventFilter(QObject* watched, QEvent* event) {
 
 /// A key that went down in a field's widget, or in the form while no field can have it.
 bool Binder::keyDown(Mirror* mirror, QKeyEvent& event) {
-    if (repeatsAPress(event)) return true;
+    if (Composition::current().takesKey(event) || repeatsAPress(event)) return true;
     if (turnsPage(event) || isShortcut(event)) return true;
     if (event.key() == Qt::Key_Backtab ||
         (event.key() == Qt::Key_Tab && event.modifiers() == Qt::ShiftModifier)) {
@@ -196,7 +220,7 @@ bool Binder::turnsPage(const QKeyEvent& event) {
         if (event.key() - Qt::Key_1 < count) page = event.key() - Qt::Key_1;
     }
     if (page < 0) return false;
-    QGuiApplication::inputMethod()->commit();
+    Composition::current().end();
     static_cast<void>(tabs->userClick(page));
     window_.desktop().deliverKeys();
     return true;

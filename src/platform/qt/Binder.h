@@ -42,6 +42,7 @@ private:
     void watch(QWidget& widget, Mirror& mirror);
     void touched(screen::Field* field);
     void schedule();
+    bool newToPress();
     void showFocus();
     bool keyDown(Mirror* mirror, QKeyEvent& event);
     bool repeatsAPress(const QKeyEvent& event) const;

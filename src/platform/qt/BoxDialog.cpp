@@ -1,8 +1,8 @@
 #include "platform/qt/BoxDialog.h"
 
 #include <QtGui/QClipboard>
-#include <QtGui/QGuiApplication>
 #include <QtGui/QKeyEvent>
+#include <QtWidgets/QApplication>
 #include <QtWidgets/QDialogButtonBox>
 #include <QtWidgets/QHBoxLayout>
 #include <QtWidgets/QLabel>
@@ -112,13 +112,23 @@ void BoxDialog::addButton(QDialogButtonBox& row, const QString& caption, Answer 
     connect(button, &QPushButton::clicked, this, [this, answer] { give(answer); });
 }
 
+void BoxDialog::showEvent(QShowEvent* event) {
+    QDialog::showEvent(event);
+    stood_.start();
+}
+
 void BoxDialog::give(Answer answer) {
     answer_ = answer;
     done(static_cast<int>(answer));
 }
 
-/// A key that is still held from before the box answers nothing.
+/// A key that is still held from before the box answers nothing, nor does the rest of a double click that
+/// brought it up.
 bool BoxDialog::eventFilter(QObject*, QEvent* event) {
+    const bool pressed =
+        event->type() == QEvent::MouseButtonPress || event->type() == QEvent::MouseButtonDblClick;
+    if (pressed && event->spontaneous() && stood_.elapsed() < QApplication::doubleClickInterval())
+        return true;
     return event->type() == QEvent::KeyPress && static_cast<const QKeyEvent&>(*event).isAutoRepeat();
 }
 

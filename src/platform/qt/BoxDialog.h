@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QtCore/QElapsedTimer>
 #include <QtWidgets/QDialog>
 
 #include "screen/Desktop.h"
@@ -18,6 +19,7 @@ public:
     screen::Answer answer() const { return answer_; }
 
 protected:
+    void showEvent(QShowEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
@@ -28,6 +30,7 @@ private:
     void give(screen::Answer answer);
 
     QString text_;
+    QElapsedTimer stood_;
     bool asks_;
     screen::Answer answer_;
 };

@@ -1,6 +1,5 @@
 #include <QtGui/QClipboard>
 #include <QtGui/QGuiApplication>
-#include <QtGui/QInputMethod>
 #include <QtGui/QInputMethodEvent>
 #include <QtGui/QKeyEvent>
 #include <QtGui/QMouseEvent>
@@ -186,7 +185,7 @@ void GridView::paste() {
 }
 
 /// What is finished is typed, so that the grid's listeners see each character; what is still being composed
-/// stands in the open line, also before the grid's own edit has begun.
+/// stands in the open line.
 void GridView::inputMethodEvent(QInputMethodEvent* event) {
     if (!grid_ || (event->replacementLength() > 0 && !editor_->isOpen())) return;
     event->accept();
@@ -200,12 +199,21 @@ void GridView::inputMethodEvent(QInputMethodEvent* event) {
             tell([&] { editor_->type(screen::Key::typed(character)); });
     }
     const bool composes = !event->preeditString().isEmpty();
-    if (composes && !editor_->isOpen()) {
-        if (textColumn() < 0) return;
-        openEditor(grid_->currentRow(), textColumn());
-    }
-    if (composes || editor_->composing()) editor_->showPreedit(*event);
+    if (composes && !grid_->editing()) openForComposition(event->preeditString());
+    if (editor_->isOpen() && (composes || editor_->composing())) editor_->showPreedit(*event);
     showGrid();
+}
+
+/// A composition opens the cell as a key does, where the grid's listeners let its first sign pass.
+void GridView::openForComposition(const QString& sign) {
+    const int column = textColumn();
+    if (column < 0) return;
+    tell([&] {
+        if (column != grid_->currentColumn()) grid_->userCell(grid_->currentRow(), column);
+        const auto first = static_cast<char32_t>(sign.toUcs4().constFirst());
+        if (!grid_->window().userKeyHeard(screen::Key::typed(first))) return;
+        grid_->window().userInput([this] { grid_->userEdit({}); });
+    });
 }
 
 QVariant GridView::inputMethodQuery(Qt::InputMethodQuery query) const {
@@ -249,8 +257,6 @@ void GridView::setHeld(const QModelIndex& index) {
 
 void GridView::mousePressEvent(QMouseEvent* event) {
     if (!grid_ || event->button() != Qt::LeftButton) return;
-    // The view keeps the focus, so a syllable that is being composed has to be finished here.
-    if (editor_->composing()) QGuiApplication::inputMethod()->commit();
     const QPoint point = event->position().toPoint();
     const QModelIndex index = indexAt(point);
     if (!index.isValid()) {

@@ -1,7 +1,5 @@
 #include "platform/qt/GridView.h"
 
-#include <QtGui/QGuiApplication>
-#include <QtGui/QInputMethod>
 #include <QtGui/QPainter>
 #include <QtGui/QResizeEvent>
 #include <QtWidgets/QScrollBar>
@@ -64,10 +62,8 @@ GridView::GridView(QWidget* parent)
     viewport()->setMouseTracking(true);
     connect(header_, &QHeaderView::sectionResized, this,
             [this](int column, int, int width) { columnDragged(column, width); });
-    connect(header_, &QHeaderView::sectionClicked, this, [this](int column) {
-        if (editor_->composing()) QGuiApplication::inputMethod()->commit();
-        tell([this, column] { grid_->userHead(column); });
-    });
+    connect(header_, &QHeaderView::sectionClicked, this,
+            [this](int column) { tell([this, column] { grid_->userHead(column); }); });
     connect(editor_, &QLineEdit::cursorPositionChanged, this, [this] { updateMicroFocus(); });
 }
 

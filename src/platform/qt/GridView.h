@@ -78,6 +78,7 @@ private:
     int choiceColumn() const;
     int textColumn() const;
     void edit();
+    void openForComposition(const QString& sign);
     void copyCell() const;
     void paste();
     QModelIndex buttonAt(const QPoint& point) const;

@@ -1,7 +1,5 @@
 #include "platform/qt/Mirrors.h"
 
-#include <QtGui/QGuiApplication>
-#include <QtGui/QInputMethod>
 #include <QtGui/QKeyEvent>
 #include <QtWidgets/QCheckBox>
 #include <QtWidgets/QComboBox>
@@ -203,8 +201,6 @@ public:
             throw basics::Fault(field.name() + ": the form has another number of pages");
         connect(tabs.tabBar(), &QTabBar::tabBarClicked, this, [this](int page) {
             if (page < 0) return;
-            // The bar takes no focus, so a syllable that is being composed has to be finished here.
-            QGuiApplication::inputMethod()->commit();
             userDoes([this, page] { static_cast<void>(field_.userClick(page)); });
         });
         // The bar turns the page by itself; the field says whether it stays.

@@ -4,8 +4,12 @@
 #include <QtCore/QTimer>
 #include <QtGui/QScreen>
 #include <QtWidgets/QApplication>
+#include <thread>
 
+#include "basics/Fault.h"
 #include "platform/qt/BoxDialog.h"
+#include "platform/qt/Deaf.h"
+#include "platform/qt/Glass.h"
 #include "platform/qt/Shell.h"
 #include "platform/qt/Texts.h"
 #include "screen/Window.h"
@@ -29,6 +33,20 @@ public:
 private:
     screen::Desktop& desktop_;
     screen::Pointer former_;
+};
+
+/// A wait that is looked after by somebody who asks again and again.
+class SeenWait : public screen::Wait {
+public:
+    SeenWait(std::string_view what, Shell* over, Clock::time_point since)
+        : glass_(qtText(what), over, since) {}
+    bool goesOn() override {
+        QCoreApplication::processEvents();
+        return !glass_.isGivenUp();
+    }
+
+private:
+    Glass glass_;
 };
 
 /// The shell in front, for as long as it is.
@@ -60,7 +78,9 @@ screen::Answer QtDesktop::messageBox(const screen::MessageBox& box) {
     flush();
     const PlainPointer arrow(*this);
     BoxDialog dialog(box, top());
-    dialog.exec();
+    dialog.show();
+    dropWhatCameBefore(dialog);
+    if (dialog.isVisible()) dialog.exec();
     if (top()) top()->activateWindow();
     return dialog.answer();
 }
@@ -86,6 +106,36 @@ void QtDesktop::waitForEvents(std::chrono::milliseconds atMost) {
     wake.setSingleShot(true);
     wake.start(atMost);
     QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents);
+}
+
+std::unique_ptr<screen::Wait> QtDesktop::beginWait(std::string_view what,
+                                                   screen::Wait::Clock::time_point since) {
+    flush();
+    return std::make_unique<SeenWait>(what, top(), since);
+}
+
+void QtDesktop::waitFor(std::string_view what, const screen::WaitingJob& job) {
+    flush();
+    std::exception_ptr failure;
+    {
+        Glass glass(qtText(what), top(), screen::Wait::Clock::now());
+        QEventLoop loop;
+        std::jthread hand([&](const std::stop_token& stop) {
+            try {
+                job(stop);
+            } catch (...) {
+                failure = std::current_exception();
+            }
+            QMetaObject::invokeMethod(&loop, &QEventLoop::quit, Qt::QueuedConnection);
+        });
+        QObject::connect(&glass, &Glass::givenUp, &loop, [&hand] { hand.request_stop(); });
+        loop.exec();
+        hand.join();
+        if (glass.isGivenUp())
+            failure = std::make_exception_ptr(basics::Fault("기다리지 않고 취소하였습니다."));
+    }
+    if (top()) top()->binder().flush();
+    if (failure) std::rethrow_exception(failure);
 }
 
 double QtDesktop::screenWidth() const {

@@ -23,6 +23,9 @@ public:
     void processEvents(bool userInput) override;
     void waitForEvents(std::chrono::milliseconds atMost) override;
     std::string toolkit() const override { return std::string("Qt ") + qVersion(); }
+    std::unique_ptr<screen::Wait> beginWait(std::string_view what,
+                                            screen::Wait::Clock::time_point since) override;
+    void waitFor(std::string_view what, const screen::WaitingJob& job) override;
     double screenWidth() const override;
     double screenHeight() const override;
     void runModal(screen::Window& window) override;

@@ -10,6 +10,8 @@
 #include <QtWidgets/QVBoxLayout>
 #include <algorithm>
 
+#include "platform/qt/Composition.h"
+#include "platform/qt/Deaf.h"
 #include "platform/qt/Forms.h"
 #include "platform/qt/Owned.h"
 #include "platform/qt/Texts.h"
@@ -68,7 +70,9 @@ Shell::Shell(screen::Window& window, Shell* over)
     auto& support = owned<QShortcut>(QKeySequence(Qt::Key_F12), this);
     connect(&support, &QShortcut::activated, this, [this] { showSupportRecord(window_.desktop()); });
     connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) {
-        if (now && scroll_.widget()->isAncestorOf(now)) scroll_.ensureWidgetVisible(now, 8, 8);
+        if (!now || !scroll_.isAncestorOf(now)) return;
+        for (QWidget* at = now->parentWidget(); at != this; at = at->parentWidget())
+            if (auto* area = qobject_cast<QScrollArea*>(at)) area->ensureWidgetVisible(now, 8, 8);
     });
 }
 
@@ -89,6 +93,7 @@ void Shell::open() {
     activateWindow();
     tellPlaces();
     binder_->flush();
+    dropWhatCameBefore(*this);
 }
 
 /// The first window belongs over the host's, which waits for it.
@@ -122,6 +127,7 @@ void Shell::tellPlaces() {
 
 void Shell::closeEvent(QCloseEvent* event) {
     event->ignore();
+    Composition::current().end();
     window_.userClose();
 }
 
