@@ -25,6 +25,8 @@ wayland_packages=(qt6-wayland)
 test_packages=(libgtest-dev libsqliteodbc libssl-dev openssl)
 check_packages=(clang-format clang-tidy)
 fuzz_packages=(clang libclang-rt-dev)
+# A real display for the window tests: a server, a window manager, hands, a Korean input method.
+display_packages=(xvfb openbox xdotool dbus dbus-daemon ibus ibus-hangul)
 
 # What was compiled once, in whatever folder, is not compiled again.
 export CCACHE_BASEDIR=$PWD CCACHE_NOHASHDIR=1 CCACHE_SLOPPINESS=pch_defines,time_macros

@@ -1,0 +1,33 @@
+#!/usr/bin/env bash
+# Plays window tests on a real X server of their own, with a window manager and a Korean input method in a session bus of
+# its own: on_display.sh PROGRAM [ARGUMENT...]. SCREEN names the screen's size, 1280x800 unless told.
+set -euo pipefail
+
+if [ -z "${ZELVO_DISPLAY-}" ]; then
+  scratch=$(mktemp -d)
+  mkfifo "$scratch/number"
+  Xvfb -displayfd 3 -screen 0 "${SCREEN:-1280x800}x24" -nolisten tcp 3>"$scratch/number" 2>/dev/null &
+  server=$!
+  trap 'kill $server 2>/dev/null || true; wait $server 2>/dev/null || true; rm -rf "$scratch"' EXIT
+  read -r number <"$scratch/number"
+  export DISPLAY=":$number" ZELVO_DISPLAY=1 HOME=$scratch XDG_RUNTIME_DIR=$scratch XDG_CONFIG_HOME=$scratch/config \
+    XDG_CACHE_HOME=$scratch/cache XDG_DATA_HOME=$scratch/data QT_QPA_PLATFORM=xcb QT_IM_MODULE=ibus \
+    GSETTINGS_BACKEND=keyfile
+  unset WAYLAND_DISPLAY IBUS_ADDRESS
+  chmod 700 "$scratch"
+  mkdir -p "$XDG_CONFIG_HOME/glib-2.0/settings"
+  printf "[org/freedesktop/ibus/engine/hangul]\ninitial-input-mode='hangul'\noff-keys=''\n" >"$XDG_CONFIG_HOME/glib-2.0/settings/keyfile"
+  dbus-run-session -- "$0" "$@"
+  exit
+fi
+
+openbox 2>/dev/null &
+trap 'kill $(jobs -p) 2>/dev/null || true' EXIT
+if command -v ibus-daemon >/dev/null; then
+  ibus-daemon --panel=disable --config=/usr/libexec/ibus-memconf &
+  for _ in $(seq 50); do
+    ibus engine hangul 2>/dev/null && export ZELVO_HANGUL=1 && break
+    sleep 0.1
+  done
+fi
+"$@"
