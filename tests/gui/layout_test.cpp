@@ -1,5 +1,6 @@
 // Where the widgets of the main window stand: for a doctor and for a nurse, on every screen and at every
 // scale.
+#include <QtGui/QAccessible>
 #include <QtWidgets/QAbstractButton>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QScrollArea>
@@ -7,6 +8,7 @@
 #include <QtWidgets/QTabBar>
 #include <QtWidgets/QTabWidget>
 #include <QtWidgets/QTableView>
+#include <set>
 
 #include "GuiSession.h"
 #include "screen/Fields.h"
@@ -57,6 +59,22 @@ void expectRoomForAll(const QWidget& page, const qt::Shell& shell, const std::st
     }
 }
 
+/// Whatever can be worked has a name for a reader of the screen.
+void expectNames(const QAccessibleInterface& at, const std::string& where) {
+    static const std::set<QAccessible::Role> worked{
+        QAccessible::PushButton, QAccessible::CheckBox,     QAccessible::RadioButton,
+        QAccessible::ComboBox,   QAccessible::EditableText, QAccessible::SpinBox,
+        QAccessible::List,       QAccessible::Table,        QAccessible::PageTab};
+    if (at.state().invisible) return;
+    if (worked.contains(at.role())) {
+        EXPECT_FALSE(at.text(QAccessible::Name).trimmed().isEmpty())
+            << where << (at.object() ? at.object()->objectName().toStdString() : "a part") << " has no name";
+    }
+    if (at.role() == QAccessible::Table) return;
+    for (int i = 0; i < at.childCount(); ++i)
+        if (const auto* child = at.child(i)) expectNames(*child, where);
+}
+
 /// Every page of the session in view at a size of the screen, at a scale in per cent.
 void expectPagesFit(GuiSession& session, const QSize& screen, int scale, const std::string& who) {
     qt::Shell& shell = session.glass().shell();
@@ -71,6 +89,7 @@ void expectPagesFit(GuiSession& session, const QSize& screen, int scale, const s
                                   " %, page " + std::to_string(page) + ": ";
         auto& area = *tabs.widget(page)->findChild<QScrollArea*>();
         expectRoomForAll(*area.widget(), shell, where);
+        if (scale == 100) expectNames(*QAccessible::queryAccessibleInterface(area.widget()), where);
         for (const QWidget* fixed :
              std::initializer_list<QWidget*>{tabs.tabBar(), &session.widget<QWidget>("stbMain")})
             EXPECT_TRUE(shell.rect().contains(placeOf(*fixed, shell)))

@@ -13,6 +13,7 @@
 
 #include "platform/qt/Owned.h"
 #include "platform/qt/Texts.h"
+#include "platform/qt/Theme.h"
 
 namespace zelvo::qt {
 
@@ -59,6 +60,7 @@ BoxDialog::BoxDialog(const screen::MessageBox& box, QWidget* over)
     setAttribute(Qt::WA_QuitOnClose, false);
     setWindowModality(Qt::ApplicationModal);
     setWindowTitle(qtText(box.caption));
+    giveColours(*this);
 
     auto& icon = owned<QLabel>(this);
     icon.setPixmap(style()->standardIcon(pictureOf(box.icon)).pixmap(iconSize, iconSize));
@@ -79,6 +81,7 @@ BoxDialog::BoxDialog(const screen::MessageBox& box, QWidget* over)
     layout.setSpacing(16);
     layout.addLayout(&message);
     layout.addWidget(&row);
+    dress(*this);
 }
 
 QWidget& BoxDialog::textWidget(const QString& text) {

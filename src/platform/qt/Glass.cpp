@@ -55,7 +55,10 @@ Glass::Glass(const QString& what, QWidget* over, std::chrono::steady_clock::time
     for (QWidget* part : std::initializer_list<QWidget*>{&words, time_, cancel_})
         column.addWidget(part, 0, Qt::AlignCenter);
 
-    if (over_) over_->installEventFilter(this);
+    if (over_) {
+        cancel_->setStyle(over_->style());
+        over_->installEventFilter(this);
+    }
     connect(&second_, &QTimer::timeout, this, &Glass::tellTime);
     QTimer::singleShot(std::max(0ms, unseen - waited), this, &Glass::appear);
 }
