@@ -139,6 +139,7 @@ press cmdEatGuide
 expect window frmEatGuideEditor
 expect caption frmEatGuideEditor "복용법작성 - 김하늘 님"
 type rtxSheet 아무것도
+answer Yes
 key rtxSheet Esc
 expect plain rtxEatGuide ""
 press cmdEatGuide

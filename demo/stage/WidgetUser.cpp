@@ -61,6 +61,9 @@ void compose(const QString& character) {
     QInputMethodEvent finished;
     finished.setCommitString(character);
     QCoreApplication::sendEvent(&keyTarget(), &finished);
+    // It was ended by a key that does nothing else.
+    QKeyEvent ends(QEvent::KeyPress, Qt::Key_Hangul, Qt::NoModifier);
+    QCoreApplication::sendEvent(&keyTarget(), &ends);
 }
 
 }  // namespace

@@ -80,9 +80,10 @@ public:
     /// Where failures are noted, for those who help a clinic; nowhere until it has been set.
     basics::SupportRecord& support() const { return *support_; }
     void setSupport(std::shared_ptr<basics::SupportRecord> record) { support_ = std::move(record); }
-    /// Begins a wait for something outside, in words for the user. Where there is a display, what the user
-    /// does meanwhile is dropped, but for giving up; a wait that has lasted half a second says so.
-    virtual std::unique_ptr<Wait> beginWait(std::string_view what, Wait::Clock::time_point since);
+    /// Something outside keeps the window's thread waiting: told again and again from half a second on, with
+    /// what, in words for the user, and how long so far. Where there is a display, what the user does
+    /// meanwhile is dropped, but for giving up: false then.
+    virtual bool waits(std::string_view what, std::chrono::milliseconds soFar);
     /// Runs a job that waits for something outside, and returns when it has ended; throws what it threw, and
     /// a Fault when the user gave up. Where there is a display, the job runs beside the window's thread.
     virtual void waitFor(std::string_view what, const WaitingJob& job);

@@ -3,6 +3,7 @@
 #include <chrono>
 #include <cstdlib>
 #include <exception>
+#include <functional>
 
 #include "basics/Numbers.h"
 
@@ -46,14 +47,20 @@ std::string milliseconds(std::chrono::milliseconds time) {
     return basics::decimalText(std::int64_t{time.count()}) + " ms";
 }
 
+bool waits(screen::Desktop& desktop, std::chrono::milliseconds soFar) {
+    return desktop.waits("한약국 서버의 응답을 기다리는 중입니다.", soFar);
+}
+
 /// One way for all: the password is joined for each opening, and a failure is noted.
 std::unique_ptr<data::Connection> openedAt(screen::Desktop& desktop, const data::ConnectionOpener& open,
                                            const std::string& ServerAddress) {
+    const auto waiting = [&desktop](std::chrono::milliseconds soFar) { return waits(desktop, soFar); };
     const auto start = std::chrono::steady_clock::now();
     try {
         std::unique_ptr<data::Connection> connection =
-            open({ServerAddress, "zelvo", "zelvo", BuildYakGukPassword()});
+            open({ServerAddress, "zelvo", "zelvo", BuildYakGukPassword(), waiting});
         if (connection) {
+            connection->waiting = waiting;
             connection->onFailure = [&desktop](const data::Failure& failure) {
                 desktop.support().add("database " + failure.operation + " " + failure.statement + " [" +
                                       failure.cause + "] " + milliseconds(failure.took));

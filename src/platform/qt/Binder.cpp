@@ -240,7 +240,7 @@ bool Binder::isShortcut(const QKeyEvent& event) {
     });
     if (!bears) return false;
     if (event.isAutoRepeat()) return true;
-    QGuiApplication::inputMethod()->commit();
+    Composition::current().end();
     static_cast<void>(window_.userShortcut(name));
     window_.desktop().deliverKeys();
     return true;

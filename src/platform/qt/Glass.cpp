@@ -31,6 +31,7 @@ Glass::Glass(const QString& what, QWidget* over, std::chrono::steady_clock::time
     setObjectName(QStringLiteral("glass"));
     setAttribute(Qt::WA_QuitOnClose, false);
     setAccessibleName(what);
+    setWindowTitle(QStringLiteral("ZELVO"));
     hide();
     const auto waited =
         std::chrono::duration_cast<std::chrono::milliseconds>(std::chrono::steady_clock::now() - since_);

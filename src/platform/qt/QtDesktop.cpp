@@ -5,6 +5,7 @@
 #include <QtGui/QScreen>
 #include <QtWidgets/QApplication>
 #include <thread>
+#include <utility>
 
 #include "basics/Fault.h"
 #include "platform/qt/BoxDialog.h"
@@ -19,6 +20,7 @@ namespace zelvo::qt {
 namespace {
 
 constexpr double twipsPerInch = 1440;
+constexpr std::chrono::milliseconds longestSilence{400};
 
 /// The arrow over a box or a window that waits for the user, whatever the pointer is beneath it.
 class PlainPointer {
@@ -35,36 +37,36 @@ private:
     screen::Pointer former_;
 };
 
-/// A wait that is looked after by somebody who asks again and again.
-class SeenWait : public screen::Wait {
-public:
-    SeenWait(std::string_view what, Shell* over, Clock::time_point since)
-        : glass_(qtText(what), over, since) {}
-    bool goesOn() override {
-        QCoreApplication::processEvents();
-        return !glass_.isGivenUp();
-    }
-
-private:
-    Glass glass_;
-};
-
-/// The shell in front, for as long as it is.
+/// The shell in front, for as long as it is; a glass over it goes with it.
 class InFront {
 public:
-    InFront(std::vector<Shell*>& shells, Shell& shell) : shells_(shells) { shells_.push_back(&shell); }
-    ~InFront() { shells_.pop_back(); }
+    InFront(std::vector<Shell*>& shells, Shell& shell, std::unique_ptr<Glass>& glass)
+        : shells_(shells), glass_(glass) {
+        glass_.reset();
+        shells_.push_back(&shell);
+    }
+    ~InFront() {
+        glass_.reset();
+        shells_.pop_back();
+    }
     InFront(const InFront&) = delete;
     InFront& operator=(const InFront&) = delete;
 
 private:
     std::vector<Shell*>& shells_;
+    std::unique_ptr<Glass>& glass_;
 };
 
 }  // namespace
 
 QtDesktop::QtDesktop(screen::SettingsStore& settings, std::function<void(std::string_view)> browse)
-    : settings_(settings), browse_(std::move(browse)) {}
+    : settings_(settings), browse_(std::move(browse)) {
+    waitEnds_.setSingleShot(true);
+    QObject::connect(&waitEnds_, &QTimer::timeout, [this] {
+        glass_.reset();
+        flush();
+    });
+}
 
 QtDesktop::~QtDesktop() {
     QtDesktop::setPointer(screen::Pointer::Normal);
@@ -75,6 +77,7 @@ void QtDesktop::flush() {
 }
 
 screen::Answer QtDesktop::messageBox(const screen::MessageBox& box) {
+    glass_.reset();
     flush();
     const PlainPointer arrow(*this);
     BoxDialog dialog(box, top());
@@ -108,17 +111,25 @@ void QtDesktop::waitForEvents(std::chrono::milliseconds atMost) {
     QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents);
 }
 
-std::unique_ptr<screen::Wait> QtDesktop::beginWait(std::string_view what,
-                                                   screen::Wait::Clock::time_point since) {
-    flush();
-    return std::make_unique<SeenWait>(what, top(), since);
+/// Nobody says that such a wait has ended: it has when it is not told of any more.
+bool QtDesktop::waits(std::string_view what, std::chrono::milliseconds soFar) {
+    const bool another = soFar < std::exchange(waited_, soFar);
+    if (!glass_ || another) {
+        flush();
+        glass_.reset();
+        glass_ = std::make_unique<Glass>(qtText(what), top(), std::chrono::steady_clock::now() - soFar);
+    }
+    waitEnds_.start(longestSilence);
+    QCoreApplication::processEvents();
+    return !glass_ || !glass_->isGivenUp();
 }
 
 void QtDesktop::waitFor(std::string_view what, const screen::WaitingJob& job) {
+    glass_.reset();
     flush();
     std::exception_ptr failure;
     {
-        Glass glass(qtText(what), top(), screen::Wait::Clock::now());
+        Glass glass(qtText(what), top(), std::chrono::steady_clock::now());
         QEventLoop loop;
         std::jthread hand([&](const std::stop_token& stop) {
             try {
@@ -156,7 +167,7 @@ void QtDesktop::runModal(screen::Window& window) {
         if (!field && window.leaving()) loop.quit();
     });
     {
-        const InFront front(shells_, shell);
+        const InFront front(shells_, shell, glass_);
         shell.open();
         window.appear();
         deliverKeys();

@@ -1,12 +1,15 @@
 #pragma once
 
 #include <QtCore/QtGlobal>
+#include <QtCore/QTimer>
+#include <memory>
 #include <vector>
 
 #include "screen/Desktop.h"
 
 namespace zelvo::qt {
 
+class Glass;
 class Shell;
 
 /// The screen of a machine with a display: windows are forms, boxes are dialogs, a modal run is a nested
@@ -23,8 +26,7 @@ public:
     void processEvents(bool userInput) override;
     void waitForEvents(std::chrono::milliseconds atMost) override;
     std::string toolkit() const override { return std::string("Qt ") + qVersion(); }
-    std::unique_ptr<screen::Wait> beginWait(std::string_view what,
-                                            screen::Wait::Clock::time_point since) override;
+    bool waits(std::string_view what, std::chrono::milliseconds soFar) override;
     void waitFor(std::string_view what, const screen::WaitingJob& job) override;
     double screenWidth() const override;
     double screenHeight() const override;
@@ -40,6 +42,9 @@ private:
     screen::SettingsStore& settings_;
     std::function<void(std::string_view)> browse_;
     std::vector<Shell*> shells_;
+    std::unique_ptr<Glass> glass_;  ///< while the window's own thread waits
+    std::chrono::milliseconds waited_{};
+    QTimer waitEnds_;
     screen::Pointer pointer_ = screen::Pointer::Normal;
 };
 
