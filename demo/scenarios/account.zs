@@ -141,6 +141,7 @@ expect caption frmEatGuideEditor "복용법작성 - 김하늘 님"
 type rtxSheet 아무것도
 answer Yes
 key rtxSheet Esc
+expect message "복용법작성 - 김하늘 님" "작성한 내용이 반영되지 않습니다. 닫으시겠습니까?"
 expect plain rtxEatGuide ""
 press cmdEatGuide
 type rtxSheet "하루 세 번\n식후 30분에 따뜻하게 드십시오."
