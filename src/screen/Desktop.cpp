@@ -66,8 +66,8 @@ void Desktop::yield() {
     lastYield_ = std::chrono::steady_clock::now();
 }
 
-bool Desktop::waits(std::string_view, std::chrono::milliseconds) {
-    return true;
+std::function<bool()> Desktop::beginWait(std::string_view, std::chrono::steady_clock::time_point) {
+    return [] { return true; };
 }
 
 void Desktop::waitFor(std::string_view, const WaitingJob& job) {

@@ -3,6 +3,7 @@
 #include <chrono>
 #include <deque>
 #include <exception>
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -80,10 +81,11 @@ public:
     /// Where failures are noted, for those who help a clinic; nowhere until it has been set.
     basics::SupportRecord& support() const { return *support_; }
     void setSupport(std::shared_ptr<basics::SupportRecord> record) { support_ = std::move(record); }
-    /// Something outside keeps the window's thread waiting: told again and again from half a second on, with
-    /// what, in words for the user, and how long so far. Where there is a display, what the user does
-    /// meanwhile is dropped, but for giving up: false then.
-    virtual bool waits(std::string_view what, std::chrono::milliseconds soFar);
+    /// Something outside keeps the window's thread waiting since then; `what` is for the user. What it gives
+    /// is to be called again and again meanwhile, and dropped at the end: false once the user has given up.
+    /// Where there is a display, all else that the user does is dropped.
+    virtual std::function<bool()> beginWait(std::string_view what,
+                                            std::chrono::steady_clock::time_point since);
     /// Runs a job that waits for something outside, and returns when it has ended; throws what it threw, and
     /// a Fault when the user gave up. Where there is a display, the job runs beside the window's thread.
     virtual void waitFor(std::string_view what, const WaitingJob& job);

@@ -47,14 +47,12 @@ std::string milliseconds(std::chrono::milliseconds time) {
     return basics::decimalText(std::int64_t{time.count()}) + " ms";
 }
 
-bool waits(screen::Desktop& desktop, std::chrono::milliseconds soFar) {
-    return desktop.waits("한약국 서버의 응답을 기다리는 중입니다.", soFar);
-}
-
 /// One way for all: the password is joined for each opening, and a failure is noted.
 std::unique_ptr<data::Connection> openedAt(screen::Desktop& desktop, const data::ConnectionOpener& open,
                                            const std::string& ServerAddress) {
-    const auto waiting = [&desktop](std::chrono::milliseconds soFar) { return waits(desktop, soFar); };
+    const data::Waiting waiting = [&desktop](std::chrono::steady_clock::time_point since) {
+        return desktop.beginWait("한약국 서버의 응답을 기다리는 중입니다.", since);
+    };
     const auto start = std::chrono::steady_clock::now();
     try {
         std::unique_ptr<data::Connection> connection =

@@ -4,6 +4,7 @@
 #include <QtCore/QTimer>
 #include <QtGui/QScreen>
 #include <QtWidgets/QApplication>
+#include <memory>
 #include <thread>
 #include <utility>
 
@@ -20,7 +21,6 @@ namespace zelvo::qt {
 namespace {
 
 constexpr double twipsPerInch = 1440;
-constexpr std::chrono::milliseconds longestSilence{400};
 
 /// The arrow over a box or a window that waits for the user, whatever the pointer is beneath it.
 class PlainPointer {
@@ -37,36 +37,22 @@ private:
     screen::Pointer former_;
 };
 
-/// The shell in front, for as long as it is; a glass over it goes with it.
+/// The shell in front, for as long as it is.
 class InFront {
 public:
-    InFront(std::vector<Shell*>& shells, Shell& shell, std::unique_ptr<Glass>& glass)
-        : shells_(shells), glass_(glass) {
-        glass_.reset();
-        shells_.push_back(&shell);
-    }
-    ~InFront() {
-        glass_.reset();
-        shells_.pop_back();
-    }
+    InFront(std::vector<Shell*>& shells, Shell& shell) : shells_(shells) { shells_.push_back(&shell); }
+    ~InFront() { shells_.pop_back(); }
     InFront(const InFront&) = delete;
     InFront& operator=(const InFront&) = delete;
 
 private:
     std::vector<Shell*>& shells_;
-    std::unique_ptr<Glass>& glass_;
 };
 
 }  // namespace
 
 QtDesktop::QtDesktop(screen::SettingsStore& settings, std::function<void(std::string_view)> browse)
-    : settings_(settings), browse_(std::move(browse)) {
-    waitEnds_.setSingleShot(true);
-    QObject::connect(&waitEnds_, &QTimer::timeout, [this] {
-        glass_.reset();
-        flush();
-    });
-}
+    : settings_(settings), browse_(std::move(browse)) {}
 
 QtDesktop::~QtDesktop() {
     QtDesktop::setPointer(screen::Pointer::Normal);
@@ -77,7 +63,6 @@ void QtDesktop::flush() {
 }
 
 screen::Answer QtDesktop::messageBox(const screen::MessageBox& box) {
-    glass_.reset();
     flush();
     const PlainPointer arrow(*this);
     BoxDialog dialog(box, top());
@@ -111,21 +96,21 @@ void QtDesktop::waitForEvents(std::chrono::milliseconds atMost) {
     QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents);
 }
 
-/// Nobody says that such a wait has ended: it has when it is not told of any more.
-bool QtDesktop::waits(std::string_view what, std::chrono::milliseconds soFar) {
-    const bool another = soFar < std::exchange(waited_, soFar);
-    if (!glass_ || another) {
-        flush();
-        glass_.reset();
-        glass_ = std::make_unique<Glass>(qtText(what), top(), std::chrono::steady_clock::now() - soFar);
-    }
-    waitEnds_.start(longestSilence);
-    QCoreApplication::processEvents();
-    return !glass_ || !glass_->isGivenUp();
+std::function<bool()> QtDesktop::beginWait(std::string_view what,
+                                           std::chrono::steady_clock::time_point since) {
+    flush();
+    const std::shared_ptr<Glass> glass(std::make_unique<Glass>(qtText(what), top(), since).release(),
+                                       [this](Glass* gone) {
+                                           std::unique_ptr<Glass>(gone).reset();
+                                           flush();
+                                       });
+    return [glass] {
+        QCoreApplication::processEvents();
+        return !glass->isGivenUp();
+    };
 }
 
 void QtDesktop::waitFor(std::string_view what, const screen::WaitingJob& job) {
-    glass_.reset();
     flush();
     std::exception_ptr failure;
     {
@@ -167,7 +152,7 @@ void QtDesktop::runModal(screen::Window& window) {
         if (!field && window.leaving()) loop.quit();
     });
     {
-        const InFront front(shells_, shell, glass_);
+        const InFront front(shells_, shell);
         shell.open();
         window.appear();
         deliverKeys();

@@ -1,15 +1,13 @@
 #pragma once
 
 #include <QtCore/QtGlobal>
-#include <QtCore/QTimer>
-#include <memory>
+#include <functional>
 #include <vector>
 
 #include "screen/Desktop.h"
 
 namespace zelvo::qt {
 
-class Glass;
 class Shell;
 
 /// The screen of a machine with a display: windows are forms, boxes are dialogs, a modal run is a nested
@@ -26,7 +24,8 @@ public:
     void processEvents(bool userInput) override;
     void waitForEvents(std::chrono::milliseconds atMost) override;
     std::string toolkit() const override { return std::string("Qt ") + qVersion(); }
-    bool waits(std::string_view what, std::chrono::milliseconds soFar) override;
+    std::function<bool()> beginWait(std::string_view what,
+                                    std::chrono::steady_clock::time_point since) override;
     void waitFor(std::string_view what, const screen::WaitingJob& job) override;
     double screenWidth() const override;
     double screenHeight() const override;
@@ -42,9 +41,6 @@ private:
     screen::SettingsStore& settings_;
     std::function<void(std::string_view)> browse_;
     std::vector<Shell*> shells_;
-    std::unique_ptr<Glass> glass_;  ///< while the window's own thread waits
-    std::chrono::milliseconds waited_{};
-    QTimer waitEnds_;
     screen::Pointer pointer_ = screen::Pointer::Normal;
 };
 
