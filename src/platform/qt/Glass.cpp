@@ -43,7 +43,8 @@ Glass::Glass(const QString& what, QWidget* over, std::chrono::steady_clock::time
     words.setFont(bold);
     time_ = &owned<QLabel>();
     cancel_ = &owned<QPushButton>(QStringLiteral("취소"));
-    cancel_->setAutoDefault(true);  // Enter, too
+    cancel_->setFocusPolicy(Qt::NoFocus);
+    setFocusPolicy(Qt::StrongFocus);
     connect(cancel_, &QPushButton::clicked, this, &Glass::giveUp);
     auto& card = owned<FramePanel>();
     card.setFramed(true);
@@ -72,7 +73,7 @@ void Glass::appear() {
     if (over_) setGeometry(over_->rect());
     show();
     raise();
-    cancel_->setFocus();
+    setFocus();
 }
 
 void Glass::tellTime() {
@@ -100,12 +101,13 @@ void Glass::paintEvent(QPaintEvent*) {
     QPainter(this).fillRect(rect(), ground);
 }
 
+/// A blank or Enter that was typed on gives nothing up.
 bool Glass::Hearing::passes(QWidget& target, QEvent& event) {
     const bool ours = &target == &glass_ || glass_.isAncestorOf(&target);
     if (event.type() == QEvent::KeyPress) {
         const auto& key = static_cast<const QKeyEvent&>(event);
         if (key.key() == Qt::Key_Escape && !key.isAutoRepeat()) glass_.giveUp();
-        return ours && key.key() != Qt::Key_Escape && !key.isAutoRepeat();
+        return false;
     }
     return ours && event.type() != QEvent::Close;
 }
