@@ -14,15 +14,12 @@ key tdbDGL 6 Enter Enter
 key tdbDGL ㄱ ㅊ
 expect entries tdbDGL "감초  감초(중국)  11원  권장" "구척  구척(중국)  10원  권장" "감초  감초(우즈베키스탄)  9원" "감초  자감초(중국)  14원"
 key tdbDGL Esc
-expect entries tdbDGL
 expect rows tdbDGL 2
 # What the picker could not find is marked by Enter, and taken by the next; what it finds opens it, as ever.
 cell tdbDGL "약재명" ""
 key tdbDGL r k a c h Enter
 expect selected tdbDGL 0
 key tdbDGL Enter
-expect window frmDoctorOCSmain
-show tdbDGL
 key tdbDGL 4
 # Deleted and reset lines come back, step by step, with their packets.
 type txtChubsu 10
@@ -31,7 +28,6 @@ press sscDrugReset
 expect rows tdbDGL 0
 shortcut Ctrl+Z
 expect rows tdbDGL 2
-expect txtChubsu 10
 row tdbDGL 0
 answer Yes
 press sscDrugDelete
@@ -39,7 +35,6 @@ expect rows tdbDGL 1
 shortcut Ctrl+Z
 expect rows tdbDGL 2
 expect cell tdbDGL 0 "용량(g)" 6
-expect caption tdbDGL " 1첩 기준의 약재 구성 [2]"
 # Another name takes the grams of the former one away; that comes back too.
 cellkey tdbDGL "약재명" Left
 key tdbDGL 감 초 Down Enter
@@ -72,7 +67,6 @@ shortcut F7
 expect tab c1tMain 1
 expect hidden ssrCBJSend
 shortcut F9
-expect hidden lblCostOutdated
 type txtChubsu 11
 expect shown lblCostOutdated
 expect style tdbCostConfirm 3 styCostOutdated

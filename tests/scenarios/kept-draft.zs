@@ -1,5 +1,4 @@
 # The program is killed in the middle of an order; the next call for the patient offers what was composed, once.
-expect hidden c1eDraft
 cellkey tdbDGL "약재명" Enter
 cell tdbDGL "약재명" 당귀
 cellkey tdbDGL "약재명" Enter
@@ -21,7 +20,6 @@ choose cboPaymentMethod 적립
 expect shown c1eDraft
 expect lblDraft "이 환자의 작성 중이던 처방전이 있습니다. (방금 전, 약재 1가지)"
 expect rows tdbDGL 0
-expect focus tdbJobList
 # What has been begun meanwhile is not lost either: it is offered in its turn.
 type txtDayTuyak 9
 press cmdDraftTake

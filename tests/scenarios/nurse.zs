@@ -1,6 +1,5 @@
 # call: nurse --account doctor1/$/pass1#$#nobody/$/x#$#doctor2/$/pass2
 # A nurse sees the orders of her doctors, finds and modifies one of each, and has no way to write a new one.
-expect caption frmDoctorOCSmain "ZEL-VO 메인 윈도우 - 간호사"
 expect tab c1tMain 2
 expect selectable c1tMain 1 no
 expect selectable c1tMain 3 no
@@ -10,8 +9,6 @@ expect hidden ssrCBJreuse
 expect panel stbMain 2 "간호사용 zelvo"
 tab c1tCBJmanage 4
 press sscCBJsearchState
-expect caption tdbCBJ " 발행하신 처방전입니다."
-expect rows tdbCBJ 0
 choose cboCBJstate "대 기"
 press sscCBJsearchState
 expect rows tdbCBJ 2
@@ -55,5 +52,3 @@ expect caption tdbCBJ "처방 담당의사[ ]님으로 검색한 결과"
 expect rows tdbCBJ 0
 expect no message
 close
-expect window none
-expect events 0

@@ -6,7 +6,6 @@ expect caption frmMessage 첩약
 expect plain rtxMessage "약재를 구성하여 첩약으로 지어 보내 드립니다. 달이지 않으므로 탕전정보는 입력하지 않습니다."
 key rtxMessage Esc
 expect value tdbJobList 0 0 -1
-expect value tdbJobList 1 0 0
 
 # The pharmacy's herbs are looked at; what is chosen there goes nowhere.
 press ssrYakGukDrug
@@ -15,7 +14,6 @@ expect rows tdbDGL 0
 
 # A herb, by the keyboard alone, and the same once more; without a name no herb is looked for.
 key tdbDGL Enter Enter
-expect window frmDoctorOCSmain
 cell tdbDGL "약재명" 당귀
 cellkey tdbDGL "약재명" Enter
 key tdbYakgukDrug Enter
@@ -106,9 +104,7 @@ press sscBesongReset
 expect message "환자(배송)정보 초기화" "환자(배송)정보를 초기화 하시겠습니까?\r\n\r\n(초기화 되어 작성된 환자는 챠트에서 관리하지 않습니다.)"
 expect lblPatientPK 0
 expect txtPatientName ""
-expect txtPatientAge ""
 expect txtPatientCell ""
-expect txtBesongZip ""
 expect txtBesongJuso ""
 expect ssoSex(1) off
 expect cboBesongMethod 미정

@@ -5,7 +5,6 @@ tab c1tCBJmanage 4
 choose cboCBJstate "대 기"
 press sscCBJsearchState
 expect rows tdbCBJ 3
-expect cell tdbCBJ 0 3 최수진
 expect cell tdbCBJ 2 3 최수진
 row tdbCBJ 2
 answer Yes
@@ -15,7 +14,6 @@ expect message "처방전 취소" *
 expect rows tdbCBJ 2
 expect cell tdbCBJ 0 3 최수진
 expect cell tdbCBJ 1 3 오세라
-expect cell tdbCBJ 1 0 2
 expect txtCBJmPatientName 오세라
 check sschkCBJmUpdate on
 expect enabled txtEatGuideCall2
@@ -23,9 +21,7 @@ answer Yes
 press ssrCBJmCancel
 expect message "처방전 취소" *
 expect message "처방전 취소" *
-expect disabled c1eCBJm(3)
 expect disabled txtEatGuideCall2
-expect hidden ssrCBJmUpdate
 # The other row of the first is seen for what has become of it.
 expect shown picCBJcancel
 expect hidden ssrCBJmCancel

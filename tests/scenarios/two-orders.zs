@@ -3,7 +3,6 @@
 row tdbJobList 3
 cellbutton tdbJobList 0
 expect hidden c1eDrug
-expect hidden c1eTangJun
 answer Yes
 press ssrCostConfirm
 expect message "처방전 비용확인" "기타구입에 대한 내용을 [처방 메시지에 입력]해 주십시오."
@@ -21,7 +20,6 @@ press ssrCostConfirm
 expect message "처방전 비용확인" *
 press ssrCBJSend
 expect message "처방전 전송 성공" *
-expect events 1
 expect event 2 0
 expect event 7 "약봉투 200장\r\n스티커"
 expect event 9 ""
