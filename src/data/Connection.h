@@ -6,12 +6,12 @@
 #include <functional>
 #include <memory>
 #include <optional>
-#include <source_location>
 #include <span>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "data/CodePlace.h"
 #include "data/Failure.h"
 #include "data/RecordSet.h"
 
@@ -32,7 +32,7 @@ struct Step {
     RecordSet* rows = nullptr;  ///< gets its rows; nullptr where nobody wants what comes back
     Cursor cursor = Cursor::Static;
     UpdateTarget target = {};
-    std::source_location from = std::source_location::current();
+    CodePlace from = CodePlace::current();
 };
 
 /// How far a trip of several statements came: the first `ran` have run and stand; the failure is that of the
@@ -52,7 +52,7 @@ using Waiting = std::function<std::function<bool()>(std::chrono::steady_clock::t
 /// developer's eyes.
 class Connection {
 public:
-    using From = std::source_location;
+    using From = CodePlace;
     /// Reads that will be made: run against a connection that only notes what they ask.
     using Reads = std::function<void(Connection& line)>;
 

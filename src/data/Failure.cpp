@@ -40,7 +40,7 @@ std::string kindOfStatement(std::string_view statement) {
     return kind;
 }
 
-std::string functionOf(const std::source_location& place) {
+std::string functionOf(const CodePlace& place) {
     std::string_view name = place.function_name();
     name = name.substr(0, name.find('('));
     const std::size_t before = name.find_last_of(" :*&");

@@ -2,12 +2,12 @@
 
 #include <chrono>
 #include <exception>
-#include <source_location>
 #include <string>
 #include <string_view>
 #include <utility>
 
 #include "basics/Fault.h"
+#include "data/CodePlace.h"
 
 namespace zelvo::data {
 
@@ -43,6 +43,6 @@ std::string causeOf(const std::exception_ptr& fault);
 /// Verb and table of a statement, and nothing else of it.
 std::string kindOfStatement(std::string_view statement);
 /// The function that a place in the code stands in, without its rooms and arguments.
-std::string functionOf(const std::source_location& place);
+std::string functionOf(const CodePlace& place);
 
 }  // namespace zelvo::data
