@@ -61,14 +61,16 @@ Glass::Glass(const QString& what, QWidget* over, std::chrono::steady_clock::time
         cancel_->setStyle(over_->style());
         over_->installEventFilter(this);
     }
-    connect(&second_, &QTimer::timeout, this, &Glass::tellTime);
-    QTimer::singleShot(std::max(0ms, unseen - waited), this, &Glass::appear);
+    connect(&second_, &QTimer::timeout, this, [this] {
+        if (!isVisible()) appear();
+        tellTime();
+    });
+    second_.start(std::max(0ms, unseen - waited));
 }
 
 Glass::~Glass() = default;
 
 void Glass::appear() {
-    tellTime();
     second_.start(1s);
     if (over_) setGeometry(over_->rect());
     show();
