@@ -86,7 +86,6 @@ key txtNewPasswordAgain Enter
 expect message "비밀번호 변경" "비밀번호 변경 성공! "
 
 # The balance, whole and by date.
-expect lblStockNote "( 마일리지 금액은 적립금에 포함 됩니다. )"
 pharmacy deposit doctor1 30000
 press ssrStockView(0)
 date dtpStockView(0) 2000-01-01
@@ -97,9 +96,6 @@ expect txtGridStock ""
 
 # The order: one herb, decocted, to a patient who has moved as well.
 tab c1tMain 1
-press ssrZipCode(0)
-press cmdCancel
-expect txtBesongZip 06236
 press ssrZipCode(0)
 type txtFind 월드컵북로
 key txtFind Enter

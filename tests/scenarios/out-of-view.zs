@@ -83,5 +83,6 @@ tab c1tMain 2
 expect rows tdbCBJ 0
 expect txtCBJmPatientName ""
 press sscCBJsearchState
+expect rows tdbCBJ 0
 expect no message
 close
