@@ -36,7 +36,7 @@ public:
     }
 
 private:
-    static constexpr std::size_t most = 500'000'000, tallest = 8'000'000, deepestTables = 4;
+    static constexpr std::size_t most = 300'000'000, tallest = 8'000'000, deepestTables = 4;
     static constexpr std::size_t mostItems = 2'000, mostPictures = 200;
 
     bool takesCells(std::size_t former) { return spend((tables_.cells() - former) * 70'000); }
