@@ -35,7 +35,6 @@ expect txtHospitalName 보원한의원
 
 # The clinic has moved: the new address is found on the pharmacy's page, and the floor typed behind it.
 tab c1tMain 3
-expect lblDTRinfo " 한의사 정보"
 expect txtDTRdiscount 5
 expect txtDTRbox "1,500"
 expect txtDTRvip O
@@ -51,7 +50,6 @@ expect cell tdbFound 0 "우편번호" 04524
 key tdbFound Enter
 expect txtDTRhoszip 04524
 expect txtDTRaddress "서울특별시 중구 세종대로 110 "
-expect focus txtDTRhoszip
 focus txtDTRaddress
 key txtDTRaddress End 3 층
 type txtDTRhostel 027771001
@@ -116,7 +114,6 @@ choose cboBesongMethod 택배(환자)
 
 # The sheet: left without taking it, then written.
 press cmdEatGuide
-expect caption frmEatGuideEditor "복용법작성 - 김하늘 님"
 type rtxSheet 아무것도
 answer Yes
 key rtxSheet Esc

@@ -44,7 +44,6 @@ expect rows tdbMyChubangDetail 6
 # Merged over the first: of two amounts the larger stands, and what the merge touched is green.
 check sschkChubangRead(0) on
 press sscConfirm(0)
-expect current tdbMyChubang 0
 press sscConfirm(0)
 expect window frmDoctorOCSmain
 expect caption tdbDGL " 1첩 기준의 약재 구성 [8]"
@@ -110,6 +109,5 @@ expect rows tdbMyChubang 4
 expect current tdbMyChubang 0
 expect caption tdbMyChubangDetail "[ 쌍화탕 가녹용 ]의 구성약재"
 key tdbMyChubang Esc
-expect window frmDoctorOCSmain
 expect no message
 close

@@ -4,7 +4,6 @@
 
 expect message "한약국 로그인" *
 expect lblGongJiYakGuk(0) "한들한약국"
-expect caption c1eGongJi(0) " 한약국 공지사항 상세내용"
 
 # The newest of the first kind is open already.
 expect rows tdbGongJi 5
@@ -18,7 +17,6 @@ row tdbGongJi 1
 expect cell tdbGongJi 1 "제목" "배송 방식과 비용 안내"
 expect hidden rtxGongJi
 expect shown wbrGongJi
-expect shown sscExplorer
 press sscExplorer
 
 row tdbGongJi 4

@@ -34,7 +34,6 @@ expect message "처방전 전송 성공" *
 
 # It is found by its date, and waits.
 tab c1tMain 2
-expect caption tdbCBJ " 발행하신 처방전입니다."
 press sscToday
 press sscCBJsearchDate
 expect rows tdbCBJ 1
@@ -145,7 +144,6 @@ date dtpCBJmBesongDate 2030-05-06
 press ssrCBJmUpdate
 expect message "처방전수정" "처방전 수정 성공! [처방전비용 변경됨]"
 expect disabled c1eCBJm(3)
-expect sschkCBJmUpdate off
 expect cboCBJmBesongMethod 퀵(환자)
 expect txtCBJmPaTel 042-350-1234
 expect txtCBJmBesongDate 2030-05-06

@@ -3,7 +3,6 @@
 expect tab c1tMain 2
 expect selectable c1tMain 1 no
 expect selectable c1tMain 3 no
-expect selectable c1tCBJmanage 2 yes
 expect entries cbodtrList "1/김보원" "2/이청담"
 expect hidden ssrCBJreuse
 expect panel stbMain 2 "간호사용 zelvo"
