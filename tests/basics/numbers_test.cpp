@@ -79,13 +79,6 @@ TEST(Numbers, decimalTextReadsBackAndNeverHasAnExponent) {
     EXPECT_THROW(decimalText(std::numeric_limits<float>::infinity()), Fault);
 }
 
-TEST(Numbers, checkedArithmeticThrowsAtTheEdges) {
-    constexpr std::int32_t most = std::numeric_limits<std::int32_t>::max();
-    EXPECT_THROW(addChecked(most, 1), Fault);
-    EXPECT_THROW(subtractChecked(-2, most), Fault);
-    EXPECT_THROW(multiplyChecked(65536, 32768), Fault);
-}
-
 TEST(Pictures, amountsThroughTheThreePictures) {
     struct Case {
         std::string text, plain, separated, separatedZero;

@@ -30,15 +30,6 @@ TEST(Utf8, everythingThatIsNotUtf8IsReplaced) {
     }
 }
 
-TEST(Utf8, partsAreCutBetweenCharacters) {
-    const std::string text = "가a🌿나";
-    EXPECT_EQ(characterCount(text), 4U);
-    EXPECT_EQ(byteOffset(text, 9), text.size());
-    EXPECT_EQ(part(text, 1, 2) + part(text, 3) + part(text, 4, 1), "a🌿나");
-    EXPECT_EQ(characterAt(text, 4), U'🌿');
-    EXPECT_EQ(characterAt(text, 5), char32_t{0xFFFD});
-}
-
 TEST(Hangul, isFoundAsItIsTyped) {
     constexpr std::size_t none = std::string::npos;
     const std::tuple<const char*, const char*, std::size_t> places[] = {
@@ -49,19 +40,6 @@ TEST(Hangul, isFoundAsItIsTyped) {
         {"ekdrnl", "당귀"},  {"rka ch", "감 초"}, {"dkswek", "앉다"}, {"rhksrka", "관감"}, {"Tkr", "싹"},
         {"qkfrdms", "밝은"}, {"rktk", "가사"},    {"dhQk", "오빠"},   {"EKD", "땅"},       {"1r", "1ㄱ"}};
     for (const auto& [latin, hangul] : keys) EXPECT_EQ(hangulOfKeys(latin), hangul) << latin;
-}
-
-TEST(Text, cuttingAndJoining) {
-    EXPECT_EQ(trim("  a b\t "), "a b\t");
-    EXPECT_EQ(replaceAll("'a''", "'", "''"), "''a''''");
-    EXPECT_EQ(replaceAll("aaa", "aa", "b"), "ba");
-    EXPECT_EQ(replaceAll("abc", "", "x"), "abc");
-    const std::pair<const char*, std::vector<std::string>> lists[] = {
-        {"", {""}}, {"a/$CD$/b/$CD$/", {"a", "b", ""}}, {"/$CD/$CD$/x", {"/$CD", "x"}}};
-    for (const auto& [text, parts] : lists) {
-        EXPECT_EQ(split(text, "/$CD$/"), parts) << text;
-        EXPECT_EQ(join(parts, "/$CD$/"), text);
-    }
 }
 
 TEST(Dates, whatReadsAsADate) {

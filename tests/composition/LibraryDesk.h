@@ -33,9 +33,6 @@ public:
         user.press("sscCBJRead");
     }
     screen::Grid& grid(const std::string& name) { return dynamic_cast<screen::Grid&>(*shown->field(name)); }
-    std::string textIn(const std::string& name) {
-        return dynamic_cast<screen::EditField&>(*shown->field(name)).text();
-    }
     std::string column(const std::string& name, int number) {
         std::string all;
         for (int row = 0; row < grid(name).rowCount(); ++row) all += grid(name).valueAt(row, number) + ";";

@@ -4,23 +4,6 @@ namespace zelvo::testing {
 
 using screen::BoxIcon;
 
-TEST(DoseFields, PacketsMakeTheHerbPrice) {
-    const struct {
-        const char *typed, *packets, *price;
-        int outdated;
-    } cases[] = {
-        {"20", "20", "30,000", 2}, {"007", "7", "10,500", 1}, {"0", "0", "", 0}, {"1 2", "12", "18,000", 2}};
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.typed);
-        OrderDesk desk;
-        desk.add("|||||1,200||0\n|||||300||0");
-        desk.run([&] { desk.user.type("txtChubsu", c.typed); });
-        EXPECT_EQ(desk.text("txtChubsu") + "/" + desk.text("txtDrugPrice"),
-                  std::string(c.packets) + "/" + c.price);
-        EXPECT_EQ(desk.gate.outdated, c.outdated) << "each keystroke is a price of its own";
-    }
-}
-
 TEST(DoseFields, PacketsThatCanNotBePriced) {
     const std::string order = "처방전 약재구성", fault = "약재가격 계산 오류";
     const std::string red = "약재정보를 다시 확인바랍니다.";

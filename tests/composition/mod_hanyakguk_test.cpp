@@ -39,18 +39,6 @@ TEST(HerbRules, GramsMakeTheAmount) {
     EXPECT_TRUE(desktop.takeBox().text.ends_with("/ Colindex=[4] / intRowMark=[0]"));
 }
 
-TEST(HerbRules, ADuplicateIsAnyOtherRowWithTheSameText) {
-    const std::tuple<const char*, int, int> cases[] = {
-        {"|작약\n|당귀", 1, 0}, {"|작약\n|당귀\n|작약", 2, 1}, {"|당귀\n|작약\n|작약", 1, 3}, {"|\n|", 1, 0}};
-    for (const auto& [rows, row, answer] : cases) {
-        TestDesktop desktop;
-        tables::XArrayDB herbs = herbsOf(rows);
-        const std::string name = herbs.text(row, 2);
-        EXPECT_EQ(modHanYakGuk::Find_DuplicateDrug(desktop, herbs, row, 2, 0), answer) << rows;
-        EXPECT_EQ(herbs.text(row, 2), answer == 0 ? name : "") << rows;
-    }
-}
-
 TEST(CostFields, HoldTheSectionsThatTheOrderTypeHas) {
     const std::string none(64, '0');
     std::string both = none;

@@ -19,14 +19,12 @@ TEST(OrderOptions, PressesSelect) {
     OrderDesk desk;
     EXPECT_EQ(marks(desk.options), "100 00 000") << "in the catalogue's own order, without the withdrawn one";
     EXPECT_EQ(desk.options.m_xaJobList.text(0, 1), "5");
-    EXPECT_EQ(desk.options.tdbJobList.rowStyle(0) + desk.options.tdbJobList.rowStyle(1), "styCBJselect");
     const struct {
         const char* grid;
         int row;
         const char* marks;
         bool outdated, herbs, decoction;
     } presses[] = {
-        {"tdbJobList", 0, "100 00 000", false, true, true},
         {"tdbTJML", 1, "100 01 000", true, true, true},
         {"tdbTJML", 1, "100 01 000", false, true, true},
         {"tdbTJAL", 0, "100 01 100", true, true, true},
