@@ -70,8 +70,12 @@ private:
             boxes.push_back(box->windowTitle().toStdString());
             if (auto* const button = box->findChild<QPushButton*>()) button->click();
         } else if (QWidget* const window = windowNamed("frmDoctorOCSmain")) {
-            ++windows;
-            atWindow(*window);
+            // One that has just come up takes its time to close.
+            if (!window->property("met").toBool()) {
+                window->setProperty("met", true);
+                ++windows;
+                atWindow(*window);
+            }
             window->close();
         }
     }
