@@ -58,14 +58,7 @@ TEST_F(BalanceViewTest, ReckonsTheBalanceAndLists) {
         user.date("dtpStockView(1)", "2024-05-02");
         user.press("ssrStockView(1)");
         EXPECT_EQ(figures(), (Figures{"1,000", "3,500", "600", "-1,900", "", "\\ 1,500", "\\ 600"}));
-        user.date("dtpStockView(1)", "2024-05-01");
-        user.press("ssrStockView(1)");
-        EXPECT_EQ(view.tdbUsedStock.rowCount() + view.tdbMileage.rowCount(), 0)
-            << "dates the wrong way round";
-        EXPECT_EQ(view.tdbUsedStock.emptyHint, "내역이 없습니다.");
     });
-    view.Clear_StockView();
-    EXPECT_EQ(figures(), Figures(7));
 }
 
 TEST_F(BalanceViewTest, EachFailingReadIsTold) {
