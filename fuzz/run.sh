@@ -15,13 +15,27 @@ cmake --build build-fuzz --target fuzzers
 bounds=(-max_len=4096 -timeout=20 -print_final_stats=1)
 [ "$seconds" -eq 0 ] || bounds+=("-max_total_time=$seconds")
 [ "$inputs" -eq 0 ] || bounds+=("-runs=$inputs")
-for name in "${names[@]}"; do
-  echo "== fuzz $name"
-  grown=build-fuzz/corpus/$name
+# One reader; what it did is printed when it has ended.
+feed() {
+  local name=$1 grown=build-fuzz/corpus/$1 words=()
   mkdir -p "$grown"
-  words=()
   [ ! -f "fuzz/$name.dict" ] || words=("-dict=fuzz/$name.dict")
-  build-fuzz/bin/fuzz_"$name" "${bounds[@]}" "${words[@]}" -artifact_prefix=build-fuzz/ "$grown" "fuzz/corpus/$name" \
-    >"build-fuzz/$name.log" 2>&1 || { tail -40 "build-fuzz/$name.log"; exit 1; }
-  grep -h 'stat::number_of_executed_units' "build-fuzz/$name.log"
+  if build-fuzz/bin/fuzz_"$name" "${bounds[@]}" "${words[@]}" -artifact_prefix=build-fuzz/ "$grown" "fuzz/corpus/$name" \
+    >"build-fuzz/$name.log" 2>&1; then
+    echo "fuzz $name: $(grep -h 'stat::number_of_executed_units' "build-fuzz/$name.log")"
+  else
+    tail -40 "build-fuzz/$name.log"
+    return 1
+  fi
+}
+
+# As many at a time as there are processors.
+running=()
+for name in "${names[@]}"; do
+  while [ "$(jobs -rp | wc -l)" -ge "$(nproc)" ]; do wait -n || true; done
+  feed "$name" &
+  running+=($!)
 done
+failed=0
+for job in "${running[@]}"; do wait "$job" || failed=1; done
+exit "$failed"
