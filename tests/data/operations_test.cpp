@@ -98,12 +98,6 @@ TEST_F(Operations, WalkFillsTheArrayInFrontOfItsRows) {
     EXPECT_TRUE(array_.rowCount() > 1 && !array_.text(1, 2).empty());
     database_.run("DELETE FROM t_JobList");
     EXPECT_EQ(operations_.RecordSet_JobList(connection_, set_, array_), 1) << "no rows are no failure";
-    database_.run(
-        "ALTER TABLE t_JobList DROP COLUMN JL_DrugVisible; ALTER TABLE t_JobList ADD JL_DrugVisible BIT;"
-        "INSERT INTO t_JobList VALUES (6, 'six', '', 1, 1, 1, NULL)");
-    array_.reDim(-1, 7);
-    operations_.RecordSet_JobList(connection_, set_, array_);
-    EXPECT_EQ(rows(), "0|6|six|||0|-1|1|;") << "a flag that is NULL is no";
 }
 
 TEST_F(Operations, HerbsAreOfferedByTheServersDate) {
@@ -216,22 +210,6 @@ TEST_F(Operations, SumsOfTheLedger) {
         EXPECT_TRUE(money_.ZELVO_CBJcostSum(connection_, sum, 1, test.word, test.paid, test.from, test.to));
         EXPECT_EQ(sum, test.sum) << test.word << test.paid << test.from;
     }
-}
-
-TEST_F(Operations, DoctorsAreFoundByIdOrKey) {
-    database_.run(
-        "DELETE FROM t_Doctor; INSERT INTO t_Doctor (DTR_PK, DTR_ID, DTR_PWD, DTR_Discount, DTR_VIP, DTR_IsUseBox, DTR_ValidPay,"
-        " DTR_Mileage) VALUES (17, 'kim', 'p''w', 12.5, 1, 1500, '101', ' ')");
-    DoctorRecord doctor;
-    doctor.DTR_PK = 17;
-    doctor.DTR_Name = "before";
-    ASSERT_EQ(operations_.RecordSet_DoctorInfo(connection_, 2, doctor), 1);
-    EXPECT_EQ(doctor.DTR_ID + doctor.DTR_PWD + doctor.DTR_Name + doctor.DTR_ValidPay, "kimp'w101");
-    EXPECT_EQ(doctor.DTR_Discount, 12.5F);
-    EXPECT_TRUE(doctor.DTR_VIP && !doctor.DTR_IsUsePouch);
-    doctor.DTR_PK = 18;
-    EXPECT_EQ(operations_.RecordSet_DoctorInfo(connection_, 2, doctor), 0);
-    EXPECT_EQ(doctor.DTR_IsUseBox, 1500) << "what nobody was found for stays";
 }
 
 }  // namespace zelvo::data

@@ -90,8 +90,7 @@ TEST_F(OdbcLine, NothingThatTheMachineSaysWeakensTheLogin) {
 
 TEST_F(OdbcLine, OnlyACertificateThatChecksGetsThePassword) {
     server_.tls = true;
-    const std::string file = database_.path() + ".pem", port = server_.address().substr(9);
-    std::ofstream(file) << testing::TdsCertificate::instance().pem();
+    const std::string file = testing::TdsCertificate::instance().file(), port = server_.address().substr(9);
     const struct {
         std::string host, file, reason;
         bool checked = true;
@@ -112,7 +111,6 @@ TEST_F(OdbcLine, OnlyACertificateThatChecksGetsThePassword) {
         EXPECT_EQ(reason, test.reason);
         EXPECT_EQ(server_.takeLogin().password, reason.empty() ? "pw" : "") << test.host;
     }
-    std::remove(file.c_str());
 }
 
 TEST_F(OdbcLine, NativeTypesBecomeTheSystemsTexts) {
@@ -151,24 +149,6 @@ TEST_F(OdbcLine, AFailureBearsTheServersWords) {
     }
     EXPECT_EQ(noted, "TestBody INSERT t_EatGuide 23000/2627") << "and the record only their numbers";
     EXPECT_TRUE(connection->isOpen());
-}
-
-TEST_F(OdbcLine, EachStatementIsOneBatchAndNothingElseIsSent) {
-    const auto connection = connect();
-    server_.takeBatches();
-    connection->begin();
-    connection->execute(insert);
-    connection->open(set_, "SELECT BogYak FROM t_EatGuide", data::Cursor::Keyset, {"t_EatGuide", "CBJ_PK"});
-    EXPECT_EQ(connection->commit(), CommitOutcome::Done);
-    connection->begin();
-    connection->rollback();
-    const std::vector<std::string> batches = {"BEGIN TRANSACTION",
-                                              insert,
-                                              "SELECT BogYak FROM t_EatGuide",
-                                              "COMMIT TRANSACTION",
-                                              "BEGIN TRANSACTION",
-                                              "IF @@TRANCOUNT > 0 ROLLBACK TRANSACTION"};
-    EXPECT_EQ(server_.takeBatches(), batches);
 }
 
 TEST_F(OdbcLine, EveryBreakIsTheNextOperationsFailure) {
@@ -398,13 +378,13 @@ TEST_F(OdbcLine, ALoginThatFailsEndsInTimeWithOneBox) {
         {"ends in mid-login, under TLS", server_.address(), Trouble::EndHalf, "on", "LOGIN7"},
         {"can't encrypt, and plain text is never fallen back to", server_.address(), Trouble::None, "on"},
         {"no such driver's address", "host:x"}};
+    session::Session session;
     for (const auto& test : cases) {
         SCOPED_TRACE(test.name);
         ::setenv("ZELVO_ODBC_ENCRYPT", test.encrypt, 1);
         ::setenv("ZELVO_ODBC_CERTIFICATE", "trust", 1);
         server_.tls = test.trouble == Trouble::EndHalf;
         if (test.trouble != Trouble::None) server_.misbehave(test.at, test.trouble);
-        session::Session session;
         testing::TestDesktop desktop;
         const auto start = std::chrono::steady_clock::now();
         EXPECT_FALSE(session::ConnectYakGukServer(session, desktop, openServer, test.address));
@@ -413,6 +393,17 @@ TEST_F(OdbcLine, ALoginThatFailsEndsInTimeWithOneBox) {
                           "한약국 DB서버 [" + test.address + "] 접속에 실패 하였습니다.",
                           screen::BoxIcon::Critical);
     }
+    server_.tls = false;
+    ::setenv("ZELVO_ODBC_ENCRYPT", "off", 1);
+    for (const char* piece : {"1", "2", "3", "4"})
+        ::setenv((std::string("ZELVO_DB_PASSWORD_") + piece).c_str(), piece, 1);
+    testing::TestDesktop desktop;
+    EXPECT_TRUE(session::ConnectYakGukServer(session, desktop, openServer, server_.address()));
+    const TdsServer::Login login = server_.takeLogin();
+    EXPECT_EQ(login.database + " " + login.user + " " + login.password, "zelvo zelvo 1234");
+    EXPECT_FALSE(session::ConnectYakGukServer(session, desktop, openServer, closed.address()));
+    EXPECT_EQ(session.g_conYakGuk, nullptr) << "the former one is dropped";
+    desktop.takeBox();
 }
 
 }  // namespace zelvo::odbc

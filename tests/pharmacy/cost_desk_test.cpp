@@ -37,17 +37,6 @@ struct CostDesk : ::testing::Test {
         "TJML_PK=1&PouchAmount=100&PouchTotal=45&PayMethod=1&TJAL_Slot=000");
 };
 
-TEST_F(CostDesk, AnswersInTwelveElementsOfAmountAndNoteThenTheMileage) {
-    const auto parts = elements(answerCost(book, fields));
-    ASSERT_EQ(parts.size(), 13U);
-    EXPECT_EQ(parts[0], "1");
-    EXPECT_EQ(parts[1], "22603&합계 22,603원vbCrLf마일리지 2%: 452원");
-    EXPECT_EQ(parts[2], "3000&조제 & 포장: 1첩 150원 × 20첩");
-    EXPECT_EQ(parts[12], "452");
-    const FormFields tonic{{"JobList_PK", "3"}, {"DrugText", ""}, {"Chubsu", "0"}, {"DrugPrice", "0"}};
-    EXPECT_EQ(elements(answerCost(book, with(fields, tonic)))[0], "1") << "an order type without herbs";
-}
-
 TEST_F(CostDesk, RefusesWithItsReason) {
     const std::pair<FormFields, const char*> cases[] = {
         {{{"DTR_PK", "99"}}, "등록되지 않은 한의사입니다."},

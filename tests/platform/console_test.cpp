@@ -6,7 +6,6 @@
 
 #include <sstream>
 
-#include "platform/console/PharmacyTool.h"
 #include "screen/TextField.h"
 #include "support/TestDesktop.h"
 #include "tables/XArrayDB.h"
@@ -18,20 +17,12 @@ namespace {
 class Form : public screen::Window {
 public:
     explicit Form(ConsoleDesktop& console) : Window(console, "frmDoctorOCSmain", 9000, 6000) {
-        txtNote.setMultiLine(true);
         hidden.setVisible(false);
         hidden.masked = txtPassword.masked = true;
         herbs.reDim(1, 1);
         herbs.set(0, 1, "당귀");
         herbs.set(1, 0, true);
         tdbDGL.bind(&herbs);
-        txtChubsu.onKeyDown.add([this](int& code) {
-            if (code != screen::keys::enter) return;
-            code = 0;
-            desktop().sendKeys("{TAB}");
-        });
-        txtChubsu.onFocus.add([this] { txtChubsu.select(0, txtChubsu.text().size()); });
-        txtChubsu.onChange.add([this] { log(txtChubsu.text()); });
         sscNote.onPress.add([this] { showNote(); });
         sscAsk.onPress.add([this] {
             const bool yes = desktop().ask("삭제하시겠습니까?\r\n", "처방약재삭제", screen::Answer::No);
@@ -47,8 +38,8 @@ public:
         tdbDGL.onCellButton.add([this](int) { wbrGongJi.navigate("http://sora/1"); });
     }
 
-    screen::TextField txtChubsu{*this, "txtChubsu"}, txtNext{*this, "txtNext"}, txtNote{*this, "txtNote"},
-        hidden{*this, "txtHidden"}, txtPassword{*this, "txtPassword"};
+    screen::TextField txtNext{*this, "txtNext"}, hidden{*this, "txtHidden"},
+        txtPassword{*this, "txtPassword"};
     screen::Label lblLog{*this, "lblLog"};
     screen::Button sscNote{*this, "sscNote"}, sscAsk{*this, "sscAsk"}, sscSend{*this, "sscSend"},
         sscFault{*this, "sscFault"};
@@ -85,9 +76,7 @@ Outcome runForm(const std::string& script) {
     if (child == 0) {
         testing::TestDesktop settings;
         std::istringstream in(script);
-        const auto pharmacy = [](const std::vector<std::string>& words) {
-            return words[0] == "state" ? 0 : 5;
-        };
+        const auto pharmacy = [](const std::vector<std::string>&) { return 5; };
         const int code =
             runConsole({.script = "", .settings = settings.settings(), .pharmacy = pharmacy, .in = in},
                        [](ConsoleDesktop& desktop) { Form(desktop).showModal(); });
@@ -98,24 +87,6 @@ Outcome runForm(const std::string& script) {
     waitpid(child, &status, 0);
     return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, ::testing::internal::GetCapturedStdout(),
             ::testing::internal::GetCapturedStderr()};
-}
-
-TEST(ConsoleTest, CommandsDoWhatAUserDoes) {
-    const char* scripts[] = {
-        "type txtNext x\ntype txtChubsu 20\ntype txtChubsu 5\nexpect txtChubsu 205\nexpect lblLog \"2 20 205 \"",
-        "type txtNext  a \"b\" c\nexpect txtNext a \"b\" c\ntype txtNext \"a\\\"\\\\b\\q\"\nexpect txtNext a \"b\" ca\"\\b\\q",
-        "expect txtNext \"\"\ntype txtNote \"\\n1\\r\\n2\"\nexpect txtNote \"\\r\\n1\\r\\n2\"",
-        "type txtChubsu \"7\\n9\"\nexpect focus txtNext\nexpect txtNext \"\"",
-        "paste txtNext 010-1234 5678\nexpect txtNext 010-1234 5678\npaste txtChubsu \"1\\n2\"\nexpect txtChubsu 1",
-        "cell tdbDGL 1 \"\"\nexpect value tdbDGL 0 이름 \"\"\nexpect value tdbDGL 1 0 -1",
-        "page never\ncellbutton tdbDGL 1\nexpect lblLog \"\"\ncellbutton tdbDGL 1\nexpect lblLog \"finished \"",
-        "\xEF\xBB\xBF# a comment\r\n\r\n   \nexpect window frmDoctorOCSmain\r\nhelp\ndump tdbDGL\ndump\npharmacy state 1 2",
-    };
-    for (const std::string script : scripts) {
-        const Outcome outcome = runForm(script + "\nclose\n");
-        EXPECT_EQ(outcome.code, 0) << script;
-        EXPECT_EQ(outcome.errors, "") << script;
-    }
 }
 
 TEST(ConsoleTest, WhatCannotBeDoneOrDoesNotHoldEndsTheProgram) {
@@ -180,16 +151,6 @@ TEST(ConsoleTest, WhatHappensIsRecorded) {
               "lblLog \"yes note:당귀 finished \"\n"
               "txtPassword **** focus\n"
               "closed frmDoctorOCSmain\n");
-}
-
-TEST(ConsoleTest, AScriptThatIsNotThereIsSaidBeforeAnythingOpens) {
-    testing::TestDesktop desktop;
-    std::ostringstream errors;
-    const ConsoleOptions options{
-        .script = "/nowhere/x.zs", .settings = desktop.settings(), .pharmacy = {}, .errors = errors};
-    EXPECT_EQ(runConsole(options, [](ConsoleDesktop&) { FAIL(); }), 2);
-    EXPECT_EQ(errors.str(), "/nowhere/x.zs: can't be read\n");
-    EXPECT_THROW(runPharmacyTool("db.example.com", {"orders"}), basics::Fault) << "no embedded database";
 }
 
 }  // namespace

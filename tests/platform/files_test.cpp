@@ -8,12 +8,11 @@
 
 #include "basics/Fault.h"
 #include "platform/browser/SystemBrowser.h"
-#include "platform/files/FileSystemObject.h"
 #include "platform/files/SupportFile.h"
 #include "platform/files/WholeFile.h"
 #include "platform/settings/SettingsText.h"
 #include "platform/settings/UserSettings.h"
-#include "support/Files.h"
+#include "support/TestFolder.h"
 
 namespace zelvo {
 namespace {
@@ -23,13 +22,10 @@ namespace fs = std::filesystem;
 /// A home of its own for one test.
 struct UserFiles : ::testing::Test {
     UserFiles() {
-        std::string name = (fs::temp_directory_path() / "zelvo-home-XXXXXX").string();
-        home = mkdtemp(name.data());
         setenv("HOME", home.c_str(), 1);
         setenv("XDG_DATA_HOME", "not/absolute", 1);
         unsetenv("XDG_CONFIG_HOME");
     }
-    ~UserFiles() override { fs::remove_all(home); }
 
     static auto entriesOf(const fs::path& folder) {
         return std::distance(fs::directory_iterator(folder), {});
@@ -43,7 +39,8 @@ struct UserFiles : ::testing::Test {
         return "no fault";
     }
 
-    fs::path home;
+    const testing::TestFolder machine;
+    const fs::path& home = machine.path;
     files::FileSystemObject files;
 };
 

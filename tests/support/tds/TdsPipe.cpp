@@ -1,46 +1,22 @@
 #include "support/tds/TdsPipe.h"
 
-#include <openssl/pem.h>
-#include <openssl/x509v3.h>
 #include <sys/socket.h>
 
 #include <algorithm>
 #include <array>
 #include <stdexcept>
 
+#include "support/Certificate.h"
+
 namespace zelvo::testing {
 
 TdsCertificate::TdsCertificate() {
-    EVP_PKEY* const key = EVP_EC_gen("P-256");
-    X509* const certificate = X509_new();
-    X509_set_version(certificate, 2);
-    ASN1_INTEGER_set(X509_get_serialNumber(certificate), 1);
-    X509_gmtime_adj(X509_getm_notBefore(certificate), -3600);
-    X509_gmtime_adj(X509_getm_notAfter(certificate), 24L * 3600);
-    X509_NAME* const name = X509_get_subject_name(certificate);
-    X509_NAME_add_entry_by_txt(name, "CN", MBSTRING_ASC, reinterpret_cast<const unsigned char*>("localhost"),
-                               -1, -1, 0);
-    X509_set_issuer_name(certificate, name);
-    X509_set_pubkey(certificate, key);
-    for (const auto& [kind, value] :
-         {std::pair{NID_subject_alt_name, "DNS:localhost"}, std::pair{NID_basic_constraints, "CA:TRUE"}}) {
-        X509_EXTENSION* const extension = X509V3_EXT_conf_nid(nullptr, nullptr, kind, value);
-        X509_add_ext(certificate, extension, -1);
-        X509_EXTENSION_free(extension);
-    }
-    X509_sign(certificate, key, EVP_sha256());
     context_.reset(SSL_CTX_new(TLS_server_method()));
     SSL_CTX_set_max_proto_version(context_.get(), TLS1_2_VERSION);
-    const bool usable = SSL_CTX_use_certificate(context_.get(), certificate) == 1 &&
-                        SSL_CTX_use_PrivateKey(context_.get(), key) == 1;
-    BIO* const text = BIO_new(BIO_s_mem());
-    PEM_write_bio_X509(text, certificate);
-    char* bytes = nullptr;
-    const long size = BIO_get_mem_data(text, &bytes);
-    pem_.assign(bytes, static_cast<std::size_t>(size));
-    BIO_free(text);
-    X509_free(certificate);
-    EVP_PKEY_free(key);
+    const bool usable =
+        makeCertificate(folder_.path) &&
+        SSL_CTX_use_certificate_file(context_.get(), file().c_str(), SSL_FILETYPE_PEM) == 1 &&
+        SSL_CTX_use_PrivateKey_file(context_.get(), (folder_.path / "key").c_str(), SSL_FILETYPE_PEM) == 1;
     if (!usable) throw std::runtime_error("no certificate");
 }
 

@@ -6,6 +6,8 @@
 #include <string>
 #include <string_view>
 
+#include "support/TestFolder.h"
+
 namespace zelvo::testing {
 
 /// The desk's own certificate, for "localhost" and signed by itself. One for the process.
@@ -14,12 +16,12 @@ public:
     static const TdsCertificate& instance();
     SSL_CTX* context() const { return context_.get(); }
     /// As a clinic gets it in a file.
-    const std::string& pem() const { return pem_; }
+    std::string file() const { return (folder_.path / "cert").string(); }
 
 private:
     TdsCertificate();
     std::unique_ptr<SSL_CTX, decltype(&SSL_CTX_free)> context_{nullptr, &SSL_CTX_free};
-    std::string pem_;
+    const TestFolder folder_;
 };
 
 /// One end of a line: bytes as they are, or under TLS once it has been agreed on.

@@ -17,8 +17,7 @@
 namespace zelvo::testing {
 namespace {
 
-constexpr char batchPacket = 1, oldLoginPacket = 2, answerPacket = 4, attentionPacket = 6, loginPacket = 16,
-               preloginPacket = 18;
+constexpr char batchPacket = 1, answerPacket = 4, attentionPacket = 6, loginPacket = 16, preloginPacket = 18;
 
 /// A batch as SQLite reads it: sums of texts, N'', and what a backslash before a line end does in a text.
 std::string toSqlite(std::string_view batch) {
@@ -65,7 +64,6 @@ public:
         std::string body;
         while (receive(kind, body)) {
             if (muted_) continue;
-            if (kind == oldLoginPacket) return noteOldLogin();
             if (kind == preloginPacket || kind == loginPacket) {
                 if (troubled(kind == preloginPacket ? "" : "LOGIN7")) return;
                 if (muted_) continue;
@@ -124,12 +122,6 @@ private:
             const std::string packet = std::string(head, 8).append(piece.substr(0, end - at));
             pipe_.write(packet, server_.smallPieces ? 7 : packet.size());
         }
-    }
-
-    /// Of a time without encryption; it is not answered.
-    void noteOldLogin() {
-        const std::lock_guard lock(server_.mutex_);
-        server_.login_.user = "somebody, in the clear";
     }
 
     void login(const std::string& body) {
