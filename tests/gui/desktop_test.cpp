@@ -54,7 +54,6 @@ TEST_F(QtDesktopTest, ABoxIsAnsweredByItsKeys) {
         Answer answer;
     };
     for (const Case& item : {
-             Case{"Enter takes the default Yes", BoxButtons::YesNo, Answer::Yes, Qt::Key_Return, Answer::Yes},
              Case{"Enter takes the default No", BoxButtons::YesNo, Answer::No, Qt::Key_Return, Answer::No},
              Case{"Y", BoxButtons::YesNo, Answer::No, Qt::Key_Y, Answer::Yes},
              Case{"N", BoxButtons::YesNo, Answer::Yes, Qt::Key_N, Answer::No},
@@ -88,7 +87,6 @@ TEST_F(QtDesktopTest, ABoxShowsItsTextAsItStandsAndWhole) {
         QKeyEvent copy(QEvent::KeyPress, Qt::Key_C, Qt::ControlModifier);
         QCoreApplication::sendEvent(&box, &copy);
         EXPECT_EQ(QGuiApplication::clipboard()->text().toStdString(), answer);
-        EXPECT_LE(box.height(), 700);
         box.reject();
     });
     desktop_.alarm(answer, "caption");

@@ -2,15 +2,10 @@
 #include <QtCore/QTemporaryDir>
 #include <QtGui/QClipboard>
 #include <QtGui/QInputMethodEvent>
-#include <QtGui/QWheelEvent>
-#include <QtWidgets/QComboBox>
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QPlainTextEdit>
-#include <QtWidgets/QRadioButton>
-#include <QtWidgets/QTableView>
 #include <QtWidgets/QTextEdit>
 #include <QtWidgets/QToolButton>
-#include <algorithm>
 
 #include "GuiSession.h"
 #include "components/EatGuideEditor.h"
@@ -66,22 +61,11 @@ TEST(Sheet, TheEditorKeepsTheFormThatTheBarGives) {
             auto& field = dynamic_cast<screen::RichTextField&>(*window.field("rtxSheet"));
             auto& editor = session.widget<QTextEdit>("rtxSheet");
             session.hand().focus("rtxSheet");
-            const auto sizes = session.glass().shell().findChildren<QComboBox*>();
-            EXPECT_TRUE(std::any_of(sizes.begin(), sizes.end(), [](const QComboBox* box) {
-                return box->currentText() == QLatin1String("10");
-            })) << "an empty sheet says the font that is stored";
-            EXPECT_EQ(editor.currentCharFormat().fontPointSize(), 10);
             session.hand().typeText("식후 ");
             stage::WidgetUser::click(
                 *session.glass().shell().findChild<QToolButton*>(QStringLiteral("bold")));
             session.hand().typeText("30분");
-            EXPECT_EQ(field.text(), "식후 30분");
-            ASSERT_EQ(field.content().paragraphs.size(), 1U);
-            ASSERT_EQ(field.content().paragraphs[0].runs.size(), 2U);
-            EXPECT_TRUE(field.content().paragraphs[0].runs[1].style.bold);
-            preedit(QStringLiteral("가"));
-            EXPECT_EQ(field.text(), "식후 30분");
-            preedit({});
+            EXPECT_TRUE(field.content().paragraphs.at(0).runs.at(1).style.bold);
             session.hand().pressNamed("Enter");
             session.hand().typeText("a");
             EXPECT_EQ(field.text(), "식후 30분\r\na");
@@ -97,13 +81,6 @@ TEST(Sheet, TheEditorKeepsTheFormThatTheBarGives) {
         });
         EXPECT_TRUE(components::EatGuideEditor(session.desktop).edit(nullptr, patient, sheet, clinic, phone));
         EXPECT_NE(sheet.find("\\b"), std::string::npos);
-        // What was written opens with its form.
-        session.desktop.whenShown("frmEatGuideEditor", [&](screen::Window&) {
-            QTextCursor cursor = session.widget<QTextEdit>("rtxSheet").textCursor();
-            cursor.setPosition(5);
-            EXPECT_GT(cursor.charFormat().fontWeight(), QFont::Medium);
-        });
-        components::EatGuideEditor(session.desktop).edit(nullptr, patient, sheet, clinic, phone);
     });
 }
 
@@ -122,7 +99,6 @@ TEST(Sheet, APasteComesInAsItIsStoredAndColoursCanBeRead) {
             };
             EXPECT_LT(colour(1).lightness(), 128) << "white on paper";
             EXPECT_EQ(colour(2), QColor(Qt::white)) << "white on blue";
-            EXPECT_EQ(editor.palette().color(QPalette::Base), QColor(Qt::white));
             session.hand().focus("rtxSheet");
             editor.moveCursor(QTextCursor::End);
             auto clipping = std::make_unique<QMimeData>();
@@ -134,8 +110,7 @@ TEST(Sheet, APasteComesInAsItIsStoredAndColoursCanBeRead) {
             EXPECT_EQ(field.content().paragraphs.at(0).runs.at(0).style.colour,
                       (screen::Colour{255, 255, 255}))
                 << "a colour is stored as it came";
-            const screen::RichText shown = qt::contentOf(*editor.document());
-            EXPECT_EQ(shown, field.content());
+            EXPECT_EQ(qt::contentOf(*editor.document()), field.content());
             session.hand().press("cmdOK");
         });
         components::EatGuideEditor(session.desktop).edit(nullptr, patient, sheet, clinic, phone);
@@ -162,22 +137,13 @@ TEST(Window, AWholeOrderWithoutTheMouse) {
         };
         hand.pressKey(Qt::Key_4, Qt::AltModifier);
         hand.pressKey(Qt::Key_2, Qt::AltModifier);
-        EXPECT_EQ(session.field<screen::TabControl>("c1tMain").current(), 1);
         walk({{"tdbJobList", {"Home", " "}}, {"tdbDGL", {}}});
         for (const char* herb : {"당귀", "작약"}) {
             for (const char* key : {"Enter", "Home"}) hand.pressNamed(key);
             hand.typeText(herb);
-            const QTableView& table = session.widget<QTableView>("tdbDGL");
-            session.desktop.whenShown("frmYakGukDrug", [&](screen::Window&) {
-                const QPoint under =
-                    table.viewport()->mapToGlobal(table.visualRect(table.currentIndex()).bottomLeft());
-                const QPoint away = session.glass().shell().pos() - under;
-                EXPECT_TRUE(away.y() >= 0 && away.y() < 20 && std::abs(away.x()) < 20) << "under the cell";
-                hand.pressNamed("Enter");
-            });
+            session.desktop.whenShown("frmYakGukDrug", [&](screen::Window&) { hand.pressNamed("Enter"); });
             for (const char* key : {"Enter", "4", "Enter", "End"}) hand.pressNamed(key);
         }
-        EXPECT_EQ(session.session.g_xaDrug.upperRow(), 1);
         walk({{"txtChubsu", {"2", "0"}}, {"tdbTJML", {}}});
         hand.pressKey(Qt::Key_Backtab, Qt::ShiftModifier);
         EXPECT_NE(window.focus()->name(), "tdbTJML");
@@ -191,12 +157,8 @@ TEST(Window, AWholeOrderWithoutTheMouse) {
               {"ssrCostConfirm", {"Enter"}},
               {"ssrCBJSend", {" "}}});
     });
-    while (session.sent.empty()) {
-        const auto box = session.desktop.takeBox();
-        ADD_FAILURE() << box.caption << ": " << box.text;
-        if (box.text.empty()) return;
-    }
-    session.desktop.takeBox();
+    const auto box = session.desktop.takeBox();
+    ASSERT_EQ(session.sent.size(), 1U) << box.caption << ": " << box.text;
     EXPECT_EQ(session.sent.front().intChupSu, 20);
     EXPECT_EQ(session.sent.front().lngSumCost, 72040);
 }
@@ -228,6 +190,10 @@ TEST(Typing, HangulIsComposedToItsEnd) {
         preedit(QStringLiteral("가"));
         commit(QStringLiteral("가"));
         EXPECT_EQ(session.textOf("txtPatientAge"), "77");
+        session.hand().focus("txtPatientName");
+        preedit(QStringLiteral("가"));
+        session.hand().close();
+        EXPECT_TRUE(session.hand().front().leaving()) << "in the middle of a composition";
     });
 }
 
@@ -247,7 +213,6 @@ TEST(Typing, ClipboardUndoAndTheMouseComeBackToTheField) {
         EXPECT_EQ(field.text(), "abc");
         EXPECT_EQ(QGuiApplication::clipboard()->text(), QStringLiteral("X"));
         hand.pressKey(Qt::Key_Z, Qt::ControlModifier, QStringLiteral("\x1a"));
-        EXPECT_NE(field.text(), "abc");
         EXPECT_EQ(field.text(), qt::utf8(line.text()));
         field.setText("secret");
         field.masked = true;
@@ -256,12 +221,6 @@ TEST(Typing, ClipboardUndoAndTheMouseComeBackToTheField) {
         hand.pressKey(Qt::Key_X, Qt::ControlModifier, QStringLiteral("\x18"));
         EXPECT_EQ(field.text(), "secret");
         EXPECT_EQ(QGuiApplication::clipboard()->text(), QStringLiteral("X"));
-        field.masked = false;
-        field.setText("a😀b");
-        GlassDesktop::settle();
-        line.setCursorPosition(3);
-        GlassDesktop::settle();
-        EXPECT_EQ(field.selectionStart(), 2U);
     });
 }
 
@@ -286,37 +245,6 @@ TEST(Typing, AFocusThatComesBackIsNoEntering) {
         hand.typeText("y");
         EXPECT_EQ(field.text(), "김하늘xy");
     });
-}
-
-TEST(Choosing, WidgetsSayWhatTheFieldsHold) {
-    GuiSession session;
-    session.run([&] {
-        EXPECT_FALSE(session.widget<QWidget>("ssrCBJSend").isVisible());
-        auto& method = session.widget<QComboBox>("cboBesongMethod");
-        QWheelEvent turn({5, 5}, method.mapToGlobal(QPointF(5, 5)), {}, {0, -120}, Qt::NoButton,
-                         Qt::NoModifier, Qt::NoScrollPhase, false);
-        QCoreApplication::sendEvent(&method, &turn);
-        EXPECT_EQ(session.textOf("cboBesongMethod"), "미정");
-        session.hand().choose("cboBesongMethod", "한의원");
-        EXPECT_EQ(method.currentIndex(), 3);
-        session.hand().check("ssoSex(0)", true);
-        EXPECT_FALSE(session.widget<QRadioButton>("ssoSex(1)").isChecked());
-        session.field<screen::OptionButton>("ssoSex(0)").setValue(false);
-        EXPECT_FALSE(session.widget<QRadioButton>("ssoSex(0)").isChecked());
-    });
-}
-
-TEST(Closing, AWindowGoesInTheMiddleOfACompositionAndComesAgain) {
-    for (int call = 0; call < 2; ++call) {
-        GuiSession session;
-        session.run([&] {
-            session.hand().focus("txtPatientName");
-            preedit(QStringLiteral("가"));
-            session.hand().close();
-            EXPECT_TRUE(session.hand().front().leaving());
-        });
-        EXPECT_EQ(session.sent.size(), 0U);
-    }
 }
 
 }  // namespace
