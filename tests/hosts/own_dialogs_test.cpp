@@ -85,16 +85,10 @@ TEST(OwnDialogs, standInThePlaceOfTheComponents) {
               0);
 }
 
-TEST(OwnDialogs, oneThatCannotBeMadeIsToldAndAServerThatIsNotThereIsTheExitCode) {
-    const auto bring = [](doctorzelvo::clsZELVOInterface& component) {
-        component.makeAccountPrompt = [] { return std::unique_ptr<doctorzelvo::AccountPrompt>(); };
-    };
-    EXPECT_EQ(
-        play(
-            "expect message \"한약국 로그인\" *\npress ssrLogIN\nexpect message \"한약국 로그인 실패\" *\nclose\n",
-            nullptr, bring),
-        0);
-    EXPECT_EQ(play("no command at all\n", nullptr, bring, "sqlite:/nowhere/at-all.db"), 3);
+TEST(OwnDialogs, aServerThatIsNotThereIsTheExitCode) {
+    EXPECT_EQ(play(
+                  "no command at all\n", nullptr, [](auto&) {}, "sqlite:/nowhere/at-all.db"),
+              3);
 }
 
 }  // namespace
