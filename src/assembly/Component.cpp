@@ -36,6 +36,7 @@ std::vector<components::PostalPlace> askPostalPage(screen::Desktop& desktop, con
         hits = http::findPostalCodes(http::HttpClient({}, support), page, text, stop);
     });
     std::vector<components::PostalPlace> places;
+    places.reserve(hits.size());
     for (http::PostalHit& hit : hits) places.push_back({std::move(hit.zip), std::move(hit.address)});
     return places;
 }

@@ -29,8 +29,8 @@ constexpr std::array ways{
     Way{"Ctrl+Delete", "선택된 약재 삭제", "sscDrugDelete", Does::Press, "tdbDGL"},
     Way{"Ctrl+O", "처방 읽어오기", "sscCBJRead", Does::Press},
     Way{"Ctrl+F6", "복용법 작성", "cmdEatGuide", Does::Press},
-    Way{"F9", "비용확인", "ssrCostConfirm", Does::Press},
-    Way{"Ctrl+F9", "처방전 전송", "ssrCBJSend", Does::Press},
+    Way{"F5", "비용확인", "ssrCostConfirm", Does::Press},
+    Way{"Ctrl+F5", "처방전 전송", "ssrCBJSend", Does::Press},
     Way{"F11", "보관된 처방전 이어서 작성", "cmdDraftTake", Does::Press},
     Way{"Ctrl+F", "전송한 처방전을 환자명으로 찾기", "txtCBJsearchPatient", Does::Focus},
 };

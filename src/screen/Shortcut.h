@@ -9,7 +9,7 @@ class Field;
 
 /// A combination of keys that does one thing in its window.
 struct Shortcut {
-    std::string keys;               ///< "F9", "Ctrl+Z"
+    std::string keys;               ///< "F5", "Ctrl+Z"
     std::string what;               ///< in the words of the sheet of keys
     std::function<bool()> applies;  ///< whether it does anything as the window stands
     std::function<void()> run;      ///< does it as the user would, through the window's user... operations

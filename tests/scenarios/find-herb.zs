@@ -59,18 +59,18 @@ expect hidden lblUsableDeposit
 row tdbJobList 1
 cellbutton tdbJobList 0
 expect hidden lblCostOutdated
-shortcut F9
+shortcut F5
 expect shown ssrCBJSend
 shortcut Ctrl+F
 expect tab c1tMain 2
 shortcut F7
 expect tab c1tMain 1
 expect hidden ssrCBJSend
-shortcut F9
+shortcut F5
 type txtChubsu 11
 expect shown lblCostOutdated
 expect style tdbCostConfirm 3 styCostOutdated
-shortcut F9
+shortcut F5
 expect hidden lblCostOutdated
 expect style tdbCostConfirm 3 ""
 close
