@@ -33,10 +33,12 @@ bool frmMyChuBang::confirm() {
 }
 
 std::int16_t frmMyChuBang::Show_MyChubangADD(std::string& strMyCBName, std::string& strMyCBMemo) {
-    if (!ask()) return -1;
-    strMyCBName = basics::trim(txtCBName.text());
-    strMyCBMemo = basics::trim(rtxNote.text());
-    return 0;
+    m_SaveCanceled = ask() ? 0 : -1;
+    if (m_SaveCanceled == 0) {
+        strMyCBName = basics::trim(txtCBName.text());
+        strMyCBMemo = basics::trim(rtxNote.text());
+    }
+    return m_SaveCanceled;
 }
 
 }  // namespace zelvo::composition

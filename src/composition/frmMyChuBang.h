@@ -24,6 +24,8 @@ public:
 
 private:
     bool confirm() override;
+
+    std::int16_t m_SaveCanceled = -1;
 };
 
 }  // namespace zelvo::composition

@@ -195,7 +195,7 @@ void SessionStart::fillClinic(const HostArguments& arguments) {
 }
 
 void SessionStart::showPharmacy() {
-    form_.stbMain.setPanel(3, std::string(" ZEL-VO 버전 : ") + session::version);
+    form_.stbMain.setPanel(3, session::version);
     form_.stbMain.setPanel(1, form_.notices.lblGongJiYakGuk[0].caption() + " 입니다...");
 }
 

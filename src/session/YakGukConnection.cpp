@@ -101,7 +101,7 @@ bool ConnectYakGukServer(Session& session, screen::Desktop& desktop, const data:
     connection->yield = [&desktop] { desktop.yield(); };
     connection->another = [&desktop, open, ServerAddress] { return openedAt(desktop, open, ServerAddress); };
     connection->server = ServerAddress;
-    desktop.support().add(std::string("session of ZELVO ") + version + ", " + connection->driver() + ", " +
+    desktop.support().add(std::string("session of") + version + ", " + connection->driver() + ", " +
                           desktop.toolkit());
     session.g_conYakGuk = std::move(connection);
     return true;

@@ -8,8 +8,8 @@
 
 namespace zelvo::session {
 
-/// Of this program.
-inline constexpr const char* version = "1.0001";
+/// Of this program, as the status bar says it.
+inline constexpr const char* version = " ZEL-VO 버전 : 1.0001";
 
 /// Opens g_conYakGuk at the address; what it held before is dropped. On failure one message box names the
 /// address, and the result is false. The connection's walks then let the desktop's events run, and its
