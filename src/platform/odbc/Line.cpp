@@ -240,9 +240,10 @@ void Line::call(int limit, std::function<void()> work) {
     }
     if (!*failure && !watchdog.hasCut()) return;
     SQLUINTEGER dead = SQL_CD_FALSE;
-    if (ends_->loggedIn)
+    if (ends_->loggedIn) {
         SQLGetConnectAttrW(ends_->connection->get(), SQL_ATTR_CONNECTION_DEAD, &dead, SQL_IS_UINTEGER,
                            nullptr);
+    }
     if (!*failure) return close();  // the answer came as it was cancelled: it stands, and the line is left
     try {
         std::rethrow_exception(*failure);

@@ -46,7 +46,7 @@ void eachSocket(const Told& told) {
 // A connection that is only shut down still reads as ended in order, which is what a driver may wait on.
 void tearSocket(int descriptor) {
     const sockaddr nobody{.sa_family = AF_UNSPEC, .sa_data = {}};
-    ::connect(descriptor, &nobody, sizeof nobody);
+    static_cast<void>(::connect(descriptor, &nobody, sizeof nobody));
 }
 
 bool hasEnded(int descriptor) {
