@@ -98,6 +98,12 @@ TEST_F(Operations, WalkFillsTheArrayInFrontOfItsRows) {
     EXPECT_TRUE(array_.rowCount() > 1 && !array_.text(1, 2).empty());
     database_.run("DELETE FROM t_JobList");
     EXPECT_EQ(operations_.RecordSet_JobList(connection_, set_, array_), 1) << "no rows are no failure";
+    database_.run(
+        "ALTER TABLE t_JobList DROP COLUMN JL_DrugVisible; ALTER TABLE t_JobList ADD JL_DrugVisible BIT;"
+        "INSERT INTO t_JobList VALUES (6, 'six', '', 1, 1, 1, NULL)");
+    array_.reDim(-1, 7);
+    operations_.RecordSet_JobList(connection_, set_, array_);
+    EXPECT_EQ(rows(), "0|6|six|||0|-1|1|;") << "a flag that is NULL is no";
 }
 
 TEST_F(Operations, HerbsAreOfferedByTheServersDate) {
