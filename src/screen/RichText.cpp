@@ -90,9 +90,10 @@ void boundHeight(RichText& content) {
     for (const Paragraph& paragraph : content.paragraphs)
         for (const Run& run : paragraph.runs) height += heightOf(run);
     if (height <= tallest) return;
-    for (Paragraph& paragraph : content.paragraphs)
+    for (Paragraph& paragraph : content.paragraphs) {
         for (Run& run : paragraph.runs)
             run.style.halfPoints = std::min(run.style.halfPoints, CharacterStyle().halfPoints);
+    }
 }
 
 std::string tidiedFamily(std::string_view family) {
