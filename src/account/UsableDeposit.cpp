@@ -1,5 +1,7 @@
 #include "account/UsableDeposit.h"
 
+#include <optional>
+
 #include "basics/Pictures.h"
 #include "data/Words.h"
 #include "data/clsZELVOStockmoney.h"
@@ -23,26 +25,14 @@ UsableDeposit::UsableDeposit(screen::Window& form, composition::OrderFrames& fra
 void UsableDeposit::show() {
     const bool asked = form_.onGlass() && session_.m_DTRPK != 0 && session_.g_conYakGuk != nullptr &&
                        payment_.cboPaymentMethod.text() == data::pay::deposit;
-    const std::optional<std::int64_t> won = asked ? usable() : std::nullopt;
+    const std::optional<std::int64_t> won =
+        asked ? data::clsZELVOStockmoney().usable(session_.connection(), session_.m_DTRPK) : std::nullopt;
     if (won) {
         lblUsableDeposit.setCaption(
             "사용 가능: " +
             basics::formatNumber(static_cast<double>(*won), basics::NumberPicture::SeparatedZero) + "원");
     }
     lblUsableDeposit.setVisible(won.has_value());
-}
-
-/// Nothing when a sum can't be read: then the send tells it.
-std::optional<std::int64_t> UsableDeposit::usable() const {
-    data::clsZELVOStockmoney ledger;
-    std::int32_t deposits = 0, mileage = 0, used = 0;
-    data::Connection& connection = session_.connection();
-    const std::int32_t doctor = session_.m_DTRPK;
-    const bool read = ledger.ZELVO_StockMoney(connection, deposits, doctor, "S", "", "") &&
-                      ledger.ZELVO_StockMoney(connection, mileage, doctor, "M", "", "") &&
-                      ledger.ZELVO_CBJcostSum(connection, used, doctor, "적립", "", "", "");
-    if (!read) return std::nullopt;
-    return std::int64_t{deposits} - used + mileage;
 }
 
 }  // namespace zelvo::account

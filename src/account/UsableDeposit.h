@@ -1,8 +1,5 @@
 #pragma once
 
-#include <cstdint>
-#include <optional>
-
 #include "composition/PaymentChoice.h"
 #include "screen/Fields.h"
 #include "session/Session.h"
@@ -24,7 +21,6 @@ public:
 
 private:
     void show();
-    std::optional<std::int64_t> usable() const;
 
     screen::Window& form_;
     session::Session& session_;

@@ -122,4 +122,16 @@ std::int16_t clsZELVORecordSet::RecordSet_StockMileage(Connection& Conn, RecordS
     return openLedger(Conn, Rs, statement, DTR_PK, sDate, eDate);
 }
 
+std::optional<std::int64_t> clsZELVOStockmoney::usable(Connection& Conn, std::int32_t DTR_PK) {
+    std::int32_t deposits = 0, mileage = 0, used = 0;
+    const auto readSums = [&](Connection& line) {
+        return ZELVO_StockMoney(line, deposits, DTR_PK, "S", "", "") &&
+               ZELVO_StockMoney(line, mileage, DTR_PK, "M", "", "") &&
+               ZELVO_CBJcostSum(line, used, DTR_PK, std::string(pay::deposit), "", "", "");
+    };
+    const ReadAhead ahead(Conn, readSums);
+    if (!readSums(Conn)) return std::nullopt;
+    return std::int64_t{deposits} - used + mileage;
+}
+
 }  // namespace zelvo::data

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 
 #include "data/Connection.h"
@@ -19,6 +20,9 @@ public:
     bool ZELVO_CBJcostSum(Connection& Conn, std::int32_t& Sum, std::int32_t DTR_PK,
                           const std::string& PayWord, const std::string& IsPaied, const std::string& sDate,
                           const std::string& eDate);
+    /// What the doctor can still pay with: deposits less what they paid for, and the mileage, in one trip.
+    /// Nothing when a sum can't be read.
+    std::optional<std::int64_t> usable(Connection& Conn, std::int32_t DTR_PK);
 };
 
 }  // namespace zelvo::data

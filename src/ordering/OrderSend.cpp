@@ -133,21 +133,13 @@ std::string OrderSend::shortageOf(std::int64_t usable) const {
 /// since the first look. The sums hold the order itself by now.
 bool OrderSend::stillCovered() {
     if (!paysFromDeposit()) return true;
-    data::Connection& connection = draft_.session.connection();
-    const std::int32_t doctor = draft_.session.m_DTRPK;
-    std::int32_t deposits = 0, mileage = 0, used = 0;
-    const auto readSums = [&](data::Connection& line) {
-        data::clsZELVOStockmoney ledger;
-        return ledger.ZELVO_StockMoney(line, deposits, doctor, "S", "", "") &&
-               ledger.ZELVO_StockMoney(line, mileage, doctor, "M", "", "") &&
-               ledger.ZELVO_CBJcostSum(line, used, doctor, std::string(data::pay::deposit), "", "", "");
-    };
-    const data::ReadAhead ahead(connection, readSums);
-    if (!readSums(connection)) {
+    const std::optional<std::int64_t> usable =
+        data::clsZELVOStockmoney().usable(draft_.session.connection(), draft_.session.m_DTRPK);
+    if (!usable) {
         kept_.alarm(unreadBalance, costCaption);
         return false;
     }
-    const std::string shortage = shortageOf(std::int64_t{deposits} - used + mileage - ownBalance_);
+    const std::string shortage = shortageOf(*usable - ownBalance_);
     if (!shortage.empty()) kept_.inform(shortage, costCaption);
     return shortage.empty();
 }
