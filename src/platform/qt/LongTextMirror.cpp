@@ -83,6 +83,8 @@ QString LongTextMirror::selectedText() const {
 
 void LongTextMirror::tellText() {
     if (drawing() || composing()) return;
+    // An input method that has nothing to say is no edit: the text keeps its own breaks.
+    if (editor_.toPlainText() == editorText(edit().text())) return tellSelection();
     const std::string text = fieldText(editor_.toPlainText());
     userDoes([&] { edit().userEdited(text, fieldPosition(text, editor_.textCursor().position())); });
 }

@@ -37,8 +37,11 @@ bool RichMirror::ownKey(const QKeyEvent& key) const {
 bool RichMirror::filter(QWidget&, QEvent& event) {
     if (event.type() != QEvent::InputMethod) return false;
     if (field_.readOnly()) return true;
-    composing_ = !static_cast<const QInputMethodEvent&>(event).preeditString().isEmpty();
-    return false;
+    const auto& method = static_cast<const QInputMethodEvent&>(event);
+    const bool composed = composing_;
+    composing_ = !method.preeditString().isEmpty();
+    // A method that has nothing to say is no edit.
+    return !composed && !composing_ && method.commitString().isEmpty() && method.replacementLength() == 0;
 }
 
 void RichMirror::tellContent() {
