@@ -47,6 +47,9 @@ choose cboBesongMethod 택배(환자)
 type txtEatGuideHosName 하늘한의원
 type txtEatGuideCall 025550123
 expect txtEatGuideCall 02-555-0123
+press cmdEatGuide
+type rtxSheet "하루 세 번, 식후 30분에 따뜻하게 데워 드십시오.\n남은 약은 냉장 보관하십시오.\n찬 음식과 기름진 음식, 술은 삼가십시오."
+press cmdOK
 tab c1tCBJmsg 1
 type txtCBJmsg 식후 30분에 복용하도록 안내 부탁드립니다.
 choose cboPaymentMethod 적립

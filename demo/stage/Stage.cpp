@@ -9,6 +9,8 @@
 
 #include "basics/Fault.h"
 #include "platform/qt/BoxDialog.h"
+#include "platform/qt/SheetBar.h"
+#include "platform/qt/SheetPaper.h"
 #include "platform/qt/Texts.h"
 
 namespace zelvo::stage {
@@ -35,6 +37,7 @@ void Stage::runModal(screen::Window& window) {
     settle();
     keepPicture(shell, window.name());
     ConsoleDesktop::runModal(window);
+    keepTestPrint(shell);
     shells_.pop_back();
     shell.hide();
     user_.sitBefore(shells_.empty() ? nullptr : shells_.back());
@@ -93,10 +96,22 @@ void Stage::commandDone() {
 }
 
 void Stage::keepPicture(QWidget& shown, const std::string& name) {
-    if (pictures_.empty()) return;
+    if (!pictures_.empty()) keepPicture(shown.grab().toImage(), name);
+}
+
+void Stage::keepPicture(const QImage& picture, const std::string& name) {
     std::ostringstream path;
     path << pictures_ << "/" << std::setw(3) << std::setfill('0') << ++kept_ << "-" << name << ".png";
-    if (!shown.grab().save(qt::qtText(path.str()))) throw basics::Fault("can't write " + path.str());
+    if (!picture.save(qt::qtText(path.str()))) throw basics::Fault("can't write " + path.str());
+}
+
+/// The pages of a sheet as they would be printed when its editor was left.
+void Stage::keepTestPrint(const qt::Shell& editor) {
+    constexpr int dots = 100;
+    const auto* bar = editor.findChild<qt::SheetBar*>();
+    const auto paper = bar && !pictures_.empty() ? bar->paper() : nullptr;
+    if (!paper) return;
+    for (const QImage& page : paper->pictures(dots)) keepPicture(page, "print");
 }
 
 }  // namespace zelvo::stage

@@ -8,7 +8,8 @@
 namespace zelvo::stage {
 
 /// A console script worked through the real windows: what it types and clicks goes to their widgets, and
-/// after each command that changed something a picture of the screen is kept.
+/// after each command that changed something a picture of the screen is kept; of a sheet that was written,
+/// the printed pages too.
 class Stage : public console::ConsoleDesktop {
 public:
     /// Pictures go into this folder; "" keeps none.
@@ -26,6 +27,8 @@ private:
     void commandDone() override;
     void await(std::chrono::milliseconds atMost) override;
     void keepPicture(QWidget& shown, const std::string& name);
+    void keepPicture(const QImage& picture, const std::string& name);
+    void keepTestPrint(const qt::Shell& editor);
 
     WidgetUser user_{*this};
     std::string pictures_;

@@ -1,5 +1,6 @@
 #include "components/frmEatGuideEditor.h"
 
+#include "basics/Dates.h"
 #include "basics/Text.h"
 
 namespace zelvo::components {
@@ -8,9 +9,19 @@ namespace {
 
 constexpr double designWidth = 12600, designHeight = 9600;
 
-std::string captionFor(const std::string& patientName) {
+std::string addressed(const std::string& patientName) {
     const std::string name = basics::trim(patientName);
-    return name.empty() ? "복용법작성" : "복용법작성 - " + name + " 님";
+    return name.empty() ? name : name + " 님";
+}
+
+std::string captionFor(const std::string& patientName) {
+    const std::string patient = addressed(patientName);
+    return patient.empty() ? "복용법작성" : "복용법작성 - " + patient;
+}
+
+std::string inWords(const basics::Date& date) {
+    return std::to_string(date.year) + "년 " + std::to_string(date.month) + "월 " + std::to_string(date.day) +
+           "일";
 }
 
 }  // namespace
@@ -18,6 +29,8 @@ std::string captionFor(const std::string& patientName) {
 frmEatGuideEditor::frmEatGuideEditor(screen::Desktop& desktop, const std::string& patientName)
     : AskWindow(desktop, "frmEatGuideEditor", captionFor(patientName), designWidth, designHeight),
       rtxSheet(*this, "rtxSheet"),
+      lblPatient(*this, "lblPatient", {}, addressed(patientName)),
+      lblDate(*this, "lblDate", {}, inWords(basics::today())),
       txtHospName(*this, "txtHospName"),
       txtPhoneNo(*this, "txtPhoneNo") {
     rtxSheet.setLabel("복용법");

@@ -6,13 +6,15 @@
 
 namespace zelvo::components {
 
-/// Lets a dosage sheet be written, with the clinic's name and telephone that stand on it.
+/// Lets a dosage sheet be written, with the clinic's name and telephone that stand on it; the patient's name
+/// and today's date stand on the printed one.
 class frmEatGuideEditor : public screen::AskWindow {
 public:
-    /// The patient's name stands in the caption.
+    /// The patient's name stands in the caption as well.
     frmEatGuideEditor(screen::Desktop& desktop, const std::string& patientName);
 
     screen::RichTextField rtxSheet;
+    screen::Label lblPatient, lblDate;
     screen::TextField txtHospName, txtPhoneNo;
 
 private:

@@ -59,7 +59,6 @@ TEST(Sheet, TheEditorKeepsTheFormThatTheBarGives) {
         std::string patient = "김하늘", sheet, clinic = "하늘한의원", phone = "02-555-0123";
         session.desktop.whenShown("frmEatGuideEditor", [&](screen::Window& window) {
             auto& field = dynamic_cast<screen::RichTextField&>(*window.field("rtxSheet"));
-            auto& editor = session.widget<QTextEdit>("rtxSheet");
             session.hand().focus("rtxSheet");
             session.hand().typeText("식후 ");
             stage::WidgetUser::click(
@@ -70,13 +69,13 @@ TEST(Sheet, TheEditorKeepsTheFormThatTheBarGives) {
             session.hand().typeText("a");
             EXPECT_EQ(field.text(), "식후 30분\r\na");
 
+            const auto paper = session.glass().shell().findChild<qt::SheetBar*>()->paper();
+            EXPECT_EQ(paper->page().toPlainText(),
+                      QStringLiteral("하늘한의원\n☎ 02-555-0123\n김하늘 님\t%1\n\n식후 30분\na")
+                          .arg(QDate::currentDate().toString(QStringLiteral("yyyy년 M월 d일"))));
             const QTemporaryDir folder;
-            const qt::SheetPaper paper(qt::contentOf(*editor.document()), QStringLiteral("하늘한의원"),
-                                       QStringLiteral("02-555-0123"));
-            EXPECT_EQ(paper.page().toPlainText(),
-                      QStringLiteral("하늘한의원\n☎ 02-555-0123\n\n식후 30분\na"));
-            EXPECT_TRUE(paper.writePdf(folder.filePath(QStringLiteral("sheet.pdf"))));
-            EXPECT_FALSE(paper.writePdf(folder.filePath(QStringLiteral("none/sheet.pdf"))));
+            EXPECT_TRUE(paper->writePdf(folder.filePath(QStringLiteral("sheet.pdf"))));
+            EXPECT_FALSE(paper->writePdf(folder.filePath(QStringLiteral("none/sheet.pdf"))));
             session.hand().press("cmdOK");
         });
         EXPECT_TRUE(components::EatGuideEditor(session.desktop).edit(nullptr, patient, sheet, clinic, phone));

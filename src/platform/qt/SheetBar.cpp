@@ -165,16 +165,12 @@ void SheetBar::addBullets() {
     });
 }
 
-/// The sheet as the patient gets it, with the clinic's name and telephone as they stand in the form.
 void SheetBar::addPaper() {
     const auto onPaper = [this](const QString& caption, const QString& tip,
                                 void (*act)(QWidget&, const SheetPaper&)) {
         connect(&addButton(row_, caption, tip), &QToolButton::clicked, this, [this, act] {
-            if (!editor_) return;
             finishSyllable();
-            const SheetPaper paper(contentOf(*editor_->document()), textOf("txtHospName"),
-                                   textOf("txtPhoneNo"));
-            act(*window(), paper);
+            if (const auto sheet = paper()) act(*window(), *sheet);
         });
     };
     onPaper(QStringLiteral("미리보기"), QStringLiteral("인쇄 미리보기"), previewSheet);
@@ -182,9 +178,16 @@ void SheetBar::addPaper() {
     onPaper(QStringLiteral("PDF"), QStringLiteral("PDF 파일로 저장"), saveSheet);
 }
 
+std::unique_ptr<SheetPaper> SheetBar::paper() const {
+    if (!editor_) return nullptr;
+    const SheetHead head{textOf("txtHospName"), textOf("txtPhoneNo"), textOf("lblPatient"),
+                         textOf("lblDate")};
+    return std::make_unique<SheetPaper>(contentOf(*editor_->document()), head);
+}
+
 QString SheetBar::textOf(const char* field) const {
-    const auto* line = window()->findChild<QLineEdit*>(QLatin1String(field));
-    return line ? line->text().trimmed() : QString();
+    const auto* widget = window()->findChild<QWidget*>(QLatin1String(field));
+    return widget ? widget->property("text").toString().trimmed() : QString();
 }
 
 void SheetBar::showEvent(QShowEvent* event) {

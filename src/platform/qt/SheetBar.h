@@ -2,6 +2,7 @@
 
 #include <QtWidgets/QWidget>
 #include <functional>
+#include <memory>
 
 class QAction;
 class QComboBox;
@@ -10,6 +11,8 @@ class QTextCharFormat;
 class QTextEdit;
 
 namespace zelvo::qt {
+
+class SheetPaper;
 
 /// The bar over the dosage sheet's editor: the form of what is selected, bullets and alignment, and the sheet
 /// on paper. It belongs to the editor of the name in its property `editor`, in the same form, and never takes
@@ -20,6 +23,9 @@ class SheetBar : public QWidget {
 
 public:
     explicit SheetBar(QWidget* parent = nullptr);
+    /// The sheet as the patient gets it, under what the form says of clinic, patient and date; nullptr while
+    /// it belongs to no editor.
+    std::unique_ptr<SheetPaper> paper() const;
 
 protected:
     void showEvent(QShowEvent* event) override;

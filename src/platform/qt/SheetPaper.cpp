@@ -3,6 +3,9 @@
 #include <QtCore/QFile>
 #include <QtCore/QFileInfo>
 #include <QtCore/QTemporaryDir>
+#include <QtGui/QAbstractTextDocumentLayout>
+#include <QtGui/QPageLayout>
+#include <QtGui/QPainter>
 #include <QtGui/QTextBlock>
 #include <QtGui/QTextCursor>
 #include <QtGui/QTextDocument>
@@ -12,6 +15,7 @@
 #include <QtWidgets/QFileDialog>
 #include <algorithm>
 #include <filesystem>
+#include <map>
 #include <system_error>
 
 #include "platform/qt/BoxDialog.h"
@@ -22,20 +26,70 @@ namespace zelvo::qt {
 
 namespace {
 
-constexpr double headSize = 16, phoneSize = 10, margin = 20;
+/// Sizes on the paper, in points: what most of a sheet is to be read in (patients are old more often than
+/// not), and what stands around it.
+constexpr double readableSize = 14, headSize = 18, lineSize = 12, footSize = 10, footRoom = 24, air = 10;
+/// In per cent of the letters' own height.
+constexpr double lineHeight = 130;
+/// A sheet that is written small all over is not blown up without end.
+constexpr double mostEnlarged = 2;
+constexpr double marginMillimetres = 20;
 /// A document is laid out in dots of the screen.
 constexpr double screenDots = 96, pointsPerInch = 72;
 
-void addHead(QTextCursor& cursor, const QString& text, double points, bool bold) {
-    if (text.isEmpty()) return;
-    QTextBlockFormat middle;
-    middle.setAlignment(Qt::AlignHCenter);
-    QTextCharFormat form;
-    form.setFontPointSize(points);
-    form.setFontWeight(bold ? QFont::Bold : QFont::Normal);
-    cursor.setBlockFormat(middle);
-    cursor.insertText(text, form);
-    cursor.insertBlock(QTextBlockFormat(), QTextCharFormat());
+/// The size that most letters of a sheet have, in points.
+double commonSize(const screen::RichText& sheet) {
+    std::map<int, std::size_t> letters;
+    for (const screen::Paragraph& paragraph : sheet.paragraphs)
+        for (const screen::Run& run : paragraph.runs) letters[run.style.halfPoints] += run.text.size();
+    const auto most =
+        std::max_element(letters.begin(), letters.end(),
+                         [](const auto& one, const auto& other) { return one.second < other.second; });
+    return (most == letters.end() ? screen::CharacterStyle().halfPoints : most->first) / 2.0;
+}
+
+double enlargementFor(const screen::RichText& sheet) {
+    return std::clamp(readableSize / commonSize(sheet), 1.0, mostEnlarged);
+}
+
+/// Writes the head's lines, in sizes that the enlargement brings to what they are to be.
+class HeadWriter {
+public:
+    HeadWriter(QTextCursor& cursor, double enlargement) : cursor_(cursor), enlargement_(enlargement) {}
+
+    void write(const QString& text, double points, bool bold = false,
+               Qt::Alignment alignment = Qt::AlignHCenter) {
+        if (text.isEmpty()) return;
+        QTextBlockFormat block;
+        block.setAlignment(alignment);
+        QTextCharFormat form;
+        form.setFontPointSize(points / enlargement_);
+        form.setFontWeight(bold ? QFont::Bold : QFont::Normal);
+        cursor_.setBlockFormat(block);
+        cursor_.insertText(text, form);
+        cursor_.insertBlock(QTextBlockFormat(), QTextCharFormat());
+    }
+    /// A line across the page.
+    void rule() {
+        QTextBlockFormat block;
+        block.setBottomMargin(air);
+        block.setProperty(QTextFormat::BlockTrailingHorizontalRulerWidth,
+                          QTextLength(QTextLength::PercentageLength, 100));
+        cursor_.setBlockFormat(block);
+    }
+
+private:
+    QTextCursor& cursor_;
+    double enlargement_;
+};
+
+/// Lines that an eye finds the next one of.
+void spaceLines(QTextDocument& document) {
+    QTextCursor all(&document);
+    all.select(QTextCursor::Document);
+    QTextBlockFormat spaced;
+    spaced.setLineHeight(lineHeight, QTextBlockFormat::ProportionalHeight);
+    all.mergeBlockFormat(spaced);
 }
 
 /// A PDF file ends with its mark.
@@ -54,29 +108,115 @@ void tellFailure(QWidget& over, const std::string& text, const char* caption) {
 
 }  // namespace
 
-SheetPaper::SheetPaper(const screen::RichText& sheet, const QString& hospitalName, const QString& phoneNo)
-    : page_(std::make_unique<QTextDocument>()) {
+/// The sheet laid out for a printer's page or a picture of one.
+class SheetPaper::Pages {
+public:
+    /// `room` is what the margins leave, in points.
+    Pages(const SheetPaper& paper, const QSizeF& room)
+        : paper_(paper), room_(room), sheet_(paper.page_->clone()) {
+        lay(room.height());
+        if (sheet_->pageCount() > 1) lay(room.height() - footRoom);
+    }
+
+    int count() const { return sheet_->pageCount(); }
+
+    /// Paints one at the upper left corner of its room, in points.
+    void paint(QPainter& painter, int page) const {
+        painter.save();
+        const double scale = pointsPerInch / screenDots * paper_.enlargement_;
+        painter.scale(scale, scale);
+        const double height = sheet_->pageSize().height();
+        painter.translate(0, -page * height);
+        QAbstractTextDocumentLayout::PaintContext ink;
+        ink.palette = QPalette(Qt::black, Qt::white);
+        ink.clip = QRectF(0, page * height, sheet_->pageSize().width(), height);
+        painter.setClipRect(ink.clip);
+        sheet_->documentLayout()->draw(&painter, ink);
+        painter.restore();
+        if (count() > 1) paintFoot(painter, page);
+    }
+
+private:
+    void lay(double height) {
+        sheet_->setDocumentMargin(0);
+        sheet_->setUseDesignMetrics(true);
+        const QSizeF size = QSizeF(room_.width(), height) * screenDots / pointsPerInch / paper_.enlargement_;
+        // The date stands at the right edge, behind the patient's name.
+        QTextBlockFormat form;
+        form.setTabPositions({{size.width(), QTextOption::RightTab}});
+        QTextCursor(sheet_->findBlockByNumber(paper_.dateLine_)).mergeBlockFormat(form);
+        sheet_->setPageSize(size);
+    }
+
+    void paintFoot(QPainter& painter, int page) const {
+        QFont font = sheet_->defaultFont();
+        font.setPixelSize(static_cast<int>(footSize));
+        painter.setFont(font);
+        painter.setPen(Qt::black);
+        const QRectF line(0, room_.height() - footSize * 1.5, room_.width(), footSize * 1.5);
+        painter.drawText(line, Qt::AlignLeft | Qt::AlignBottom, paper_.footName_);
+        painter.drawText(line, Qt::AlignHCenter | Qt::AlignBottom,
+                         QStringLiteral("%1 / %2").arg(page + 1).arg(count()));
+    }
+
+    const SheetPaper& paper_;
+    QSizeF room_;
+    std::unique_ptr<QTextDocument> sheet_;
+};
+
+SheetPaper::SheetPaper(const screen::RichText& sheet, const SheetHead& head)
+    : footName_(head.patient), enlargement_(enlargementFor(sheet)), page_(std::make_unique<QTextDocument>()) {
     fillDocument(*page_, sheet);
-    if (hospitalName.isEmpty() && phoneNo.isEmpty()) return;
+    spaceLines(*page_);
     QTextCursor cursor(page_.get());
     const QTextBlockFormat first = page_->firstBlock().blockFormat();
     // The head stands in blocks of its own, before the sheet's first.
     cursor.insertBlock(first);
     cursor.movePosition(QTextCursor::Start);
-    addHead(cursor, hospitalName, headSize, true);
-    addHead(cursor, phoneNo.isEmpty() ? QString() : QStringLiteral("☎ ") + phoneNo, phoneSize, false);
+    HeadWriter writer(cursor, enlargement_);
+    writer.write(head.clinic, headSize, true);
+    writer.write(head.phone.isEmpty() ? QString() : QStringLiteral("☎ ") + head.phone, lineSize);
+    dateLine_ = cursor.blockNumber();
+    writer.write(head.patient + QLatin1Char('\t') + head.date, readableSize, true, Qt::AlignLeft);
+    writer.rule();
 }
 
 SheetPaper::~SheetPaper() = default;
 
 void SheetPaper::print(QPrinter& printer) const {
-    printer.setPageMargins(QMarginsF(margin, margin, margin, margin), QPageLayout::Millimeter);
-    // A page of its own size: the toolkit gives one without it margins and a page number of its own.
-    const std::unique_ptr<QTextDocument> sheet(page_->clone());
-    sheet->setDocumentMargin(0);
-    sheet->setPageSize(printer.pageLayout().paintRect(QPageLayout::Point).size() * screenDots /
-                       pointsPerInch);
-    sheet->print(&printer);
+    printer.setPageMargins(
+        QMarginsF(marginMillimetres, marginMillimetres, marginMillimetres, marginMillimetres),
+        QPageLayout::Millimeter);
+    const Pages pages(*this, printer.pageLayout().paintRect(QPageLayout::Point).size());
+    const int from = std::max(printer.fromPage(), 1);
+    const int to = printer.toPage() > 0 ? std::min(printer.toPage(), pages.count()) : pages.count();
+    QPainter painter(&printer);
+    const double dots = printer.resolution() / pointsPerInch;
+    painter.scale(dots, dots);
+    for (int page = from; page <= to; ++page) {
+        if (page > from) printer.newPage();
+        pages.paint(painter, page - 1);
+    }
+}
+
+std::vector<QImage> SheetPaper::pictures(int dots) const {
+    const QPageLayout layout(
+        QPageSize(QPageSize::A4), QPageLayout::Portrait,
+        QMarginsF(marginMillimetres, marginMillimetres, marginMillimetres, marginMillimetres),
+        QPageLayout::Millimeter);
+    const Pages pages(*this, layout.paintRect(QPageLayout::Point).size());
+    std::vector<QImage> pictures;
+    for (int page = 0; page < pages.count(); ++page) {
+        QImage picture(layout.fullRectPixels(dots).size(), QImage::Format_RGB32);
+        picture.fill(Qt::white);
+        QPainter painter(&picture);
+        painter.translate(layout.paintRectPixels(dots).topLeft());
+        painter.scale(dots / pointsPerInch, dots / pointsPerInch);
+        pages.paint(painter, page);
+        painter.end();
+        pictures.push_back(std::move(picture));
+    }
+    return pictures;
 }
 
 bool SheetPaper::writePdf(const QString& path) const {
