@@ -197,6 +197,7 @@ TEST(PageHtml, KeepsWhatIsReadAndMendsTheRest) {
          "<img src=\"a.png\" width=\"4000\" height=\"50%\">"},
         {"<p style=\"COLOR: red; font-size:2000px; position:fixed; background-color: url(a)\">a",
          "<p style=\"font-size:96px;color:#e60000;\">a</p>"},
+        {"<b style=font-family:x<script&gt;>a</b>", "<b style=\"font-family:'x&lt;script&gt;';\">a</b>"},
         {"a<a href=\"unended", "a"},
         {"a&nbsp&copy;&#150;&lt;<noscript><p>b</noscript>", "a\u00A0©–&lt;<div><p>b</p></div>"},
         // What was light on a ground that stays is light; where the ground is lost it can still be read.

@@ -161,7 +161,8 @@ void Writer::enter(const GumboNode& node, const PageLook& outer) {
     Open open{&node, {}, outer};
     if (known && written_ < deepest && isWanted(node, name)) {
         const std::string style = style_.lookOf(node, block, open.look);
-        out_ += "<" + name + attributesOf(node) + (style.empty() ? "" : " style=\"" + style + "\"") + ">";
+        out_ += "<" + name + attributesOf(node) + (style.empty() ? "" : " style=\"" + escaped(style) + "\"") +
+                ">";
         if (name == "br" || block) word_ = 0;
         if (name == "img") shown_ = true;
         if (isIn(voids, name)) return;
