@@ -32,24 +32,43 @@ void commit(const QString& text) {
     GlassDesktop::settle();
 }
 
+/// In a text of breaks of all kinds: as the editor has them and as the field has them.
+template <class Editor>
+void walkCaret(GuiSession& session, const std::string& name) {
+    auto& field = session.field<screen::EditField>(name);
+    auto& editor = session.widget<Editor>(name);
+    session.hand().focus(name);
+    field.setText("a\nb\r\nc😀d");
+    GlassDesktop::settle();
+    const std::pair<int, std::size_t> places[] = {{1, 1}, {2, 2}, {3, 3}, {4, 5}, {5, 6}, {7, 7}, {8, 8}};
+    for (const auto& [shown, stands] : places) {
+        QTextCursor caret = editor.textCursor();
+        caret.setPosition(shown);
+        editor.setTextCursor(caret);
+        EXPECT_EQ(field.selectionStart(), stands) << name << shown;
+        GlassDesktop::settle();
+        EXPECT_EQ(editor.textCursor().position(), shown) << name;
+    }
+    commit({});
+    EXPECT_EQ(field.text(), "a\nb\r\nc😀d") << "an empty word is no edit";
+}
+
 TEST(Typing, TheCaretStandsRightAmongBreaksOfAllKinds) {
     GuiSession session;
     session.run([&] {
         session.hand().tab("c1tCBJmsg", 1);
-        auto& field = session.field<screen::TextField>("txtCBJmsg");
-        auto& editor = session.widget<QPlainTextEdit>("txtCBJmsg");
-        session.hand().focus("txtCBJmsg");
-        field.setText("a\nb\r\nc😀d");
-        GlassDesktop::settle();
-        const std::pair<int, std::size_t> places[] = {{1, 1}, {2, 2}, {3, 3}, {4, 5}, {5, 6}, {7, 7}, {8, 8}};
-        for (const auto& [shown, stands] : places) {
-            QTextCursor caret = editor.textCursor();
-            caret.setPosition(shown);
-            editor.setTextCursor(caret);
-            EXPECT_EQ(field.selectionStart(), stands) << shown;
-            GlassDesktop::settle();
-            EXPECT_EQ(editor.textCursor().position(), shown);
-        }
+        walkCaret<QPlainTextEdit>(session, "txtCBJmsg");
+        std::string patient, sheet, clinic, phone;
+        session.desktop.whenShown("frmEatGuideEditor", [&](screen::Window&) {
+            walkCaret<QTextEdit>(session, "rtxSheet");
+            auto& field = session.field<screen::EditField>("rtxSheet");
+            field.setText(std::string(1001, 'x'));
+            session.widget<QTextEdit>("rtxSheet").moveCursor(QTextCursor::End);
+            session.hand().typeText("yz");
+            EXPECT_TRUE(field.text().ends_with("xyz")) << "a long word is broken on the glass only";
+            session.hand().press("cmdOK");
+        });
+        components::EatGuideEditor(session.desktop).edit(nullptr, patient, sheet, clinic, phone);
     });
 }
 

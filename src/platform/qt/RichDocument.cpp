@@ -177,6 +177,11 @@ private:
     qsizetype word_ = 0;
 };
 
+/// Whether it begins with one: what is typed behind it takes its form.
+bool isDrawnBreak(const QTextFragment& fragment) {
+    return fragment.charFormat().boolProperty(drawnBreak) && fragment.text().startsWith(QChar::LineSeparator);
+}
+
 /// Reads a document into a content.
 class Gatherer {
 public:
@@ -217,7 +222,7 @@ private:
         for (auto at = block.begin(); !at.atEnd(); ++at) {
             const QTextFragment fragment = at.fragment();
             QString text = fragment.text();
-            if (fragment.charFormat().boolProperty(drawnBreak)) text.remove(QChar::LineSeparator);
+            if (isDrawnBreak(fragment)) text.remove(0, 1);
             text.replace(QChar::LineSeparator, QLatin1Char('\n'));
             text.remove(QChar::ObjectReplacementCharacter);
             const auto [style, isNew] = styles_.try_emplace(fragment.charFormatIndex());
@@ -258,6 +263,17 @@ void insertContent(QTextCursor& cursor, const RichText& content) {
 
 RichText contentOf(const QTextDocument& document) {
     return Gatherer().gather(document);
+}
+
+std::vector<int> drawnBreaks(const QTextDocument& document) {
+    std::vector<int> places;
+    for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
+        if (block.length() <= longestWord) continue;
+        for (auto at = block.begin(); !at.atEnd(); ++at) {
+            if (isDrawnBreak(at.fragment())) places.push_back(at.fragment().position());
+        }
+    }
+    return places;
 }
 
 }  // namespace zelvo::qt

@@ -4,6 +4,8 @@
 #include <QtGui/QKeyEvent>
 #include <QtGui/QTextCursor>
 #include <QtWidgets/QTextEdit>
+#include <algorithm>
+#include <utility>
 
 #include "platform/qt/Contrast.h"
 #include "platform/qt/RichDocument.h"
@@ -46,16 +48,31 @@ bool RichMirror::filter(QWidget&, QEvent& event) {
 
 void RichMirror::tellContent() {
     if (drawing() || composing_) return;
-    drawn_ = contentOf(*editor_.document());
+    screen::RichText content = contentOf(*editor_.document());
+    // The text keeps its own breaks, and the form that has no words here.
+    if (content == drawn_) return tellSelection();
+    drawn_ = std::move(content);
     const std::string text = screen::plainText(drawn_);
-    userDoes([&] { field_.userContent(drawn_, fieldPosition(text, editor_.textCursor().position())); });
+    userDoes([&] { field_.userContent(drawn_, inField(text, editor_.textCursor().position())); });
 }
 
 void RichMirror::tellSelection() {
     if (drawing() || composing_) return;
     const QTextCursor cursor = editor_.textCursor();
-    const std::size_t start = fieldPosition(field_.text(), cursor.selectionStart());
-    field_.select(start, fieldPosition(field_.text(), cursor.selectionEnd()) - start);
+    const std::size_t start = inField(field_.text(), cursor.selectionStart());
+    field_.select(start, inField(field_.text(), cursor.selectionEnd()) - start);
+}
+
+std::size_t RichMirror::inField(std::string_view text, int place) const {
+    const std::vector<int> breaks = drawnBreaks(*editor_.document());
+    const auto passed = std::lower_bound(breaks.begin(), breaks.end(), place) - breaks.begin();
+    return fieldPosition(text, place - static_cast<int>(passed));
+}
+
+int RichMirror::inEditor(std::size_t position) const {
+    int place = editorPosition(field_.text(), position);
+    for (const int drawnBreak : drawnBreaks(*editor_.document())) place += drawnBreak < place ? 1 : 0;
+    return place;
 }
 
 void RichMirror::draw() {
@@ -67,11 +84,12 @@ void RichMirror::draw() {
     }
     if (!field_.hasFocus()) return;
     QTextCursor cursor = editor_.textCursor();
-    const int start = editorPosition(field_.text(), field_.selectionStart());
-    const int end = editorPosition(field_.text(), field_.selectionStart() + field_.selectionLength());
-    if (cursor.selectionStart() == start && cursor.selectionEnd() == end) return;
-    cursor.setPosition(start);
-    cursor.setPosition(end, QTextCursor::KeepAnchor);
+    const std::size_t start = field_.selectionStart(), end = start + field_.selectionLength();
+    if (inField(field_.text(), cursor.selectionStart()) == start &&
+        inField(field_.text(), cursor.selectionEnd()) == end)
+        return;
+    cursor.setPosition(inEditor(start));
+    cursor.setPosition(inEditor(end), QTextCursor::KeepAnchor);
     editor_.setTextCursor(cursor);
 }
 

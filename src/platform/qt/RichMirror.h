@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string_view>
+
 #include "platform/qt/Mirror.h"
 #include "screen/RichText.h"
 
@@ -23,6 +25,9 @@ private:
     void draw() override;
     void tellContent();
     void tellSelection();
+    /// From a place in the editor to one in the field's text, and back.
+    std::size_t inField(std::string_view text, int place) const;
+    int inEditor(std::size_t position) const;
 
     screen::RichTextField& field_;
     QTextEdit& editor_;
