@@ -13,6 +13,7 @@
 #include "basics/SupportRecord.h"
 #include "screen/Components.h"
 #include "screen/Key.h"
+#include "screen/Remembered.h"
 #include "screen/Waiting.h"
 
 namespace zelvo::screen {
@@ -31,17 +32,6 @@ struct MessageBox {
 };
 
 enum class Pointer { Normal, Busy };
-
-/// Per-user settings: string values under application, section and key.
-class SettingsStore {
-public:
-    virtual ~SettingsStore() = default;
-    virtual std::string read(std::string_view application, std::string_view section, std::string_view key,
-                             std::string_view absent) const = 0;
-    /// Throws Fault when the value can't be stored.
-    virtual void write(std::string_view application, std::string_view section, std::string_view key,
-                       std::string_view value) = 0;
-};
 
 /// The services that the logic asks of a screen. A toolkit implements what is virtual; the short forms and
 /// the queue of injected keys are the same for all.
@@ -105,6 +95,9 @@ public:
     virtual bool tellsFault(Window& window, const std::exception& fault);
 
     virtual SettingsStore& settings() = 0;
+    /// How the user left the windows; for this session alone until a store has been set.
+    Remembered& remembered() { return remembered_; }
+    void setRemembered(std::unique_ptr<SettingsStore> store) { remembered_ = Remembered(std::move(store)); }
     /// Starts the system's browser at an address; throws Fault when there is none.
     virtual void openBrowser(std::string_view address) = 0;
     Components& components() { return components_; }
@@ -125,6 +118,7 @@ private:
     unsigned yields_ = 0;
     bool yieldsAlways_ = false;
     Components components_;
+    Remembered remembered_;
     std::shared_ptr<basics::SupportRecord> support_ = nowhere();
 };
 

@@ -142,6 +142,22 @@ TEST_F(UserFiles, SettingsComeBackAsTheyWereStored) {
     EXPECT_THROW(store.write("Vexora", "벡 소라", "복용법 추가메모1", "x"), basics::Fault);
 }
 
+TEST_F(UserFiles, WhatTheWindowsWereLikeIsNeverAFailure) {
+    const auto session = [] { return screen::Remembered(std::make_unique<settings::UserSettings>()); };
+    const fs::path file = home / ".config/Vexora/windows/settings.ini";
+    session().keep("zoom", "125");
+    EXPECT_EQ(session().text("zoom"), "125");
+    const std::string damaged("\xff\0=\n[windows\nzoom", 17), notOurs(2'000'000, 'x');
+    for (const auto& [text, next] : {std::pair{damaged, "150"}, {notOurs, ""}}) {
+        std::ofstream(file) << text;
+        screen::Remembered here = session();
+        EXPECT_EQ(here.text("zoom"), "");
+        here.keep("zoom", "150");
+        EXPECT_EQ(here.text("zoom"), "150");
+        EXPECT_EQ(session().text("zoom"), next);
+    }
+}
+
 TEST(SettingsText, LinesOfOthersAreKept) {
     settings::SettingsText text(
         "\uFEFF# by hand\r\nstray\r\n[a]\r\nk=1\r\n# k=2\r\nwhat\r\n\r\n[b]\r\nk=3\r\nk=4");
