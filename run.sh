@@ -53,64 +53,19 @@ if [ -z "$mode" ]; then
   if has_display; then mode=chart; fi
 fi
 
-data="${XDG_DATA_HOME:-$HOME/.local/share}/zelvo"
-db="$data/pharmacy.db"
-"$build"/bin/zelvo-pharmacy --db "$db" init "${fresh[@]}" >&2
-
-ready=$(mktemp)
-"$build"/bin/zelvo-pharmacy --db "$db" serve --parent $$ --ready-file "$ready" >&2 &
-server=$!
-trap 'kill "$server" 2>/dev/null || true; wait "$server" 2>/dev/null || true; rm -f "$ready"' EXIT
-for _ in $(seq 100); do
-  [ -s "$ready" ] && break
-  kill -0 "$server" 2>/dev/null || { echo "The demo pharmacy did not start." >&2; exit 1; }
-  sleep 0.05
-done
-
-# The demo's own values, for --values: a password in a command line could be seen by everybody. What is said later counts, so
-# the user's own options follow them.
-clinic_values() {
-  cat <<TEXT
-server sqlite:$db
-account doctor1/\$/pass1
-hospital-name 하늘한의원
-doctor-name 이정민
-hospital-tel 02-555-0123
-doctor-cell 010-8765-4321
-hospital-zip 03045
-hospital-address 서울특별시 종로구 효자로 12
-TEXT
-}
-doctor_values() {
-  clinic_values
-  cat <<'TEXT'
-patient-pk 1024
-patient-name 김하늘
-patient-jumin 850312-2345678
-patient-age 41
-patient-sex 2
-patient-cell 010-1234-5678
-patient-tel 02-123-4567
-patient-email haneul@example.kr
-patient-zip 06236
-patient-address 서울특별시 강남구 테헤란로 152
-TEXT
-}
-nurse_values() {
-  cat <<TEXT
-server sqlite:$db
-account doctor1/\$/pass1#\$#doctor2/\$/pass2#\$#doctor3/\$/pass3
-TEXT
-}
+bin=$build/bin
+# shellcheck source=demo/session.sh
+. demo/session.sh
+open_pharmacy "${fresh[@]}"
 
 status=0
 case "$mode" in
   chart)
-    "$build"/bin/zelvo-chart --values <(clinic_values) || status=$?
+    "$bin"/zelvo-chart --values <(clinic_values) 7>&- 8>&- || status=$?
     exit "$status"
     ;;
   doctor|nurse)
-    "$build"/bin/zelvo "$mode" --values <("${mode}_values") "$@" || status=$?
+    "$bin"/zelvo "$mode" --values <("${mode}_values") "$@" 7>&- 8>&- || status=$?
     exit "$status"
     ;;
 esac
@@ -119,13 +74,13 @@ esac
 window_pictures() {
   rm -rf out
   QT_QPA_PLATFORM="offscreen:configfile=demo/stage/screen.json" QT_LOGGING_RULES="default.warning=false" \
-    "$build"/bin/zelvo-stage out doctor --script demo/scenarios/first-order.zs --values <(doctor_values) >/dev/null
+    "$bin"/zelvo-stage out doctor --script demo/scenarios/first-order.zs --values <(doctor_values) >/dev/null
   echo
   echo "The same through the real windows, a picture of each step: $(find out -name '*.png' | wc -l) in out/"
 }
 
 before=$(sqlite3 "$db" 'SELECT COALESCE(MAX(CBJ_PK), 0) FROM t_ChubangJun')
-"$build"/bin/zelvo doctor --console --script demo/scenarios/first-order.zs --values <(doctor_values)
+"$bin"/zelvo doctor --console --script demo/scenarios/first-order.zs --values <(doctor_values)
 show() {
   echo
   echo "$1"

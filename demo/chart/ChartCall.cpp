@@ -184,6 +184,9 @@ std::string chartUsage() {
            "      --patient-pk N --patient-name T --patient-jumin T --patient-age N --patient-sex N --patient-cell T\n"
            "      --patient-tel T --patient-email T --patient-zip T --patient-address T\n"
            "      --hospital-name T --doctor-name T --hospital-tel T --doctor-cell T --hospital-zip T --hospital-address T\n"
+           "       zelvo --help|--version\n"
+           "\n"
+           "Opens the order window of ZELVO as a chart would, and prints what the chart would get.\n"
            "\n"
            "ADDRESS is \"sqlite:\" and a file's path, or a SQL Server. A text not given is empty, a number is 0.\n" +
            std::string(valuesHelp) +
@@ -197,10 +200,23 @@ std::string chartUsage() {
 std::string clinicUsage() {
     return "usage: zelvo-chart [--values FILE] [--server ADDRESS] [--account TEXT] [--hospital-name T] [--doctor-name T]\n"
            "      [--hospital-tel T] [--doctor-cell T] [--hospital-zip T] [--hospital-address T]\n"
+           "       zelvo-chart --help|--version\n"
            "\n"
-           "A chart with a few patients: Enter on one of them opens ZELVO for him, and what he is ordered is kept in his\n"
-           "record. ADDRESS is \"sqlite:\" and a file's path, or a SQL Server.\n" +
-           std::string(valuesHelp);
+           "Opens a chart with a few patients: Enter on one of them opens ZELVO for him, and what he is ordered is kept in\n"
+           "his record.\n"
+           "\n"
+           "ADDRESS is \"sqlite:\" and a file's path, or a SQL Server.\n" +
+           std::string(valuesHelp) +
+           "\nexit: 0 the chart has been closed; 1 no window can be opened; 2 an option that can't be read\n";
+}
+
+bool tellsOfItself(const std::vector<std::string>& words, const std::string& program,
+                   const std::string& usage) {
+    if (words.size() != 1) return false;
+    const bool help = words[0] == "--help" || words[0] == "-h";
+    if (help) std::cout << usage;
+    if (words[0] == "--version") std::cout << program << " " << ZELVO_VERSION << "\n";
+    return help || words[0] == "--version";
 }
 
 }  // namespace chart

@@ -34,4 +34,8 @@ bool readClinic(const std::vector<std::string>& words, ChartCall& clinic, std::s
 std::string chartUsage();
 std::string clinicUsage();
 
+/// Whether the words ask for the usage or the version alone, which is printed then.
+bool tellsOfItself(const std::vector<std::string>& words, const std::string& program,
+                   const std::string& usage);
+
 }  // namespace chart

@@ -66,10 +66,7 @@ int inTerminal(const chart::ChartCall& call) {
 
 int main(int argc, char** argv) {
     const std::vector<std::string> words(argv + 1, argv + argc);
-    if (words.size() == 1 && (words[0] == "--help" || words[0] == "-h")) {
-        std::cout << chart::chartUsage();
-        return 0;
-    }
+    if (chart::tellsOfItself(words, "zelvo", chart::chartUsage())) return 0;
     chart::ChartCall call;
     std::string error;
     if (!chart::readChartCall(words, call, error)) {

@@ -21,8 +21,9 @@ constexpr int badUsage = 2;
 constexpr std::int64_t largestPort = 65535;
 
 constexpr auto help = R"(usage: zelvo-pharmacy [--db FILE] COMMAND
+       zelvo-pharmacy --help|--version
 
-The demo pharmacy: its database, its web pages and what its people do with an order.
+Keeps the demo pharmacy: its database, its web pages and what its people do with an order.
 
   init [--fresh]           make the database with its catalogue; one that is there stays, unless --fresh
   serve [--port N] [--ready-file FILE] [--parent PID]
@@ -34,6 +35,8 @@ The demo pharmacy: its database, its web pages and what its people do with an or
   deposit DTR_ID WON       pay in for a doctor; a negative amount pays out
 
   --db FILE                the database; otherwise zelvo/pharmacy.db in the user's data folder
+
+exit: 0 done; 1 it can't be done: no such order, doctor or pharmacy; 2 words that can't be understood
 )";
 
 /// A problem with the words themselves.
@@ -51,7 +54,7 @@ bool takesValue(const std::string& word) {
     return word == "--db" || word == "--port" || word == "--ready-file" || word == "--parent";
 }
 bool isSwitch(const std::string& word) {
-    return word == "--fresh" || word == "--help" || word == "-h";
+    return word == "--fresh" || word == "--help" || word == "-h" || word == "--version";
 }
 
 Words sortWords(const std::vector<std::string>& words) {
@@ -177,6 +180,10 @@ int run(const std::vector<std::string>& words) {
     const auto sorted = sortWords(words);
     if (sorted.options.contains("--help") || sorted.options.contains("-h")) {
         std::cout << help;
+        return done;
+    }
+    if (sorted.options.contains("--version")) {
+        std::cout << "zelvo-pharmacy " << ZELVO_VERSION << "\n";
         return done;
     }
     if (sorted.plain.empty()) throw UsageError{"a command is missing (--help lists them)"};

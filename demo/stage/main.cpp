@@ -1,7 +1,4 @@
-// A console script worked through the real windows, with a picture of each step: zelvo-stage PICTURES
-// doctor|nurse
-// --script FILE [OPTION...], the options being those of zelvo. zelvo-stage --display only tells whether a
-// window could be shown to somebody.
+// A console script worked through the real windows, with a picture of each step.
 #include <QtWidgets/QApplication>
 #include <filesystem>
 #include <fstream>
@@ -70,6 +67,14 @@ void passOn(QtMsgType, const QMessageLogContext&, const QString& message) {
     std::cerr << message.toStdString() << "\n";
 }
 
+constexpr const char* usage =
+    "usage: zelvo-stage PICTURES doctor|nurse --script FILE [OPTION...]\n"
+    "       zelvo-stage --display\n"
+    "       zelvo-stage --help|--version\n"
+    "\n"
+    "Works a console script through the real windows, and puts a picture of each step into the folder PICTURES.\n"
+    "The OPTIONs are those of zelvo. --display only tells whether a window could be shown to somebody.\n";
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -79,12 +84,12 @@ int main(int argc, char** argv) {
         if (!missing.empty()) std::cerr << missing << "\n";
         return missing.empty() ? zelvo::console::exits::done : zelvo::console::exits::failed;
     }
+    if (chart::tellsOfItself({argv + 1, argv + argc}, "zelvo-stage", usage))
+        return zelvo::console::exits::done;
     chart::ChartCall call;
     std::string error;
     if (argc < 3 || !chart::readChartCall({argv + 2, argv + argc}, call, error) || call.script.empty()) {
-        std::cerr << "usage: zelvo-stage PICTURES doctor|nurse --script FILE [OPTION...]\n"
-                     "       zelvo-stage --display\n"
-                  << error << "\n";
+        std::cerr << "zelvo-stage: " << error << "\n" << usage;
         return zelvo::console::exits::unreadable;
     }
     try {

@@ -51,5 +51,12 @@ without 'no Korean font' 'No Korean font' QT_QPA_PLATFORM=offscreen FONTCONFIG_F
 
 calls=("$prefix/bin/zelvo-chart")
 without 'a chart with windows of its own' 'no window can be opened: could not connect to display'
-"$prefix/bin/zelvo-chart" --help >/dev/null
+for program in zelvo zelvo-chart zelvo-demo zelvo-pharmacy; do
+  said=$("$prefix/bin/$program" --version)
+  [ "$said" = "$program $(pkg-config --modversion doctorzelvo)" ] || fail "$program says of its version: $said"
+  page=$(man -l "$prefix/share/man/man1/$program.1.gz" 2>/dev/null || zcat "$prefix/share/man/man1/$program.1.gz")
+  [[ $page = *NAME*"$program"*SYNOPSIS*DESCRIPTION* ]] || fail "$program has no man page"
+done
+bash -c ". '$prefix/share/bash-completion/completions/zelvo'; COMP_WORDS=(zelvo nurse --hospital-n) COMP_CWORD=2; _zelvo
+         [ \"\${COMPREPLY[*]}\" = --hospital-name ]" || fail "the words of zelvo are not completed"
 "$prefix/bin/zelvo-pharmacy" --db "$scratch/pharmacy.db" init >/dev/null

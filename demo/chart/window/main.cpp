@@ -31,10 +31,7 @@ void lookingForDisplay(QtMsgType type, const QMessageLogContext& where, const QS
 
 int main(int argc, char** argv) {
     const std::vector<std::string> words(argv + 1, argv + argc);
-    if (words.size() == 1 && (words[0] == "--help" || words[0] == "-h")) {
-        std::cout << chart::clinicUsage();
-        return 0;
-    }
+    if (chart::tellsOfItself(words, "zelvo-chart", chart::clinicUsage())) return 0;
     chart::ChartCall clinic;
     std::string error;
     if (!chart::readClinic(words, clinic, error)) {
@@ -46,6 +43,7 @@ int main(int argc, char** argv) {
     QApplication application(count, argv);
     qInstallMessageHandler(usual);
     QApplication::setApplicationName(QStringLiteral("zelvo-chart"));
+    QApplication::setDesktopFileName(QStringLiteral("org.doctorzelvo.Chart"));
     chart::ChartWindow window(clinic, patients());
     window.show();
     return QApplication::exec();
