@@ -1,17 +1,22 @@
-// Where the widgets of the main window stand: for a doctor and for a nurse, on every screen and at every
-// scale.
+// Where the widgets of all windows stand, and what a reader of the screen finds there: for a doctor and for a
+// nurse, on every screen and at every scale.
 #include <QtGui/QAccessible>
-#include <QtWidgets/QAbstractButton>
 #include <QtWidgets/QLabel>
+#include <QtWidgets/QLineEdit>
 #include <QtWidgets/QScrollArea>
 #include <QtWidgets/QScrollBar>
 #include <QtWidgets/QTabBar>
 #include <QtWidgets/QTabWidget>
 #include <QtWidgets/QTableView>
+#include <QtWidgets/QToolButton>
 #include <set>
 
 #include "GuiSession.h"
+#include "components/AccountPrompt.h"
+#include "components/EatGuideEditor.h"
+#include "components/PostalLookup.h"
 #include "screen/Fields.h"
+#include "screen/Grid.h"
 
 namespace zelvo::testing {
 namespace {
@@ -36,13 +41,14 @@ std::vector<const QWidget*> piecesOf(const QWidget& page, const qt::Shell& shell
     }
     for (const QLabel* label : page.findChildren<QLabel*>())
         if (!label->text().isEmpty()) add(label);
+    for (const QToolButton* button : page.findChildren<QToolButton*>()) add(button);
     return pieces;
 }
 
 /// Nothing shares its place with anything else, and nothing is cut by what holds it.
 void expectRoomForAll(const QWidget& page, const qt::Shell& shell, const std::string& where) {
     const auto pieces = piecesOf(page, shell);
-    ASSERT_GT(pieces.size(), 3U) << where;
+    ASSERT_FALSE(pieces.empty()) << where;
     for (std::size_t i = 0; i < pieces.size(); ++i) {
         const QWidget& one = *pieces[i];
         const std::string name = where + one.objectName().toStdString();
@@ -59,58 +65,155 @@ void expectRoomForAll(const QWidget& page, const qt::Shell& shell, const std::st
     }
 }
 
-/// Whatever can be worked has a name for a reader of the screen.
+std::string nameOf(const QAccessibleInterface& at) {
+    return at.text(QAccessible::Name).simplified().toStdString();
+}
+
+/// A table is read as it is seen: its shown columns, heads first.
+void expectShownColumns(const QAccessibleInterface& at, const std::string& where) {
+    const auto& table = dynamic_cast<const QTableView&>(*at.object());
+    int columns = 0;
+    for (int column = 0; column < table.model()->columnCount(); ++column) {
+        if (table.isColumnHidden(column)) continue;
+        EXPECT_EQ(at.child(columns++)->text(QAccessible::Name),
+                  table.model()->headerData(column, Qt::Horizontal).toString())
+            << where << table.objectName().toStdString();
+    }
+    EXPECT_EQ(at.childCount(), (table.model()->rowCount() + 1) * columns) << where;
+}
+
+/// Whatever can be worked has a name for a reader of the screen, which is its label.
 void expectNames(const QAccessibleInterface& at, const std::string& where) {
     static const std::set<QAccessible::Role> worked{
-        QAccessible::PushButton, QAccessible::CheckBox,     QAccessible::RadioButton,
-        QAccessible::ComboBox,   QAccessible::EditableText, QAccessible::SpinBox,
-        QAccessible::List,       QAccessible::Table,        QAccessible::PageTab};
+        QAccessible::PushButton,   QAccessible::CheckBox,   QAccessible::RadioButton, QAccessible::ComboBox,
+        QAccessible::EditableText, QAccessible::SpinBox,    QAccessible::List,        QAccessible::Table,
+        QAccessible::PageTab,      QAccessible::ButtonMenu, QAccessible::Window,      QAccessible::Dialog};
     if (at.state().invisible) return;
+    const std::string what = where + (at.object() ? at.object()->objectName().toStdString() : "a part");
     if (worked.contains(at.role())) {
-        EXPECT_FALSE(at.text(QAccessible::Name).trimmed().isEmpty())
-            << where << (at.object() ? at.object()->objectName().toStdString() : "a part") << " has no name";
+        EXPECT_NE(nameOf(at), "") << what << " has no name";
     }
-    if (at.role() == QAccessible::Table) return;
+    if (const auto* label = qobject_cast<QLabel*>(at.object()); label && label->buddy()) {
+        const QString words = label->text().remove(QLatin1Char(':')).simplified();
+        EXPECT_TRUE(QAccessible::queryAccessibleInterface(label->buddy())
+                        ->text(QAccessible::Name)
+                        .contains(words.section(QLatin1Char(' '), -1)))
+            << what << " is another's label";
+    }
+    if (at.role() == QAccessible::Table) return expectShownColumns(at, where);
     for (int i = 0; i < at.childCount(); ++i)
         if (const auto* child = at.child(i)) expectNames(*child, where);
 }
 
-/// Every page of the session in view at a size of the screen, at a scale in per cent.
-void expectPagesFit(GuiSession& session, const QSize& screen, int scale, const std::string& who) {
+const std::initializer_list<QSize> screens{{1280, 800}, {1366, 768}, {1920, 1080}};
+const std::initializer_list<int> scales{100, 125, 150, 200};
+
+/// What a screen has for a window, at a scale in per cent.
+QSize roomOn(const QSize& screen, int scale) {
+    return screen * 100 / scale - QSize(0, titleBar);
+}
+
+std::string named(const std::string& who, const QSize& room) {
+    return who + " in " + std::to_string(room.width()) + "x" + std::to_string(room.height()) + ": ";
+}
+
+/// Every page of the session in view in such a room.
+void expectPagesFit(GuiSession& session, const QSize& room, const std::string& who) {
     qt::Shell& shell = session.glass().shell();
-    shell.resize(screen.width() * 100 / scale, screen.height() * 100 / scale - titleBar);
+    shell.resize(room);
     auto& tabs = session.widget<QTabWidget>("c1tMain");
     for (int page = 0; page < tabs.count(); ++page) {
         if (!tabs.isTabEnabled(page)) continue;
         session.hand().tab("c1tMain", page);
         GlassDesktop::settle();
-        const std::string where = who + " " + std::to_string(screen.width()) + "x" +
-                                  std::to_string(screen.height()) + " at " + std::to_string(scale) +
-                                  " %, page " + std::to_string(page) + ": ";
+        const std::string where = named(who + ", page " + std::to_string(page), room);
         auto& area = *tabs.widget(page)->findChild<QScrollArea*>();
         expectRoomForAll(*area.widget(), shell, where);
-        if (scale == 100) expectNames(*QAccessible::queryAccessibleInterface(area.widget()), where);
         for (const QWidget* fixed :
              std::initializer_list<QWidget*>{tabs.tabBar(), &session.widget<QWidget>("stbMain")})
             EXPECT_TRUE(shell.rect().contains(placeOf(*fixed, shell)))
                 << where << fixed->objectName().toStdString();
         const QSize least = area.widget()->minimumSizeHint();
         EXPECT_TRUE(!area.horizontalScrollBar()->isVisible() || least.width() > area.width()) << where;
-        if (screen.width() < 1280 * scale / 100 || screen.height() < 768 * scale / 100) continue;
+        if (room.width() < 1280 || room.height() < 768 - titleBar) continue;
         EXPECT_FALSE(area.horizontalScrollBar()->isVisible() || area.verticalScrollBar()->isVisible())
             << where;
     }
 }
 
-TEST(Layout, EveryPageHasRoomOnEveryScreen) {
+/// The window in front, in each room that a screen has for it.
+void expectWindowFits(const qt::Shell& shell, const std::string& who) {
+    auto& wanting = const_cast<qt::Shell&>(shell);
+    const QSize wanted = shell.size();
+    const std::string where = who + " " + shell.window().name();
+    expectNames(*QAccessible::queryAccessibleInterface(&wanting), where + ": ");
+    const auto& area = *shell.findChild<QScrollArea*>(QString(), Qt::FindDirectChildrenOnly);
+    for (const QSize& screen : screens) {
+        for (const int scale : scales) {
+            const QSize room = wanted.boundedTo(roomOn(screen, scale));
+            wanting.resize(room);
+            GlassDesktop::settle();
+            expectRoomForAll(*area.widget(), shell, named(where, room));
+            EXPECT_TRUE(room != wanted || !area.verticalScrollBar()->isVisible()) << named(where, room);
+        }
+    }
+}
+
+/// Each of the small windows, opened over the main one.
+void expectSmallWindowsFit(GuiSession& session, const std::string& who) {
+    screen::Desktop& desktop = session.desktop;
+    const auto look = [&](const char* name) {
+        session.desktop.whenShown(name,
+                                  [&](screen::Window&) { expectWindowFits(session.glass().shell(), who); });
+    };
+    std::string a, b, patient = "김하늘", sheet;
+    std::int32_t place = 0;
+    look("frmLogin");
+    components::AccountPrompt(desktop).Login(a, b);
+    look("frmChangePassword");
+    components::AccountPrompt(desktop).ChangePassword("pass1", a);
+    look("frmEatGuideEditor");
+    components::EatGuideEditor(desktop).edit(nullptr, patient, sheet, a, b);
+    look("frmPostalLookup");
+    components::PostalLookup(desktop, {}).ZipCode(patient, a, b, place, place);
+    look("frmMessage");
+    session.hand().pressKey(Qt::Key_F1);
+}
+
+/// Those that open from a new order.
+void expectOrderWindowsFit(GuiSession& session) {
+    auto& hand = session.hand();
+    const auto look = [&](const char* name, const char* then) {
+        session.desktop.whenShown(name, [&session, then](screen::Window&) {
+            expectWindowFits(session.glass().shell(), "doctor");
+            session.hand().pressNamed(then);
+        });
+    };
+    hand.tab("c1tMain", 1);
+    look("frmChubangRead", "Esc");
+    hand.press("sscCBJRead");
+    hand.cellKey("tdbDGL", "약재명", "Enter");
+    hand.cell("tdbDGL", "약재명", "당귀");
+    look("frmYakGukDrug", "Enter");
+    hand.cellKey("tdbDGL", "약재명", "Enter");
+    hand.cell("tdbDGL", "용량(g)", "6");
+    look("frmMyChuBang", "Esc");
+    hand.press("sscMyChubangReg");
+}
+
+TEST(Layout, EveryWindowHasRoomOnEveryScreen) {
     const auto onAll = [](GuiSession& session, const std::string& who) {
         for (const char* comesAndGoes : {"ssrCBJSend", "sschkCBJmUpdate", "ssrCBJmUpdate", "ssrCBJmCancel"})
             session.hand().find(comesAndGoes).setVisible(true);
-        for (const QSize& screen : {QSize(1280, 800), QSize(1366, 768), QSize(1920, 1080)})
-            for (const int scale : {100, 125, 150, 200}) expectPagesFit(session, screen, scale, who);
+        for (const QSize& screen : screens)
+            for (const int scale : scales) expectPagesFit(session, roomOn(screen, scale), who);
+        expectSmallWindowsFit(session, who);
     };
     GuiSession doctor;
-    doctor.run([&] { onAll(doctor, "doctor"); });
+    doctor.run([&] {
+        onAll(doctor, "doctor");
+        expectOrderWindowsFit(doctor);
+    });
     GuiSession nurse;
     nurse.runNurse("doctor1/$/pass1#$#doctor2/$/pass2", [&] {
         onAll(nurse, "nurse");
@@ -119,6 +222,45 @@ TEST(Layout, EveryPageHasRoomOnEveryScreen) {
         const auto& list = nurse.widget<QTableView>("tdbCBJ");
         EXPECT_FALSE(list.horizontalScrollBar()->isVisible())
             << "every column is in view in " << list.width();
+    });
+}
+
+TEST(Layout, AReaderOfTheScreenFindsWhatIsSeen) {
+    const auto onAll = [](GuiSession& session, const std::string& who) {
+        auto& tabs = session.widget<QTabWidget>("c1tMain");
+        for (int page = 0; page < tabs.count(); ++page) {
+            if (!tabs.isTabEnabled(page)) continue;
+            session.hand().tab("c1tMain", page);
+            GlassDesktop::settle();
+            const auto& window = *QAccessible::queryAccessibleInterface(&session.glass().shell());
+            EXPECT_EQ(window.role(), QAccessible::Window);
+            expectNames(window, who + ", page " + std::to_string(page) + ": ");
+        }
+    };
+    GuiSession nurse;
+    nurse.runNurse("doctor1/$/pass1", [&] { onAll(nurse, "nurse"); });
+    GuiSession session;
+    session.run([&] {
+        onAll(session, "doctor");
+        const auto reads = [&](const char* field, QAccessible::Text what) {
+            return QAccessible::queryAccessibleInterface(&session.widget<QWidget>(field))->text(what);
+        };
+        EXPECT_EQ(reads("lblGongJiYakGuk(0)", QAccessible::Name), QStringLiteral("한들한약국"));
+        EXPECT_EQ(reads("cboBesongMethod", QAccessible::Name), QStringLiteral("배송방식:"));
+        EXPECT_EQ(reads("cboBesongMethod", QAccessible::Value), QStringLiteral("미정"));
+        session.hand().tab("c1tMain", 1);
+        session.hand().focus("txtPatientAge");
+        const auto said = [&] {
+            const auto& window = *QAccessible::queryAccessibleInterface(&session.glass().shell());
+            GlassDesktop::settle();
+            for (int i = 0; i < window.childCount(); ++i)
+                if (window.child(i)->role() == QAccessible::AlertMessage) return nameOf(*window.child(i));
+            return std::string();
+        };
+        session.hand().typeText("4x");
+        EXPECT_EQ(said(), "'x'은(는) 입력할 수 없습니다.");
+        session.field<screen::Grid>("tdbCostConfirm").setCaption("합계 비용 = 72,040");
+        EXPECT_EQ(said(), "합계 비용 = 72,040");
     });
 }
 

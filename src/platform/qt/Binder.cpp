@@ -16,6 +16,7 @@
 #include "platform/qt/Keys.h"
 #include "platform/qt/Mirrors.h"
 #include "platform/qt/Owned.h"
+#include "platform/qt/TextMirror.h"
 #include "platform/qt/Texts.h"
 #include "platform/qt/Twips.h"
 #include "screen/Fields.h"
@@ -185,8 +186,13 @@ bool Binder::keyDown(Mirror* mirror, QKeyEvent& event) {
         window_.desktop().deliverKeys();
         return !stands;
     }
-    window_.userKey(*key);
-    window_.desktop().deliverKeys();
+    auto* const text = dynamic_cast<TextMirror*>(mirror);
+    if (text && key->character >= U' ' && window_.focus() == &mirror->field()) {
+        text->userWrites(*key);
+    } else {
+        window_.userKey(*key);
+        window_.desktop().deliverKeys();
+    }
     return true;
 }
 

@@ -60,6 +60,7 @@ BoxDialog::BoxDialog(const screen::MessageBox& box, QWidget* over)
     setAttribute(Qt::WA_QuitOnClose, false);
     setWindowModality(Qt::ApplicationModal);
     setWindowTitle(qtText(box.caption));
+    setAccessibleDescription(text_);
     giveColours(*this);
 
     auto& icon = owned<QLabel>(this);

@@ -35,6 +35,7 @@ void setUp(QWidget& widget) {
 template <class Form>
 void setUpPage(QWidget& page) {
     auto& content = owned<QWidget>();
+    content.setProperty(formMark, true);
     setUp<Form>(content);
     auto& layout = owned<QVBoxLayout>(&page);
     layout.setContentsMargins(0, 0, 0, 0);
@@ -74,6 +75,7 @@ std::unique_ptr<QWidget> makeForm(const std::string& windowName, void (*first)(Q
                                           [&](const Form& known) { return known.window == windowName; });
     if (form == forms.end()) throw basics::Fault("no form for the window " + windowName);
     auto widget = std::make_unique<QWidget>();
+    widget->setProperty(formMark, true);
     if (first) first(*widget);
     form->setUp(*widget);
     return widget;

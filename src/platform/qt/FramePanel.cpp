@@ -24,6 +24,7 @@ FramePanel::FramePanel(QWidget* parent) : QFrame(parent) {
 void FramePanel::setCaption(const QString& caption) {
     if (caption == caption_) return;
     caption_ = caption;
+    setAccessibleName(caption);
     makeRoom();
 }
 

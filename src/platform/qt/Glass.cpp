@@ -13,6 +13,7 @@
 
 #include "platform/qt/FramePanel.h"
 #include "platform/qt/Owned.h"
+#include "platform/qt/Readers.h"
 
 namespace zelvo::qt {
 
@@ -76,6 +77,7 @@ void Glass::appear() {
     show();
     raise();
     setFocus();
+    speak(*this, accessibleName());
 }
 
 void Glass::tellTime() {

@@ -9,6 +9,7 @@
 #include "basics/Utf8.h"
 #include "platform/qt/GridDelegate.h"
 #include "platform/qt/Keys.h"
+#include "platform/qt/Readers.h"
 #include "platform/qt/Texts.h"
 #include "screen/Grid.h"
 #include "screen/Window.h"
@@ -119,11 +120,14 @@ void GridEditor::takeKey(QKeyEvent& event) {
 
 void GridEditor::type(const screen::Key& key) {
     screen::Window& window = grid_->window();
+    const std::string before = grid_->editText();
+    const bool replaces = hasSelectedText();
     if (!grid_->editing() || atEnd()) {
         window.userKey(key);
     } else if (window.userKeyHeard(key) && grid_->editing() && hasRoom()) {
         insert(qtText(basics::toUtf8(key.character)));
     }
+    if (!replaces && grid_->editing() && grid_->editText() == before) speakRefusal(*this, key);
 }
 
 bool GridEditor::hasRoom() const {

@@ -8,6 +8,7 @@
 #include "platform/qt/Contrast.h"
 #include "platform/qt/GridDelegate.h"
 #include "platform/qt/GridModel.h"
+#include "platform/qt/Readers.h"
 #include "platform/qt/Texts.h"
 #include "screen/Grid.h"
 
@@ -26,6 +27,7 @@ void GridHeader::setCaption(const QString& caption) {
     const int before = captionHeight();
     caption_ = caption;
     if (captionHeight() != before) emit geometriesChanged();
+    if (isVisible()) speak(*this, caption_);
     viewport()->update();
 }
 

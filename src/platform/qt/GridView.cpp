@@ -13,6 +13,7 @@
 #include "platform/qt/GridModel.h"
 #include "platform/qt/Owned.h"
 #include "platform/qt/SuggestionList.h"
+#include "platform/qt/TableReader.h"
 #include "platform/qt/Texts.h"
 #include "platform/qt/Twips.h"
 #include "screen/Grid.h"
@@ -236,6 +237,16 @@ void GridView::scrollContentsBy(int dx, int dy) {
     if (!grid_) return;
     placeEditor();
     tellPlaces();
+}
+
+/// Of what the toolkit tells a reader of the screen here, the numbers would count the hidden columns too.
+void GridView::currentChanged(const QModelIndex& now, const QModelIndex& before) {
+    QAbstractItemView::currentChanged(now, before);
+    tellCurrentCell(*this);
+}
+
+void GridView::selectionChanged(const QItemSelection& now, const QItemSelection& before) {
+    QAbstractItemView::selectionChanged(now, before);
 }
 
 void GridView::changeEvent(QEvent* event) {

@@ -54,6 +54,8 @@ protected:
     void changeEvent(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void scrollContentsBy(int dx, int dy) override;
+    void currentChanged(const QModelIndex& now, const QModelIndex& before) override;
+    void selectionChanged(const QItemSelection& now, const QItemSelection& before) override;
 
 private:
     void tell(const std::function<void()>& act);

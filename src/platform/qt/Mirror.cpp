@@ -18,7 +18,9 @@ void Mirror::show() {
     if (hint) hint->setVisible(!field_.visible());
     widget_.setEnabled(field_.enabled());
     widget_.setToolTip(tip());
-    if (!field_.label().empty()) widget_.setAccessibleName(qtText(field_.label()));
+    // A label says what it shows.
+    if (!field_.label().empty() && field_.kind() != screen::FieldKind::Label)
+        widget_.setAccessibleName(qtText(field_.label()));
     draw();
     drawing_ = nested;
 }

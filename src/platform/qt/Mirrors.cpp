@@ -14,12 +14,14 @@
 #include <QtWidgets/QTabWidget>
 #include <QtWidgets/QTextBrowser>
 #include <QtWidgets/QTextEdit>
+#include <utility>
 
 #include "basics/Fault.h"
 #include "platform/qt/Contrast.h"
 #include "platform/qt/FramePanel.h"
 #include "platform/qt/GridView.h"
 #include "platform/qt/LongTextMirror.h"
+#include "platform/qt/Readers.h"
 #include "platform/qt/RichMirror.h"
 #include "platform/qt/TextMirror.h"
 #include "platform/qt/Texts.h"
@@ -39,10 +41,16 @@ public:
     }
 
 private:
-    void draw() override { label_.setText(qtText(field_.caption())); }
+    void draw() override {
+        label_.setText(qtText(field_.caption()));
+        if (!label_.property("spoken").toBool()) return;
+        const QString now = field_.visible() ? label_.text() : QString();
+        if (now != std::exchange(spoken_, now)) speak(label_, now);
+    }
 
     screen::Label& field_;
     QLabel& label_;
+    QString spoken_;
 };
 
 class ButtonMirror : public Mirror {

@@ -5,6 +5,7 @@
 #include <memory>
 
 #include "platform/qt/Binder.h"
+#include "platform/qt/Readers.h"
 
 class QScreen;
 class QScrollArea;
@@ -40,6 +41,7 @@ private:
     void tellPlaces();
     QPoint wantedCorner(const Shell* over) const;
 
+    std::unique_ptr<Readers> readers_;  ///< the first window's, for all that open from it
     screen::Window& window_;
     Shell* over_;
     QScrollArea& scroll_;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "platform/qt/Readers.h"
 #include "platform/qt/Texts.h"
 #include "screen/Grid.h"
 
@@ -37,7 +38,9 @@ void SuggestionList::follow(const QWidget& viewport, const QRect& cell) {
         clear();
         addItems(shown);
     }
+    const int before = same ? currentRow() : -1;
     setCurrentRow(grid_.suggested());
+    if (currentRow() >= 0 && currentRow() != before) speak(*this, currentItem()->text());
     place(viewport, cell);
     show();
     raise();

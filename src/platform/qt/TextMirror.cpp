@@ -6,7 +6,9 @@
 #include <QtGui/QKeyEvent>
 #include <QtWidgets/QLineEdit>
 #include <algorithm>
+#include <tuple>
 
+#include "platform/qt/Readers.h"
 #include "platform/qt/Texts.h"
 #include "screen/TextField.h"
 #include "screen/Window.h"
@@ -35,6 +37,16 @@ bool TextMirror::specialKey(const QKeyEvent& key) {
         return true;
     }
     return false;
+}
+
+void TextMirror::userWrites(const screen::Key& key) {
+    const auto standing = [this] {
+        return std::tuple(edit_.text(), edit_.selectionStart(), edit_.selectionLength(), edit_.hasFocus());
+    };
+    const auto before = standing();
+    edit_.window().userKey(key);
+    edit_.window().desktop().deliverKeys();
+    if (standing() == before) speakRefusal(widget(), key);
 }
 
 bool TextMirror::filter(QWidget& target, QEvent& event) {
@@ -68,8 +80,7 @@ bool TextMirror::compose(QWidget& target, const QInputMethodEvent& event) {
         // A handler has moved the focus meanwhile: the syllable still belongs where it was begun.
         if (!edit_.hasFocus()) return edit_.userInsert(utf8(event.commitString()));
         for (const char32_t character : event.commitString().toUcs4()) {
-            edit_.window().userKey(screen::Key::typed(character));
-            edit_.window().desktop().deliverKeys();
+            userWrites(screen::Key::typed(character));
         }
     });
     show();

@@ -20,6 +20,8 @@ public:
     TextMirror(screen::EditField& field, QWidget& widget);
     bool specialKey(const QKeyEvent& key) override;
     bool filter(QWidget& target, QEvent& event) override;
+    /// A key that writes. One that the field refuses is told to whoever can't see it.
+    void userWrites(const screen::Key& key);
 
 protected:
     screen::EditField& edit() const { return edit_; }
