@@ -5,6 +5,15 @@ function(zelvo_warnings target)
                          $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>)
 endfunction()
 
+# What differs between systems stands in two files beside each other, Name_posix.cpp and Name_windows.cpp.
+if(WIN32)
+  set(ZELVO_SYSTEM windows)
+  set(ZELVO_OTHER_SYSTEM posix)
+else()
+  set(ZELVO_SYSTEM posix)
+  set(ZELVO_OTHER_SYSTEM windows)
+endif()
+
 # One static library a folder of src/, named zelvo_<folder>, so that the linker sees the order of the house as well.
 # zelvo_room(screen USES basics tables) builds src/screen/*.cpp against the rooms below it.
 function(zelvo_room name)
@@ -13,6 +22,7 @@ function(zelvo_room name)
     set(ROOM_FOLDER ${name})
   endif()
   file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/src/${ROOM_FOLDER}/*.cpp)
+  list(FILTER sources EXCLUDE REGEX "_${ZELVO_OTHER_SYSTEM}\\.cpp$")
   if(NOT sources)
     add_library(zelvo_${name} INTERFACE)
     set(scope INTERFACE)

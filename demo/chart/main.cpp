@@ -4,6 +4,7 @@
 #include <iostream>
 
 #include "ChartCall.h"
+#include "program/Arguments.h"
 
 namespace {
 
@@ -65,7 +66,7 @@ int inTerminal(const chart::ChartCall& call) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    const std::vector<std::string> words(argv + 1, argv + argc);
+    const std::vector<std::string> words = program::wordsOf(argc, argv);
     if (chart::tellsOfItself(words, "zelvo", chart::chartUsage())) return 0;
     chart::ChartCall call;
     std::string error;

@@ -117,8 +117,7 @@ int serveWords(const Words& words) {
     if (const auto port = value("--port"))
         options.port = static_cast<int>(number(*port, 0, largestPort, "the port"));
     if (const auto parent = value("--parent")) {
-        options.parent =
-            static_cast<pid_t>(number(*parent, 1, std::numeric_limits<pid_t>::max(), "the process"));
+        options.parent = number(*parent, 1, std::numeric_limits<std::int32_t>::max(), "the process");
     }
     options.readyFile = value("--ready-file").value_or("");
     return serve(options);

@@ -1,7 +1,6 @@
 #include "pharmacy/Pages.h"
 
 #include <httplib.h>
-#include <sys/socket.h>
 
 #include <algorithm>
 #include <atomic>
@@ -11,6 +10,7 @@
 #include "pharmacy/CostDesk.h"
 #include "pharmacy/Embedded.h"
 #include "pharmacy/PostalTable.h"
+#include "pharmacy/System.h"
 
 namespace zelvo::pharmacy {
 namespace {
@@ -81,10 +81,7 @@ Pages::Pages(std::string databasePath) : insides_(std::make_unique<Insides>()) {
     server.new_task_queue = [] { return std::make_unique<httplib::ThreadPool>(threads).release(); };
     server.set_payload_max_length(largestBody);
     // Without this a second server could take the same port and answer half of the requests.
-    server.set_socket_options([](socket_t socket) {
-        const int yes = 1;
-        setsockopt(socket, SOL_SOCKET, SO_REUSEADDR, &yes, sizeof yes);
-    });
+    server.set_socket_options([](socket_t socket) { keepPort(static_cast<std::uintptr_t>(socket)); });
     const auto form = [&path](Answer answer) {
         return [&path, answer](const httplib::Request&, httplib::Response& response,
                                const httplib::ContentReader& reader) {

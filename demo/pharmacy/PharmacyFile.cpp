@@ -1,33 +1,26 @@
 #include "pharmacy/PharmacyFile.h"
 
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
-
-#include <cerrno>
-#include <cstdlib>
 #include <filesystem>
 #include <system_error>
 
+#include "basics/Paths.h"
 #include "pharmacy/Embedded.h"
 #include "pharmacy/Sqlite.h"
+#include "pharmacy/System.h"
 
 namespace zelvo::pharmacy {
 namespace {
 
 namespace fs = std::filesystem;
-
-std::string environment(const char* name) {
-    const char* value = std::getenv(name);
-    return value == nullptr ? std::string() : std::string(value);
-}
+using basics::pathOf;
+using basics::textOf;
 
 /// Doctors' passwords and patients' numbers stand in it: the file is the user's alone, and so is what SQLite
 /// writes beside it.
 void makePrivate(const std::string& path) {
     for (const char* part : {"", "-journal", "-wal", "-shm"}) {
         std::error_code notThere;
-        fs::permissions(path + part, fs::perms::owner_read | fs::perms::owner_write, notThere);
+        fs::permissions(pathOf(path + part), fs::perms::owner_read | fs::perms::owner_write, notThere);
     }
 }
 
@@ -35,20 +28,13 @@ void makePrivate(const std::string& path) {
 void makeFolder(const fs::path& folder) {
     if (folder.empty()) return;
     const bool made = fs::create_directories(folder);
-    const bool usual = folder.lexically_normal() == fs::path(defaultDatabasePath()).parent_path();
+    const bool usual = folder.lexically_normal() == pathOf(defaultDatabasePath()).parent_path();
     std::error_code notOurs;
     if (made || usual) fs::permissions(folder, fs::perms::owner_all, notOurs);
 }
 
-/// Private from its first byte on.
-void makeEmpty(const std::string& path) {
-    const int file = open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, S_IRUSR | S_IWUSR);
-    if (file < 0) throw std::system_error(errno, std::generic_category());
-    close(file);
-}
-
 void fill(const std::string& path) {
-    makeEmpty(path);
+    makePrivateFile(pathOf(path));
     Database database(path);
     Transaction transaction(database);
     for (const auto& script : databaseScripts()) database.run(std::string(script.text));
@@ -58,17 +44,12 @@ void fill(const std::string& path) {
 }  // namespace
 
 std::string defaultDatabasePath() {
-    fs::path folder = environment("XDG_DATA_HOME");
-    if (folder.empty()) {
-        const auto home = environment("HOME");
-        if (home.empty()) return {};
-        folder = fs::path(home) / ".local" / "share";
-    }
-    return (folder / "zelvo" / "pharmacy.db").string();
+    const fs::path folder = userDataFolder();
+    return folder.empty() ? std::string() : textOf(folder / "zelvo" / "pharmacy.db");
 }
 
 bool isPharmacy(const std::string& path) {
-    if (!fs::is_regular_file(path)) return false;
+    if (!fs::is_regular_file(pathOf(path))) return false;
     try {
         const Database database(path);
         Query count(
@@ -82,26 +63,27 @@ bool isPharmacy(const std::string& path) {
 
 Making makePharmacy(const std::string& path, bool fresh) {
     if (!fresh && isPharmacy(path)) {
-        makeFolder(fs::path(path).parent_path());
+        makeFolder(pathOf(path).parent_path());
         makePrivate(path);
         return Making::LeftAsItIs;
     }
-    if (!fresh && fs::exists(path)) throw DatabaseError(path + ": this file is there and is no pharmacy");
+    if (!fresh && fs::exists(pathOf(path)))
+        throw DatabaseError(path + ": this file is there and is no pharmacy");
     try {
-        makeFolder(fs::path(path).parent_path());
+        makeFolder(pathOf(path).parent_path());
     } catch (const fs::filesystem_error& problem) {
-        throw DatabaseError(problem.path1().string() + ": " + problem.code().message());
+        throw DatabaseError(textOf(problem.path1()) + ": " + problem.code().message());
     }
     // Built beside its place and moved there whole: nobody ever meets half a catalogue.
-    const auto draft = path + "." + std::to_string(getpid()) + ".new";
+    const auto draft = path + "." + std::to_string(processNumber()) + ".new";
     std::error_code error;
-    fs::remove(draft, error);
+    fs::remove(pathOf(draft), error);
     try {
         fill(draft);
-        for (const char* part : {"-journal", "-wal", "-shm"}) fs::remove(path + part, error);
-        fs::rename(draft, path);
+        for (const char* part : {"-journal", "-wal", "-shm"}) fs::remove(pathOf(path + part), error);
+        fs::rename(pathOf(draft), pathOf(path));
     } catch (const std::exception& problem) {
-        fs::remove(draft, error);
+        fs::remove(pathOf(draft), error);
         throw DatabaseError(path + ": " + problem.what());
     }
     return Making::Made;

@@ -1,45 +1,18 @@
 #include "pharmacy/Server.h"
 
-#include <cerrno>
-#include <csignal>
-#include <ctime>
 #include <fstream>
 #include <iostream>
 
+#include "basics/Paths.h"
 #include "pharmacy/Pages.h"
 #include "pharmacy/PharmacyBook.h"
+#include "pharmacy/System.h"
 
 namespace zelvo::pharmacy {
-namespace {
-
-constexpr long parentLookNanoseconds = 250'000'000;
-
-bool isGone(pid_t process) {
-    return process != 0 && kill(process, 0) == -1 && errno == ESRCH;
-}
-
-/// Blocked in every thread that starts from here, so that they arrive in `waitForEnd` alone.
-sigset_t blockEndSignals() {
-    sigset_t signals;
-    sigemptyset(&signals);
-    sigaddset(&signals, SIGTERM);
-    sigaddset(&signals, SIGINT);
-    pthread_sigmask(SIG_BLOCK, &signals, nullptr);
-    return signals;
-}
-
-void waitForEnd(const sigset_t& signals, pid_t parent, const Pages& pages) {
-    const timespec look{0, parentLookNanoseconds};
-    while (pages.isServing() && !isGone(parent)) {
-        if (sigtimedwait(&signals, nullptr, &look) > 0) return;
-    }
-}
-
-}  // namespace
 
 int serve(const ServeOptions& options) {
     PharmacyBook book(options.databasePath);
-    const auto signals = blockEndSignals();
+    const EndRequests requests;
     Pages pages(options.databasePath);
     const int port = pages.bind(options.port);
     if (port == 0) {
@@ -50,11 +23,12 @@ int serve(const ServeOptions& options) {
     book.publishAddresses(base);
     pages.start();
     std::cout << "listening " << base << std::endl;
-    if (!options.readyFile.empty() && !(std::ofstream(options.readyFile) << port << std::endl)) {
+    if (!options.readyFile.empty() &&
+        !(std::ofstream(basics::pathOf(options.readyFile)) << port << std::endl)) {
         std::cerr << "zelvo-pharmacy: " << options.readyFile << " cannot be written\n";
         return 1;
     }
-    waitForEnd(signals, options.parent, pages);
+    requests.wait(options.parent, [&pages] { return pages.isServing(); });
     return 0;
 }
 

@@ -1,16 +1,15 @@
 #pragma once
 
-#include <sys/types.h>
-
+#include <cstdint>
 #include <string>
 
 namespace zelvo::pharmacy {
 
 struct ServeOptions {
     std::string databasePath;
-    int port = 0;           // 0: any free one
-    std::string readyFile;  // gets the port once it listens; none when empty
-    pid_t parent = 0;       // ends when this process is gone; 0: none
+    int port = 0;             // 0: any free one
+    std::string readyFile;    // gets the port once it listens; none when empty
+    std::int64_t parent = 0;  // ends when this process is gone; 0: none
 };
 
 /// Serves the pages until SIGTERM or SIGINT, or until the parent is gone, with the addresses told to the

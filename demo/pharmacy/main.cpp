@@ -1,8 +1,6 @@
-#include <string>
-#include <vector>
-
 #include "pharmacy/Commands.h"
+#include "program/Arguments.h"
 
 int main(int argc, char** argv) {
-    return zelvo::pharmacy::runCommand(std::vector<std::string>(argv + 1, argv + argc));
+    return zelvo::pharmacy::runCommand(program::wordsOf(argc, argv));
 }

@@ -5,8 +5,10 @@
 #include <memory>
 #include <string>
 
-#if defined(_WIN32)
+#if defined(_WIN32) && defined(DoctorZELVO_EXPORTS)
 #define DOCTORZELVO_API __declspec(dllexport)
+#elif defined(_WIN32)
+#define DOCTORZELVO_API __declspec(dllimport)
 #else
 #define DOCTORZELVO_API __attribute__((visibility("default")))
 #endif

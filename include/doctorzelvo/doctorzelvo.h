@@ -6,8 +6,10 @@
 #include <stddef.h>
 #include <stdint.h>
 
-#if defined(_WIN32)
+#if defined(_WIN32) && defined(DoctorZELVO_EXPORTS)
 #define DOCTORZELVO_C_API __declspec(dllexport)
+#elif defined(_WIN32)
+#define DOCTORZELVO_C_API __declspec(dllimport)
 #else
 #define DOCTORZELVO_C_API __attribute__((visibility("default")))
 #endif

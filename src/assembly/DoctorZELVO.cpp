@@ -1,14 +1,12 @@
 #include "doctorzelvo/DoctorZELVO.hpp"
 
 #include "assembly/Component.h"
+#include "assembly/Glass.h"
 #include "assembly/HostDialogs.h"
 #include "basics/Numbers.h"
 #include "host/clsZELVOInterface.h"
-#include "platform/browser/SystemBrowser.h"
 #include "platform/console/Console.h"
 #include "platform/console/PharmacyTool.h"
-#include "platform/qt/QtDesktop.h"
-#include "platform/qt/Toolkit.h"
 #include "platform/settings/UserSettings.h"
 
 namespace doctorzelvo {
@@ -92,12 +90,9 @@ void clsZELVOInterface::Parts::runInTerminal(const clsZELVOInterface& chart, con
 }
 
 void clsZELVOInterface::Parts::runOnScreen(const clsZELVOInterface& chart, const Call& call) {
-    error = zelvo::qt::Toolkit::enter();
-    if (!error.empty()) return;
     zelvo::settings::UserSettings settings;
-    zelvo::browser::SystemBrowser browser;
-    zelvo::qt::QtDesktop desktop(settings, [&browser](std::string_view address) { browser.open(address); });
-    runOn(desktop, chart, chart.Send2Chart, call);
+    error = zelvo::assembly::runOnGlass(
+        settings, [&](zelvo::screen::Desktop& desktop) { runOn(desktop, chart, chart.Send2Chart, call); });
 }
 
 void clsZELVOInterface::Parts::runOn(zelvo::screen::Desktop& desktop, const clsZELVOInterface& chart,
@@ -149,7 +144,7 @@ bool clsZELVOInterface::ZELVOInterface_Nurse(void* conSQL, const std::string& Ya
 
 bool shutdown() {
     const Component::Turn turn(Component::instance());
-    return turn.granted() && zelvo::qt::Toolkit::leave();
+    return turn.granted() && zelvo::assembly::leaveGlass();
 }
 
 int runInTerminal(const std::string& script, const std::function<void(clsZELVOInterface&)>& chart) {

@@ -1,11 +1,11 @@
 #include "basics/Dates.h"
 
-#include <time.h>
-
 #include <array>
 #include <cstdio>
+#include <ctime>
 
 #include "basics/Fault.h"
+#include "basics/LocalTime.h"
 #include "basics/Text.h"
 
 namespace zelvo::basics {
@@ -76,9 +76,7 @@ Date today() {
 }
 
 DateTime now() {
-    const time_t seconds = time(nullptr);
-    tm local{};
-    localtime_r(&seconds, &local);
+    const std::tm local = localTime(std::time(nullptr));
     return {
         {local.tm_year + 1900, local.tm_mon + 1, local.tm_mday}, local.tm_hour, local.tm_min, local.tm_sec};
 }

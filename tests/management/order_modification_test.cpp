@@ -309,6 +309,7 @@ TEST(OrderModification, AChangeWithoutAnAnswerIsAskedAfter) {
 
 /// Killed before each call of the two units of work, and behind them: whole or nothing.
 TEST(OrderModification, AKillLeavesAllOrNothing) {
+    if (!testing::canDie()) GTEST_SKIP();
     for (const bool canceling : {false, true}) {
         const int calls = canceling ? 5 : 9;
         for (int at = 1; at <= calls + 1; ++at) {

@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
-# Runs one console script on a demo pharmacy of its own: run.sh BIN_DIR SCRIPT [stage|desk]; on the stage it works the real
-# windows, on a screen that nobody sees; on the desk it goes through the real driver of a SQL Server, to a desk that is none.
+# Runs one console script on a demo pharmacy of its own: run.sh BIN_DIR SCRIPT [stage|desk|wine]; on the stage it works the
+# real windows, on a screen that nobody sees; on the desk it goes through the real driver of a SQL Server, to a desk that is
+# none; by wine it runs the programs for Windows.
 # A line "# call: ..." in the script gives the words behind `zelvo`; "# exit: N" the exit code it comes to (0 without it).
 # At a line "# killed" the program is killed as it stands, once all before it is done; a new one goes on with the rest.
 set -euo pipefail
@@ -10,10 +11,22 @@ place=${3:-console}
 scratch=$(mktemp -d)
 server=
 trap '[ -z "$server" ] || kill "$server" 2>/dev/null || true; rm -rf "$scratch"' EXIT
-export XDG_DATA_HOME="$scratch/data" XDG_CONFIG_HOME="$scratch/config"
-db="$scratch/pharmacy.db"
-"$bin/zelvo-pharmacy" --db "$db" init >/dev/null
-"$bin/zelvo-pharmacy" --db "$db" serve --parent $$ --ready-file "$scratch/port" >/dev/null &
+# Where a program sees this machine's folders, and how it is started.
+drive=
+program=()
+parent=(--parent $$)
+if [ "$place" = wine ]; then
+  drive=Z:
+  program=(wine)
+  parent=()
+  export LC_ALL=C.UTF-8
+fi
+pharmacy=("${program[@]}" "$bin/zelvo-pharmacy${program:+.exe}")
+zelvo=("${program[@]}" "$bin/zelvo${program:+.exe}")
+export XDG_DATA_HOME="$drive$scratch/data" XDG_CONFIG_HOME="$drive$scratch/config"
+db="$drive$scratch/pharmacy.db"
+"${pharmacy[@]}" --db "$db" init >/dev/null
+"${pharmacy[@]}" --db "$db" serve "${parent[@]}" --ready-file "$drive$scratch/port" >/dev/null &
 server=$!
 for _ in $(seq 200); do
   [ -s "$scratch/port" ] && break
@@ -37,7 +50,7 @@ fi
 killed=$(grep -n '^# killed' "$script" | cut -d: -f1 || true)
 if [ -n "$killed" ]; then
   mkfifo "$scratch/keys"
-  "$bin/zelvo" "${words[@]}" --console --server "$address" <"$scratch/keys" >"$scratch/before" &
+  "${zelvo[@]}" "${words[@]}" --console --server "$address" <"$scratch/keys" >"$scratch/before" &
   victim=$!
   exec 8>"$scratch/keys"
   { head -n "$killed" "$script"; echo "show c1tMain"; } >&8
@@ -52,6 +65,6 @@ if [ "$place" = stage ]; then
   export QT_QPA_PLATFORM="offscreen:configfile=$(dirname "${BASH_SOURCE[0]}")/../../demo/stage/screen.json"
   "$bin/zelvo-stage" "" "${words[@]}" --server "sqlite:$db" --script "$script" || status=$?
 else
-  "$bin/zelvo" "${words[@]}" --console --values - --script "$script" <<<"server $address" || status=$?
+  "${zelvo[@]}" "${words[@]}" --console --values - --script "$drive$(realpath "$script")" <<<"server $address" || status=$?
 fi
 [ "$status" -eq "${expected:-0}" ] || { echo "exit $status, expected ${expected:-0}" >&2; exit 1; }

@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 #include <sqlite3.h>
-#include <unistd.h>
 
 #include <map>
 #include <regex>
@@ -13,7 +12,7 @@
 #include "pharmacy/PharmacyFile.h"
 #include "pharmacy/Sqlite.h"
 #include "platform/sqlite/SqliteConnection.h"
-#include "support/Files.h"
+#include "support/TestFolder.h"
 
 namespace zelvo::testing {
 namespace {
@@ -28,24 +27,12 @@ void removeDatabase(const std::string& path) {
     }
 }
 
-/// A path that nothing stands at: a program that was killed may have left its own under the same number.
-std::string freshPath() {
-    static int number = 0;
-    const std::string name =
-        "zelvo-test-" + std::to_string(::getpid()) + "-" + std::to_string(++number) + ".db";
-    // Every commit waits for the disk; a test need not.
-    const fs::path memory = "/dev/shm";
-    const fs::path folder = ::access(memory.c_str(), W_OK) == 0 ? memory : fs::temp_directory_path();
-    removeDatabase((folder / name).string());
-    return (folder / name).string();
-}
-
 /// The bytes of a fresh pharmacy.
 std::string freshPharmacy(bool withCatalogue) {
-    const std::string path = freshPath();
+    const std::string path = freshPath(".db").string();
     if (withCatalogue) pharmacy::makePharmacy(path, true);
     if (!withCatalogue) {
-        std::ofstream(path).flush();
+        std::ofstream(path, std::ios::binary).flush();
         Database(path).run(contentOf(ZELVO_SOURCE_DIR "/demo/pharmacy/schema.sql"));
     }
     std::string bytes = contentOf(path);
@@ -62,7 +49,7 @@ std::string cell(sqlite3_stmt* statement, int column) {
 
 }  // namespace
 
-TestDatabase::TestDatabase(bool withCatalogue) : path_(freshPath()) {
+TestDatabase::TestDatabase(bool withCatalogue) : path_(freshPath(".db").string()) {
     // Made once for all tests of a program.
     static std::map<bool, std::string> pharmacies;
     std::string& bytes = pharmacies[withCatalogue];

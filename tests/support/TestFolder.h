@@ -1,31 +1,34 @@
 #pragma once
 
-#include <unistd.h>
-
-#include <cstdlib>
 #include <filesystem>
 #include <map>
 #include <memory>
+#include <random>
 #include <string>
 #include <utility>
 
+#include "basics/Paths.h"
 #include "platform/files/FileSystemObject.h"
 #include "screen/Desktop.h"
 #include "support/Files.h"
 
 namespace zelvo::testing {
 
+/// A path that nothing stands at, in memory where the machine has such a folder: every file waits for the
+/// disk, and a test need not. A program that was killed may have left others.
+inline std::filesystem::path freshPath(const std::string& ending = "") {
+    namespace fs = std::filesystem;
+    static const std::string run = std::to_string(std::random_device{}());
+    static int number = 0;
+    const fs::path memory = "/dev/shm";
+    return (fs::is_directory(memory) ? memory : fs::temp_directory_path()) /
+           ("zelvo-test-" + run + "-" + std::to_string(++number) + ending);
+}
+
 /// A folder of its own for one test, gone with the object.
 class TestFolder {
 public:
-    TestFolder() {
-        // Every file waits for the disk; a test need not.
-        const std::filesystem::path memory = "/dev/shm";
-        const auto base =
-            ::access(memory.c_str(), W_OK) == 0 ? memory : std::filesystem::temp_directory_path();
-        std::string name = (base / "zelvo-test-XXXXXX").string();
-        path = ::mkdtemp(name.data());
-    }
+    TestFolder() { std::filesystem::create_directory(path); }
     ~TestFolder() {
         std::error_code none;
         std::filesystem::remove_all(path, none);
@@ -38,19 +41,20 @@ public:
         std::map<std::string, std::string> all;
         std::error_code none;
         for (const auto& entry : std::filesystem::directory_iterator(path / folder, none)) {
-            if (entry.is_regular_file()) all[entry.path().filename().string()] = contentOf(entry.path());
+            if (entry.is_regular_file())
+                all[basics::textOf(entry.path().filename())] = contentOf(entry.path());
         }
         return all;
     }
 
-    std::filesystem::path path;
+    const std::filesystem::path path = freshPath();
 };
 
 /// The real files, in such a folder.
 class FolderFiles : public files::FileSystemObject {
 public:
     explicit FolderFiles(std::shared_ptr<TestFolder> machine) : machine_(std::move(machine)) {}
-    std::string fixedFolder(std::string_view name) override { return (machine_->path / name).string(); }
+    std::string fixedFolder(std::string_view name) override { return basics::textOf(machine_->path / name); }
 
 private:
     std::shared_ptr<TestFolder> machine_;

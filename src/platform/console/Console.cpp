@@ -1,8 +1,9 @@
 #include "platform/console/Console.h"
 
-#include <unistd.h>
-
 #include <fstream>
+
+#include "basics/Paths.h"
+#include "platform/console/System.h"
 
 namespace zelvo::console {
 
@@ -10,13 +11,14 @@ int runConsole(const ConsoleOptions& options, const std::function<void(ConsoleDe
     const bool fromFile = !options.script.empty();
     std::ifstream file;
     if (fromFile) {
-        file.open(options.script, std::ios::binary);
+        file.open(basics::pathOf(options.script), std::ios::binary);
         if (!file) {
             options.errors << options.script << ": can't be read\n";
             return exits::unreadable;
         }
     }
-    const bool person = !fromFile && &options.in == &std::cin && isatty(STDIN_FILENO) == 1;
+    const bool atTerminal = prepareTerminal();
+    const bool person = !fromFile && &options.in == &std::cin && atTerminal;
     Script script(fromFile ? file : options.in, fromFile ? options.script : "stdin",
                   person ? &options.errors : nullptr);
     ConsoleDesktop desktop({script, options.out, options.errors, options.settings, options.pharmacy});

@@ -4,12 +4,15 @@
 #include <optional>
 
 #include "basics/Fault.h"
+#include "basics/Paths.h"
 #include "basics/Utf8.h"
 #include "platform/files/UserFolders.h"
 #include "platform/files/WholeFile.h"
 
 namespace zelvo::files {
 namespace {
+
+using basics::pathOf;
 
 constexpr std::string_view byteOrderMark = "\uFEFF";
 
@@ -26,7 +29,7 @@ std::string textOf(const std::string& bytes) {
 class HeldFile : public screen::HeldFile {
 public:
     explicit HeldFile(LockedFile file) : file_(std::move(file)) {}
-    std::string path() const override { return file_.path().string(); }
+    std::string path() const override { return basics::textOf(file_.path()); }
     std::string text() const override { return textOf(file_.bytes()); }
     void remove() override { file_.remove(); }
 
@@ -41,19 +44,19 @@ std::unique_ptr<screen::HeldFile> held(std::optional<LockedFile> file) {
 }  // namespace
 
 std::string FileSystemObject::fixedFolder(std::string_view name) {
-    return (dataFolder() / name).string();
+    return basics::textOf(dataFolder() / pathOf(name));
 }
 
 void FileSystemObject::createFolder(const std::string& path) {
-    makeFolder(path);
+    makeFolder(pathOf(path));
 }
 
 std::vector<std::string> FileSystemObject::namesIn(const std::string& folder) {
     std::vector<std::string> names;
     std::error_code error;
-    for (std::filesystem::directory_iterator at(folder, error), end; !error && at != end;
+    for (std::filesystem::directory_iterator at(pathOf(folder), error), end; !error && at != end;
          at.increment(error)) {
-        names.push_back(at->path().filename().string());
+        names.push_back(basics::textOf(at->path().filename()));
     }
     const bool none = error == std::errc::no_such_file_or_directory || error == std::errc::not_a_directory;
     if (error && !none) throw basics::Fault(folder + " 폴더를 읽을 수 없습니다.");
@@ -62,31 +65,31 @@ std::vector<std::string> FileSystemObject::namesIn(const std::string& folder) {
 }
 
 std::unique_ptr<screen::HeldFile> FileSystemObject::makeFile(const std::string& path, std::string_view text) {
-    return held(LockedFile::make(path, bytesOf(text)));
+    return held(LockedFile::make(pathOf(path), bytesOf(text)));
 }
 
 std::unique_ptr<screen::HeldFile> FileSystemObject::holdFile(const std::string& path) {
-    return held(LockedFile::take(path));
+    return held(LockedFile::take(pathOf(path)));
 }
 
 void FileSystemObject::keepTextFile(const std::string& path, std::string_view text) {
-    writeWholeFile(path, bytesOf(text), OnDisk::Later);
+    writeWholeFile(pathOf(path), bytesOf(text), OnDisk::Later);
 }
 
 std::string FileSystemObject::readTextFile(const std::string& path) {
-    const auto bytes = readPlainFile(path);
+    const auto bytes = readPlainFile(pathOf(path));
     if (!bytes) throw basics::Fault(path + " 파일을 읽을 수 없습니다.");
     return textOf(*bytes);
 }
 
 void FileSystemObject::deleteFile(const std::string& path) {
     std::error_code error;
-    std::filesystem::remove(path, error);
+    std::filesystem::remove(pathOf(path), error);
     if (error) throw basics::Fault(path + " 파일을 지울 수 없습니다.");
 }
 
 void FileSystemObject::clearHalfWritten(const std::string& folder) {
-    files::clearHalfWritten(folder);
+    files::clearHalfWritten(pathOf(folder));
 }
 
 }  // namespace zelvo::files

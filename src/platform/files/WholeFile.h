@@ -6,6 +6,8 @@
 #include <string_view>
 #include <utility>
 
+#include "platform/files/OpenFile.h"
+
 namespace zelvo::files {
 
 /// Makes the folder and those above it, for this user alone. Nothing happens if it stands. Throws Fault.
@@ -35,21 +37,15 @@ public:
     /// can't be opened or is no plain file; never waits for it.
     static std::optional<LockedFile> take(const std::filesystem::path& path);
 
-    LockedFile(LockedFile&& other) noexcept
-        : path_(std::move(other.path_)), descriptor_(std::exchange(other.descriptor_, -1)) {}
-    LockedFile& operator=(LockedFile&&) = delete;
-    ~LockedFile();
-
     const std::filesystem::path& path() const { return path_; }
     std::string bytes() const;
     void remove() const;
 
 private:
-    LockedFile(std::filesystem::path path, int descriptor)
-        : path_(std::move(path)), descriptor_(descriptor) {}
+    LockedFile(std::filesystem::path path, OpenFile file) : path_(std::move(path)), file_(std::move(file)) {}
 
     std::filesystem::path path_;
-    int descriptor_;
+    OpenFile file_;
 };
 
 }  // namespace zelvo::files

@@ -45,7 +45,7 @@ std::optional<std::string> converted(std::string_view bytes, const std::string& 
     if (name.empty()) return std::nullopt;
     text::Converter converter(name);
     if (!converter.known()) return std::nullopt;
-    return converter.convert(std::string(bytes));
+    return converter.convert(bytes);
 }
 
 /// The charset in a "charset=…" of this text in lower case, "" if there is none.

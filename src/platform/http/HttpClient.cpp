@@ -3,8 +3,6 @@
 #include <curl/curl.h>
 
 #include <algorithm>
-#include <clocale>
-#include <csignal>
 #include <cstdlib>
 #include <memory>
 #include <optional>
@@ -12,6 +10,7 @@
 #include "basics/Fault.h"
 #include "basics/Text.h"
 #include "platform/http/Charset.h"
+#include "platform/http/RequestThread.h"
 #include "platform/http/WebAddress.h"
 
 namespace zelvo::http {
@@ -20,53 +19,6 @@ namespace {
 using basics::Fault;
 using std::chrono::milliseconds;
 using Clock = std::chrono::steady_clock;
-
-/// Keeps a broken connection from ending the host: while it lives, SIGPIPE of this thread waits, and one that
-/// came is taken away at the end.
-class PipeSignalHeld {
-public:
-    PipeSignalHeld() {
-        sigset_t pending{};
-        sigpending(&pending);
-        wasPending_ = sigismember(&pending, SIGPIPE) == 1;
-        sigset_t pipe{};
-        sigemptyset(&pipe);
-        sigaddset(&pipe, SIGPIPE);
-        pthread_sigmask(SIG_BLOCK, &pipe, &before_);
-    }
-    ~PipeSignalHeld() {
-        sigset_t pipe{};
-        sigemptyset(&pipe);
-        sigaddset(&pipe, SIGPIPE);
-        const timespec atOnce{};
-        if (!wasPending_) sigtimedwait(&pipe, nullptr, &atOnce);
-        pthread_sigmask(SIG_SETMASK, &before_, nullptr);
-    }
-    PipeSignalHeld(const PipeSignalHeld&) = delete;
-    PipeSignalHeld& operator=(const PipeSignalHeld&) = delete;
-
-private:
-    sigset_t before_{};
-    bool wasPending_ = false;
-};
-
-/// While it lives, this thread reads the name of a server as UTF-8, in whatever locale the host's process is.
-class Utf8Names {
-public:
-    Utf8Names() {
-        if (own_) before_ = uselocale(own_);
-    }
-    ~Utf8Names() {
-        if (!own_) return;
-        uselocale(before_);
-        freelocale(own_);
-    }
-    Utf8Names(const Utf8Names&) = delete;
-    Utf8Names& operator=(const Utf8Names&) = delete;
-
-private:
-    locale_t own_ = newlocale(LC_CTYPE_MASK, "C.UTF-8", nullptr), before_ = nullptr;
-};
 
 /// Hosts that no proxy is asked for: those of the environment and this machine itself.
 std::string directHosts() {
@@ -313,8 +265,7 @@ Download HttpClient::download(std::string_view address, const std::stop_token& s
 Download HttpClient::exchange(std::string_view address, const std::string* body,
                               const std::stop_token& stop) const {
     const WebAddress page(address);
-    const PipeSignalHeld held;
-    const Utf8Names names;
+    const RequestThread thread;
     const Clock::time_point start = Clock::now();
     Exchange request(limits_, body, stop);
     try {

@@ -1,7 +1,6 @@
 #include "platform/http/WebAddress.h"
 
 #include <curl/curl.h>
-#include <idn2.h>
 
 #include <algorithm>
 #include <memory>
@@ -9,6 +8,7 @@
 #include "basics/Fault.h"
 #include "basics/Text.h"
 #include "basics/Utf8.h"
+#include "platform/http/HostName.h"
 
 namespace zelvo::http {
 namespace {
@@ -31,14 +31,8 @@ std::string partOf(const Parts& parts, CURLUPart part) {
     return basics::cleanUtf8(text);
 }
 
-/// A host's name as name servers know it: Hangul in its ASCII form. "" for one that is none.
-std::string asciiHost(const std::string& host) {
-    if (std::none_of(host.begin(), host.end(), [](char c) { return static_cast<unsigned char>(c) >= 0x80; }))
-        return host;
-    char* ascii = nullptr;
-    if (idn2_to_ascii_8z(host.c_str(), &ascii, IDN2_NFC_INPUT | IDN2_NONTRANSITIONAL) != IDN2_OK) return {};
-    const std::unique_ptr<char, decltype(&idn2_free)> owner(ascii, &idn2_free);
-    return ascii;
+bool isAscii(std::string_view text) {
+    return std::all_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
 }
 
 }  // namespace
@@ -56,7 +50,7 @@ WebAddress::WebAddress(std::string_view text) {
         throw basics::Fault("웹페이지 주소가 올바르지 않습니다.");
     }
     host_ = partOf(parts, CURLUPART_HOST);
-    const std::string host = asciiHost(host_);
+    const std::string host = isAscii(host_) ? host_ : asciiHost(host_);
     if (host_.empty() || host.empty() ||
         (host != host_ && curl_url_set(parts.get(), CURLUPART_HOST, host.c_str(), 0) != CURLUE_OK))
         throw basics::Fault("웹페이지 주소가 올바르지 않습니다.");

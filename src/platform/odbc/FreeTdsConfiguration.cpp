@@ -1,13 +1,12 @@
 #include "platform/odbc/FreeTdsConfiguration.h"
 
-#include <unistd.h>
-
 #include <algorithm>
+#include <cstdio>
 #include <cstdlib>
-#include <filesystem>
 
 #include "data/Failure.h"
 #include "platform/odbc/ConnectionString.h"
+#include "platform/odbc/DriverSurroundings.h"
 
 namespace zelvo::odbc {
 namespace {
@@ -35,39 +34,24 @@ std::string fileText(const ServerPlace& place, const Settings& settings) {
     return text;
 }
 
-void setVariable(const std::string& name, const std::optional<std::string>& value) {
-    if (value) {
-        ::setenv(name.c_str(), value->c_str(), 1);
-    } else {
-        ::unsetenv(name.c_str());
-    }
-}
-
 }  // namespace
 
 FreeTdsConfiguration::FreeTdsConfiguration(const std::string& address, const Settings& settings) {
     const std::string text = fileText(readPlace(address), settings);
-    path_ = (std::filesystem::temp_directory_path() / "zelvo-freetds-XXXXXX").string();
-    const int descriptor = ::mkstemp(path_.data());  // readable by this user alone
-    const bool written =
-        descriptor >= 0 && ::write(descriptor, text.data(), text.size()) == static_cast<ssize_t>(text.size());
-    if (descriptor >= 0) ::close(descriptor);
-    if (!written) {
-        if (descriptor >= 0) ::unlink(path_.c_str());
-        throw data::SetupFault("FreeTDS's configuration can't be written");
-    }
+    path_ = makeTemporaryFile(text);
+    if (path_.empty()) throw data::SetupFault("FreeTDS's configuration can't be written");
     for (const char* name :
          {"FREETDSCONF", "TDSVER", "TDSHOST", "TDSPORT", "TDSQUERY", "DSQUERY", "TDSDUMP", "TDSDUMPCONFIG"}) {
         const char* const value = std::getenv(name);
         before_.emplace_back(name, value ? std::optional<std::string>(value) : std::nullopt);
-        if (value) ::unsetenv(name);
+        setVariable(name, std::nullopt);
     }
-    ::setenv("FREETDSCONF", path_.c_str(), 1);
+    setVariable("FREETDSCONF", path_);
 }
 
 FreeTdsConfiguration::~FreeTdsConfiguration() {
     for (const auto& [name, value] : before_) setVariable(name, value);
-    ::unlink(path_.c_str());
+    std::remove(path_.c_str());
 }
 
 }  // namespace zelvo::odbc

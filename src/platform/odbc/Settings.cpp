@@ -1,10 +1,12 @@
 #include "platform/odbc/Settings.h"
 
-#include <unistd.h>
+#include <fstream>
 
 #include "basics/Numbers.h"
+#include "basics/Paths.h"
 #include "basics/Utf8.h"
 #include "data/Failure.h"
+#include "platform/odbc/DriverSurroundings.h"
 
 namespace zelvo::odbc {
 namespace {
@@ -42,7 +44,8 @@ bool Settings::isFreeTds() const {
 
 Settings readSettings(const Environment& environment) {
     Settings settings;
-    settings.driver = textOf(environment, "ZELVO_ODBC_DRIVER", settings.driver);
+    settings.driver = textOf(environment, "ZELVO_ODBC_DRIVER", "");
+    if (settings.driver.empty()) settings.driver = usualDriver();
     settings.encrypted = choiceOf(environment, "ZELVO_ODBC_ENCRYPT", "on", "off", true);
     settings.checked = choiceOf(environment, "ZELVO_ODBC_CERTIFICATE", "check", "trust", settings.encrypted);
     settings.certificateFile = textOf(environment, "ZELVO_ODBC_CERTIFICATE_FILE", "");
@@ -51,7 +54,7 @@ Settings readSettings(const Environment& environment) {
     if (settings.checked && !settings.encrypted) {
         throw Fault("ZELVO_ODBC_CERTIFICATE=check needs ZELVO_ODBC_ENCRYPT=on");
     }
-    if (!settings.certificateFile.empty() && ::access(settings.certificateFile.c_str(), R_OK) != 0)
+    if (!settings.certificateFile.empty() && !std::ifstream(basics::pathOf(settings.certificateFile)))
         throw Fault("ZELVO_ODBC_CERTIFICATE_FILE can't be read");
     return settings;
 }

@@ -3,6 +3,7 @@
 #include <filesystem>
 
 #include "basics/Fault.h"
+#include "basics/Paths.h"
 #include "platform/files/UserFolders.h"
 #include "platform/settings/SettingsText.h"
 
@@ -10,7 +11,7 @@ namespace zelvo::settings {
 namespace {
 
 std::filesystem::path fileOf(std::string_view application) {
-    return files::configFolder() / application / "settings.ini";
+    return files::configFolder() / basics::pathOf(application) / "settings.ini";
 }
 
 constexpr std::uintmax_t longest = 1024 * 1024;
@@ -40,7 +41,8 @@ void UserSettings::write(std::string_view application, std::string_view section,
                          std::string_view value) {
     const auto path = fileOf(application);
     const auto text = textOf(path);
-    if (!text) throw basics::Fault("설정 파일 " + path.string() + "을(를) 읽을 수 없어 저장하지 않았습니다.");
+    if (!text)
+        throw basics::Fault("설정 파일 " + basics::textOf(path) + "을(를) 읽을 수 없어 저장하지 않았습니다.");
     SettingsText settings(*text);
     settings.setValue(section, key, value);
     files::makeFolder(path.parent_path());

@@ -13,7 +13,7 @@ screen::CodePages machineCodePages() {
     // A document changes to and fro between its pages, and opening a table costs more than using it.
     return [open = std::make_shared<std::map<int, Converter>>()](std::string_view bytes, int page) {
         Converter& converter = open->try_emplace(page, "CP" + std::to_string(page)).first->second;
-        return converter.known() ? converter.convert(std::string(bytes)) : basics::cleanUtf8(bytes);
+        return converter.known() ? converter.convert(bytes) : basics::cleanUtf8(bytes);
     };
 }
 

@@ -1,4 +1,7 @@
-#include "platform/qt/Display.h"
+#include <sys/socket.h>
+#include <sys/un.h>
+#include <unistd.h>
+#include <xcb/xcb.h>
 
 #include <QtCore/QDir>
 #include <QtCore/QFileInfo>
@@ -6,19 +9,11 @@
 #include <QtCore/QLibraryInfo>
 #include <QtCore/QString>
 #include <QtCore/QStringList>
-
-#ifdef __linux__
-#include <sys/socket.h>
-#include <sys/un.h>
-#include <unistd.h>
-#include <xcb/xcb.h>
-
 #include <cstring>
-#endif
+
+#include "platform/qt/Display.h"
 
 namespace zelvo::qt {
-
-#ifdef __linux__
 
 namespace {
 
@@ -98,13 +93,5 @@ Display findDisplay() {
     }
     return {{}, refusal("no display can be reached.", trouble)};
 }
-
-#else
-
-Display findDisplay() {
-    return {};
-}
-
-#endif
 
 }  // namespace zelvo::qt

@@ -1,5 +1,3 @@
-#include "platform/files/UserFolders.h"
-
 #include <pwd.h>
 #include <unistd.h>
 
@@ -8,6 +6,7 @@
 #include <string>
 
 #include "basics/Fault.h"
+#include "platform/files/UserFolders.h"
 
 namespace zelvo::files {
 namespace {

@@ -1,0 +1,13 @@
+#pragma once
+
+#include <filesystem>
+
+namespace zelvo::testing {
+
+/// From now on the user of this process lives in that folder: data in .local/share, settings in .config.
+void liveIn(const std::filesystem::path& home);
+
+/// True when nobody but this user may do anything with a file or a folder.
+bool isPrivate(const std::filesystem::path& path);
+
+}  // namespace zelvo::testing
