@@ -76,6 +76,8 @@ void DoseFields::dressFields() {
         dress.field.alignRight = true;
     }
     txtDrugPrice.setReadOnly(true);
+    // Without herbs the packets send the focus back to the table, which no Tab could leave then.
+    txtChubsu.passedOver = [this] { return !herbs_.hasLines(); };
 }
 
 void DoseFields::repriceHerbs() {

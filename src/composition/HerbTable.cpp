@@ -83,6 +83,10 @@ void HerbTable::listen() {
     tdbDGL.onRowDeleted.add([this] { rowDeleted(); });
     tdbDGL.onRowStyle.add([this](int row, std::string& style) { rowStyle(row, style); });
 
+    for (screen::Field* field :
+         {static_cast<screen::Field*>(&tdbDGL), static_cast<screen::Field*>(&sscDrugDelete),
+          static_cast<screen::Field*>(&sscDrugReset)})
+        field->onLostFocus.add([this] { left(); });
     screen::usePressed(ssrYakGukDrug, [this] { browse(); });
     sscDrugDelete.onPress.add([this] { deleteRow(); });
     sscDrugReset.onPress.add([this] { resetTable(); });
@@ -219,6 +223,29 @@ void HerbTable::addOrMove() {
     }
     // The table's own step for Enter then lands in the name.
     tdbDGL.setCurrentColumn(herb::blank);
+}
+
+bool HerbTable::hasLines() const {
+    const bool writing = tdbDGL.editing() && !basics::isBlank(tdbDGL.editText());
+    return rowCount() > 1 || writing || (rowCount() == 1 && !endsUnfilled());
+}
+
+/// Whether the last row is as it was added.
+bool HerbTable::endsUnfilled() const {
+    const tables::XArrayDB& herbs = session_.g_xaDrug;
+    for (int column = 0; column <= herb::lastColumn && !herbs.empty(); ++column)
+        if (!basics::isBlank(herbs.text(herbs.upperRow(), column))) return false;
+    return !herbs.empty();
+}
+
+/// A last row that was never filled goes when the table is left. Not for the buttons that act on the row
+/// where the cursor stands: they would find another.
+void HerbTable::left() {
+    if (tdbDGL.hasFocus() || sscDrugDelete.hasFocus() || sscDrugReset.hasFocus() || !endsUnfilled()) return;
+    session_.g_xaDrug.deleteRows(session_.g_xaDrug.upperRow());
+    tdbDGL.refresh();
+    if (session_.g_xaDrug.empty()) return showPlainCaption();
+    showRowCount();
 }
 
 void HerbTable::editNote(int column) {

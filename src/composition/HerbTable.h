@@ -49,6 +49,8 @@ public:
     void takeHerb(const PickedHerb& picked);
     /// Takes the mark of the latest merge off all rows.
     void dropMergeMarks();
+    /// Whether there is a line beside one that was never filled.
+    bool hasLines() const;
     /// The caption with the row count, also where that is 0, and the one of a table that nobody has touched.
     void showRowCount();
     void showPlainCaption();
@@ -70,6 +72,8 @@ private:
     void placeUnderCell(screen::Window& picker) const;
     void addOrMove();
     void editNote(int column);
+    bool endsUnfilled() const;
+    void left();
     void rowStyle(int row, std::string& style) const;
     // The buttons around the table.
     void deleteRow();

@@ -74,8 +74,11 @@ public:
     /// Whether a Tab move stops here. Labels, panels, tab controls, pictures and the status bar never take
     /// the focus.
     virtual bool takesFocus() const;
-    bool tabStop() const { return tabStop_; }
+    bool tabStop() const { return tabStop_ && !(passedOver && passedOver()); }
     void setTabStop(bool stop) { tabStop_ = stop; }
+
+    /// Whether a Tab move passes the field over as the window stands; none is a stop always.
+    std::function<bool()> passedOver;
 
     const std::string& tipText() const { return tipText_; }
     void setTipText(std::string text);

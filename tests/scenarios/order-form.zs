@@ -66,6 +66,12 @@ press ssrCostConfirm
 expect shown ssrCBJSend
 cellkey tdbDGL "비고" Enter
 expect hidden ssrCBJSend
+# One that was never filled goes when the table is left.
+press ssrCostConfirm
+expect shown ssrCBJSend
+expect rows tdbDGL 1
+cellkey tdbDGL "비고" Enter
+cell tdbDGL "비고" 술
 row tdbDGL 0
 press ssrCostConfirm
 expect message "처방전 비용확인" "약재정보 필수항목 [약재구성, 첩수, 약재가격] 오류 또는 누락."
