@@ -54,6 +54,15 @@ bool standsOnRow(const screen::Grid& grid, const tables::XArrayDB& options) {
     return grid.onRow() && grid.currentRow() <= options.upperRow();
 }
 
+/// Enter takes the current row, where it is not chosen yet; it takes no choice back.
+template <class Press>
+void chooseOnEnter(screen::Grid& grid, const tables::XArrayDB& options, Press press) {
+    grid.onKeyDown.add([&grid, &options, press](int code) {
+        if (code != screen::keys::enter || !standsOnRow(grid, options)) return;
+        if (!options.isTrue(grid.currentRow(), option::selected)) press(option::selected);
+    });
+}
+
 }  // namespace
 
 OrderOptions::OrderOptions(screen::Window& form, OrderFrames& frames, session::Session& session,
@@ -85,6 +94,9 @@ OrderOptions::OrderOptions(screen::Window& form, OrderFrames& frames, session::S
     tdbJobList.onCellButton.add([this](int column) { pressJobList(column); });
     tdbTJML.onCellButton.add([this](int column) { pressTJML(column); });
     tdbTJAL.onCellButton.add([this](int column) { pressTJAL(column); });
+    chooseOnEnter(tdbJobList, m_xaJobList, [this](int column) { pressJobList(column); });
+    chooseOnEnter(tdbTJML, m_xaTJML, [this](int column) { pressTJML(column); });
+    chooseOnEnter(tdbTJAL, m_xaTJAL, [this](int column) { pressTJAL(column); });
     useStyle(tdbJobList, m_xaJobList, "styCBJselect");
     useStyle(tdbTJML, m_xaTJML, "styTJMLselect");
     useStyle(tdbTJAL, m_xaTJAL, "styTJALselect");

@@ -1,10 +1,13 @@
 #include "input/FieldRules.h"
 
+#include <set>
+
 #include "basics/Fault.h"
 #include "basics/Text.h"
 #include "basics/Utf8.h"
 #include "input/modTelNumFormat.h"
 #include "screen/Fields.h"
+#include "screen/Grid.h"
 
 namespace zelvo::input {
 
@@ -40,6 +43,34 @@ void pressOnEnter(screen::Button& button, char32_t& key) {
     if (key != U'\r') return;
     key = 0;
     button.onPress();
+}
+
+/// Whether Enter is for the field itself: a new line, a press, the next cell.
+bool usesEnter(const screen::Field& field) {
+    using enum screen::FieldKind;
+    switch (field.kind()) {
+        case Combo:
+        case List:
+        case Check:
+        case Option:
+        case Date:
+            return false;
+        case Text:
+            return static_cast<const screen::TextField&>(field).multiLine();
+        case Grid: {
+            const auto& grid = static_cast<const screen::Grid&>(field);
+            for (int column = 0; column < grid.columnCount(); ++column)
+                if (grid.column(column).editable) return true;
+            return false;
+        }
+        default:
+            return true;
+    }
+}
+
+/// Whether a rule says what Enter does.
+bool rulesEnter(const FieldRule& rule) {
+    return rule.typing != Typing::Anything || rule.enterOnKeyDown;
 }
 
 template <class Kind>
@@ -107,9 +138,13 @@ const FieldTable& mainWindowFields() {
 }
 
 FieldRules::FieldRules(screen::Window& form, const FieldTable& table) : form_(form) {
+    std::set<std::string_view> ruled;
     for (const FieldRule& rule : table.rules) {
         for (const std::string_view name : rule.fields) bind(fieldNamed<screen::TextField>(form, name), rule);
+        if (rulesEnter(rule)) ruled.insert(rule.fields.begin(), rule.fields.end());
     }
+    for (screen::Field* field : form.fields())
+        if (!ruled.contains(field->name()) && !usesEnter(*field)) moveOnFrom(*field);
     for (const std::string_view name : table.hangul)
         fieldNamed<screen::TextField>(form, name).setHangul(true);
 }
@@ -118,8 +153,12 @@ void FieldRules::bind(screen::TextField& field, const FieldRule& rule) {
     if (rule.entering == Entering::SelectAll) field.onFocus.add([&field] { SelectFieldText(field); });
     if (rule.entering == Entering::CaretToEnd)
         field.onFocus.add([this] { form_.desktop().sendKeys("{end}"); });
-    if (rule.enterOnKeyDown) field.onKeyDown.add([this](int& key) { EnterToTab(key); });
+    if (rule.enterOnKeyDown) moveOnFrom(field);
     bindTyping(field, rule);
+}
+
+void FieldRules::moveOnFrom(screen::Field& field) {
+    field.onKeyDown.add([this](int& key) { EnterToTab(key); });
 }
 
 void FieldRules::bindTyping(screen::TextField& field, const FieldRule& rule) {

@@ -30,9 +30,9 @@ struct FieldTable {
 const FieldTable& mainWindowFields();
 
 /// The small rules that the text fields of a window obey, so that the whole form can be worked from the
-/// keyboard: what entering a field selects, which keys it takes, and how Enter moves on. Made when the
-/// window's fields are there; finds them by name, and a name that no field bears is a Fault. Lives as long as
-/// the window.
+/// keyboard: what entering a field selects, which keys it takes, and how Enter moves on, from all fields
+/// where it neither writes nor presses. Made when the window's fields are there; finds them by name, and a
+/// name that no field bears is a Fault. Lives as long as the window.
 class FieldRules {
 public:
     explicit FieldRules(screen::Window& form, const FieldTable& table = mainWindowFields());
@@ -48,6 +48,7 @@ public:
 private:
     void bind(screen::TextField& field, const FieldRule& rule);
     void bindTyping(screen::TextField& field, const FieldRule& rule);
+    void moveOnFrom(screen::Field& field);
 
     screen::Window& form_;
 };

@@ -102,7 +102,11 @@ CostConfirmation::CostConfirmation(screen::Window& form, OrderDraft& draft, Send
     tdbCostConfirm.emptyHint = "[비용확인]을 누르면 항목별 비용이 여기에 표시됩니다.";
     tdbCostConfirm.bind(&m_xaCostConfirm);
 
-    screen::usePressed(ssrCostConfirm, [this] { Confirm_Cost(); });
+    screen::usePressed(ssrCostConfirm, [this] {
+        Confirm_Cost();
+        // A second Enter is to read the costs, not to ask for them again.
+        if (gate_.ssrCBJSend.visible()) tdbCostConfirm.setFocus();
+    });
     tdbCostConfirm.onCellButton.add([this](int column) {
         if (column == cost::button) showNote();
     });

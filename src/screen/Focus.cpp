@@ -29,18 +29,35 @@ void Window::setTabOrder(const std::vector<std::string>& names) {
 }
 
 void Window::moveFocus(bool backward) {
+    moveFrom(focus_, backward);
+}
+
+void Window::moveFrom(const Field* from, bool backward) {
+    Field* const next = nextFrom(from, backward, [this](const Field& field) {
+        return field.takesFocus() && canMoveTo(field, false) && field.tabStop();
+    });
+    if (next) giveFocus(*next);
+}
+
+Field* Window::nextField(const std::function<bool(const Field&)>& wanted) const {
+    return nextFrom(focus_, false, [&](const Field& field) {
+        return field.takesFocus() && canMoveTo(field, true) && wanted(field);
+    });
+}
+
+/// The field itself comes last. Without one the search comes in from outside: at the first field, or back
+/// from the last.
+Field* Window::nextFrom(const Field* from, bool backward,
+                        const std::function<bool(const Field&)>& wanted) const {
     const std::size_t count = tabOrder_.size();
-    const auto at = std::find(tabOrder_.begin(), tabOrder_.end(), focus_);
-    // Without a focus the move comes in from outside: on to the first field, or back to the last.
+    const auto at = std::find(tabOrder_.begin(), tabOrder_.end(), from);
     std::size_t position = static_cast<std::size_t>(at - tabOrder_.begin());
     if (at == tabOrder_.end()) position = backward ? 0 : count - 1;
     for (std::size_t step = 0; step < count; ++step) {
         position = (position + (backward ? count - 1 : 1)) % count;
-        Field& next = *tabOrder_[position];
-        if (!next.tabStop() || !next.takesFocus() || !canMoveTo(next, false)) continue;
-        giveFocus(next);
-        return;
+        if (wanted(*tabOrder_[position])) return tabOrder_[position];
     }
+    return nullptr;
 }
 
 /// Whether the focus can go to a field: it and its holders visible and enabled, its pages in front or to be

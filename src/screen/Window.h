@@ -45,6 +45,11 @@ public:
     /// would be with its page of a tab control inside the main tab in front (which then comes forward). Wraps
     /// around.
     void moveFocus(bool backward = false);
+    /// The same from another field than the one that has the focus.
+    void moveFocusBehind(const Field& field) { moveFrom(&field, false); }
+    /// The next field behind the one that has the focus, once round, that is wanted and can be had once its
+    /// pages have come forward; nullptr when there is none.
+    Field* nextField(const std::function<bool(const Field&)>& wanted) const;
     /// The tab control whose pages a Tab move never turns.
     void setMainTabs(const Field* tabs) { mainTabs_ = tabs; }
 
@@ -157,6 +162,8 @@ private:
     void dispatch(const Key& key);
     bool heard(Field* field, Key& key);
     void giveFocus(Field& field);
+    void moveFrom(const Field* from, bool backward);
+    Field* nextFrom(const Field* from, bool backward, const std::function<bool(const Field&)>& wanted) const;
     bool canMoveTo(const Field& field, bool turnsMainTabs) const;
     static void bringForward(const Field& field);
 

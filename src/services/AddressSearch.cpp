@@ -26,6 +26,7 @@ void AddressSearch::search(const AddressBlock& block) {
         if (block.watch && Zip != former) block.watch->priceOutdated();
         block.juso.setText(Juso);
         block.zip.setText(Zip);
+        form_.moveFocusBehind(block.juso);
     } catch (const std::exception&) {
         form_.desktop().alarm("우편번호검색 폼 호출중 에러 발생.", "우편번호검색");
     }
