@@ -21,7 +21,8 @@ OrderTab::OrderTab(screen::Window& form, screen::Place tab, session::Session& se
       draft{session, frames, herbs, dose, options, patient, sender, payment, sheet},
       cost(form, draft, gate),
       send(form, draft, gate, cost, balance),
-      keeping(form, tab, draft, gate) {
+      keeping(form, tab, draft, gate),
+      nextField(form, draft, cost, gate) {
     send.onStored.add([this] {
         keeping.sent();
         herbUndo.forget();

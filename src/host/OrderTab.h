@@ -15,6 +15,7 @@
 #include "composition/SenderBlock.h"
 #include "ordering/CostConfirmation.h"
 #include "ordering/DraftKeeping.h"
+#include "ordering/NextField.h"
 #include "ordering/OrderDraft.h"
 #include "ordering/OrderSend.h"
 #include "ordering/SendGate.h"
@@ -47,6 +48,7 @@ struct OrderTab {
     ordering::CostConfirmation cost;
     ordering::OrderSend send;
     ordering::DraftKeeping keeping;
+    ordering::NextField nextField;
 };
 
 }  // namespace zelvo::host

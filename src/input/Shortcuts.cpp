@@ -49,6 +49,7 @@ bool canComeForward(const screen::Field& field) {
 }
 
 /// Turns the main tab as a click on it would, the price included; inner pages come forward with the focus.
+/// An empty table gets the line to write in.
 void goTo(screen::Field& field) {
     for (const screen::Field* at = &field; at; at = at->place().holder) {
         screen::Field* const holder = at->place().holder;
@@ -57,6 +58,9 @@ void goTo(screen::Field& field) {
         if (tabs.current() != at->place().page) static_cast<void>(tabs.userClick(at->place().page));
     }
     field.window().userInput([&field] { field.setFocus(); });
+    if (field.kind() != screen::FieldKind::Grid || !field.hasFocus()) return;
+    const auto& grid = static_cast<const screen::Grid&>(field);
+    if (grid.allowsUpdate && grid.rowCount() == 0) field.window().userKey({screen::keys::enter, U'\r'});
 }
 
 void press(screen::Field& field) {

@@ -3,6 +3,7 @@
 # real windows, on a screen that nobody sees; on the desk it goes through the real driver of a SQL Server, to a desk that is
 # none; by wine it runs the programs for Windows.
 # A line "# call: ..." in the script gives the words behind `zelvo`; "# exit: N" the exit code it comes to (0 without it).
+# A line "# keys: N" lets N keys be pressed in it at most, beside those that write.
 # At a line "# killed" the program is killed as it stands, once all before it is done; a new one goes on with the rest.
 set -euo pipefail
 bin=$1
@@ -37,6 +38,9 @@ expected=$(sed -n 's/^# exit: //p' "$script" | head -1)
 [ -n "$call" ] || call="doctor --account doctor1/\$/pass1 --patient-pk 1024 --patient-name 김하늘 --patient-age 41 --patient-sex 2 --patient-cell 01012345678 --patient-zip 06236 --patient-address 서울특별시_강남구_테헤란로_152 --hospital-name 하늘한의원 --doctor-name 이정민 --hospital-tel 025550123 --hospital-zip 03045 --hospital-address 서울특별시_종로구_효자로_12"
 read -r -a words <<<"$call"
 words=("${words[@]//_/ }")
+most=$(sed -n 's/^# keys: //p' "$script" | head -1)
+pressed=$(awk '/^(shortcut|answer) / { n++ } /^key / { for (i = 3; i <= NF; i++) n += $i ~ /^[A-Z][a-z]/ } END { print n + 0 }' "$script")
+[ "$pressed" -le "${most:-$pressed}" ] || { echo "$pressed keys, at most $most" >&2; exit 1; }
 status=0
 address="sqlite:$db"
 if [ "$place" = desk ]; then
