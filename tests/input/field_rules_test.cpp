@@ -26,6 +26,7 @@ struct Form {
     screen::TextField age{form, "txtPatientAge"}, pouches{form, "txtPouchTotal"}, price{form, "txtDrugPrice"},
         besongZip{form, "txtBesongZip"}, balsongZip{form, "txtBalsongZip"}, tel{form, "txtPatientTel"},
         courier{form, "txtBesongMsg"}, search{form, "txtCBJsearchPatient"}, other{form, "txtOther"};
+    screen::ComboList method{form, "cboBesongMethod"};
     screen::Button find{form, "sscCBJsearchPatient"};
     input::FieldRules rules{form, fieldsOf(form)};
     console::UserActions user{desktop};
@@ -50,10 +51,11 @@ TEST(FieldRules, KeysThatAFieldTakes) {
 
 TEST(FieldRules, EnterMovesOn) {
     const std::pair<const char*, const char*> cases[] = {
-        {"txtPatientAge", "txtPouchTotal"}, {"txtPouchTotal", "txtDrugPrice"},
-        {"txtDrugPrice", "txtBesongZip"},   {"txtBesongZip", "txtBalsongZip"},
-        {"txtBalsongZip", "txtPatientTel"}, {"txtPatientTel", "txtBesongMsg"},
-        {"txtBesongMsg", "txtBesongMsg"},   {"txtCBJsearchPatient", "txtCBJsearchPatient"}};
+        {"txtPatientAge", "txtPouchTotal"},      {"txtPouchTotal", "txtDrugPrice"},
+        {"txtDrugPrice", "txtBesongZip"},        {"txtBesongZip", "txtBalsongZip"},
+        {"txtBalsongZip", "txtPatientTel"},      {"txtPatientTel", "txtBesongMsg"},
+        {"txtBesongMsg", "txtCBJsearchPatient"}, {"txtCBJsearchPatient", "txtCBJsearchPatient"},
+        {"txtOther", "cboBesongMethod"},         {"cboBesongMethod", "sscCBJsearchPatient"}};
     Form form;
     int searches = 0;
     form.find.onPress.add([&] { ++searches; });

@@ -17,10 +17,10 @@ key txtTuyakilsu 7
 shortcut F10
 key txtPouchAmount 1 0 0
 answer Yes
-shortcut F9
+shortcut F5
 expect cell tdbDGL 0 "용량(g)" 6
 expect focus tdbCostConfirm
 expect message "처방전 비용확인" *
-shortcut Ctrl+F9
+shortcut Ctrl+F5
 expect message "처방전 전송 성공" *
 expect window none

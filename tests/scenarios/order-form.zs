@@ -12,6 +12,27 @@ press ssrYakGukDrug
 key tdbYakgukDrug Enter
 expect rows tdbDGL 0
 
+# Without herbs a Tab goes past the packets, and takes the row that was never filled with it.
+key tdbDGL Enter Tab
+expect rows tdbDGL 0
+expect focus txtDrugPrice
+focus txtChubsu
+expect message "약재 정보" "약재를 구성하여 주십시오."
+expect focus tdbDGL
+# Enter leads on: a form change that is chosen stays so, and the date is entered only behind its switch.
+row tdbTJAL 1
+key tdbTJAL Enter
+row tdbTJAL 1
+key tdbTJAL Enter
+expect value tdbTJAL 1 0 -1
+expect focus txtDayTuyak
+key cboBesongMethod Enter Enter
+expect focus txtHospitalName
+check chkBesongDate on
+key chkBesongDate Enter Enter
+expect focus txtHospitalName
+cellbutton tdbTJAL 0
+
 # A herb, by the keyboard alone, and the same once more; without a name no herb is looked for.
 key tdbDGL Enter Enter
 cell tdbDGL "약재명" 당귀
@@ -21,7 +42,9 @@ expect style tdbDGL 0 styDGLStateRed
 key tdbDGL 6 Enter
 expect style tdbDGL 0 styDGLStateBlack
 expect cell tdbDGL 0 "금액(원)" 192
-key tdbDGL Enter
+key tdbDGL Tab
+expect focus txtChubsu
+cellkey tdbDGL "비고" Enter
 cell tdbDGL "약재명" 당
 cellkey tdbDGL "약재명" Enter
 key tdbYakgukDrug Enter
@@ -54,6 +77,9 @@ expect txtDayTuyak ""
 type txtTuyakilsu 7
 type txtDayTuyak 3
 type txtPouchAmount 100
+# Past the patient and the sender whom the chart has filled in.
+shortcut F10
+expect focus cboBesongMethod
 
 # The row behind the last shuts the gate, and stands in the way wherever the cursor is.
 answer No
@@ -71,7 +97,7 @@ press ssrCostConfirm
 expect shown ssrCBJSend
 expect rows tdbDGL 1
 cellkey tdbDGL "비고" Enter
-cell tdbDGL "비고" 술
+cell tdbDGL "용량(g)" 3
 row tdbDGL 0
 press ssrCostConfirm
 expect message "처방전 비용확인" "약재정보 필수항목 [약재구성, 첩수, 약재가격] 오류 또는 누락."
