@@ -46,6 +46,7 @@ check sschkChubangRead(0) on
 press sscConfirm(0)
 press sscConfirm(0)
 expect window frmDoctorOCSmain
+expect focus tdbDGL
 expect caption tdbDGL " 1첩 기준의 약재 구성 [8]"
 expect cell tdbDGL 1 약재명 작약
 expect cell tdbDGL 1 "용량(g)" 5

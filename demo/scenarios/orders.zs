@@ -193,6 +193,7 @@ expect message "처방전 취소" *
 expect rows tdbCBJ 1
 expect cell tdbCBJ 0 0 1
 expect hidden ssrCBJmCancel
+expect focus tdbCBJ
 # The panel still shows it. What is pressed there brings the list's row, and nothing else.
 expect txtCBJmPatientName 박새로
 key sschkCBJmUpdate " "

@@ -28,7 +28,10 @@ void ChubangReading::Read_Chubang() {
         library.Show_ChubangRead(merged, m_KeepChubangRead);
         herbs_.tdbDGL.refresh();
         session_.g_xaDrug.empty() ? herbs_.showPlainCaption() : herbs_.showRowCount();
-        if (merged == 0) return;
+        if (merged == 0) {
+            if (m_KeepChubangRead != 0) herbs_.tdbDGL.setFocus();  // where the work goes on
+            return;
+        }
         herbs_.onCompositionChanged();
         watch_.priceOutdated();
     }

@@ -55,6 +55,7 @@ void OrderCancel::cancel() {
     removeRow(row);
     balance_.Clear_StockView();
     detail_.withdraw();
+    search_.tdbCBJ.setFocus();
 }
 
 /// Of the list nothing but the current row has changed meanwhile: a search and a sort wait for the end of an

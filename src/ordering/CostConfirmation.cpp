@@ -103,9 +103,8 @@ CostConfirmation::CostConfirmation(screen::Window& form, OrderDraft& draft, Send
     tdbCostConfirm.bind(&m_xaCostConfirm);
 
     screen::usePressed(ssrCostConfirm, [this] {
-        Confirm_Cost();
-        // A second Enter is to read the costs, not to ask for them again.
-        if (gate_.ssrCBJSend.visible()) tdbCostConfirm.setFocus();
+        // Another Enter leads on, and does not ask again.
+        if (Confirm_Cost()) tdbCostConfirm.setFocus();
     });
     tdbCostConfirm.onCellButton.add([this](int column) {
         if (column == cost::button) showNote();
@@ -125,18 +124,22 @@ void CostConfirmation::Form_Load() {
     tdbCostConfirm.addStyle(outdatedStyle, {110, 110, 110});
 }
 
-void CostConfirmation::Confirm_Cost() {
+/// True when the order may be sent at the price that it shows.
+bool CostConfirmation::Confirm_Cost() {
     screen::Desktop& desktop = form_.desktop();
     if (draft_.session.m_DTRPK == 0) {
         desktop.inform("로그인 후에 사용 하십시오.(m_DTRPK = 0)", "비용확인");
-        return;
+        return false;
     }
     const screen::BusyPointer busy(desktop);
     if (!currentHerbIsSound()) {
         desktop.inform("[약재정보]를 다시 확인바랍니다.", "비용확인");
-        return;
+        return false;
     }
-    if (!passesChecks()) return gate_.Set_CostConfirmed(false);
+    if (!passesChecks()) {
+        gate_.Set_CostConfirmed(false);
+        return false;
+    }
     gate_.checksPassed();
     lblMileageMoney.setCaption("0");
     lblSumcost.setCaption("0");
@@ -144,6 +147,7 @@ void CostConfirmation::Confirm_Cost() {
     const bool priced = Request_Cost();
     // A change that came while the page was asked has taken the flag back: the price no longer fits.
     gate_.Set_CostConfirmed(priced && gate_.costConfirmed());
+    return gate_.costConfirmed();
 }
 
 /// False only when the check of the row that is being edited failed; an incomplete row is found by the

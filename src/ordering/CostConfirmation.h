@@ -47,7 +47,7 @@ public:
     void Form_Load();
 
 private:
-    void Confirm_Cost();
+    bool Confirm_Cost();
     bool currentHerbIsSound();
     bool passesChecks();
     void focusFault(CheckResult result);

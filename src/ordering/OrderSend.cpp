@@ -56,7 +56,11 @@ OrderSend::OrderSend(screen::Window& form, OrderDraft& draft, SendGate& gate, Co
       balance_(balance),
       trace_(form.desktop(), draft.session) {
     lblsvrTime.setVisible(false);
-    screen::usePressed(gate_.ssrCBJSend, [this] { Send_Order(); });
+    screen::usePressed(gate_.ssrCBJSend, [this] {
+        Send_Order();
+        // The button has gone: an order that was not sent has to be priced again first.
+        if (gate_.ssrCBJSend.hasFocus()) price_.ssrCostConfirm.setFocus();
+    });
 }
 
 void OrderSend::Send_Order() {
@@ -73,14 +77,11 @@ void OrderSend::Send_Order() {
     gate_.Set_CostConfirmed(false);
     // Names and the like may have been typed over since the price was asked for.
     if (!price_.orderFits()) return;
-    if (paysFromDeposit() && !depositCovers()) return;
+    if (paysFromDeposit() && !depositCovers()) return draft_.payment.cboPaymentMethod.setFocus();
 
     const screen::BusyPointer busy(desktop);
     try {
-        if (wantsOtherHerbs()) {
-            draft_.herbs.tdbDGL.setFocus();
-            return;
-        }
+        if (wantsOtherHerbs()) return draft_.herbs.tdbDGL.setFocus();
         if (!trace_.settlesFormer()) return;
     } catch (const std::exception& fault) {
         desktop.alarm(faultText(fault.what()), faultCaption);
@@ -348,6 +349,8 @@ void OrderSend::offerReturn() {
                                 "ZELVO를 종료하고 [벡소라]로 복귀하시겠습니까?",
                             "처방전 전송 성공")) {
         form_.unload();
+    } else {
+        draft_.options.tdbJobList.setFocus();  // where the next order begins
     }
 }
 

@@ -39,6 +39,17 @@ void Window::moveFrom(const Field* from, bool backward) {
     if (next) giveFocus(*next);
 }
 
+/// The keys are always somebody's: where the field that had them went out of reach, like a button that its
+/// press has hidden, they go on to the next that is in reach.
+void Window::keepFocus() {
+    if (!shown_ || (focus_ && focus_->reachable())) return;
+    const Action moving(*this);
+    Field* const next = nextFrom(focus_, false, [](const Field& field) {
+        return field.takesFocus() && field.tabStop() && field.reachable();
+    });
+    if (next) giveFocus(*next);
+}
+
 Field* Window::nextField(const std::function<bool(const Field&)>& wanted) const {
     return nextFrom(focus_, false, [&](const Field& field) {
         return field.takesFocus() && canMoveTo(field, true) && wanted(field);

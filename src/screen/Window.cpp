@@ -200,7 +200,9 @@ void Window::runWaiting() {
         const std::function<void()> input = std::move(waiting_.front());
         waiting_.pop_front();
         work(input);
-        if (actions_ == 0 && !closing()) onSettled();
+        if (actions_ > 0 || closing()) continue;
+        keepFocus();
+        onSettled();
     }
     finish();
 }
@@ -234,12 +236,10 @@ bool Window::heard(Field* field, Key& key) {
     return key.code == keys::tab || takesIt();
 }
 
-/// A key belongs to the field that had the focus when it went down. Enter in one that went out of reach,
-/// like a button that its press has hidden, moves on.
+/// A key belongs to the field that had the focus when it went down.
 void Window::dispatch(const Key& key) {
     Field* const field = focus_;
     Key applied = key;
-    if (field && !field->reachable() && key.code == keys::enter) applied = {keys::tab, U'\t'};
     if (!heard(field, applied)) return;
     if (applied.code == keys::tab) {
         moveFocus();

@@ -163,6 +163,7 @@ private:
     bool heard(Field* field, Key& key);
     void giveFocus(Field& field);
     void moveFrom(const Field* from, bool backward);
+    void keepFocus();
     Field* nextFrom(const Field* from, bool backward, const std::function<bool(const Field&)>& wanted) const;
     bool canMoveTo(const Field& field, bool turnsMainTabs) const;
     static void bringForward(const Field& field);

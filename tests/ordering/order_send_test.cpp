@@ -122,6 +122,8 @@ TEST(OrderSend, MoneyRules) {
         window.run([&] {
             window.priceAndSend();
             EXPECT_FALSE(window.gate.costConfirmed() || window.gate.ssrCBJSend.visible());
+            EXPECT_TRUE(test.told == success || test.spentMeanwhile > 0 ||
+                        window.payment.cboPaymentMethod.hasFocus());
         });
         EXPECT_EQ(window.desktop.takeBox().text, test.told);
         EXPECT_EQ(window.pharmacy->value("SELECT CBJ_PayMethod || CBJ_IsPaid FROM t_ChubangJun"),

@@ -23,6 +23,7 @@ expect message "처방전 전송 성공" *
 expect event 2 0
 expect event 7 "약봉투 200장\r\n스티커"
 expect event 9 ""
+expect focus tdbJobList
 tab c1tMain 1
 press ssrCostConfirm
 expect message "처방전 비용확인" *
