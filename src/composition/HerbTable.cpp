@@ -1,6 +1,8 @@
 #include "composition/HerbTable.h"
 
+#include <array>
 #include <cstdint>
+#include <utility>
 #include <vector>
 
 #include "basics/Fault.h"
@@ -77,7 +79,11 @@ HerbTable::HerbTable(screen::Window& form, OrderFrames& frames, session::Session
 void HerbTable::listen() {
     tdbDGL.onEditBegin.add([this](int) { editBegins(); });
     tdbDGL.onCellAccepted.add([this](int column) { cellChanged(column); });
-    tdbDGL.onKeyDown.add([this](int& code) { keyDown(code); });
+    tdbDGL.onKeyDown.add([this](int& code) {
+        if (!walkedThrough(code)) return keyDown(code);
+        code = screen::keys::none;
+        form_.desktop().sendKeys("{TAB}");
+    });
     tdbDGL.onKeyPress.add([this](char32_t& character) { keyPress(character); });
     tdbDGL.onCellButton.add([this](int column) { editNote(column); });
     tdbDGL.onRowDeleted.add([this] { rowDeleted(); });
@@ -86,10 +92,12 @@ void HerbTable::listen() {
     for (screen::Field* field :
          {static_cast<screen::Field*>(&tdbDGL), static_cast<screen::Field*>(&sscDrugDelete),
           static_cast<screen::Field*>(&sscDrugReset)})
-        field->onLostFocus.add([this] { left(); });
+        field->onLostFocus.add([this] { dropUnfilledRow(); });
     screen::usePressed(ssrYakGukDrug, [this] { browse(); });
     sscDrugDelete.onPress.add([this] { deleteRow(); });
     sscDrugReset.onPress.add([this] { resetTable(); });
+    form_.addShortcut({"Ctrl+N", "새 약재 넣기", [this] { return tdbDGL.reachable(); },
+                       [this] { form_.userInput([this] { writeNewRow(); }); }, &tdbDGL});
 }
 
 void HerbTable::Form_Load() {
@@ -212,17 +220,37 @@ void HerbTable::placeUnderCell(screen::Window& picker) const {
 void HerbTable::addOrMove() {
     tdbDGL.commitEdit();
     const int next = tdbDGL.currentRow() + 1;
-    if (next >= rowCount()) {
-        onChanging();
-        session_.g_xaDrug.insertRows(rowCount());
-        tdbDGL.refresh();
-        tdbDGL.setCurrentRow(rowCount() - 1);
-        watch_.priceOutdated();
-    } else {
-        tdbDGL.setCurrentRow(next);
-    }
+    next >= rowCount() ? addRow() : tdbDGL.setCurrentRow(next);
     // The table's own step for Enter then lands in the name.
     tdbDGL.setCurrentColumn(herb::blank);
+}
+
+void HerbTable::addRow() {
+    onChanging();
+    session_.g_xaDrug.insertRows(rowCount());
+    tdbDGL.refresh();
+    tdbDGL.setCurrentRow(rowCount() - 1);
+    watch_.priceOutdated();
+}
+
+/// The name in a row that is empty yet, wherever the cursor was.
+void HerbTable::writeNewRow() {
+    tdbDGL.setFocus();
+    if (!tdbDGL.hasFocus()) return;
+    tdbDGL.commitEdit();
+    endsUnfilled() ? tdbDGL.setCurrentRow(rowCount() - 1) : addRow();
+    tdbDGL.setCurrentColumn(herb::name);
+}
+
+/// Whether Enter has gone through all cells of a last row and none was filled: it leads out of the table
+/// then, for a row behind that one would not be filled either.
+bool HerbTable::walkedThrough(int code) {
+    static constexpr std::array way{herb::name, herb::grams, herb::note};
+    const auto done = static_cast<std::size_t>(std::exchange(walked_, 0));
+    const bool onNewRow = tdbDGL.currentRow() == rowCount() - 1 && endsUnfilled() && !tdbDGL.editing();
+    if (code != screen::keys::enter || !onNewRow) return false;
+    if (tdbDGL.currentColumn() == way[done]) walked_ = static_cast<int>(done) + 1;
+    return walked_ == static_cast<int>(way.size()) && std::exchange(walked_, 0) > 0;
 }
 
 bool HerbTable::hasLines() const {
@@ -230,17 +258,11 @@ bool HerbTable::hasLines() const {
     return rowCount() > 1 || writing || (rowCount() == 1 && !endsUnfilled());
 }
 
-/// Whether the last row is as it was added.
 bool HerbTable::endsUnfilled() const {
-    const tables::XArrayDB& herbs = session_.g_xaDrug;
-    for (int column = 0; column <= herb::lastColumn && !herbs.empty(); ++column)
-        if (!basics::isBlank(herbs.text(herbs.upperRow(), column))) return false;
-    return !herbs.empty();
+    return rowCount() > 0 && modHanYakGuk::isUnfilled(session_.g_xaDrug, rowCount() - 1);
 }
 
-/// A last row that was never filled goes when the table is left. Not for the buttons that act on the row
-/// where the cursor stands: they would find another.
-void HerbTable::left() {
+void HerbTable::dropUnfilledRow() {
     if (tdbDGL.hasFocus() || sscDrugDelete.hasFocus() || sscDrugReset.hasFocus() || !endsUnfilled()) return;
     session_.g_xaDrug.deleteRows(session_.g_xaDrug.upperRow());
     tdbDGL.refresh();

@@ -51,6 +51,9 @@ public:
     void dropMergeMarks();
     /// Whether there is a line beside one that was never filled.
     bool hasLines() const;
+    /// Takes a last row that was never filled away, unless the table has the focus. Nor while the buttons
+    /// have it that act on the row where the cursor stands: they would find another.
+    void dropUnfilledRow();
     /// The caption with the row count, also where that is 0, and the one of a table that nobody has touched.
     void showRowCount();
     void showPlainCaption();
@@ -71,9 +74,11 @@ private:
     void pickHerb();
     void placeUnderCell(screen::Window& picker) const;
     void addOrMove();
+    void addRow();
+    void writeNewRow();
+    bool walkedThrough(int code);
     void editNote(int column);
     bool endsUnfilled() const;
-    void left();
     void rowStyle(int row, std::string& style) const;
     // The buttons around the table.
     void deleteRow();
@@ -91,6 +96,7 @@ private:
     OrderFrames& frames_;
     session::Session& session_;
     OrderWatch& watch_;
+    int walked_ = 0;  ///< cells that Enter went through in a last row that was never filled
 };
 
 }  // namespace zelvo::composition

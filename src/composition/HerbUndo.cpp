@@ -68,6 +68,7 @@ void HerbUndo::undo() {
     watch_.priceOutdated();
     packets_.setText("");
     packets_.setText(step.packets);
+    herbs_.dropUnfilledRow();
 }
 
 }  // namespace zelvo::composition

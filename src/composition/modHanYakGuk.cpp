@@ -118,6 +118,12 @@ std::int16_t Renumber_DrugRows(screen::Desktop& desktop, tables::XArrayDB& herbs
     }
 }
 
+bool isUnfilled(const tables::XArrayDB& herbs, int row) {
+    for (int column = 0; column <= herb::lastColumn; ++column)
+        if (column != herb::order && !basics::isBlank(herbs.text(row, column))) return false;
+    return true;
+}
+
 int selectedRow(const tables::XArrayDB& options) {
     return options.find(0, option::selected, "-1");
 }

@@ -41,6 +41,9 @@ std::int16_t Check_DrugRow(screen::Desktop& desktop, tables::XArrayDB& herbs, in
 /// Numbers the rows in column 7 from 1. 0, or -1 on failure.
 std::int16_t Renumber_DrugRows(screen::Desktop& desktop, tables::XArrayDB& herbs);
 
+/// Whether nothing was written into a row yet; the numbering may have passed over it.
+bool isUnfilled(const tables::XArrayDB& herbs, int row);
+
 /// What a packet's grams of a herb cost in won, in single precision, through a picture. Throws Fault when one
 /// of the two is no number or the amount has no place.
 std::string amountText(std::string_view grams, std::string_view price, basics::NumberPicture picture);

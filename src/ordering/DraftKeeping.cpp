@@ -23,6 +23,7 @@ constexpr int selectedColumn = 0, keyColumn = 1;
 std::string packHerbs(const tables::XArrayDB& lines) {
     std::vector<std::string> rows;
     for (int row = 0; row <= lines.upperRow(); ++row) {
+        if (row == lines.upperRow() && modHanYakGuk::isUnfilled(lines, row)) break;
         rows.push_back(basics::join({lines.text(row, herb::name), lines.text(row, herb::key),
                                      lines.text(row, herb::grams), lines.text(row, herb::note)},
                                     cellEnd));

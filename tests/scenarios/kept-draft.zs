@@ -16,6 +16,7 @@ type txtPouchAmount 100
 type txtBesongMsg 조심
 choose cboBesongMethod 택배(환자)
 choose cboPaymentMethod 적립
+cellkey tdbDGL "비고" Enter
 # killed
 expect shown c1eDraft
 expect lblDraft "이 환자의 작성 중이던 처방전이 있습니다. (방금 전, 약재 1가지)"
