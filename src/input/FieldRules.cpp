@@ -45,7 +45,8 @@ void pressOnEnter(screen::Button& button, char32_t& key) {
     button.onPress();
 }
 
-/// Whether Enter is for the field itself: a new line, a press, the next cell.
+/// Whether Enter is for the field itself, as it stands: a new line behind what was written, a press, the next
+/// cell.
 bool usesEnter(const screen::Field& field) {
     using enum screen::FieldKind;
     switch (field.kind()) {
@@ -55,8 +56,12 @@ bool usesEnter(const screen::Field& field) {
         case Option:
         case Date:
             return false;
-        case Text:
-            return static_cast<const screen::TextField&>(field).multiLine();
+        case Text: {
+            const auto& text = static_cast<const screen::TextField&>(field);
+            return text.multiLine() && !text.readOnly() && !text.text().empty();
+        }
+        case RichText:
+            return !static_cast<const screen::RichTextField&>(field).locked();
         case Grid: {
             const auto& grid = static_cast<const screen::Grid&>(field);
             for (int column = 0; column < grid.columnCount(); ++column)
@@ -144,7 +149,7 @@ FieldRules::FieldRules(screen::Window& form, const FieldTable& table) : form_(fo
         if (rulesEnter(rule)) ruled.insert(rule.fields.begin(), rule.fields.end());
     }
     for (screen::Field* field : form.fields())
-        if (!ruled.contains(field->name()) && !usesEnter(*field)) moveOnFrom(*field);
+        if (!ruled.contains(field->name())) moveOnFrom(*field);
     for (const std::string_view name : table.hangul)
         fieldNamed<screen::TextField>(form, name).setHangul(true);
 }
@@ -158,7 +163,9 @@ void FieldRules::bind(screen::TextField& field, const FieldRule& rule) {
 }
 
 void FieldRules::moveOnFrom(screen::Field& field) {
-    field.onKeyDown.add([this](int& key) { EnterToTab(key); });
+    field.onKeyDown.add([this, &field](int& key) {
+        if (!usesEnter(field)) EnterToTab(key);
+    });
 }
 
 void FieldRules::bindTyping(screen::TextField& field, const FieldRule& rule) {

@@ -29,8 +29,8 @@ const std::vector<std::string>& tabOrder() {
         "txtCBJsearchDTR", "sscCBJsearchDTR", "txtCBJsearchPatient", "sscCBJsearchPatient", "cboCBJstate",
         "sscCBJsearchState", "cboCBJBesong", "sscCBJsearchBesong", "cboCBJPayMethod", "sscCBJsearchPayment",
         "cboCBJisPaid", "sscCBJsearchIsPay", "sscCBJcanceled", "tdbCBJ",
-        // The order in view: what can be done with it, and its state,
-        "ssrCBJreuse", "ssrCBJmCancel", "txtCBJmPayMethod", "txtCBJmIsPaid", "sschkCBJmUpdate",
+        // The order in view: its state,
+        "txtCBJmPayMethod", "txtCBJmIsPaid", "sschkCBJmUpdate",
         // patient and delivery,
         "txtCBJmPatientName", "txtCBJmJumin", "ssoCBJmSex(0)", "ssoCBJmSex(1)", "txtCBJmAge", "txtCBJmPaCell",
         "txtCBJmPaTel", "txtCBJmPaEmail", "txtCBJmBeZip", "ssrZipCode(2)", "txtCBJmBeJuso",
@@ -42,9 +42,10 @@ const std::vector<std::string>& tabOrder() {
         // type, herbs, decoction, costs,
         "txtCBJmJobList", "tdbCBJmDGL", "txtCBJmChubsu", "txtCBJmDrugCost", "txtCBJmTJML", "lstCBJmTJAL",
         "txtCBJmDayTuyak", "txtCBJmTuyakilsu", "txtCBJmPouchTotal", "txtCBJmPouchAmount", "tdbCBJmCost",
-        // message and sheet, and what is done with what was written.
+        // message and sheet, what is done with what was written, and what leads off.
         "txtCBJmCBMsg", "rtxCBJmEatMsg", "txtEatGuideHosName2", "txtEatGuideCall2", "ssrCBJmUpdate",
-        "cmdEatGuideUpdate", "sscCBJmJobListDetail", "sscCBJmTJMLDetail", "sscCBJmTJALDetail",
+        "cmdEatGuideUpdate", "ssrCBJreuse", "ssrCBJmCancel", "sscCBJmJobListDetail", "sscCBJmTJMLDetail",
+        "sscCBJmTJALDetail",
         // The doctor's record,
         "txtDTRid", "txtDTRpass", "txtDTRname", "txtDTRlicense", "txtDTRcell", "txtDTRhostel", "txtDTREmail",
         "txtDTRdiscount", "txtDTRmileage", "txtDTRhosname", "txtDTRregdate", "txtDTRhoszip", "ssrZipCode(4)",

@@ -1,6 +1,7 @@
 #include "services/AddressSearch.h"
 
 #include <exception>
+#include <utility>
 
 #include "basics/Numbers.h"
 #include "screen/Window.h"
@@ -10,12 +11,15 @@ namespace zelvo::services {
 AddressSearch::AddressSearch(screen::Window& form, session::Session& session, const screen::Field& patientTab,
                              const std::vector<AddressBlock>& blocks)
     : form_(form), session_(session), patientTab_(patientTab) {
-    for (const AddressBlock& block : blocks)
+    for (const AddressBlock& block : blocks) {
+        block.ssrZipCode.onKeyDown.add([this](int& key) { byEnter_ = key == screen::keys::enter; });
         screen::usePressed(block.ssrZipCode, [this, block] { search(block); });
+    }
 }
 
 /// The blank behind the address is where the user goes on with the house and the floor.
 void AddressSearch::search(const AddressBlock& block) {
+    const bool byEnter = std::exchange(byEnter_, false);
     try {
         const screen::BusyPointer busy(form_.desktop());
         const std::string former = block.zip.text();
@@ -26,7 +30,8 @@ void AddressSearch::search(const AddressBlock& block) {
         if (block.watch && Zip != former) block.watch->priceOutdated();
         block.juso.setText(Juso);
         block.zip.setText(Zip);
-        form_.moveFocusBehind(block.juso);
+        // On from the code, Enter would come to the button once more.
+        if (byEnter) form_.moveFocusBehind(block.juso);
     } catch (const std::exception&) {
         form_.desktop().alarm("우편번호검색 폼 호출중 에러 발생.", "우편번호검색");
     }

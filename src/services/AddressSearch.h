@@ -34,6 +34,7 @@ private:
     screen::Window& form_;
     session::Session& session_;
     const screen::Field& patientTab_;
+    bool byEnter_ = false;  ///< the press that comes is one of Enter
 };
 
 }  // namespace zelvo::services

@@ -12,22 +12,34 @@ press ssrYakGukDrug
 key tdbYakgukDrug Enter
 expect rows tdbDGL 0
 
-# Without herbs a Tab goes past the packets, and takes the row that was never filled with it.
-key tdbDGL Enter Tab
+# Enter alone leads from the first field to the price: past the packets, which wait for herbs, and a row that was never
+# filled goes with it. Behind the address window it goes on with the field after the address, behind a click with the code.
+row tdbJobList 0
+key tdbJobList Enter Enter Enter Enter Enter
 expect rows tdbDGL 0
 expect focus txtDrugPrice
+key txtDrugPrice Enter Enter Enter Enter Enter Enter Enter Enter Enter Enter Enter Enter Enter Enter Enter Enter
+key ssrZipCode(0) Enter
+key txtFind Esc
+expect focus txtBesongMsg
+key txtBesongMsg Enter Enter Enter Enter Enter Enter Enter Enter
+expect focus ssrZipCode(1)
+key ssrZipCode(1) Enter
+key txtFind Esc
+key txtEatGuideHosName Enter Enter Enter Enter
+expect focus ssrCostConfirm
+expect txtCBJmsg ""
+press ssrZipCode(1)
+key txtFind Esc
+expect focus txtBalsongZip
+key tdbDGL Enter Tab
+expect rows tdbDGL 0
 focus txtChubsu
 expect message "약재 정보" "약재를 구성하여 주십시오."
 expect focus tdbDGL
-# Enter leads on: a form change that is chosen stays so, and the date is entered only behind its switch.
-row tdbTJAL 1
+# A form change that is chosen stays so, and the date is entered only behind its switch.
 key tdbTJAL Enter
-row tdbTJAL 1
-key tdbTJAL Enter
-expect value tdbTJAL 1 0 -1
-expect focus txtDayTuyak
-key cboBesongMethod Enter Enter
-expect focus txtHospitalName
+expect value tdbTJAL 0 0 -1
 check chkBesongDate on
 key chkBesongDate Enter Enter
 expect focus txtHospitalName
