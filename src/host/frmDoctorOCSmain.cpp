@@ -79,6 +79,9 @@ std::vector<services::AddressBlock> frmDoctorOCSmain::addressBlocks() {
 void frmDoctorOCSmain::showShortcuts() {
     std::string text;
     for (const screen::Shortcut& one : shortcuts()) text += one.keys + "\t" + one.what + "\r\n";
+    text +=
+        "Enter\t다음 항목으로, 단추에서는 누르기\r\nF4\t표에서 칸의 단추 누르기\r\n"
+        "Alt+1~4\t탭 고르기\r\nF12\t지원 기록";
     composition::frmMessage sheet(desktop());
     sheet.left = left + width() / 2;
     sheet.top = top + height() / 3;

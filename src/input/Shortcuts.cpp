@@ -83,11 +83,26 @@ screen::Shortcut shortcut(screen::Field& field, const Way& way) {
         made.run = [&field] { goTo(field); };
     } else {
         // A button is pressed where it can be seen; a line is deleted out of its table only.
-        const screen::Field* const within = field.window().field(way.within);
+        screen::Field* const within = field.window().field(way.within);
         made.applies = [&field, within] { return field.reachable() && (!within || isUnwritten(*within)); };
-        made.run = [&field] { press(field); };
+        made.run = [&field, within] {
+            press(field);
+            if (within) field.window().userInput([within] { within->setFocus(); });
+        };
     }
     return made;
+}
+
+/// The next page that can be had, as a click on its tab.
+screen::Shortcut pageTurn(screen::TabControl& tabs) {
+    return {"Ctrl+Tab", "다음 탭으로", [] { return true; },
+            [&tabs] {
+                const int count = tabs.pageCount();
+                int page = (tabs.current() + 1) % count;
+                while (!tabs.selectable(page) && page != tabs.current()) page = (page + 1) % count;
+                static_cast<void>(tabs.userClick(page));
+            },
+            &tabs};
 }
 
 }  // namespace
@@ -98,6 +113,8 @@ void addShortcuts(screen::Window& form) {
         if (!field) throw basics::Fault("no field " + std::string(way.field));
         form.addShortcut(shortcut(*field, way));
     }
+    if (auto* tabs = dynamic_cast<screen::TabControl*>(form.field("c1tMain")))
+        form.addShortcut(pageTurn(*tabs));
 }
 
 }  // namespace zelvo::input

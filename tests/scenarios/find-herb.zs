@@ -35,6 +35,16 @@ expect rows tdbDGL 1
 shortcut Ctrl+Z
 expect rows tdbDGL 2
 expect cell tdbDGL 0 "용량(g)" 6
+# A new row is one that is still to be filled; a line that is deleted by its keys leaves them in the table.
+shortcut Ctrl+N
+shortcut Ctrl+N
+expect rows tdbDGL 3
+shortcut F7
+expect rows tdbDGL 2
+shortcut F6
+shortcut Ctrl+Delete
+expect focus tdbDGL
+row tdbDGL 0
 # Another name takes the grams of the former one away; that comes back too.
 cellkey tdbDGL "약재명" Left
 key tdbDGL 감 초 Down Enter
@@ -61,8 +71,12 @@ cellbutton tdbJobList 0
 expect hidden lblCostOutdated
 shortcut F5
 expect shown ssrCBJSend
-shortcut Ctrl+F
+expect focus tdbCostConfirm
+shortcut Ctrl+Tab
 expect tab c1tMain 2
+expect focus dtpCBJsearch(0)
+shortcut Ctrl+F
+expect focus txtCBJsearchPatient
 shortcut F7
 expect tab c1tMain 1
 expect hidden ssrCBJSend

@@ -25,15 +25,15 @@ void Mirror::show() {
     drawing_ = nested;
 }
 
-/// The field's tip and the keys that serve it.
+/// The field's tip and the keys that serve it, in their own words where the tip does not say what they do.
 QString Mirror::tip() const {
-    QString text = qtText(field_.tipText());
+    QStringList lines;
     for (const screen::Shortcut& one : field_.window().shortcuts()) {
         if (one.serves != &field_) continue;
-        text +=
-            QStringLiteral("%1[%2]").arg(text.isEmpty() ? QString() : QStringLiteral(" "), qtText(one.keys));
+        const std::string& says = field_.tipText().empty() ? one.what : field_.tipText();
+        lines += QStringLiteral("%1 [%2]").arg(qtText(says), qtText(one.keys));
     }
-    return text;
+    return lines.isEmpty() ? qtText(field_.tipText()) : lines.join(QLatin1Char('\n'));
 }
 
 void Mirror::userDoes(const std::function<void()>& act) {

@@ -48,10 +48,9 @@ protected:
     /// The user did something: the field has it, then the keys that the logic has sent are delivered. Nothing
     /// while the mirror itself changes the widget.
     void userDoes(const std::function<void()>& act);
-
-private:
     QString tip() const;
 
+private:
     screen::Field& field_;
     QWidget& widget_;
     bool drawing_ = false;

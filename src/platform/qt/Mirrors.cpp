@@ -225,6 +225,9 @@ public:
 
 private:
     void draw() override {
+        // On the bar alone: the pages have tips of their own.
+        tabs_.setToolTip(QString());
+        tabs_.tabBar()->setToolTip(tip());
         for (int page = 0; page < field_.pageCount(); ++page) {
             tabs_.setTabText(page, plainCaption(field_.pageCaption(page)).trimmed());
             tabs_.setTabEnabled(page, field_.selectable(page));
