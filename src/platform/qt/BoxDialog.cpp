@@ -3,7 +3,6 @@
 #include <QtGui/QClipboard>
 #include <QtGui/QKeyEvent>
 #include <QtWidgets/QApplication>
-#include <QtWidgets/QDialogButtonBox>
 #include <QtWidgets/QHBoxLayout>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QPlainTextEdit>
@@ -70,7 +69,9 @@ BoxDialog::BoxDialog(const screen::MessageBox& box, QWidget* over)
     message.addWidget(&icon, 0, Qt::AlignTop);
     message.addWidget(&textWidget(shownPart(text_)), 1);
 
-    auto& row = owned<QDialogButtonBox>(this);
+    auto& row = owned<QHBoxLayout>();
+    row.setSpacing(8);
+    row.addStretch();
     if (asks_) {
         addButton(row, QStringLiteral("예(&Y)"), Answer::Yes, box.defaultAnswer);
         addButton(row, QStringLiteral("아니오(&N)"), Answer::No, box.defaultAnswer);
@@ -81,7 +82,7 @@ BoxDialog::BoxDialog(const screen::MessageBox& box, QWidget* over)
     layout.setContentsMargins(20, 20, 20, 16);
     layout.setSpacing(16);
     layout.addLayout(&message);
-    layout.addWidget(&row);
+    layout.addLayout(&row);
     dress(*this);
 }
 
@@ -104,16 +105,17 @@ QWidget& BoxDialog::textWidget(const QString& text) {
     return label;
 }
 
-void BoxDialog::addButton(QDialogButtonBox& row, const QString& caption, Answer answer,
-                          Answer defaultAnswer) {
-    QPushButton* const button =
-        row.addButton(caption, answer == Answer::No ? QDialogButtonBox::NoRole : QDialogButtonBox::YesRole);
-    button->setProperty("answer", static_cast<int>(answer));
-    button->installEventFilter(this);
-    button->setAutoDefault(true);
-    button->setDefault(answer == defaultAnswer);
-    if (answer == defaultAnswer) button->setFocus();
-    connect(button, &QPushButton::clicked, this, [this, answer] { give(answer); });
+/// As in the windows: what is agreed to stands first, what Enter gives in the accent colour.
+void BoxDialog::addButton(QHBoxLayout& row, const QString& caption, Answer answer, Answer defaultAnswer) {
+    auto& button = owned<QPushButton>(caption, this);
+    row.addWidget(&button);
+    button.setProperty("answer", static_cast<int>(answer));
+    button.setProperty("primary", answer == defaultAnswer);
+    button.installEventFilter(this);
+    button.setAutoDefault(true);
+    button.setDefault(answer == defaultAnswer);
+    if (answer == defaultAnswer) button.setFocus();
+    connect(&button, &QPushButton::clicked, this, [this, answer] { give(answer); });
 }
 
 void BoxDialog::showEvent(QShowEvent* event) {

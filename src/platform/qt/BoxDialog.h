@@ -5,7 +5,7 @@
 
 #include "screen/Desktop.h"
 
-class QDialogButtonBox;
+class QHBoxLayout;
 
 namespace zelvo::qt {
 
@@ -25,7 +25,7 @@ protected:
 
 private:
     QWidget& textWidget(const QString& text);
-    void addButton(QDialogButtonBox& row, const QString& caption, screen::Answer answer,
+    void addButton(QHBoxLayout& row, const QString& caption, screen::Answer answer,
                    screen::Answer defaultAnswer);
     void give(screen::Answer answer);
 
