@@ -61,11 +61,27 @@ TEST(Typing, TheCaretStandsRightAmongBreaksOfAllKinds) {
         std::string patient, sheet, clinic, phone;
         session.desktop.whenShown("frmEatGuideEditor", [&](screen::Window&) {
             walkCaret<QTextEdit>(session, "rtxSheet");
-            auto& field = session.field<screen::EditField>("rtxSheet");
-            field.setText(std::string(1001, 'x'));
-            session.widget<QTextEdit>("rtxSheet").moveCursor(QTextCursor::End);
-            session.hand().typeText("yz");
-            EXPECT_TRUE(field.text().ends_with("xyz")) << "a long word is broken on the glass only";
+            auto& field = session.field<screen::RichTextField>("rtxSheet");
+            auto& editor = session.widget<QTextEdit>("rtxSheet");
+            std::string paragraph = "{\\rtf1\\b ";
+            for (int i = 0; i < 25'000; ++i) paragraph += i < 12'000 ? "a " : "b\\line ";
+            // Breaks that stand on the glass only.
+            for (const std::string& text : {std::string(1001, 'x'), paragraph + "x}"}) {
+                field.setRtf(text);
+                GlassDesktop::settle();
+                EXPECT_TRUE(qt::contentOf(*editor.document()) == field.content());
+                editor.moveCursor(QTextCursor::End);
+                session.hand().typeText("yz");
+                EXPECT_TRUE(field.text().ends_with("xyz"));
+            }
+            EXPECT_EQ(editor.document()->blockCount(), 3);
+            for (const int place : {22'000, 42'000}) {
+                QTextCursor caret = editor.textCursor();
+                caret.setPosition(place);
+                editor.setTextCursor(caret);
+                session.hand().pressNamed("Enter");
+            }
+            EXPECT_EQ(field.content().paragraphs.size(), 3U);
             session.hand().press("cmdOK");
         });
         components::EatGuideEditor(session.desktop).edit(nullptr, patient, sheet, clinic, phone);

@@ -26,8 +26,19 @@ namespace {
 constexpr double twipsPerPoint = 15;
 /// Characters without a blank; the layout looks through all that are left of a word at each of its lines.
 constexpr qsizetype longestWord = 500;
-/// Properties of our own: the colour as it is stored (none is 0), and a break that is only drawn.
-constexpr int storedColour = QTextFormat::UserProperty + 1, drawnBreak = QTextFormat::UserProperty + 2;
+/// Units in a block, about: the layout needs some 30 bytes for each of them at once.
+constexpr qsizetype longestBlock = 20'000;
+/// Properties of our own: the colour as it is stored (none is 0), a break that is only drawn, and a block
+/// that goes on with the paragraph before it, behind a line break or within a line. The last is a number: a
+/// block that the user parts from such a one has the same number, and is a paragraph.
+constexpr int storedColour = QTextFormat::UserProperty + 1, drawnBreak = QTextFormat::UserProperty + 2,
+              afterLine = QTextFormat::UserProperty + 3, withinLine = QTextFormat::UserProperty + 4;
+
+bool continues(const QTextBlock& block, int how) {
+    const QVariant number = block.blockFormat().property(how);
+    const QTextBlock before = block.previous();
+    return number.isValid() && before.isValid() && number != before.blockFormat().property(how);
+}
 
 Qt::Alignment toolkitAlignment(Alignment alignment) {
     switch (alignment) {
@@ -145,7 +156,7 @@ private:
     }
 
     void write(const Paragraph& paragraph) {
-        word_ = 0;
+        word_ = block_ = 0;
         for (const Run& run : paragraph.runs) {
             if (!style_ || run.style != *style_) {
                 style_ = run.style;
@@ -157,24 +168,46 @@ private:
 
     void addText(const QString& text) {
         qsizetype from = 0;
-        for (qsizetype at = 0; at < text.size(); ++at) {
+        for (qsizetype at = 0; at < text.size(); ++at, ++block_) {
             const QChar unit = text.at(at);
             word_ = unit.isSpace() ? 0 : word_ + 1;
-            if (word_ <= longestWord || unit.isLowSurrogate()) continue;
-            cursor_.insertText(text.mid(from, at - from), format_);
-            QTextCharFormat breaking = format_;
-            breaking.setProperty(drawnBreak, true);
-            cursor_.insertText(QString(QChar::LineSeparator), breaking);
-            from = at;
-            word_ = 1;
+            const bool isLine = unit == QChar::LineSeparator;
+            if (block_ >= longestBlock && word_ == 0) {
+                cursor_.insertText(text.mid(from, isLine ? at - from : at + 1 - from), format_);
+                goOn(isLine ? afterLine : withinLine);
+                from = at + 1;
+            } else if (word_ > longestWord && !unit.isLowSurrogate()) {
+                cursor_.insertText(text.mid(from, at - from), format_);
+                breakWord();
+                from = at;
+                word_ = 1;
+            }
         }
         cursor_.insertText(text.mid(from), format_);
+    }
+
+    void breakWord() {
+        if (block_ >= longestBlock) return goOn(withinLine);
+        QTextCharFormat breaking = format_;
+        breaking.setProperty(drawnBreak, true);
+        cursor_.insertText(QString(QChar::LineSeparator), breaking);
+    }
+
+    void goOn(int how) {
+        QTextBlockFormat form = cursor_.blockFormat();
+        if (cursor_.currentList() != nullptr) form.setIndent(1);
+        form.setObjectIndex(-1);
+        form.clearProperty(afterLine);
+        form.clearProperty(withinLine);
+        form.setProperty(how, cursor_.position());
+        cursor_.insertBlock(form, format_);
+        block_ = 0;
     }
 
     QTextCursor& cursor_;
     std::optional<CharacterStyle> style_;
     QTextCharFormat format_;
-    qsizetype word_ = 0;
+    qsizetype word_ = 0, block_ = 0;  ///< how long they are so far
 };
 
 /// Whether it begins with one: what is typed behind it takes its form.
@@ -198,7 +231,9 @@ private:
         const int column = table ? table->cellAt(block.position()).column() : -1;
         if (table && table == table_ && row == row_) {
             content_.paragraphs.back().runs.push_back({column == column_ ? " " : "\t", {}});
-        } else {
+        } else if (continues(block, afterLine)) {
+            content_.paragraphs.back().runs.push_back({"\n", styleOf(block.charFormat())});
+        } else if (!continues(block, withinLine)) {
             startParagraph(block);
         }
         table_ = table;
@@ -268,6 +303,7 @@ RichText contentOf(const QTextDocument& document) {
 std::vector<int> drawnBreaks(const QTextDocument& document) {
     std::vector<int> places;
     for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
+        if (continues(block, withinLine)) places.push_back(block.position() - 1);
         if (block.length() <= longestWord) continue;
         for (auto at = block.begin(); !at.atEnd(); ++at) {
             if (isDrawnBreak(at.fragment())) places.push_back(at.fragment().position());

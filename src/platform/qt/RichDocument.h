@@ -20,7 +20,8 @@ void insertContent(QTextCursor& cursor, const screen::RichText& content);
 /// What a document holds, as far as a rich text has words for it: numbers of lists and cells of tables are
 /// text.
 screen::RichText contentOf(const QTextDocument& document);
-/// The places of the breaks that are only drawn, in their order: no content counts them.
+/// The places of the breaks that are only drawn, within long words and very long paragraphs, in their order:
+/// no content counts them.
 std::vector<int> drawnBreaks(const QTextDocument& document);
 
 }  // namespace zelvo::qt
