@@ -121,6 +121,12 @@ bool isAboveZero(const std::string& text) {
     return basics::IsNumeric(text) && basics::toNumber(text) > 0;
 }
 
+bool isQuantity(const std::string& text, bool whole) {
+    if (!isAboveZero(text)) return false;
+    const double number = basics::roundHalfEven(basics::toNumber(text));
+    return number >= (whole ? 1 : 0) && number <= mostQuantity;
+}
+
 CheckResult Check_CostInput(screen::Desktop& desktop, const CostInput& input, const XArrayDB& m_xaJobList,
                             const XArrayDB& g_xaDrug, const XArrayDB& m_xaTJML) {
     try {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <limits>
 #include <string>
 
 #include "screen/Desktop.h"
@@ -41,5 +42,9 @@ CheckResult Check_CostInput(screen::Desktop& desktop, const CostInput& input,
 int unsoundLine(const tables::XArrayDB& g_xaDrug);
 /// Whether the text is a number above 0.
 bool isAboveZero(const std::string& text);
+/// The most that a quantity of an order can be.
+inline constexpr std::int16_t mostQuantity = std::numeric_limits<std::int16_t>::max();
+/// Whether the text is a quantity that an order can hold: above 0 and within 16 bits, a whole one from 1 on.
+bool isQuantity(const std::string& text, bool whole);
 
 }  // namespace zelvo::ordering

@@ -17,7 +17,7 @@ namespace option = composition::option;
 
 using Found = std::optional<Misfit>;
 
-constexpr double mostShort = std::numeric_limits<std::int16_t>::max();
+constexpr double mostShort = mostQuantity;
 constexpr double mostLong = std::numeric_limits<std::int32_t>::max();
 
 bool isWithin(const std::string& text, double least, double most) {
@@ -66,7 +66,7 @@ Found numberMisfit(const OrderDraft& draft) {
         const std::string& text = number.field.text();
         // Days and packs a day may be left open; the checks have asked for the others.
         if (!number.counts || basics::isBlank(text)) continue;
-        if (isAboveZero(text) && isWithin(text, number.whole ? 1 : 0, mostShort)) continue;
+        if (isQuantity(text, number.whole)) continue;
         return Misfit{std::string(number.label) + " 0보다 크고 " + basics::wonText(mostShort) +
                           " 이하인 숫자로 입력해 주십시오.",
                       &number.field};
@@ -103,11 +103,6 @@ Found lineMisfit(const OrderDraft& draft, int row) {
                       &draft.herbs.tdbDGL, row};
     }
     return {};
-}
-
-std::string tooLong(const std::string& name, std::size_t characters) {
-    return name + " 내용이 저장할 수 있는 길이보다 " +
-           basics::decimalText(static_cast<std::int64_t>(characters)) + "자 깁니다. 줄여서 입력해 주십시오.";
 }
 
 Found lineTextMisfit(const OrderDraft& draft, const data::TextLengths& lengths, int row) {
@@ -147,6 +142,11 @@ Found textMisfit(const OrderDraft& draft, const data::TextLengths& lengths) {
 }
 
 }  // namespace
+
+std::string tooLong(const std::string& name, std::size_t characters) {
+    return name + " 내용이 저장할 수 있는 길이보다 " +
+           basics::decimalText(static_cast<std::int64_t>(characters)) + "자 깁니다. 줄여서 입력해 주십시오.";
+}
 
 std::optional<Misfit> firstMisfit(const OrderDraft& draft, const data::TextLengths& lengths) {
     if (auto found = optionMisfit(draft)) return found;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <string>
 
@@ -16,6 +17,9 @@ struct Misfit {
     screen::Field* field = nullptr;
     int herbRow = -1;
 };
+
+/// What the doctor is told of a text that is by so many characters too long.
+std::string tooLong(const std::string& name, std::size_t characters);
 
 /// The first such value of an order that has passed its checks: an option that the pharmacy has entered
 /// without a key or slot, a quantity out of its range, a herb line beyond its numbers, a text longer than its

@@ -22,6 +22,12 @@ float singleOrZero(const std::string& text) {
     return basics::IsNumeric(text) ? basics::toSingle(text) : 0.0F;
 }
 
+/// Days, or packs a day: what nobody has checked, because the order has no decoction, is stored as left open
+/// unless it is a quantity.
+std::string checkedQuantity(const OrderDraft& draft, const screen::TextField& field, bool whole) {
+    return draft.hasDecoction() || isQuantity(field.text(), whole) ? field.text() : std::string();
+}
+
 /// Where the cost lines are stored, from the line behind the total on.
 constexpr struct {
     std::int32_t data::ChubangJun::*amount;
@@ -100,8 +106,8 @@ data::ChubangJun orderRow(const OrderDraft& draft, const composition::modHanYakG
     row.CBJ_Chubsu = shortOrZero(fields.Chubsu);
     row.CBJ_PouchAmount = singleOrZero(fields.PouchAmount);
     row.CBJ_PouchTotal = shortOrZero(fields.PouchTotal);
-    row.CBJ_DayTuyak = singleOrZero(draft.dose.txtDayTuyak.text());
-    row.CBJ_Tuyakilsu = shortOrZero(draft.dose.txtTuyakilsu.text());
+    row.CBJ_DayTuyak = singleOrZero(checkedQuantity(draft, draft.dose.txtDayTuyak, false));
+    row.CBJ_Tuyakilsu = shortOrZero(checkedQuantity(draft, draft.dose.txtTuyakilsu, true));
     row.CBJ_RegDate = serverTime;
     return row;
 }

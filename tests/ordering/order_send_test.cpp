@@ -78,6 +78,7 @@ TEST(OrderSend, StoresTheOrderAndTellsTheChart) {
 TEST(OrderSend, AnOrderTypeWithNeitherSectionSendsNeither) {
     OrderWindow window;
     window.compose(2);
+    window.dose.txtTuyakilsu.setText("-3");  // out of view, and out of the checks
     window.page.answer = CostPage::priced(500);
     window.run([&] { window.priceAndSend(); });
     EXPECT_EQ(window.desktop.takeBox().caption, "처방전 전송 성공");
@@ -86,8 +87,9 @@ TEST(OrderSend, AnOrderTypeWithNeitherSectionSendsNeither) {
     EXPECT_EQ(asked.chubsu + asked.drugPrice + asked.tjmlKey + asked.pouchAmount + asked.pouchTotal, "00000");
     EXPECT_EQ(asked.drugText + asked.tjalSlot + window.sent.at(0).strxDrugList, "");
     EXPECT_EQ(written(*window.pharmacy), "1 0 1 0 1");
-    EXPECT_EQ(window.pharmacy->rows("SELECT CBJ_Chubsu, CBJ_PouchTotal, CBJ_TJAL_Slot FROM t_ChubangJun")[0],
-              (std::vector<std::string>{"0", "0", ""}));
+    EXPECT_EQ(window.pharmacy->value("SELECT CBJ_Chubsu || CBJ_PouchTotal || CBJ_TJAL_Slot || CBJ_DayTuyak ||"
+                                     " CBJ_Tuyakilsu FROM t_ChubangJun"),
+              "003.00");
 }
 
 TEST(OrderSend, MoneyRules) {
