@@ -1,10 +1,10 @@
--- The pharmacy's database. Keys that the database gives are INTEGER PRIMARY KEY; money is whole won,
+-- The pharmacy's database. Keys that the database gives are given once and never again; money is whole won,
 -- dates are text: "yyyy-mm-dd" or "yyyy-mm-dd hh:mm:ss".
 
 -- Orders
 
 CREATE TABLE t_ChubangJun (
-    CBJ_PK INTEGER PRIMARY KEY,
+    CBJ_PK INTEGER PRIMARY KEY AUTOINCREMENT,
     DTR_PK INTEGER NOT NULL,
     Patient_PK INTEGER NOT NULL DEFAULT 0,
     Patient_Name VARCHAR(50),
@@ -65,7 +65,7 @@ CREATE INDEX ix_ChubangJun_Doctor ON t_ChubangJun (DTR_PK, CBJ_IsCanceled, CBJ_R
 CREATE INDEX ix_ChubangJun_Deposit ON t_ChubangJun (DTR_PK, CBJ_PayMethod, CBJ_IsCanceled, CBJ_RegDate);
 
 CREATE TABLE t_CBJDetail (
-    DET_PK INTEGER PRIMARY KEY,
+    DET_PK INTEGER PRIMARY KEY AUTOINCREMENT,
     CBJ_PK INTEGER NOT NULL,
     DGL_PK INTEGER NOT NULL,
     DGL_CallSign VARCHAR(50),
@@ -101,7 +101,7 @@ CREATE TABLE t_EatGuide (
 -- Doctors and their money
 
 CREATE TABLE t_Stock (
-    STK_PK INTEGER PRIMARY KEY,
+    STK_PK INTEGER PRIMARY KEY AUTOINCREMENT,
     DTR_PK INTEGER NOT NULL,
     CBJ_PK INTEGER NOT NULL DEFAULT 0,
     CBJ_IsCanceled BIT NOT NULL DEFAULT 0,
@@ -114,7 +114,7 @@ CREATE INDEX ix_Stock_Doctor ON t_Stock (DTR_PK, STK_Date DESC);
 CREATE INDEX ix_Stock_Order ON t_Stock (CBJ_PK);
 
 CREATE TABLE t_Doctor (
-    DTR_PK INTEGER PRIMARY KEY,
+    DTR_PK INTEGER PRIMARY KEY AUTOINCREMENT,
     DTR_Name VARCHAR(50),
     DTR_LicenseNo VARCHAR(20),
     DTR_ID VARCHAR(30) NOT NULL,
@@ -140,7 +140,7 @@ CREATE UNIQUE INDEX ix_Doctor_ID ON t_Doctor (DTR_ID);
 -- What the pharmacy offers
 
 CREATE TABLE t_JobList (
-    JL_PK INTEGER PRIMARY KEY,
+    JL_PK INTEGER PRIMARY KEY AUTOINCREMENT,
     JL_Prompt VARCHAR(50),
     JL_Message TEXT,
     JL_DrugVisible BIT NOT NULL,
@@ -150,7 +150,7 @@ CREATE TABLE t_JobList (
 );
 
 CREATE TABLE t_TangJunMethodList (
-    TJML_PK INTEGER PRIMARY KEY,
+    TJML_PK INTEGER PRIMARY KEY AUTOINCREMENT,
     TJML_Prompt VARCHAR(50),
     TJML_Message TEXT,
     TJML_Order SMALLINT NOT NULL,
@@ -158,7 +158,7 @@ CREATE TABLE t_TangJunMethodList (
 );
 
 CREATE TABLE t_TangJunAddList (
-    TJAL_PK INTEGER PRIMARY KEY,
+    TJAL_PK INTEGER PRIMARY KEY AUTOINCREMENT,
     TJAL_Prompt VARCHAR(50),
     TJAL_Message TEXT,
     TJAL_Slot SMALLINT NOT NULL,
@@ -169,7 +169,7 @@ CREATE TABLE t_TangJunAddList (
 CREATE UNIQUE INDEX ix_TangJunAddList_Slot ON t_TangJunAddList (TJAL_Slot);
 
 CREATE TABLE t_DrugList (
-    DGL_PK INTEGER PRIMARY KEY,
+    DGL_PK INTEGER PRIMARY KEY AUTOINCREMENT,
     DGL_CallSign VARCHAR(50) NOT NULL,
     DGL_Internal VARCHAR(100) NOT NULL,
     DGL_Default BIT NOT NULL DEFAULT 0,
@@ -187,7 +187,7 @@ CREATE TABLE t_DrugDanga (
 );
 
 CREATE TABLE t_UserChubang (
-    UCB_PK INTEGER PRIMARY KEY,
+    UCB_PK INTEGER PRIMARY KEY AUTOINCREMENT,
     DTR_PK INTEGER NOT NULL,
     UCB_Name VARCHAR(100),
     UCB_Date DATETIME,
@@ -196,7 +196,7 @@ CREATE TABLE t_UserChubang (
 CREATE INDEX ix_UserChubang_Doctor ON t_UserChubang (DTR_PK, UCB_Name);
 
 CREATE TABLE t_UserDetail (
-    UDET_PK INTEGER PRIMARY KEY,
+    UDET_PK INTEGER PRIMARY KEY AUTOINCREMENT,
     UCB_PK INTEGER NOT NULL,
     DGL_CallSign VARCHAR(50),
     DGL_PK INTEGER NOT NULL,
@@ -209,7 +209,7 @@ CREATE INDEX ix_UserDetail_Chubang ON t_UserDetail (UCB_PK, UDET_Order);
 -- What the pharmacy tells
 
 CREATE TABLE t_PxGongJi (
-    PGJ_PK INTEGER PRIMARY KEY,
+    PGJ_PK INTEGER PRIMARY KEY AUTOINCREMENT,
     PGJ_Type SMALLINT NOT NULL,
     PGJ_WriteDate DATETIME,
     PGJ_Title VARCHAR(200),
@@ -221,7 +221,7 @@ CREATE INDEX ix_PxGongJi_List ON t_PxGongJi (PGJ_Type, PGJ_WriteDate DESC);
 
 -- Read by position: the order of these columns must stay.
 CREATE TABLE t_PxInfo (
-    PIF_PK INTEGER PRIMARY KEY,
+    PIF_PK INTEGER PRIMARY KEY AUTOINCREMENT,
     PIF_RegDate DATETIME,
     PIF_Name VARCHAR(100),
     PIF_Pharmacist VARCHAR(50),

@@ -58,6 +58,24 @@ TEST(SqliteFile, AnotherWriterIsWaitedFor) {
     EXPECT_EQ(database.value("SELECT count(*) FROM t_EatGuide"), "2");
 }
 
+/// The next order gets another key, in a file that keeps keys and in one from before that: there of those
+/// under which rows were left.
+TEST(SqliteFile, TheKeyOfADeletedOrderIsNotGivenAgain) {
+    for (const char* left :
+         {"DELETE FROM t_CBJDetail; DELETE FROM t_EatGuide; DELETE FROM t_CBJcostDetail", ""}) {
+        const TestDatabase database;
+        if (!*left) {
+            const std::string made = database.value(
+                "SELECT replace(sql, ' AUTOINCREMENT', '') FROM sqlite_master WHERE name = 't_ChubangJun'");
+            database.run("ALTER TABLE t_ChubangJun RENAME TO kept; " + made +
+                         "; INSERT INTO t_ChubangJun SELECT * FROM kept; DROP TABLE kept");
+        }
+        database.run(std::string("DELETE FROM t_ChubangJun WHERE CBJ_PK > 7;") + left);
+        EXPECT_EQ(clsZELVORecordSet().Insert_ChubangJun(*database.connect(), sampleOrder()), 10) << left;
+        EXPECT_EQ(database.value("SELECT max(CBJ_PK) FROM t_ChubangJun"), "10");
+    }
+}
+
 /// What a session reads of each kind of value, in one text: flags, prices, rates, sums between dates.
 std::string everything(data::Connection& connection) {
     clsZELVORecordSet operations;

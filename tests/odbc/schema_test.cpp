@@ -22,11 +22,12 @@ TEST(Schema, IsTheSameOnBothDatabases) {
     const std::vector<std::string> embedded = tableLines("schema.sql");
     std::vector<std::string> server = tableLines("sqlserver/schema.sql");
     for (std::string& line : server) {
-        for (const auto& [servers, embeddeds] : {std::pair{" INT IDENTITY(1,1)", " INTEGER"},
-                                                 {" INT", " INTEGER"},
-                                                 {" INTEGEREGER", " INTEGER"},
-                                                 {" NVARCHAR(MAX)", " TEXT"},
-                                                 {" NVARCHAR(", " VARCHAR("}}) {
+        for (const auto& [servers, embeddeds] :
+             {std::pair{" INT IDENTITY(1,1) PRIMARY KEY", " INTEGER PRIMARY KEY AUTOINCREMENT"},
+              {" INT", " INTEGER"},
+              {" INTEGEREGER", " INTEGER"},
+              {" NVARCHAR(MAX)", " TEXT"},
+              {" NVARCHAR(", " VARCHAR("}}) {
             line = basics::replaceAll(line, servers, embeddeds);
         }
     }

@@ -90,6 +90,26 @@ std::string quotedName(std::string_view text) {
     return '"' + basics::replaceAll(text, "\"", "\"\"") + '"';
 }
 
+/// The question whether rows of other tables bear the key [Key] of a new row: SQLite gives the key of a
+/// deleted row again, and what was left under it belongs to somebody else.
+std::string keyQuestion(sqlite3* database, const data::NewRow& row) {
+    const auto literal = [](std::string_view text) {
+        return data::Statement("'[Value]'").fill("[Value]", text).text();
+    };
+    const Prepared others = prepare(
+        database,
+        "SELECT t.name FROM sqlite_master AS t, pragma_table_info(t.name) AS c WHERE t.type = 'table' AND c.name = " +
+            literal(row.key) + " COLLATE NOCASE AND t.name <> " + literal(row.table) + " COLLATE NOCASE");
+    std::string question;
+    while (step(database, others.get())) {
+        question += question.empty() ? "SELECT 1 WHERE " : " OR ";
+        question += "EXISTS (SELECT 1 FROM " +
+                    quotedName(reinterpret_cast<const char*>(sqlite3_column_text(others.get(), 0))) +
+                    " WHERE " + quotedName(row.key) + " = [Key])";
+    }
+    return question;
+}
+
 /// Rows of an updatable result set go back by statements of their own, keyed by the set's key column.
 class KeyedWriter : public data::RowWriter {
 public:
@@ -202,7 +222,28 @@ std::optional<std::int32_t> SqliteConnection::runInsert(const std::string& state
                                  looseColumns_));
     if (!step(opened, made.get())) return std::nullopt;  // a view, say
     if (sqlite3_column_type(made.get(), 0) == SQLITE_NULL) throw Fault("the row has no key");
-    return basics::toInt32(std::string(reinterpret_cast<const char*>(sqlite3_column_text(made.get(), 0))));
+    return freeKey(
+        row, basics::toInt32(std::string(reinterpret_cast<const char*>(sqlite3_column_text(made.get(), 0)))));
+}
+
+/// The key of the row just made, or the next one under which nothing was left: then the row has moved there.
+std::int32_t SqliteConnection::freeKey(const data::NewRow& row, std::int32_t given) {
+    sqlite3* const opened = database();
+    const std::string question = keyQuestion(opened, row);
+    const auto taken = [&](std::int32_t key) {
+        if (question.empty()) return false;
+        return step(opened,
+                    prepare(opened, toSqlite(basics::replaceAll(question, "[Key]", std::to_string(key)),
+                                             looseColumns_))
+                        .get());
+    };
+    std::int32_t key = given;
+    while (taken(key)) key = basics::addChecked(key, 1);
+    if (key != given) {
+        run(opened, "UPDATE " + quotedName(row.table) + " SET " + quotedName(row.key) + " = " +
+                        std::to_string(key) + " WHERE rowid = last_insert_rowid()");
+    }
+    return key;
 }
 
 void SqliteConnection::openSet(data::RecordSet& set, const std::string& statement, data::Cursor cursor,

@@ -40,6 +40,7 @@ protected:
 private:
     sqlite3* database() const;
     void openAnew() noexcept;
+    std::int32_t freeKey(const data::NewRow& row, std::int32_t given);
 
     std::string path_;
     // Shared with the row writers of its result sets, which only watch it: they may outlive the connection.
