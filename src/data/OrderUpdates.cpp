@@ -1,8 +1,12 @@
 #include <exception>
 #include <functional>
 #include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
 
 #include "basics/Dates.h"
+#include "basics/Text.h"
 #include "data/OrderOutcome.h"
 #include "data/Running.h"
 #include "data/clsZELVORecordSet.h"
@@ -44,19 +48,29 @@ const Statement& fillOrder(Statement& statement, const CBJmUpdate& row) {
     return statement.fill("[CBJ_BesongCost]", row.CBJ_BesongCost).fill("[CBJ_ElseCost]", row.CBJ_ElseCost);
 }
 
+/// The numbers that a modification can leave as they are.
+constexpr std::pair<std::string_view, std::string CBJmUpdate::*> leavable[] = {
+    {"Patient_Sex", &CBJmUpdate::Patient_Sex},
+    {"Patient_Age", &CBJmUpdate::Patient_Age},
+    {"CBJ_BesongMethod", &CBJmUpdate::CBJ_BesongMethod}};
+
+std::string placeholder(std::string_view column) {
+    return "[" + std::string(column) + "]";
+}
+
 void updateOrder(Connection& Conn, const CBJmUpdate& row) {
-    Statement statement(
+    std::string text(
         "UPDATE t_ChubangJun SET Patient_Name = '[Patient_Name]', Patient_Jumin = '[Patient_Jumin]', Patient_Sex = [Patient_Sex], "
         "Patient_Age = [Patient_Age], Patient_Email = '[Patient_Email]', CBJ_Reci_Tel = '[CBJ_Reci_Tel]', CBJ_Reci_Cell = '[CBJ_Reci_Cell]', "
-        "CBJ_Reci_Zip = '[CBJ_Reci_Zip]', CBJ_Reci_Address = '[CBJ_Reci_Address]', CBJ_BesongMsg = '[CBJ_BesongMsg]', ");
-    statement
-        .add(row.CBJ_BesongMethod.empty()
-                 ? "CBJ_BesongMethod = CBJ_BesongMethod, CBJ_Reci_Date = '[CBJ_Reci_Date]', "
-                 : "CBJ_BesongMethod = [CBJ_BesongMethod], CBJ_Reci_Date = '[CBJ_Reci_Date]', ")
-        .add(
-            "CBJ_Send_Hospital = '[CBJ_Send_Hospital]', CBJ_Send_Name = '[CBJ_Send_Name]', CBJ_Send_Tel = '[CBJ_Send_Tel]', "
-            "CBJ_Send_Cell = '[CBJ_Send_Cell]', CBJ_Send_Zip = '[CBJ_Send_Zip]', CBJ_Send_Address = '[CBJ_Send_Address]', "
-            "CBJ_Msg = '[CBJ_Msg]'");
+        "CBJ_Reci_Zip = '[CBJ_Reci_Zip]', CBJ_Reci_Address = '[CBJ_Reci_Address]', CBJ_BesongMsg = '[CBJ_BesongMsg]', "
+        "CBJ_BesongMethod = [CBJ_BesongMethod], CBJ_Reci_Date = '[CBJ_Reci_Date]', "
+        "CBJ_Send_Hospital = '[CBJ_Send_Hospital]', CBJ_Send_Name = '[CBJ_Send_Name]', CBJ_Send_Tel = '[CBJ_Send_Tel]', "
+        "CBJ_Send_Cell = '[CBJ_Send_Cell]', CBJ_Send_Zip = '[CBJ_Send_Zip]', CBJ_Send_Address = '[CBJ_Send_Address]', "
+        "CBJ_Msg = '[CBJ_Msg]'");
+    for (const auto& [column, value] : leavable) {
+        if ((row.*value).empty()) text = basics::replaceAll(text, placeholder(column), column);
+    }
+    Statement statement(std::move(text));
     if (row.costChanged) {
         statement.add(", CBJ_BesongCost = [CBJ_BesongCost] ").add(", CBJ_ElseCost = [CBJ_ElseCost] ");
     }
@@ -109,10 +123,21 @@ bool updateMileage(clsZELVORecordSet& records, Connection& Conn, const CBJmUpdat
         return true;
     }
     if (row.mileageMoney <= 0) return true;
+    // Another desk may have cancelled it since: a cancelled order earns nothing.
+    if (rowStands(Conn,
+                  Statement("SELECT CBJ_PK FROM t_ChubangJun WHERE CBJ_PK = [CBJPK] AND CBJ_IsCanceled = 1")
+                      .fill("[CBJPK]", row.CBJ_PK)))
+        return true;
     const std::string time = records.RecordSet_SvrGetdate(Conn);
     if (time == "-1") return false;
     return records.Insert_ChubangJun_Mileage(Conn, row.DTR_PK, row.CBJ_PK, row.mileageMoney,
                                              basics::formatDateTime(time)) != -1;
+}
+
+/// A server compares no text column that is declared as TEXT or NTEXT, but what it was made into.
+std::string saysText(std::string_view column) {
+    return "AND coalesce(CAST(" + std::string(column) + " AS NVARCHAR(MAX)), '') = '" + placeholder(column) +
+           "' ";
 }
 
 /// Whether order and sheet say what a modification wrote. Its order, its price and its sheet stand or fall
@@ -121,24 +146,24 @@ bool modificationStands(Connection& Conn, const CBJmUpdate& row) {
     const Transaction waiting(Conn, orderTurn(row.CBJ_PK));
     Statement order(
         "SELECT CBJ_PK FROM t_ChubangJun WITH (READCOMMITTEDLOCK) WHERE CBJ_PK = [CBJPK] "
-        "AND Patient_Name = '[Patient_Name]' AND Patient_Jumin = '[Patient_Jumin]' AND Patient_Sex = [Patient_Sex] "
-        "AND Patient_Age = [Patient_Age] AND Patient_Email = '[Patient_Email]' AND CBJ_Reci_Tel = '[CBJ_Reci_Tel]' "
-        "AND CBJ_Reci_Cell = '[CBJ_Reci_Cell]' AND CBJ_Reci_Zip = '[CBJ_Reci_Zip]' "
-        "AND CBJ_Reci_Address = '[CBJ_Reci_Address]' AND CBJ_BesongMsg = '[CBJ_BesongMsg]' "
-        "AND CBJ_Reci_Date = '[CBJ_Reci_Date]' AND CBJ_Send_Hospital = '[CBJ_Send_Hospital]' "
-        "AND CBJ_Send_Name = '[CBJ_Send_Name]' AND CBJ_Send_Tel = '[CBJ_Send_Tel]' "
-        "AND CBJ_Send_Cell = '[CBJ_Send_Cell]' AND CBJ_Send_Zip = '[CBJ_Send_Zip]' "
-        "AND CBJ_Send_Address = '[CBJ_Send_Address]' AND CBJ_Msg = '[CBJ_Msg]' ");
-    if (!row.CBJ_BesongMethod.empty()) order.add("AND CBJ_BesongMethod = [CBJ_BesongMethod] ");
+        "AND CBJ_Reci_Date = '[CBJ_Reci_Date]' ");
+    for (const char* column :
+         {"Patient_Name", "Patient_Jumin", "Patient_Email", "CBJ_Reci_Tel", "CBJ_Reci_Cell", "CBJ_Reci_Zip",
+          "CBJ_Reci_Address", "CBJ_BesongMsg", "CBJ_Send_Hospital", "CBJ_Send_Name", "CBJ_Send_Tel",
+          "CBJ_Send_Cell", "CBJ_Send_Zip", "CBJ_Send_Address", "CBJ_Msg"}) {
+        order.add(saysText(column));
+    }
+    for (const auto& [column, value] : leavable) {
+        if (!(row.*value).empty())
+            order.add("AND " + std::string(column) + " = " + placeholder(column) + " ");
+    }
     if (row.costChanged) order.add("AND CBJ_BesongCost = [CBJ_BesongCost] AND CBJ_ElseCost = [CBJ_ElseCost]");
     if (!rowStands(Conn, fillOrder(order, row))) return false;
     const bool blank = row.BogYak.empty() && row.HospName.empty() && row.PhoneNo.empty();
-    return (blank && !hasSheet(Conn, row)) ||
-           rowStands(Conn, fillSheet(Statement("SELECT CBJ_PK FROM t_EatGuide WHERE CBJ_PK = [CBJPK] "
-                                               "AND coalesce(BogYak, '') = '[BogYak]' "
-                                               "AND coalesce(HospName, '') = '[HospName]' "
-                                               "AND coalesce(PhoneNo, '') = '[PhoneNo]'"),
-                                     row));
+    if (blank && !hasSheet(Conn, row)) return true;
+    Statement sheet("SELECT CBJ_PK FROM t_EatGuide WHERE CBJ_PK = [CBJPK] ");
+    for (const char* column : {"BogYak", "HospName", "PhoneNo"}) sheet.add(saysText(column));
+    return rowStands(Conn, fillSheet(sheet, row));
 }
 
 /// Runs a unit of work and, where the answer to its commit was lost, asks another connection after it.

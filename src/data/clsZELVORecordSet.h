@@ -1,7 +1,9 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
+#include <vector>
 
 #include "data/Connection.h"
 #include "data/TextLengths.h"
@@ -37,7 +39,7 @@ struct CostNotes {
 };
 
 /// What a modification writes over an order that still waits; a member bears its column's name. Sex, age and
-/// delivery method are numbers as text; "" for the method leaves the one that is stored.
+/// delivery method are numbers as text; "" leaves what is stored.
 struct CBJmUpdate {
     bool costChanged = false;  ///< whether the members from CBJ_BesongCost to mileageMoney count
     std::int32_t DTR_PK = 0, CBJ_PK = 0;
@@ -78,6 +80,7 @@ struct CBJmTangJun {
         CBJ_PouchTotal;
     /// The chosen add-ons, "name/*/key", parted by "#*#".
     std::string Adds;
+    std::size_t lostAdds = 0;  ///< chosen ones that have left the catalogue
 };
 /// The amounts in won (NULL is 0) with their notes; the last two amounts are the pharmacy's own.
 struct CBJmCosts {
@@ -86,6 +89,11 @@ struct CBJmCosts {
                  CBJ_UserCost = 0, CBJ_UserCostNoVAT = 0;
     CostNotes notes;
     std::string CBJ_UserCostNote, CBJ_UserCostNoteNoVAT;
+};
+
+/// A herb line whose herb has left the catalogue: no list that names herbs by it shows the line.
+struct LostHerb {
+    std::string name, grams;
 };
 
 /// A herb line of an order.
@@ -180,9 +188,9 @@ public:
     bool RecordSet_CBJmTangJunAdd(Connection& Conn, const std::string& TJAL_PK, std::string& TJAL_Prompt,
                                   std::string& TJAL_Message);
     /// The herb lines stay open in `Rs`, in the order that the order gives them, as the catalogue names the
-    /// herbs; packets and herb price as text.
+    /// herbs, and apart from them those that it names no more; packets and herb price as text.
     bool RecordSet_CBJmDrug(Connection& Conn, RecordSet& Rs, std::int32_t CBJ_PK, std::string& CBJ_Chubsu,
-                            std::string& CBJ_DrugCost);
+                            std::string& CBJ_DrugCost, std::vector<LostHerb>& lost);
     bool RecordSet_CBJmCostInfo(Connection& Conn, std::int32_t CBJ_PK, CBJmCosts& costs);
 
     // Stored prescriptions (PersonalStore.cpp). The writes run inside the caller's transaction and roll
@@ -198,6 +206,8 @@ public:
     /// The herb lines, in their order, as the catalogue names the herbs; one whose herb has left it drops
     /// out.
     std::int16_t RecordSet_MyDrugList(Connection& Conn, RecordSet& Rs, std::int32_t UCB_PK);
+    /// Those that drop out there.
+    std::int16_t RecordSet_LostDrugs(Connection& Conn, std::int32_t UCB_PK, std::vector<LostHerb>& lost);
     std::int16_t RecordSet_FindMyChubang(Connection& Conn, RecordSet& Rs, const std::string& Word,
                                          std::int32_t DTR_PK, SearchKind Kind);
     /// The pharmacy's own.

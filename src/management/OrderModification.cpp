@@ -1,10 +1,13 @@
 #include "management/OrderModification.h"
 
 #include <exception>
+#include <string_view>
+#include <vector>
 
 #include "basics/Numbers.h"
 #include "data/Words.h"
 #include "management/OrderStanding.h"
+#include "ordering/OrderFit.h"
 
 namespace zelvo::management {
 
@@ -15,6 +18,44 @@ constexpr const char* pageCaption = "처방전 수정";
 
 std::string trimmed(const screen::TextField& field) {
     return basics::trim(field.text());
+}
+
+/// A text of the order that can be changed: its column, and what the doctor calls it.
+struct Column {
+    std::string data::CBJmUpdate::*member;
+    std::string_view column, label;
+};
+struct Text : Column {
+    screen::TextField& field;
+    bool ofSheet = false;
+};
+
+constexpr Column sheetText{&data::CBJmUpdate::BogYak, "BogYak", "복용법"};
+
+std::vector<Text> texts(OrderDetail& detail) {
+    using Row = data::CBJmUpdate;
+    PatientSection& patient = detail.patient;
+    SenderSection& sender = detail.sender;
+    SheetSection& sheet = detail.sheet;
+    return {
+        {{&Row::Patient_Name, "Patient_Name", "환자명"}, patient.txtCBJmPatientName},
+        {{&Row::Patient_Jumin, "Patient_Jumin", "주민번호"}, patient.txtCBJmJumin},
+        {{&Row::CBJ_Reci_Tel, "CBJ_Reci_Tel", "환자 전화번호"}, patient.txtCBJmPaTel},
+        {{&Row::CBJ_Reci_Cell, "CBJ_Reci_Cell", "환자 핸드폰"}, patient.txtCBJmPaCell},
+        {{&Row::Patient_Email, "Patient_Email", "이메일"}, patient.txtCBJmPaEmail},
+        {{&Row::CBJ_Reci_Zip, "CBJ_Reci_Zip", "배송주소의 우편번호"}, patient.txtCBJmBeZip},
+        {{&Row::CBJ_Reci_Address, "CBJ_Reci_Address", "배송주소"}, patient.txtCBJmBeJuso},
+        {{&Row::CBJ_BesongMsg, "CBJ_BesongMsg", "택배내용"}, patient.txtCBJmBesongMsg},
+        {{&Row::CBJ_Send_Hospital, "CBJ_Send_Hospital", "한의원명"}, sender.txtCBJmHosPital},
+        {{&Row::CBJ_Send_Name, "CBJ_Send_Name", "한의사명"}, sender.txtCBJmDTRName},
+        {{&Row::CBJ_Send_Tel, "CBJ_Send_Tel", "한의원 전화번호"}, sender.txtCBJmDTRTel},
+        {{&Row::CBJ_Send_Cell, "CBJ_Send_Cell", "한의사 핸드폰"}, sender.txtCBJmDTRCell},
+        {{&Row::CBJ_Send_Zip, "CBJ_Send_Zip", "발송주소의 우편번호"}, sender.txtCBJmBalZip},
+        {{&Row::CBJ_Send_Address, "CBJ_Send_Address", "발송주소"}, sender.txtCBJmBalJuso},
+        {{&Row::CBJ_Msg, "CBJ_Msg", "처방 메시지"}, sheet.txtCBJmCBMsg},
+        {{&Row::HospName, "HospName", "복용법 한의원명"}, sheet.txtEatGuideHosName2, true},
+        {{&Row::PhoneNo, "PhoneNo", "복용법 연락처"}, sheet.txtEatGuideCall2, true},
+    };
 }
 
 std::string number(std::int64_t value) {
@@ -68,9 +109,8 @@ void OrderModification::save() {
     if (session_.m_IsNurse) session_.m_DTRPK = row.DTR_PK;
     data::CBJmState order;
     if (!stillWaits(desktop, session_, detail_, row.CBJ_PK, saveCaption, order)) return;
-    if (!ageIsSound()) return;
-    takePatient(row);
-    takeSenderAndSheet(row);
+    take(row);
+    if (!ageIsSound() || !textsFit(row)) return;
     row.costChanged =
         detail_.patient.cboCBJmBesongMethod.text() != detail_.patient.lblCBJmBesongMethod.caption();
     if (row.costChanged && !Request_CostUpdate(row, order)) return detail_.reload();
@@ -98,6 +138,22 @@ bool OrderModification::ageIsSound() {
     form_.desktop().inform("[나이]를 숫자로 입력해 주십시오.", saveCaption);
     age.setFocus();
     return false;
+}
+
+/// A text that is longer than its column would cost the doctor all that was typed, too.
+bool OrderModification::textsFit(const data::CBJmUpdate& row) {
+    const data::TextLengths& lengths = price_.textLengths();
+    const auto fits = [&](std::string_view table, const auto& text, screen::Field& field) {
+        const std::size_t over = lengths.excess(table, text.column, row.*text.member);
+        if (over == 0) return true;
+        form_.desktop().inform(ordering::tooLong("[" + std::string(text.label) + "]", over), saveCaption);
+        field.setFocus();
+        return false;
+    };
+    for (const Text& text : texts(detail_)) {
+        if (!fits(text.ofSheet ? "t_EatGuide" : "t_ChubangJun", text, text.field)) return false;
+    }
+    return fits("t_EatGuide", sheetText, detail_.sheet.cmdEatGuideUpdate);
 }
 
 void OrderModification::tell(data::CommitOutcome outcome, bool CostChanged) {
@@ -192,36 +248,16 @@ void OrderModification::takeCosts(data::CBJmUpdate& row, const ordering::CostAns
     row.mileageMoney = answer.mileage;
 }
 
-void OrderModification::takePatient(data::CBJmUpdate& row) const {
+void OrderModification::take(data::CBJmUpdate& row) const {
+    for (const Text& text : texts(detail_)) row.*text.member = trimmed(text.field);
     const PatientSection& patient = detail_.patient;
-    row.Patient_Name = trimmed(patient.txtCBJmPatientName);
-    row.Patient_Jumin = trimmed(patient.txtCBJmJumin);
-    row.Patient_Sex = patient.ssoCBJmSex0.value() ? "1" : "0";
-    row.Patient_Age = trimmed(patient.txtCBJmAge);
-    row.CBJ_Reci_Tel = trimmed(patient.txtCBJmPaTel);
-    row.CBJ_Reci_Cell = trimmed(patient.txtCBJmPaCell);
-    row.Patient_Email = trimmed(patient.txtCBJmPaEmail);
-    row.CBJ_Reci_Zip = trimmed(patient.txtCBJmBeZip);
-    row.CBJ_Reci_Address = trimmed(patient.txtCBJmBeJuso);
-    row.CBJ_BesongMsg = trimmed(patient.txtCBJmBesongMsg);
+    row.Patient_Sex = patient.sex();
+    row.Patient_Age = patient.age();
     // An order whose method nobody knows keeps it until one is chosen.
     if (patient.cboCBJmBesongMethod.selectedIndex() >= 0)
         row.CBJ_BesongMethod = number(data::delivery::code(patient.cboCBJmBesongMethod.text()));
     row.CBJ_Reci_Date = patient.deliveryDate();
-}
-
-void OrderModification::takeSenderAndSheet(data::CBJmUpdate& row) const {
-    const SenderSection& sender = detail_.sender;
-    row.CBJ_Send_Hospital = trimmed(sender.txtCBJmHosPital);
-    row.CBJ_Send_Name = trimmed(sender.txtCBJmDTRName);
-    row.CBJ_Send_Tel = trimmed(sender.txtCBJmDTRTel);
-    row.CBJ_Send_Cell = trimmed(sender.txtCBJmDTRCell);
-    row.CBJ_Send_Zip = trimmed(sender.txtCBJmBalZip);
-    row.CBJ_Send_Address = trimmed(sender.txtCBJmBalJuso);
-    row.CBJ_Msg = trimmed(detail_.sheet.txtCBJmCBMsg);
     row.BogYak = basics::trim(detail_.sheet.rtxCBJmEatMsg.rtf());
-    row.HospName = trimmed(detail_.sheet.txtEatGuideHosName2);
-    row.PhoneNo = trimmed(detail_.sheet.txtEatGuideCall2);
     row.newSheet = detail_.sheet.isNew();
 }
 

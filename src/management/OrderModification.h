@@ -24,13 +24,13 @@ private:
     void Save_CBJmUpdate();
     void save();
     bool ageIsSound();
+    bool textsFit(const data::CBJmUpdate& row);
     void tell(data::CommitOutcome outcome, bool CostChanged);
     bool Request_CostUpdate(data::CBJmUpdate& row, const data::CBJmState& order);
     std::string askPage(const data::CBJmUpdate& row, const data::CBJmState& order) const;
     void showCosts(const ordering::CostAnswer& answer);
     static void takeCosts(data::CBJmUpdate& row, const ordering::CostAnswer& answer);
-    void takePatient(data::CBJmUpdate& row) const;
-    void takeSenderAndSheet(data::CBJmUpdate& row) const;
+    void take(data::CBJmUpdate& row) const;
 
     screen::Window& form_;
     session::Session& session_;

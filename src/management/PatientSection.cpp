@@ -86,6 +86,8 @@ void PatientSection::show(const data::CBJmPatient& patient) {
     show(txtCBJmJumin, patient.Patient_Jumin);
     (patient.Patient_Sex == "True" ? ssoCBJmSex0 : ssoCBJmSex1).setValue(true);
     show(txtCBJmAge, patient.Patient_Age);
+    hasSex_ = !patient.Patient_Sex.empty();
+    hasAge_ = !basics::isBlank(patient.Patient_Age);
     show(txtCBJmPaTel, patient.CBJ_Reci_Tel);
     show(txtCBJmPaCell, patient.CBJ_Reci_Cell);
     show(txtCBJmPaEmail, patient.Patient_Email);
@@ -123,6 +125,16 @@ void PatientSection::beginEditing() {
     if (const auto date = basics::parseDateTime(txtCBJmBesongDate.text()))
         dtpCBJmBesongDate.setValue(date->date);
     lblCBJmBesongMethod.setCaption(cboCBJmBesongMethod.text());
+}
+
+std::string PatientSection::sex() const {
+    if (ssoCBJmSex0.value()) return "1";
+    return hasSex_ ? "0" : "";
+}
+
+std::string PatientSection::age() const {
+    const std::string text = basics::trim(txtCBJmAge.text());
+    return text.empty() && hasAge_ ? "0" : text;
 }
 
 std::string PatientSection::deliveryDate() const {

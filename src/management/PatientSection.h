@@ -34,12 +34,17 @@ public:
     /// Remembers what the price depends on, and shows the wanted date where a new one is chosen.
     void beginEditing();
 
+    /// Sex and age as the order stores them, "" for one that it does not hold and that nobody has entered.
+    std::string sex() const;
+    std::string age() const;
     /// The wanted date as the order stores it: "yyyy-mm-dd", "1900-01-01" for none.
     std::string deliveryDate() const;
 
 private:
     void dressFields();
     void show(const data::CBJmPatient& patient);
+
+    bool hasSex_ = false, hasAge_ = false;
 };
 
 }  // namespace zelvo::management

@@ -43,6 +43,8 @@ public:
     /// Whether the pharmacy's tables can hold the order as it stands. What they can't has been told, and has
     /// the focus.
     bool orderFits();
+    /// How long the server's text columns are; asked for once a session, before they are needed.
+    const data::TextLengths& textLengths();
     /// The row style of the cost lines.
     void Form_Load();
 
@@ -51,7 +53,6 @@ private:
     bool currentHerbIsSound();
     bool passesChecks();
     void focusFault(CheckResult result);
-    const data::TextLengths& textLengths();
     bool Request_Cost();
     std::string askPage(const composition::modHanYakGuk::CostFields& fields) const;
     void clearCosts();
@@ -63,7 +64,6 @@ private:
     screen::Window& form_;
     OrderDraft& draft_;
     SendGate& gate_;
-    /// Asked for before the first price of a session.
     std::optional<data::TextLengths> textLengths_;
 };
 

@@ -11,7 +11,7 @@ const char *saveButton = "ssrCBJmUpdate", *cancelButton = "ssrCBJmCancel", *edit
 /// What the orders say of name, delivery and its cost and notes; whether they and their mileage are
 /// cancelled, whose it is; the clinic on the sheet.
 const std::string orders =
-    "SELECT group_concat(Patient_Name || Patient_Age || ' ' || ifnull(CBJ_BesongMethod, '-') || ' ' || CBJ_Reci_Date || ' ' ||"
+    "SELECT group_concat(Patient_Name || coalesce(Patient_Age, Patient_Sex, '-') || ' ' || ifnull(CBJ_BesongMethod, '-') || ' ' || CBJ_Reci_Date || ' ' ||"
     " CBJ_BesongCost || CCD_BesongCost || CBJ_ElseCost || ' ' || CBJ_VATCost || ' ' || a.CBJ_IsCanceled || ' ' ||"
     " ifnull((SELECT STK_Money || CBJ_IsCanceled || c.DTR_PK FROM t_Stock c WHERE c.CBJ_PK = a.CBJ_PK), '') ||"
     " ifnull((SELECT HospName FROM t_EatGuide d WHERE d.CBJ_PK = a.CBJ_PK), '-')) FROM t_ChubangJun a,"
@@ -82,6 +82,8 @@ TEST(OrderModification, StoresWhatIsTypedAndAsksAPriceForAnotherDeliveryOnly) {
          "오'닐32 - " + kept},
         {"an unknown method", "UPDATE t_ChubangJun SET CBJ_BesongMethod = 9", false, false, 0,
          "오'닐32 9 " + kept},
+        {"no sex or age", "UPDATE t_ChubangJun SET Patient_Sex = NULL, Patient_Age = NULL", false, false, 0,
+         "오'닐- 2 " + kept},
         {"no sheet yet", "DELETE FROM t_EatGuide", false, false, 0, "오'닐32 2 " + kept}};
     for (const Case& test : cases) {
         SCOPED_TRACE(test.name);
@@ -257,7 +259,9 @@ TEST(OrderModification, WhatStandsInTheWayIsToldAndNothingIsWritten) {
          again, nullptr, false},
         {aged("45세"), number, saveButton},
         {aged("40000"), number, saveButton},
-        {aged("-1"), number, saveButton}};
+        {aged("-1"), number, saveButton},
+        {&Modifying::knowLengths,
+         "[복용법 한의원명] 내용이 저장할 수 있는 길이보다 2자 깁니다. 줄여서 입력해 주십시오.", saveButton}};
     for (const Case& test : cases) {
         for (const char* button : {saveButton, cancelButton}) {
             if (test.button && test.button != button) continue;
@@ -287,7 +291,12 @@ TEST(OrderModification, AChangeWithoutAnAnswerIsAskedAfter) {
         Modifying window;
         window.line->another = [&]() -> std::unique_ptr<data::Connection> {
             if (!answers) throw basics::Fault("nobody there");
-            return window.pharmacy->connect();
+            auto other = std::make_unique<testing::FaultyConnection>(window.pharmacy->connect());
+            other->before = [](const std::string& question) {
+                if (question.find("CBJ_Msg = ") != std::string::npos)
+                    throw basics::Fault("text and varchar are incompatible in the equal to operator");
+            };
+            return other;
         };
         window.run([&] {
             canceling ? window.listAll() : window.edit(true);

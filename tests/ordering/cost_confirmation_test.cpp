@@ -109,13 +109,7 @@ TEST(CostConfirmation, AnOrderThatCanNotBeStoredIsNotPriced) {
     for (const auto& test : cases) {
         SCOPED_TRACE(test.message);
         OrderWindow window;
-        window.line->catalogue = true;
-        window.line->execute("ATTACH ':memory:' AS INFORMATION_SCHEMA");
-        window.line->execute(
-            "CREATE TABLE INFORMATION_SCHEMA.COLUMNS AS SELECT 't_ChubangJun' TABLE_NAME, 'PATIENT_NAME' COLUMN_NAME,"
-            " 'varchar' DATA_TYPE, 'cp949' CHARACTER_SET_NAME, 8 CHARACTER_MAXIMUM_LENGTH UNION ALL VALUES"
-            " ('t_ChubangJun', 'Patient_Email', 'varchar', 'UTF8', 8), ('t_CBJDetail', 'DET_Note', 'nvarchar', 'UNICODE', 5),"
-            " ('t_EatGuide', 'HospName', 'char', 'iso_1', 2), ('t_ChubangJun', 'CBJ_Msg', 'varchar', 'cp949', -1)");
+        window.knowLengths();
         window.compose();
         test.change(window);
         window.run([&] {

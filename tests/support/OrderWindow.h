@@ -71,6 +71,16 @@ public:
         options.tdbJobList.setCurrentRow(job);
         options.pressJobList(0);
     }
+    /// The server tells how long some of its text columns are.
+    void knowLengths() const {
+        line->catalogue = true;
+        line->execute("ATTACH ':memory:' AS INFORMATION_SCHEMA");
+        line->execute(
+            "CREATE TABLE INFORMATION_SCHEMA.COLUMNS AS SELECT 't_ChubangJun' TABLE_NAME, 'PATIENT_NAME' COLUMN_NAME,"
+            " 'varchar' DATA_TYPE, 'cp949' CHARACTER_SET_NAME, 8 CHARACTER_MAXIMUM_LENGTH UNION ALL VALUES"
+            " ('t_ChubangJun', 'Patient_Email', 'varchar', 'UTF8', 8), ('t_CBJDetail', 'DET_Note', 'nvarchar', 'UNICODE', 5),"
+            " ('t_EatGuide', 'HospName', 'char', 'iso_1', 2), ('t_ChubangJun', 'CBJ_Msg', 'varchar', 'cp949', -1)");
+    }
     void priceAndSend() {
         user.press("ssrCostConfirm");
         user.press("ssrCBJSend");
@@ -86,7 +96,8 @@ public:
     std::optional<std::string> chartFault;
     std::vector<ordering::ChartRecord> sent;
     account::BalanceView balance{form, {}, session};
-    ordering::OrderDraft draft{session, frames, herbs, dose, options, patient, sender, payment, sheet};
+    ordering::OrderDraft draft{session, frames, herbs,   dose,  options,
+                               patient, sender, payment, sheet, leftOut};
     ordering::CostConfirmation price{form, draft, gate};
     ordering::OrderSend send{form, draft, gate, price, balance};
 };

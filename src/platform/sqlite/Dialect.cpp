@@ -30,6 +30,8 @@ bool isPlainNumber(std::string_view text) {
 
 /// Makes a server wait for rows that are just being written; SQLite has one writer and needs no hint.
 constexpr std::string_view lockHint = "(READCOMMITTEDLOCK)";
+/// The length of a text without a bound, which SQLite's types don't bear.
+constexpr std::string_view unbounded = "(MAX)";
 
 class Translator {
 public:
@@ -94,6 +96,9 @@ private:
             at_ = end;
         } else if (isWord(word, "with") && text_.substr(next).starts_with(lockHint)) {
             at_ = next + lockHint.size();
+        } else if (isWord(word, "nvarchar") && text_.substr(next).starts_with(unbounded)) {
+            result_ += word;
+            at_ = next + unbounded.size();
         } else {
             copyTo(end);
         }
