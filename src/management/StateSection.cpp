@@ -9,6 +9,8 @@ namespace zelvo::management {
 
 namespace {
 
+constexpr const char *frameCaption = " 진행상태", *unknownCaption = " 진행상태 - 취소 기록 없음";
+
 std::string_view payWord(std::string_view method) {
     if (method == "1") return data::pay::deposit;
     if (method == "2") return data::pay::later;
@@ -38,7 +40,8 @@ StateSection::StateSection(screen::Window& form, DetailFrames& frames)
       txtCBJmPayMethod(form, "txtCBJmPayMethod", frames.c1eCBJm2.inside()),
       sschkCBJmUpdate(form, "sschkCBJmUpdate", frames.c1eCBJm2.inside(), "대기중인 처방전 수정"),
       ssrCBJreuse(form, "ssrCBJreuse", frames.c1eCBJm2.inside(), "처방전 재사용"),
-      ssrCBJmUpdate(form, "ssrCBJmUpdate", frames.c1eCBJm2.inside(), "처방전 수정") {
+      ssrCBJmUpdate(form, "ssrCBJmUpdate", frames.c1eCBJm2.inside(), "처방전 수정"),
+      frames_(frames) {
     const char* words[] = {"대기", "제작", "발송대기", "완료"};
     for (std::size_t i = 0; i < picCBJstate.size(); ++i) picCBJstate[i].setLabel(words[i]);
     picCBJcancel.setLabel(lblStatecancel.caption());
@@ -62,6 +65,8 @@ bool StateSection::load(const DetailRead& read, screen::TextField& message) {
 void StateSection::show(const data::CBJmState& state) {
     const bool canceled = state.CBJ_IsCanceled == "True";
     const std::string reached = canceled ? std::string() : state.CBJ_State;
+    // The marks of a cancelled order stand for one without a state as well; that it is none is said beside.
+    frames_.sspCBJm1.setCaption(reached.empty() && !canceled ? unknownCaption : frameCaption);
     picCBJcancel.setVisible(reached.empty());
     lblStatecancel.setVisible(reached.empty());
     for (std::size_t i = 0; i < picCBJstate.size(); ++i)
@@ -74,6 +79,7 @@ void StateSection::clear() {
     for (screen::Picture& picture : picCBJstate) picture.setVisible(false);
     picCBJcancel.setVisible(false);
     lblStatecancel.setVisible(false);
+    frames_.sspCBJm1.setCaption(frameCaption);
     txtCBJmIsPaid.setText("");
     txtCBJmPayMethod.setText("");
     withdrawActions();

@@ -44,6 +44,7 @@ public:
 private:
     void show(const data::CBJmState& state);
 
+    DetailFrames& frames_;
     bool quiet_ = false;
 };
 

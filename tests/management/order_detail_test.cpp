@@ -28,6 +28,7 @@ TEST_F(Detail, ShowsWhatIsLeftOfAnOddOrder) {
     };
     const Case cases[] = {
         {"CBJ_IsCanceled = 1", "lblStatecancel", "취소된 처방전"},
+        {"CBJ_State = ''", "lblStatecancel", "취소된 처방전"},
         {"CBJ_PayMethod = NULL", "txtCBJmPayMethod", ""},
         {"CBJ_BesongMethod = NULL", "cboCBJmBesongMethod", ""},
         {"CBJ_BesongMethod = 9", "cboCBJmBesongMethod", ""},
@@ -49,12 +50,14 @@ TEST_F(Detail, ShowsWhatIsLeftOfAnOddOrder) {
         window.listAll();
         for (const Case& test : cases) {
             window.pharmacy->run(
-                "DELETE FROM t_ChubangJun WHERE CBJ_PK = 3; DELETE FROM t_CBJcostDetail;"
+                "DELETE FROM t_ChubangJun WHERE CBJ_PK = 3; DELETE FROM t_CBJcostDetail; DELETE FROM t_CBJDetail;"
                 "DELETE FROM t_EatGuide");
             window.put(3, test.change);
             window.detail.On_CBJRowChange(-1);
             EXPECT_EQ(window.says({test.field}), test.text) << test.change;
-            EXPECT_EQ(window.detail.state.sschkCBJmUpdate.visible(), test.change != cases[0].change);
+            EXPECT_EQ(window.detail.state.sschkCBJmUpdate.visible(), &test - cases > 1);
+            EXPECT_EQ(window.detail.frames.sspCBJm1.caption(),
+                      &test - cases == 1 ? " 진행상태 - 취소 기록 없음" : " 진행상태");
         }
         window.pharmacy->run(
             "DELETE FROM t_EatGuide; DELETE FROM t_CBJcostDetail; UPDATE t_CBJDetail SET DGL_PK = 99;"
@@ -67,6 +70,8 @@ TEST_F(Detail, ShowsWhatIsLeftOfAnOddOrder) {
         EXPECT_EQ(cost(0) + cost(2), "         [ 합계비용 ]||처방전 합계비용 =  조제비용||");
         EXPECT_EQ(window.says({"rtxCBJmEatMsg"}), "");
         EXPECT_EQ(window.detail.herbs.tdbCBJmDGL.rowCount(), 0);
+        EXPECT_EQ(window.detail.herbs.tdbCBJmDGL.caption(),
+                  "한약국의 목록에서 삭제된 약재: [당귀 1g] [작약 1g]");
     });
 }
 
