@@ -194,6 +194,16 @@ void ChubangPane::showHerbs() {
     if (!tdbDetail.onRow()) rtxNote.setText(noteHint);
 }
 
+bool ChubangPane::tellLostHerbs(LeftOut& leftOut) const {
+    std::vector<data::LostHerb> lost;
+    if (data::clsZELVORecordSet().RecordSet_LostDrugs(session_.connection(), currentKey(), lost) == -1) {
+        form_.desktop().inform("데이터베이스 접속에 오류가 발생했습니다.", names_.faultCaption);
+        return false;
+    }
+    leftOut.tellHerbs(lost);
+    return true;
+}
+
 void ChubangPane::emptyDetail() {
     rsDetail_.close();
     tdbDetail.refresh();

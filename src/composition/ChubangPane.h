@@ -4,6 +4,7 @@
 #include <functional>
 #include <string>
 
+#include "composition/LeftOut.h"
 #include "data/RecordSet.h"
 #include "data/clsZELVORecordSet.h"
 #include "screen/Fields.h"
@@ -54,6 +55,9 @@ public:
     void close();
     /// Shows memo and herbs of the list's current row; without one, nothing of either.
     void showRow();
+    /// Names, where the order will stand, what the herbs in view leave out. False when that can't be read; it
+    /// has been told.
+    bool tellLostHerbs(LeftOut& leftOut) const;
     /// No herbs in view.
     void emptyDetail();
     /// Reads the list again as it was last searched. One that can't be read stays as it is, or is shown empty

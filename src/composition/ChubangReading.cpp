@@ -7,8 +7,8 @@
 namespace zelvo::composition {
 
 ChubangReading::ChubangReading(screen::Window& form, session::Session& session, HerbTable& herbs,
-                               OrderWatch& watch)
-    : form_(form), session_(session), herbs_(herbs), watch_(watch) {
+                               LeftOut& leftOut, OrderWatch& watch)
+    : form_(form), session_(session), herbs_(herbs), leftOut_(leftOut), watch_(watch) {
     herbs_.sscCBJRead.onPress.add([this] { Read_Chubang(); });
 }
 
@@ -19,7 +19,7 @@ void ChubangReading::Read_Chubang() {
         desktop.inform("로그인 후에 사용 하십시오.(m_DTRPK = 0)", "처방 읽어오기");
         return;
     }
-    frmChubangRead library(desktop, session_, herbs_);
+    frmChubangRead library(desktop, session_, herbs_, leftOut_);
     for (std::int16_t m_KeepChubangRead = 0;; m_KeepChubangRead = -1) {
         const screen::BusyPointer busy(desktop);
         library.left = form_.left + form_.width() - library.width();

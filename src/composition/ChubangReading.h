@@ -1,6 +1,7 @@
 #pragma once
 
 #include "composition/HerbTable.h"
+#include "composition/LeftOut.h"
 #include "composition/OrderWatch.h"
 #include "session/Session.h"
 
@@ -10,7 +11,8 @@ namespace zelvo::composition {
 /// closes the library.
 class ChubangReading {
 public:
-    ChubangReading(screen::Window& form, session::Session& session, HerbTable& herbs, OrderWatch& watch);
+    ChubangReading(screen::Window& form, session::Session& session, HerbTable& herbs, LeftOut& leftOut,
+                   OrderWatch& watch);
 
 private:
     void Read_Chubang();
@@ -18,6 +20,7 @@ private:
     screen::Window& form_;
     session::Session& session_;
     HerbTable& herbs_;
+    LeftOut& leftOut_;
     OrderWatch& watch_;
 };
 

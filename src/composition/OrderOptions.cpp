@@ -50,6 +50,10 @@ void useStyle(screen::Grid& grid, const tables::XArrayDB& options, const char* n
     });
 }
 
+int rowOf(const tables::XArrayDB& options, std::int32_t key) {
+    return options.find(0, option::key, basics::decimalText(std::int64_t{key}));
+}
+
 bool standsOnRow(const screen::Grid& grid, const tables::XArrayDB& options) {
     return grid.onRow() && grid.currentRow() <= options.upperRow();
 }
@@ -173,16 +177,32 @@ void OrderOptions::chooseTJML(std::int32_t key) {
     tdbTJML.bind(&m_xaTJML);
 }
 
-void OrderOptions::chooseTJAL(const std::vector<std::int32_t>& keys) {
+std::vector<std::string> OrderOptions::chooseTJAL(const std::vector<std::int32_t>& keys) {
     unselectAll(m_xaTJAL);
     for (const std::int32_t key : keys) {
         if (moveTo(tdbTJAL, m_xaTJAL, key)) pressTJAL(option::selected);
     }
     tdbTJAL.bind(&m_xaTJAL);
+    std::vector<std::string> leftOut;
+    for (const std::int32_t key : keys) {
+        const int row = rowOf(m_xaTJAL, key);
+        if (row < 0 || !m_xaTJAL.isTrue(row, option::selected)) leftOut.push_back(addOnName(key));
+    }
+    return leftOut;
+}
+
+/// As the pharmacy calls it, whether it is still offered or not; its number where nobody can tell.
+std::string OrderOptions::addOnName(std::int32_t key) const {
+    const std::string number = basics::decimalText(std::int64_t{key});
+    std::string name, message;
+    if (session_.g_conYakGuk) {
+        data::clsZELVORecordSet().RecordSet_CBJmTangJunAdd(*session_.g_conYakGuk, number, name, message);
+    }
+    return name.empty() ? number : name;
 }
 
 bool OrderOptions::moveTo(screen::Grid& grid, tables::XArrayDB& options, std::int32_t key) {
-    const int row = options.find(0, option::key, basics::decimalText(std::int64_t{key}));
+    const int row = rowOf(options, key);
     if (row >= 0) grid.setCurrentRow(row);
     return row >= 0;
 }

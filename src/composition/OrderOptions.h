@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 #include <vector>
 
 #include "composition/OrderFrames.h"
@@ -34,13 +35,15 @@ public:
     void pressTJAL(int column);
 
     /// Selects what stood in an earlier order, by its keys; what the pharmacy offers no more is left out, and
-    /// nothing else is selected in its place.
+    /// nothing else is selected in its place. Of form changes, which no check would miss, those that are left
+    /// out are named.
     void chooseJobList(std::int32_t key);
     void chooseTJML(std::int32_t key);
-    void chooseTJAL(const std::vector<std::int32_t>& keys);
+    std::vector<std::string> chooseTJAL(const std::vector<std::int32_t>& keys);
 
 private:
     bool moveTo(screen::Grid& grid, tables::XArrayDB& options, std::int32_t key);
+    std::string addOnName(std::int32_t key) const;
     void unselectAll(tables::XArrayDB& options);
     void selectOnly(screen::Grid& grid, tables::XArrayDB& options);
     void unselectSameType(int pressed);

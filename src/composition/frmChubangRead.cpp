@@ -43,7 +43,8 @@ constexpr ChubangPaneNames yakGukNames{.txtName = "txtYakGukChubang",
 
 }  // namespace
 
-frmChubangRead::frmChubangRead(screen::Desktop& desktop, session::Session& session, HerbTable& herbs)
+frmChubangRead::frmChubangRead(screen::Desktop& desktop, session::Session& session, HerbTable& herbs,
+                               LeftOut& leftOut)
     : Window(desktop, "frmChubangRead", 900 * screen::twipsPerPixel, 560 * screen::twipsPerPixel),
       c1tabChubangRead(*this, "c1tabChubangRead", {"내약속처방", "한약국 약속처방"}),
       mine(*this, c1tabChubangRead.page(myTab), myNames, session,
@@ -60,7 +61,8 @@ frmChubangRead::frmChubangRead(screen::Desktop& desktop, session::Session& sessi
              }),
       upkeep(*this, c1tabChubangRead.page(myTab), session, mine),
       session_(session),
-      herbs_(herbs) {
+      herbs_(herbs),
+      leftOut_(leftOut) {
     setCaption("처방 읽어오기");
     setMainTabs(&c1tabChubangRead);
     setTabOrder({"txtMyChubang", "sscMyCBsearch", "txtMyChubangMemo", "sscMemosearch", "tdbMyChubang",
@@ -102,7 +104,7 @@ void frmChubangRead::Show_ChubangRead(std::int16_t& DrugHapBang, std::int16_t Mu
 void frmChubangRead::confirm(ChubangPane& pane) {
     if (!pane.chkMerge.value()) return unload();
     herbs_.dropMergeMarks();
-    if (!pane.tdbDetail.onRow()) return;
+    if (!pane.tdbDetail.onRow() || !pane.tellLostHerbs(leftOut_)) return;
     herbs_.Load_DrugFromGrid(pane.tdbDetail);
     m_Merged = -1;
     hide();

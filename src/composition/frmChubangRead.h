@@ -15,7 +15,7 @@ namespace zelvo::composition {
 /// the composition. After a merge it is only hidden and can be shown again as it was; the caller places it.
 class frmChubangRead : public screen::Window {
 public:
-    frmChubangRead(screen::Desktop& desktop, session::Session& session, HerbTable& herbs);
+    frmChubangRead(screen::Desktop& desktop, session::Session& session, HerbTable& herbs, LeftOut& leftOut);
 
     screen::TabControl c1tabChubangRead;
     ChubangPane mine, yakGuk;
@@ -30,6 +30,7 @@ private:
 
     session::Session& session_;
     HerbTable& herbs_;
+    LeftOut& leftOut_;
     std::int16_t m_Merged = 0;
 };
 

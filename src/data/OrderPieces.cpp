@@ -26,8 +26,8 @@ bool readOrder(Connection& Conn, std::int32_t CBJ_PK, const char* text, Take&& t
     });
 }
 
-/// The add-ons whose place in the slot text holds a "1", whatever else stands there.
-std::string addOnCondition(std::string_view slots) {
+/// The add-ons whose place in the slot text holds a "1", whatever else stands there, and how many those are.
+std::string addOnCondition(std::string_view slots, std::size_t& chosen) {
     std::string condition;
     std::int64_t place = 0;
     for (std::size_t at = 0; at < slots.size();) {
@@ -35,18 +35,20 @@ std::string addOnCondition(std::string_view slots) {
         at += basics::toUtf8(mark).size();
         ++place;
         if (mark != U'1') continue;
+        ++chosen;
         condition +=
             (condition.empty() ? "WHERE TJAL_Slot = " : " OR TJAL_Slot = ") + basics::decimalText(place);
     }
     return condition.empty() ? "WHERE TJAL_Slot = -1" : condition;
 }
 
-std::string readAddOns(Connection& Conn, std::string_view slots) {
+void readAddOns(Connection& Conn, std::string_view slots, CBJmTangJun& decoction) {
     RecordSet own;
+    std::size_t chosen = 0;
     Conn.open(
         own,
         basics::replaceAll("SELECT TJAL_Prompt,TJAL_PK FROM t_TangJunAddList [WHERE] ORDER BY TJAL_Order",
-                           "[WHERE]", addOnCondition(slots)),
+                           "[WHERE]", addOnCondition(slots, chosen)),
         Cursor::Static);
     std::string adds;
     for (; !own.atEnd(); own.moveNext()) {
@@ -54,23 +56,47 @@ std::string readAddOns(Connection& Conn, std::string_view slots) {
         if (!adds.empty()) adds += "#*#";
         adds += own.text("TJAL_Prompt") + "/*/" + own.text("TJAL_PK");
     }
-    return adds;
+    decoction.Adds += adds;
+    if (chosen > own.rowCount()) decoction.lostAdds = chosen - own.rowCount();
 }
 
-/// The lines come as the server joined them; their places are known to their table.
-void arrangeHerbs(Connection& Conn, RecordSet& Rs, std::int32_t CBJ_PK) {
-    const bool rehearsed = Rs.columnCount() == 0;  // so that the question goes along with the others
-    if (Rs.rowCount() < 2 && !rehearsed) return;
+/// What tells a line of an order from its others: its key, or all of it where the database has given none.
+std::string lineMark(const RecordSet& lines, std::size_t row) {
+    const auto cell = [&](const char* field) { return lines.cellText(row, lines.columnOf(field)); };
+    std::string mark = cell("DET_PK");
+    if (!mark.empty()) return mark;
+    for (const char* field : {"DGL_PK", "DET_Weight", "DET_Danga", "DET_Money", "DET_Note"})
+        mark += "\n" + cell(field);
+    return mark;
+}
+
+/// The lines come as the server joined them with the catalogue; their places are known to their table, and
+/// so are those that the catalogue has left behind.
+void arrangeHerbs(Connection& Conn, RecordSet& Rs, std::int32_t CBJ_PK, std::vector<LostHerb>& lost) {
     RecordSet lines;
     Conn.open(lines,
-              Statement("SELECT DET_PK FROM t_CBJDetail WHERE CBJ_PK = [CBJ_PK] ORDER BY DET_Order, DET_PK")
+              Statement("SELECT DET_PK, DGL_PK, DGL_CallSign, DET_Weight, DET_Danga, DET_Money, DET_Note "
+                        "FROM t_CBJDetail WHERE CBJ_PK = [CBJ_PK] ORDER BY DET_Order, DET_PK")
                   .fill("[CBJ_PK]", CBJ_PK)
                   .text(),
               Cursor::Static);
-    if (rehearsed) return;
-    std::vector<std::string> keys;
-    for (; !lines.atEnd(); lines.moveNext()) keys.push_back(lines.text(0));
-    Rs.arrange("DET_PK", keys);
+    if (Rs.columnCount() == 0) return;  // rehearsed, so that the question goes along with the others
+    std::vector<std::string> joined;
+    for (std::size_t row = 0; row < Rs.rowCount(); ++row) joined.push_back(lineMark(Rs, row));
+    std::vector<std::size_t> ranks(joined.size(), lines.rowCount());
+    for (std::size_t rank = lines.rowCount(); rank-- > 0;) {
+        bool found = false;
+        for (std::size_t row = 0; row < joined.size(); ++row) {
+            if (joined[row] != lineMark(lines, rank)) continue;
+            ranks[row] = rank;
+            found = true;
+        }
+        if (!found) {
+            lines.moveTo(rank);
+            lost.insert(lost.begin(), {lines.text("DGL_CallSign"), lines.text("DET_Weight")});
+        }
+    }
+    Rs.arrange(ranks);
 }
 
 void takeCosts(const RecordSet& row, CBJmCosts& costs) {
@@ -197,7 +223,7 @@ bool clsZELVORecordSet::RecordSet_CBJmTangJunInfo(Connection& Conn, std::int32_t
                          Statement("SELECT CBJ_TJAL_Slot FROM t_ChubangJun WHERE CBJ_PK = [CBJ_PK]")
                              .fill("[CBJ_PK]", CBJ_PK),
                          [&slots](const RecordSet& row) { slots = row.text("CBJ_TJAL_Slot"); });
-        if (!slots.empty()) decoction.Adds += readAddOns(Conn, slots);
+        if (!slots.empty()) readAddOns(Conn, slots, decoction);
         return true;
     });
 }
@@ -218,7 +244,8 @@ bool clsZELVORecordSet::RecordSet_CBJmTangJunAdd(Connection& Conn, const std::st
 }
 
 bool clsZELVORecordSet::RecordSet_CBJmDrug(Connection& Conn, RecordSet& Rs, std::int32_t CBJ_PK,
-                                           std::string& CBJ_Chubsu, std::string& CBJ_DrugCost) {
+                                           std::string& CBJ_Chubsu, std::string& CBJ_DrugCost,
+                                           std::vector<LostHerb>& lost) {
     return running::flag([&] {
         Conn.open(Rs,
                   Statement("SELECT a.DET_PK as DET_PK, a.CBJ_PK as CBJ_PK, b.DGL_PK as DGL_PK, "
@@ -230,7 +257,7 @@ bool clsZELVORecordSet::RecordSet_CBJmDrug(Connection& Conn, RecordSet& Rs, std:
                       .fill("[CBJ_PK]", CBJ_PK)
                       .text(),
                   Cursor::Keyset);
-        arrangeHerbs(Conn, Rs, CBJ_PK);
+        arrangeHerbs(Conn, Rs, CBJ_PK, lost);
         running::readRow(
             Conn,
             Statement("SELECT CBJ_Chubsu, CBJ_DrugCost FROM t_ChubangJun WHERE CBJ_PK = [CBJ_PK]")

@@ -109,6 +109,22 @@ std::int16_t clsZELVORecordSet::RecordSet_MyDrugList(Connection& Conn, RecordSet
     });
 }
 
+std::int16_t clsZELVORecordSet::RecordSet_LostDrugs(Connection& Conn, std::int32_t UCB_PK,
+                                                    std::vector<LostHerb>& lost) {
+    return status([&] {
+        RecordSet lines;
+        Conn.open(
+            lines,
+            Statement("SELECT a.DGL_CallSign, a.UDET_Weight FROM t_UserDetail a WHERE a.UCB_PK = [UCB_PK] "
+                      "AND NOT EXISTS (SELECT 1 FROM t_DrugList b WHERE b.DGL_PK = a.DGL_PK) "
+                      "ORDER BY a.UDET_Order")
+                .fill("[UCB_PK]", UCB_PK)
+                .text(),
+            Cursor::Static);
+        for (; !lines.atEnd(); lines.moveNext()) lost.push_back({lines.text(0), lines.text(1)});
+    });
+}
+
 std::int16_t clsZELVORecordSet::RecordSet_FindMyChubang(Connection& Conn, RecordSet& Rs,
                                                         const std::string& Word, std::int32_t DTR_PK,
                                                         SearchKind Kind) {

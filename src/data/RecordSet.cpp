@@ -193,13 +193,7 @@ void RecordSet::sort(std::string_view order) {
     take(places);
 }
 
-void RecordSet::arrange(std::string_view field, const std::vector<std::string>& values) {
-    const auto at = static_cast<std::size_t>(column(field));
-    std::vector<std::ptrdiff_t> ranks(rowCount());
-    for (std::size_t row = 0; row < ranks.size(); ++row) {
-        const auto named = std::find(values.begin(), values.end(), rows_->cells.text(row, at));
-        ranks[row] = named - values.begin();
-    }
+void RecordSet::arrange(const std::vector<std::size_t>& ranks) {
     std::vector<std::size_t> places(ranks.size());
     std::iota(places.begin(), places.end(), std::size_t{0});
     std::stable_sort(places.begin(), places.end(),

@@ -76,9 +76,9 @@ public:
     /// Client-side sort by a text such as "UCB_Name DESC " (surplus blanks allowed); numbers by value, texts
     /// by the server's order; stable. Then stands on the first row. Throws Fault for an unknown column.
     void sort(std::string_view order);
-    /// Puts the rows into the order in which `values` names their values of a column, the ones that it does
-    /// not name behind them as they stood. Then stands on the first row. Throws Fault for an unknown column.
-    void arrange(std::string_view field, const std::vector<std::string>& values);
+    /// Puts the rows into the order of their ranks, one a row; rows of one rank stay as they stood. Then
+    /// stands on the first row.
+    void arrange(const std::vector<std::size_t>& ranks);
     /// Moves to the first row that fulfils "DGL_PK = 17"; at the end when none does. Throws Fault when it
     /// can't be read.
     void find(std::string_view condition);

@@ -8,6 +8,7 @@
 #include "composition/HerbFinder.h"
 #include "composition/HerbTable.h"
 #include "composition/HerbUndo.h"
+#include "composition/LeftOut.h"
 #include "composition/OrderFrames.h"
 #include "composition/OrderOptions.h"
 #include "composition/PatientDelivery.h"
@@ -35,6 +36,7 @@ struct OrderTab {
     composition::OrderOptions options;
     composition::HerbTable herbs;
     composition::HerbFinder herbFinder;
+    composition::LeftOut leftOut;
     composition::ChubangReading chubangReading;
     composition::ChubangSaving chubangSaving;
     composition::DoseFields dose;

@@ -22,8 +22,8 @@ const std::vector<std::string>& tabOrder() {
         // price and send,
         "cboPaymentMethod", "ssrCostConfirm", "tdbCostConfirm", "ssrCBJSend",
         // and the buttons that are off this road.
-        "ssrYakGukDrug", "sscCBJRead", "sscDrugDelete", "sscDrugReset", "sscMyChubangReg", "sscBesongReset",
-        "cmdEatGuide", "cmdEatGuideReg",
+        "cmdLeftOut", "ssrYakGukDrug", "sscCBJRead", "sscDrugDelete", "sscDrugReset", "sscMyChubangReg",
+        "sscBesongReset", "cmdEatGuide", "cmdEatGuideReg",
         // The search of sent orders.
         "sscCBJsearchALL", "dtpCBJsearch(0)", "dtpCBJsearch(1)", "sscCBJsearchDate", "sscToday",
         "txtCBJsearchDTR", "sscCBJsearchDTR", "txtCBJsearchPatient", "sscCBJsearchPatient", "cboCBJstate",

@@ -99,6 +99,7 @@ bool DecoctionSection::loadDecoction(const DetailRead& read) {
     show(txtCBJmPouchAmount, decoction.CBJ_PouchAmount);
     show(txtCBJmPouchTotal, decoction.CBJ_PouchTotal);
     if (!decoction.Adds.empty()) showAddOns(decoction.Adds);
+    lostAddOns_ = decoction.lostAdds;
     return true;
 }
 
@@ -121,6 +122,7 @@ void DecoctionSection::clear() {
     lblCBJmJobListPK.setCaption("0");
     lblCBJmTJMLPK.setCaption("0");
     lstCBJmTJAL.clear();
+    lostAddOns_ = 0;
 }
 
 std::vector<std::int32_t> DecoctionSection::addOnKeys() const {

@@ -35,6 +35,8 @@ public:
 
     /// Keys of the form changes, in the order of the list. Throws Fault for an item without one.
     std::vector<std::int32_t> addOnKeys() const;
+    /// How many more the order holds that nobody can name any more.
+    std::size_t lostAddOns() const { return lostAddOns_; }
 
 private:
     void dressFields();
@@ -46,6 +48,7 @@ private:
     screen::Window& form_;
     DetailFrames& frames_;
     session::Session& session_;
+    std::size_t lostAddOns_ = 0;
 };
 
 }  // namespace zelvo::management

@@ -46,10 +46,12 @@ HerbSection::HerbSection(screen::Window& form, DetailFrames& frames)
 
 bool HerbSection::load(const DetailRead& read) {
     std::string packets, price;
+    lost_.clear();
     if (!data::clsZELVORecordSet().RecordSet_CBJmDrug(read.connection, m_rsCBJmDGL, read.CBJ_PK, packets,
-                                                      price))
+                                                      price, lost_))
         return false;
     bind();
+    showLost();
     if (packets == "0") return true;
     show(txtCBJmChubsu, packets);
     const std::int32_t won = basics::isBlank(price) ? 0 : basics::toInt32(price);
@@ -57,7 +59,16 @@ bool HerbSection::load(const DetailRead& read) {
     return true;
 }
 
+/// The list names its herbs by the catalogue, and would seem to be all that the patient gets.
+void HerbSection::showLost() {
+    std::string names;
+    for (const data::LostHerb& herb : lost_) names += " [" + herb.name + " " + herb.grams + "g]";
+    tdbCBJmDGL.setCaption(names.empty() ? names : "한약국의 목록에서 삭제된 약재:" + names);
+}
+
 void HerbSection::clear() {
+    lost_.clear();
+    showLost();
     m_rsCBJmDGL.close();
     tdbCBJmDGL.refresh();
     txtCBJmChubsu.setText("");

@@ -111,8 +111,9 @@ void readHerbsAndCosts(data::Connection& line, std::int32_t CBJ_PK) {
     data::clsZELVORecordSet records;
     data::RecordSet herbs;
     std::string packets, price;
+    std::vector<data::LostHerb> lost;
     data::CBJmCosts costs;
-    records.RecordSet_CBJmDrug(line, herbs, CBJ_PK, packets, price);
+    records.RecordSet_CBJmDrug(line, herbs, CBJ_PK, packets, price, lost);
     records.RecordSet_CBJmCostInfo(line, CBJ_PK, costs);
 }
 

@@ -115,8 +115,13 @@ void DraftKeeping::listComposition() {
     addText(draft_.dose.txtPouchTotal, Part::Composition);
     addText(draft_.dose.txtPouchAmount, Part::Composition);
     addOption("tdbTJML", options.m_xaTJML, &composition::OrderOptions::chooseTJML);
+    composition::LeftOut& leftOut = draft_.leftOut;
+    items_.push_back({"lblLeftOut", Part::Composition, [&leftOut] { return leftOut.text(); },
+                      [&leftOut](const std::string& text) { leftOut.setText(text); }});
     items_.push_back({"tdbTJAL", Part::Composition, [&options] { return selectedKeys(options.m_xaTJAL); },
-                      [&options](const std::string& keys) { options.chooseTJAL(keysOf(keys)); }});
+                      [&options, &leftOut](const std::string& keys) {
+                          leftOut.tellAddOns(options.chooseTJAL(keysOf(keys)));
+                      }});
     items_.push_back({packets, Part::Composition, [this] { return draft_.dose.txtChubsu.text(); },
                       [this](const std::string& text) {
                           // A herb that is no longer sold has to be replaced first.

@@ -5,6 +5,7 @@
 #include "composition/DosageSheet.h"
 #include "composition/DoseFields.h"
 #include "composition/HerbTable.h"
+#include "composition/LeftOut.h"
 #include "composition/OrderFrames.h"
 #include "composition/OrderOptions.h"
 #include "composition/PatientDelivery.h"
@@ -28,6 +29,7 @@ struct OrderDraft {
     composition::SenderBlock& sender;
     composition::PaymentChoice& payment;
     composition::DosageSheet& sheet;
+    composition::LeftOut& leftOut;
 
     /// The herb lines, g_xaDrug.
     tables::XArrayDB& lines() const { return session.g_xaDrug; }

@@ -69,7 +69,7 @@ public:
     }
 
     screen::Window* shown = nullptr;
-    composition::ChubangReading reading{form, session, herbs, gate};
+    composition::ChubangReading reading{form, session, herbs, leftOut, gate};
     composition::ChubangSaving saving{form, frames, session, herbs};
 };
 

@@ -8,6 +8,7 @@
 #include "composition/DosageSheet.h"
 #include "composition/DoseFields.h"
 #include "composition/HerbTable.h"
+#include "composition/LeftOut.h"
 #include "composition/OrderOptions.h"
 #include "composition/PatientDelivery.h"
 #include "composition/PaymentChoice.h"
@@ -88,6 +89,7 @@ public:
     Watch gate{form, frames};
     composition::OrderOptions options{form, frames, session, gate};
     composition::HerbTable herbs{form, frames, session, gate};
+    composition::LeftOut leftOut{form, {}};
     composition::DoseFields dose{form, frames, session, herbs, gate};
     composition::PatientDelivery patient{form, frames, gate};
     composition::SenderBlock sender{form, frames};

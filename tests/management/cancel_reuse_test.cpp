@@ -96,23 +96,31 @@ TEST_F(Five, ReuseOfWhatIsNoLongerOffered) {
     struct Case {
         const char *change, *lines, *packets;
         int job;
+        std::string leftOut = {};
     };
+    const std::string told = "한약국의 목록에 없어 가져오지 못한 항목이 있습니다.";
     const char *before = "감초|감초(국산)|4|1|100|100|1|0||",
                *sound = "당귀|토당귀|2|1|320|320|1|0||볶은 3\n작약|작약(국산)|3|1|18|18|2|0||";
     const Case cases[] = {
         {"UPDATE t_ChubangJun SET CBJ_JobList_PK = 8", sound, "20|6,760", -1},
         {"UPDATE t_ChubangJun SET CBJ_TJML_PK = 77; DELETE FROM t_TangJunAddList WHERE TJAL_PK = 1", sound,
-         "20|6,760", 0},
+         "20|6,760", 0, " [제형변화 1가지]"},
+        {"UPDATE t_TangJunAddList SET TJAL_IsValid = '0' WHERE TJAL_PK = 1", sound, "20|6,760", 0,
+         " [제형변화 녹용]"},
+        {"CREATE TABLE keyless AS SELECT * FROM t_CBJDetail; DROP TABLE t_CBJDetail;"
+         "ALTER TABLE keyless RENAME TO t_CBJDetail; UPDATE t_CBJDetail SET DET_PK = NULL",
+         sound, "20|6,760", 0},
         {"UPDATE t_CBJDetail SET DGL_PK = 4 WHERE DGL_PK = 3",
          "당귀|토당귀|2|1|320|320|1|0||볶은 3\n감초|||1|||2|-1||", "20|6,760", 0},
         {"DELETE FROM t_CBJDetail; UPDATE t_ChubangJun SET CBJ_Chubsu = 0", before, "|", 0},
-        {"UPDATE t_CBJDetail SET DGL_PK = 99", before, "20|2,000", 0},
+        {"UPDATE t_CBJDetail SET DGL_PK = 99", before, "20|2,000", 0, " [약재 당귀 1g] [약재 작약 1g]"},
     };
     for (const Case& test : cases) {
         SCOPED_TRACE(test.change);
         ManagementWindow fresh;
         fresh.put(3);
         fresh.pharmacy->run(test.change);
+        fresh.options.Load_TangJunAdd();
         fresh.run([&] {
             fresh.add(before);
             fresh.listAll();
@@ -121,6 +129,9 @@ TEST_F(Five, ReuseOfWhatIsNoLongerOffered) {
             EXPECT_EQ(fresh.says({"txtChubsu", "txtDrugPrice"}), test.packets);
             EXPECT_EQ(fresh.draft.jobRow(), test.job);
             EXPECT_EQ(fresh.shownOrderTab, 1);
+            EXPECT_EQ(fresh.leftOut.text(), test.leftOut.empty() ? "" : told + test.leftOut);
+            if (!test.leftOut.empty()) fresh.user.press("cmdLeftOut");
+            EXPECT_FALSE(fresh.leftOut.c1eLeftOut.visible());
         });
     }
 }

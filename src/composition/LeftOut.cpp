@@ -1,0 +1,33 @@
+#include "composition/LeftOut.h"
+
+namespace zelvo::composition {
+
+LeftOut::LeftOut(screen::Window& form, screen::Place orderTab)
+    : c1eLeftOut(form, "c1eLeftOut", orderTab),
+      lblLeftOut(form, "lblLeftOut", c1eLeftOut.inside()),
+      cmdLeftOut(form, "cmdLeftOut", c1eLeftOut.inside(), "확인") {
+    c1eLeftOut.setVisible(false);
+    cmdLeftOut.setTextColor({192, 0, 0});
+    cmdLeftOut.setTipText("빠진 항목을 확인하고 이 안내를 닫습니다.");
+    cmdLeftOut.onPress.add([this] { clear(); });
+}
+
+void LeftOut::tellHerbs(const std::vector<data::LostHerb>& herbs) {
+    for (const data::LostHerb& herb : herbs) add("[약재 " + herb.name + " " + herb.grams + "g]");
+}
+
+void LeftOut::tellAddOns(const std::vector<std::string>& names) {
+    for (const std::string& name : names) add("[제형변화 " + name + "]");
+}
+
+void LeftOut::add(const std::string& item) {
+    if (text().find(item) != std::string::npos) return;
+    setText((text().empty() ? "한약국의 목록에 없어 가져오지 못한 항목이 있습니다." : text()) + " " + item);
+}
+
+void LeftOut::setText(const std::string& text) {
+    lblLeftOut.setCaption(text);
+    c1eLeftOut.setVisible(!text.empty());
+}
+
+}  // namespace zelvo::composition

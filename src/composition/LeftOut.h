@@ -1,0 +1,34 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "data/clsZELVORecordSet.h"
+#include "screen/Fields.h"
+
+namespace zelvo::composition {
+
+/// Names, in a line above the order, what an earlier order or a stored prescription held and could not bring
+/// along, because the pharmacy offers it no more. The line stands until the doctor has taken note of it: a
+/// box would come between the steps of a reuse.
+class LeftOut {
+public:
+    LeftOut(screen::Window& form, screen::Place orderTab);
+
+    screen::Panel c1eLeftOut;
+    screen::Label lblLeftOut;
+    screen::Button cmdLeftOut;
+
+    /// Each adds to what stands there.
+    void tellHerbs(const std::vector<data::LostHerb>& herbs);
+    void tellAddOns(const std::vector<std::string>& names);
+    /// What the line says, "" when it is not there.
+    const std::string& text() const { return lblLeftOut.caption(); }
+    void setText(const std::string& text);
+    void clear() { setText(""); }
+
+private:
+    void add(const std::string& item);
+};
+
+}  // namespace zelvo::composition
