@@ -111,8 +111,6 @@ void OrderModification::save() {
     if (!stillWaits(desktop, session_, detail_, row.CBJ_PK, saveCaption, order)) return;
     take(row);
     if (!ageIsSound() || !textsFit(row)) return;
-    row.costChanged =
-        detail_.patient.cboCBJmBesongMethod.text() != detail_.patient.lblCBJmBesongMethod.caption();
     if (row.costChanged && !Request_CostUpdate(row, order)) return detail_.reload();
     // The page may have taken long, and the pharmacy may have begun: then its price is nobody's.
     if (!stillWaits(desktop, session_, detail_, row.CBJ_PK, saveCaption, order)) {
@@ -253,8 +251,10 @@ void OrderModification::take(data::CBJmUpdate& row) const {
     const PatientSection& patient = detail_.patient;
     row.Patient_Sex = patient.sex();
     row.Patient_Age = patient.age();
-    // An order whose method nobody knows keeps it until one is chosen.
-    if (patient.cboCBJmBesongMethod.selectedIndex() >= 0)
+    // A method that was not chosen here stays as it stands, with its price: another desk may have changed
+    // both, and it may be one that nobody knows.
+    row.costChanged = patient.cboCBJmBesongMethod.text() != patient.lblCBJmBesongMethod.caption();
+    if (row.costChanged)
         row.CBJ_BesongMethod = number(data::delivery::code(patient.cboCBJmBesongMethod.text()));
     row.CBJ_Reci_Date = patient.deliveryDate();
     row.BogYak = basics::trim(detail_.sheet.rtxCBJmEatMsg.rtf());

@@ -56,16 +56,18 @@ Found numberMisfit(const OrderDraft& draft) {
     const struct {
         screen::TextField& field;
         const char* label;
-        bool counts, whole;
+        bool counts, whole, mayBeOpen = false;
     } numbers[] = {{draft.dose.txtChubsu, "[첩수]를", herbs, true},
-                   {draft.dose.txtTuyakilsu, "[복용일]을", decoction, true},
-                   {draft.dose.txtDayTuyak, "[1일 복용 팩수]를", decoction, false},
+                   {draft.dose.txtTuyakilsu, "[복용일]을", decoction, true, true},
+                   {draft.dose.txtDayTuyak, "[1일 복용 팩수]를", decoction, false, true},
                    {draft.dose.txtPouchAmount, "[1팩 용량]을", decoction, true},
                    {draft.dose.txtPouchTotal, "[총파우치]를", decoction, true}};
     for (const auto& number : numbers) {
         const std::string& text = number.field.text();
-        // Days and packs a day may be left open; the checks have asked for the others.
+        // Days and packs a day may be left open, which is stored as 0 and comes back as 0 by a reuse; the
+        // checks have asked for the others.
         if (!number.counts || basics::isBlank(text)) continue;
+        if (number.mayBeOpen && basics::IsNumeric(text) && basics::toNumber(text) == 0) continue;
         if (isQuantity(text, number.whole)) continue;
         return Misfit{std::string(number.label) + " 0보다 크고 " + basics::wonText(mostShort) +
                           " 이하인 숫자로 입력해 주십시오.",

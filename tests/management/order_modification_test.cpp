@@ -66,6 +66,7 @@ TEST(OrderModification, StoresWhatIsTypedAndAsksAPriceForAnotherDeliveryOnly) {
         bool otherDelivery, chosenDate;
         int mileage;
         std::string stored;
+        const char* meanwhile = "";  ///< another desk, between the last look at the state and the update
     };
     const std::string today = "UPDATE t_ChubangJun SET CBJ_Reci_Date = '2030-01-02';",
                       none = "DELETE FROM t_Stock;", sheet = "새 의원",
@@ -84,6 +85,12 @@ TEST(OrderModification, StoresWhatIsTypedAndAsksAPriceForAnotherDeliveryOnly) {
          "오'닐32 9 " + kept},
         {"no sex or age", "UPDATE t_ChubangJun SET Patient_Sex = NULL, Patient_Age = NULL", false, false, 0,
          "오'닐- 2 " + kept},
+        {"another desk's method and price", "", false, false, 0,
+         "오'닐32 4 1900-01-01 5택배-2 1000 0 50001" + sheet,
+         "UPDATE t_ChubangJun SET CBJ_BesongMethod = 4, CBJ_BesongCost = 5"},
+        {"another desk cancels", none.c_str(), true, false, 9,
+         "오'닐32 3 1900-01-01 9000note 9\r\nmore0 1000 1 " + sheet,
+         "UPDATE t_ChubangJun SET CBJ_IsCanceled = 1"},
         {"no sheet yet", "DELETE FROM t_EatGuide", false, false, 0, "오'닐32 2 " + kept}};
     for (const Case& test : cases) {
         SCOPED_TRACE(test.name);
@@ -100,6 +107,9 @@ TEST(OrderModification, StoresWhatIsTypedAndAsksAPriceForAnotherDeliveryOnly) {
                 window.user.check("chkCBJmBesongDate", true);
                 window.user.date("dtpCBJmBesongDate", "2031-03-04");
             }
+            window.line->before = [&](const std::string& statement) {
+                if (statement == "BEGIN") window.pharmacy->run(test.meanwhile);
+            };
             window.save();
             EXPECT_EQ(window.box(), test.otherDelivery ? savedWithPrice : saved);
             EXPECT_EQ(window.pharmacy->value(orders + "1"), test.stored);

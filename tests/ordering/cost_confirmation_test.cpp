@@ -54,6 +54,8 @@ TEST(CostConfirmation, WhatGoesWrongShutsTheGate) {
         {"[START]1/*/x&[END]", {}, failed, "비용계산 서버의 답변에 빠진 항목이 있습니다. (13개 중 2개)"}};
     OrderWindow window;
     window.compose();
+    window.dose.txtTuyakilsu.setText("0");  // days left open, as an earlier order brings them
+    window.dose.txtPouchTotal.setText("21");
     window.run([&] {
         for (const auto& test : cases) {
             window.page.answer = whole;
