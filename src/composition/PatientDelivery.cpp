@@ -54,6 +54,11 @@ void PatientDelivery::labelFields() {
     sscBesongReset.setTipText("환자정보(배송정보)를 초기화 합니다.");
 }
 
+std::vector<screen::TextField*> PatientDelivery::texts() {
+    return {&txtPatientName,  &txtPatientJumin, &txtPatientAge, &txtPatientCell, &txtPatientTel,
+            &txtPatientEmail, &txtBesongZip,    &txtBesongJuso, &txtBesongMsg};
+}
+
 void PatientDelivery::Form_Load() {
     using namespace data::delivery;
     for (const std::string_view method : {undecided, parcel, courier, clinic})
@@ -81,11 +86,7 @@ void PatientDelivery::resetPatient() {
         return;
     }
     lblPatientPK.setCaption("0");
-    for (screen::TextField* field :
-         {&txtPatientName, &txtPatientJumin, &txtPatientCell, &txtPatientTel, &txtPatientEmail,
-          &txtPatientAge, &txtBesongZip, &txtBesongJuso, &txtBesongMsg}) {
-        field->setText("");
-    }
+    for (screen::TextField* const field : texts()) field->setText("");
     ssoSex0.setValue(false);
     ssoSex1.setValue(false);
     cboBesongMethod.select(0);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "composition/OrderFrames.h"
 #include "composition/OrderWatch.h"
@@ -27,6 +28,8 @@ public:
 
     /// The four delivery methods, the first selected; the wanted date is today.
     void Form_Load();
+    /// All that is typed here: what a reset empties, and what is kept of an order in the making.
+    std::vector<screen::TextField*> texts();
 
 private:
     void labelFields();

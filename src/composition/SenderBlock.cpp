@@ -21,10 +21,11 @@ SenderBlock::SenderBlock(screen::Window& form, OrderFrames& frames)
 }
 
 void SenderBlock::clear() {
-    for (screen::TextField* field :
-         {&txtHospitalName, &txtDoctor, &txtDoctorCell, &txtHospitalTel, &txtBalsongZip, &txtBalsongJuso}) {
-        field->setText("");
-    }
+    for (screen::TextField* const field : texts()) field->setText("");
+}
+
+std::vector<screen::TextField*> SenderBlock::texts() {
+    return {&txtHospitalName, &txtDoctor, &txtDoctorCell, &txtHospitalTel, &txtBalsongZip, &txtBalsongJuso};
 }
 
 }  // namespace zelvo::composition

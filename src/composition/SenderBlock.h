@@ -1,5 +1,7 @@
 #pragma once
 
+#include <vector>
+
 #include "composition/OrderFrames.h"
 #include "screen/Fields.h"
 #include "screen/TextField.h"
@@ -17,6 +19,8 @@ public:
 
     /// Empties the six fields.
     void clear();
+    /// All that is typed here.
+    std::vector<screen::TextField*> texts();
 };
 
 }  // namespace zelvo::composition

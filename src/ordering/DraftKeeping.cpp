@@ -133,17 +133,8 @@ void DraftKeeping::listDelivery() {
     composition::PatientDelivery& patient = draft_.patient;
     items_.push_back({"lblPatientPK", Part::Patient, [&patient] { return patient.lblPatientPK.caption(); },
                       [&patient](const std::string& key) { patient.lblPatientPK.setCaption(key); }});
-    for (screen::TextField* field :
-         {&patient.txtPatientName, &patient.txtPatientJumin, &patient.txtPatientAge, &patient.txtPatientCell,
-          &patient.txtPatientTel, &patient.txtPatientEmail, &patient.txtBesongZip, &patient.txtBesongJuso,
-          &patient.txtBesongMsg}) {
-        addText(*field, Part::Patient);
-    }
-    for (screen::TextField* field :
-         {&draft_.sender.txtHospitalName, &draft_.sender.txtDoctor, &draft_.sender.txtDoctorCell,
-          &draft_.sender.txtHospitalTel, &draft_.sender.txtBalsongZip, &draft_.sender.txtBalsongJuso}) {
-        addText(*field, Part::Clinic);
-    }
+    for (screen::TextField* const field : patient.texts()) addText(*field, Part::Patient);
+    for (screen::TextField* const field : draft_.sender.texts()) addText(*field, Part::Clinic);
     for (screen::OptionButton* sex : {&patient.ssoSex0, &patient.ssoSex1}) {
         items_.push_back({sex->name(), Part::Patient, [sex] { return std::string(sex->value() ? "1" : ""); },
                           [sex](const std::string& set) { sex->setValue(!set.empty()); }});
