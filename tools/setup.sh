@@ -23,6 +23,7 @@ run_packages=(sqlite3 ca-certificates fonts-nanum qt6-translations-l10n tdsodbc)
 # Where the display is a Wayland one that runs no X programs.
 wayland_packages=(qt6-wayland)
 test_packages=(libgtest-dev libsqliteodbc libssl-dev openssl)
+package_packages=(dpkg-dev file gzip lintian)
 check_packages=(clang-format clang-tidy)
 fuzz_packages=(clang libclang-rt-dev)
 # A real display for the window tests: a server, a window manager, hands, a Korean input method.

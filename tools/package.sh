@@ -1,0 +1,77 @@
+#!/usr/bin/env bash
+# Makes the Debian packages and the notes of a release.
+set -euo pipefail
+cd "$(dirname "${BASH_SOURCE[0]}")/.."
+
+usage() {
+  cat <<'HELP'
+usage: tools/package.sh [--twice] [--help]
+
+Installs what is missing (Debian 12), builds a release into build-package/ and puts into build-package/packages/
+libdoctorzelvo1, libdoctorzelvo-dev, doctorzelvo-demo, the debug symbols, and NOTES.md: what the release changes, and the
+hash of the library and of each package. lintian looks at the packages, and an error that it finds ends this.
+  --twice    builds the commit once more, from a folder of its own, and compares the library byte for byte
+HELP
+}
+
+twice=
+while [ $# -gt 0 ]; do
+  case "$1" in
+    --help|-h) usage; exit 0 ;;
+    --twice) twice=yes; shift ;;
+    *) usage >&2; exit 2 ;;
+  esac
+done
+if [ -n "$twice" ] && [ -n "$(git status --porcelain)" ]; then
+  echo "tools/package.sh: --twice builds what is committed, and something is not" >&2
+  exit 1
+fi
+
+# shellcheck source=setup.sh
+. tools/setup.sh
+need "${build_packages[@]}" "${package_packages[@]}"
+umask 022
+# The day of the commit is the day of all that is made.
+SOURCE_DATE_EPOCH=$(git log -1 --format=%ct)
+export SOURCE_DATE_EPOCH
+unset CFLAGS CXXFLAGS LDFLAGS
+
+# build FOLDER: the release of the tree that stands here.
+build() {
+  cmake -S . -B "$1" -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo -DZELVO_TESTS=OFF -DCMAKE_INSTALL_PREFIX=/usr \
+    -DCMAKE_SKIP_INSTALL_RPATH=ON "-DCMAKE_CXX_FLAGS=-fstack-protector-strong -D_FORTIFY_SOURCE=2" \
+    "-DCMAKE_SHARED_LINKER_FLAGS=-Wl,-z,relro,-z,now" "-DCMAKE_EXE_LINKER_FLAGS=-pie -Wl,-z,relro,-z,now" >/dev/null
+  ninja -C "$1" -j "$(nproc)" --quiet DoctorZELVO zelvo zelvo-chart zelvo-pharmacy
+}
+library() { readlink -f "$1/lib/libDoctorZELVO.so"; }
+hash_of() { sha256sum "$1" | cut -d' ' -f1; }
+
+build build-package
+rm -rf build-package/packages
+cpack --config build-package/CPackConfig.cmake -B build-package/packages >build-package/cpack.log || { cat build-package/cpack.log; exit 1; }
+rm -rf build-package/packages/_CPack_Packages
+packages=(build-package/packages/*.deb)
+lintian --fail-on error --suppress-tags initial-upload-closes-no-bugs "${packages[@]}"
+
+if [ -n "$twice" ]; then
+  scratch=$(mktemp -d)
+  trap 'rm -rf "$scratch"' EXIT
+  git archive HEAD | tar -x -C "$scratch"
+  (cd "$scratch" && CCACHE_DISABLE=1 build elsewhere)
+  cmp "$(library build-package)" "$(library "$scratch/elsewhere")"
+  echo "The library is the same, byte for byte, from another folder."
+fi
+
+{
+  # The newest release of the changes.
+  awk '/^## / { if (++releases == 2) exit } releases' CHANGELOG.md
+  echo "### SHA-256"
+  echo
+  echo "Of commit $(git rev-parse --short=12 HEAD)$([ -z "$(git status --porcelain)" ] || echo " with changes"), built on Debian 12 by $(c++ --version | head -1)."
+  echo
+  echo '```'
+  echo "$(hash_of "$(library build-package)")  libDoctorZELVO.so, with its debug information"
+  for package in build-package/packages/*.*deb; do echo "$(hash_of "$package")  ${package##*/}"; done
+  echo '```'
+} >build-package/packages/NOTES.md
+ls -l build-package/packages
