@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Holds the picture of the rooms (src/README.md), the rooms that each one uses (src/CMakeLists.txt) and the includes against
-# each other, and looks for a room that doesn't say what lives in it. Exits 1 where they differ.
+# each other, and looks for a room that doesn't say what lives in it; the version's places too. Exits 1 where they differ.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/../src"
 case "${1-}" in
@@ -8,6 +8,12 @@ case "${1-}" in
   *) echo "usage: tools/house.sh    holds the rooms' picture, their list and the includes against each other"
      [ "$1" = --help ] && exit 0 || exit 2 ;;
 esac
+
+version=$(sed -nE 's/^project\(DoctorZELVO VERSION ([^ ]+).*/\1/p' ../CMakeLists.txt)
+if ! grep -q "버전 : $version\"" session/YakGukConnection.h || [ "$(sed -n 's/^## //p' ../CHANGELOG.md | head -1)" != "$version" ]; then
+  echo "tools/house.sh: CMakeLists.txt, the status bar or CHANGELOG.md does not say version $version" >&2
+  exit 1
+fi
 
 {
   # Lines of the picture that begin with a room: "floor N ROOM".
