@@ -29,5 +29,8 @@ fuzz_packages=(clang libclang-rt-dev)
 # A real display for the window tests: a server, a window manager, hands, a Korean input method.
 display_packages=(xvfb openbox xdotool dbus dbus-daemon ibus ibus-hangul)
 
+# For Windows: a compiler, what builds its libraries from Debian's sources, and what runs the programs here.
+windows_packages=(g++-mingw-w64-x86-64-posix mingw-w64-tools libz-mingw-w64-dev dpkg-dev make tcl googletest wine wine64)
+
 # What was compiled once, in whatever folder, is not compiled again.
 export CCACHE_BASEDIR=$PWD CCACHE_NOHASHDIR=1 CCACHE_SLOPPINESS=pch_defines,time_macros

@@ -61,7 +61,7 @@ void makePrivateFile(const std::filesystem::path& path) {
 }
 
 std::filesystem::path userDataFolder() {
-    const std::filesystem::path named = environment("XDG_DATA_HOME");
+    std::filesystem::path named = environment("XDG_DATA_HOME");
     const std::filesystem::path home = environment("HOME");
     if (!named.empty() || home.empty()) return named;
     return home / ".local" / "share";

@@ -7,7 +7,7 @@ namespace zelvo::assembly {
 
 std::string runOnGlass(screen::SettingsStore& settings,
                        const std::function<void(screen::Desktop&)>& session) {
-    const std::string error = qt::Toolkit::enter();
+    std::string error = qt::Toolkit::enter();
     if (!error.empty()) return error;
     browser::SystemBrowser browser;
     qt::QtDesktop desktop(settings, [&browser](std::string_view address) { browser.open(address); });

@@ -44,9 +44,10 @@ std::string newestForServer(const std::vector<std::string>& drivers) {
     const auto newest =
         std::max_element(drivers.begin(), drivers.end(),
                          [](const std::string& a, const std::string& b) { return ageOf(a) < ageOf(b); });
-    if (newest == drivers.end() || ageOf(*newest) == 0)
+    if (newest == drivers.end() || ageOf(*newest) == 0) {
         throw data::SetupFault(
             "no driver for SQL Server is installed: install \"ODBC Driver 18 for SQL Server\"");
+    }
     return *newest;
 }
 

@@ -14,7 +14,7 @@ std::filesystem::path fileOf(std::string_view application) {
     return files::configFolder() / basics::pathOf(application) / "settings.ini";
 }
 
-constexpr std::uintmax_t longest = 1024 * 1024;
+constexpr std::uintmax_t longest = std::uintmax_t{1024} * 1024;
 
 /// The text of a settings file; nothing for what can't be read or is none.
 std::optional<std::string> textOf(const std::filesystem::path& path) {
