@@ -6,6 +6,7 @@
 #include "basics/Fault.h"
 #include "platform/odbc/ConnectionString.h"
 #include "platform/odbc/Dialect.h"
+#include "platform/odbc/Drivers.h"
 
 namespace zelvo::odbc {
 
@@ -81,6 +82,18 @@ TEST(Settings, AMistypedWordNeverWeakensTheLine) {
     const Settings settings = settingsOf({{"ZELVO_ODBC_LOGIN_SECONDS", "7"}, {"ZELVO_ODBC_ENCRYPT", ""}});
     EXPECT_TRUE(settings.loginSeconds == 7 && settings.querySeconds == 30 && settings.encrypted &&
                 settings.checked);
+}
+
+TEST(Drivers, TheNewestForAServerIsTaken) {
+    const std::pair<std::vector<std::string>, std::string> cases[] = {
+        {{"SQLite3", "SQL Server", "ODBC Driver 17 for SQL Server", "ODBC Driver 18 for SQL Server"},
+         "ODBC Driver 18 for SQL Server"},
+        {{"ODBC Driver 9 for SQL Server", "ODBC Driver 17 for Sybase", "SQL Server Native Client 11.0"},
+         "ODBC Driver 9 for SQL Server"},
+        {{"SQL Server", "SQL Server Native Client 10.0", "Oracle"}, "SQL Server Native Client 10.0"},
+    };
+    for (const auto& [drivers, newest] : cases) EXPECT_EQ(newestForServer(drivers), newest);
+    EXPECT_THROW(newestForServer({"SQLite3", "My SQL Server"}), Fault);
 }
 
 TEST(Dialect, MeansTheSameToTheServer) {
