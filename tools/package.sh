@@ -44,6 +44,9 @@ build() {
   ninja -C "$1" -j "$(nproc)" --quiet DoctorZELVO zelvo zelvo-chart zelvo-pharmacy
 }
 library() { readlink -f "$1/lib/libDoctorZELVO.so"; }
+installed_library() {
+  dpkg-deb --fsys-tarfile build-package/packages/libdoctorzelvo1_*.deb | tar -xO --wildcards './usr/lib/*/libDoctorZELVO.so.*.*'
+}
 hash_of() { sha256sum "$1" | cut -d' ' -f1; }
 
 build build-package
@@ -71,7 +74,8 @@ fi
   echo
   echo '```'
   echo "$(hash_of "$(library build-package)")  libDoctorZELVO.so, with its debug information"
-  for package in build-package/packages/*.*deb; do echo "$(hash_of "$package")  ${package##*/}"; done
+  echo "$(installed_library | sha256sum | cut -d' ' -f1)  libDoctorZELVO.so, as it is installed"
+  for package in "${packages[@]}"; do echo "$(hash_of "$package")  ${package##*/}"; done
   echo '```'
 } >build-package/packages/NOTES.md
 ls -l build-package/packages
