@@ -34,7 +34,8 @@ umask 022
 # The day of the commit is the day of all that is made.
 SOURCE_DATE_EPOCH=$(git log -1 --format=%ct)
 export SOURCE_DATE_EPOCH
-unset CFLAGS CXXFLAGS LDFLAGS
+# Neither flags of this shell nor the relative paths that ccache would make of ours.
+unset CFLAGS CXXFLAGS LDFLAGS CCACHE_BASEDIR CCACHE_NOHASHDIR
 
 # build FOLDER: the release of the tree that stands here.
 build() {
@@ -60,7 +61,7 @@ if [ -n "$twice" ]; then
   scratch=$(mktemp -d)
   trap 'rm -rf "$scratch"' EXIT
   git archive HEAD | tar -x -C "$scratch"
-  (cd "$scratch" && CCACHE_DISABLE=1 build elsewhere)
+  (cd "$scratch" && export CCACHE_DISABLE=1 && build elsewhere)
   cmp "$(library build-package)" "$(library "$scratch/elsewhere")"
   echo "The library is the same, byte for byte, from another folder."
 fi
