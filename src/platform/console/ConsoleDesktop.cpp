@@ -1,11 +1,11 @@
 #include "platform/console/ConsoleDesktop.h"
 
 #include <array>
-#include <cstdlib>
 #include <thread>
 
 #include "platform/console/Commands.h"
 #include "platform/console/Expectations.h"
+#include "platform/console/System.h"
 #include "platform/console/Texts.h"
 
 namespace zelvo::console {
@@ -142,7 +142,7 @@ void ConsoleDesktop::closeAtEnd(Window& window) {
     parts_.errors << parts_.script.name() << ":" << lastLine << ": expected " << window.name()
                   << " to close, found it open\n"
                   << std::flush;
-    std::_Exit(exits::failed);
+    endProgram(exits::failed);
 }
 
 /// A command as it may be said again: without what goes into a masked field.
@@ -179,7 +179,7 @@ void ConsoleDesktop::obey(const Line& line) {
 void ConsoleDesktop::fail(const Line& line, int code, const std::string& what) {
     parts_.out << std::flush;
     parts_.errors << parts_.script.name() << ":" << line.number << ": " << what << "\n" << std::flush;
-    if (!parts_.script.interactive()) std::_Exit(code);
+    if (!parts_.script.interactive()) endProgram(code);
     if (failed_ == exits::done) failed_ = code;
 }
 

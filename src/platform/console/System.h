@@ -16,4 +16,7 @@ std::string besideThisProgram(const std::string& name);
 /// Fault when it can't be run.
 int runProgram(std::vector<std::string> arguments);
 
+/// Ends this program as it stands: nothing is undone, and no thread is waited for.
+[[noreturn]] void endProgram(int code);
+
 }  // namespace zelvo::console

@@ -3,6 +3,7 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <cstdlib>
 #include <cstring>
 #include <filesystem>
 #include <system_error>
@@ -47,6 +48,10 @@ int runProgram(std::vector<std::string> arguments) {
     const int failed = posix_spawn(&child, pointers[0], nullptr, nullptr, pointers.data(), environ);
     if (failed != 0) throw basics::Fault(arguments[0] + " can't be run: " + std::strerror(failed));
     return exitCodeOf(child);
+}
+
+void endProgram(int code) {
+    std::_Exit(code);
 }
 
 }  // namespace zelvo::console

@@ -3,6 +3,7 @@
 #include <windows.h>
 
 #include <array>
+#include <cstdlib>
 
 #include "basics/Fault.h"
 #include "basics/Paths.h"
@@ -62,6 +63,12 @@ int runProgram(std::vector<std::string> arguments) {
     ::CloseHandle(started.hThread);
     ::CloseHandle(started.hProcess);
     return static_cast<int>(code);
+}
+
+// ExitProcess would have every library take its leave, and a driver may wait for a thread that is gone.
+void endProgram(int code) {
+    ::TerminateProcess(::GetCurrentProcess(), static_cast<UINT>(code));
+    std::abort();
 }
 
 }  // namespace zelvo::console

@@ -83,9 +83,9 @@ std::string FileSystemObject::readTextFile(const std::string& path) {
 }
 
 void FileSystemObject::deleteFile(const std::string& path) {
-    std::error_code error;
-    std::filesystem::remove(pathOf(path), error);
-    if (error) throw basics::Fault(path + " 파일을 지울 수 없습니다.");
+    const std::error_code error = removeFile(pathOf(path));
+    const bool none = error == std::errc::no_such_file_or_directory || error == std::errc::not_a_directory;
+    if (error && !none) throw basics::Fault(path + " 파일을 지울 수 없습니다.");
 }
 
 void FileSystemObject::clearHalfWritten(const std::string& folder) {

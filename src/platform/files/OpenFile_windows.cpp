@@ -73,6 +73,15 @@ std::error_code patiently(const std::function<bool()>& act) {
     return lastError();
 }
 
+/// A name that no program gives a second time.
+std::filesystem::path freeName(const std::filesystem::path& beginning, std::string_view ending) {
+    static std::atomic<unsigned> count = 0;
+    std::filesystem::path name = beginning;
+    name += "." + std::to_string(::GetCurrentProcessId()) + "-" + std::to_string(::GetTickCount64()) + "-" +
+            std::to_string(++count) + std::string(ending);
+    return name;
+}
+
 }  // namespace
 
 OpenFile::OpenFile(const std::filesystem::path& path, For use, std::error_code& error)
@@ -82,13 +91,10 @@ OpenFile::OpenFile(const std::filesystem::path& path, For use, std::error_code& 
 
 OpenFile OpenFile::makeNew(const std::filesystem::path& beginning, std::string_view ending,
                            std::filesystem::path& name, std::error_code& error) {
-    static std::atomic<unsigned> count = 0;
     PrivateAccess user;
     OpenFile made;
     do {
-        name = beginning;
-        name += "." + std::to_string(::GetCurrentProcessId()) + "-" + std::to_string(::GetTickCount64()) +
-                "-" + std::to_string(++count) + std::string(ending);
+        name = freeName(beginning, ending);
         made.handle_ = reinterpret_cast<std::intptr_t>(::CreateFileW(
             name.c_str(), GENERIC_READ | GENERIC_WRITE, shared, user.attributes(), CREATE_NEW, 0, nullptr));
         error = errorUnless(made.handle_ != none);
@@ -175,8 +181,11 @@ std::error_code moveToNew(const std::filesystem::path& from, const std::filesyst
         [&] { return ::MoveFileExW(from.c_str(), to.c_str(), MOVEFILE_WRITE_THROUGH) != FALSE; });
 }
 
+// What is open keeps its name until it is closed: it gets one that stands in nobody's way.
 std::error_code removeFile(const std::filesystem::path& path) {
-    return patiently([&] { return ::DeleteFileW(path.c_str()) != FALSE; });
+    const std::filesystem::path away = freeName(path, ".part");
+    const std::error_code error = moveToNew(path, away);
+    return error ? error : patiently([&] { return ::DeleteFileW(away.c_str()) != FALSE; });
 }
 
 std::error_code makePrivateFolder(const std::filesystem::path& folder) {
