@@ -18,7 +18,7 @@ HerbUndo::HerbUndo(screen::Window& form, session::Session& session, HerbTable& h
     : form_(form), session_(session), herbs_(herbs), packets_(packets), watch_(watch) {
     herbs_.onChanging.add([this] { remember(); });
     form_.addShortcut({"Ctrl+Z", "약재 구성 되돌리기", [this] { return applies(); },
-                       [this] { form_.userInput([this] { undo(); }); }, nullptr});
+                       [this] { form_.userInput([this] { undo(); }); }, &herbs_.tdbDGL});
 }
 
 /// A text that is being written has an undo of its own.

@@ -45,7 +45,7 @@ frmDoctorOCSmain::frmDoctorOCSmain(screen::Desktop& desktop, session::Session& s
     setTabOrder(input::tabOrder());
     input::addShortcuts(*this);
     addShortcut({"F1", "단축키 보기", [] { return true; }, [this] { userInput([this] { showShortcuts(); }); },
-                 nullptr});
+                 &c1tMain});
     onLoad.add([this] { Form_Load(); });
     onResize.add([this] { Form_Resize(); });
     onUnload.add([this] { Form_Unload(); });
@@ -78,7 +78,14 @@ std::vector<services::AddressBlock> frmDoctorOCSmain::addressBlocks() {
 
 void frmDoctorOCSmain::showShortcuts() {
     std::string text;
-    for (const screen::Shortcut& one : shortcuts()) text += one.keys + "\t" + one.what + "\r\n";
+    const auto tell = [&](const screen::Field* serves) {
+        for (const screen::Shortcut& one : shortcuts())
+            if (one.serves == serves) text += one.keys + "\t" + one.what + "\r\n";
+    };
+    tell(nullptr);
+    tell(&c1tMain);
+    for (const screen::Field* field : tabOrder())
+        if (field != &c1tMain) tell(field);
     text +=
         "Enter\t다음 항목으로, 단추에서는 누르기\r\nF4\t표에서 칸의 단추 누르기\r\n"
         "Alt+1~4\t탭 고르기\r\nF12\t지원 기록";

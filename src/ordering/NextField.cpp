@@ -71,7 +71,7 @@ NextField::NextField(screen::Window& form, const OrderDraft& draft, const CostCo
                                if (Field* const field = next()) field->setFocus();
                            });
                        },
-                       nullptr});
+                       form_.field("c1tMain")});
 }
 
 /// In no order; the price, and then the sending, waits always.
