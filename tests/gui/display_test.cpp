@@ -59,7 +59,7 @@ protected:
             } else if (verb == "type") {
                 does({"type", "--delay", "60", QString::fromStdString(what)});
             } else {
-                does({"key", QString::fromStdString(what)});
+                does(QStringList{"key", "--delay", "80"} + QString::fromStdString(what).split(' '));
             }
         }
     }
@@ -111,6 +111,34 @@ TEST_F(OnDisplay, HangulOpensTheHerbsCellAndEscBelongsToItFirst) {
         auto& herbs = session.field<screen::Grid>("tdbDGL");
         work(session, "click tdbDGL; key Return; type ekdrnl; key Escape");
         EXPECT_EQ(herbs.editText(), "당귀");
+    });
+}
+
+TEST_F(OnDisplay, AnOrderGoesItsWayByKeysAlone) {
+    const struct {
+        const char *steps, *focus;
+    } road[] = {
+        {"key alt+4 alt+2", "tdbJobList"},
+        {"key Return Return Return Return Return", "txtDrugPrice"},
+        {"key Return Return Return Return Return Return Return Return Return Return Return", "txtPatientAge"},
+        {"click txtBesongMsg; key Return Down Return space Return", "dtpBesongDate"},
+        {"key Return", "txtHospitalName"},
+        {"click txtEatGuideHosName; key Return Return Return Return", "ssrCostConfirm"},
+        {"key F6; type ekdrnl; key Down Return; type 6; key Tab", "txtChubsu"},
+        {"type 20; key F8 shift+Tab", "txtDrugPrice"},
+        {"key F10; type 3; key Return; type 7; key F10; type 100; key F5", "tdbCostConfirm"},
+        {"key Return space", "tdbJobList"}};
+    GuiSession session;
+    session.run([&] {
+        session.desktop.answer(screen::Answer::No);
+        for (const auto& [steps, focus] : road) {
+            work(session, steps);
+            QWidget& there = session.widget<QWidget>(focus);
+            for (int tries = 0; tries < 30 && !there.hasFocus(); ++tries) letTimePass(100);
+            EXPECT_TRUE(there.hasFocus()) << steps;
+        }
+        EXPECT_EQ(session.sent.size(), 1U);
+        session.desktop.takeBox();
     });
 }
 

@@ -155,46 +155,21 @@ TEST(Sheet, APasteComesInAsItIsStoredAndColoursCanBeRead) {
     });
 }
 
-TEST(Window, AWholeOrderWithoutTheMouse) {
+/// F9, Shift+Space and the like belong to the Korean input methods.
+TEST(Window, NoShortcutIsAKeyThatWritesEditsOrComposes) {
     GuiSession session;
     session.run([&] {
-        screen::Window& window = session.hand().front();
-        auto& hand = session.hand();
-        using Road = std::vector<std::pair<const char*, std::vector<std::string>>>;
-        const auto walk = [&](const Road& road) {
-            for (const auto& [field, keys] : road) {
-                for (int moves = 0; moves < 200 && window.focus()->name() != field; ++moves)
-                    hand.pressNamed("Tab");
-                ASSERT_EQ(window.focus()->name(), field);
-                for (const std::string& key : keys) hand.pressNamed(key);
-            }
-        };
-        hand.pressKey(Qt::Key_4, Qt::AltModifier);
-        hand.pressKey(Qt::Key_2, Qt::AltModifier);
-        walk({{"tdbJobList", {"Home", " "}}, {"tdbDGL", {}}});
-        for (const char* herb : {"당귀", "작약"}) {
-            for (const char* key : {"Enter", "Home"}) hand.pressNamed(key);
-            hand.typeText(herb);
-            session.desktop.whenShown("frmYakGukDrug", [&](screen::Window&) { hand.pressNamed("Enter"); });
-            for (const char* key : {"Enter", "4", "Enter", "End"}) hand.pressNamed(key);
+        auto& line = session.widget<QLineEdit>("txtPatientName");
+        session.hand().focus("txtPatientName");
+        for (const screen::Shortcut& one : session.hand().front().shortcuts()) {
+            const QKeyCombination keys = QKeySequence(QString::fromStdString(one.keys))[0];
+            QKeyEvent wanted(QEvent::ShortcutOverride, keys.key(), keys.keyboardModifiers());
+            wanted.ignore();
+            QCoreApplication::sendEvent(&line, &wanted);
+            EXPECT_FALSE(wanted.isAccepted() && one.applies()) << one.keys;
+            EXPECT_FALSE(keys.key() == Qt::Key_F9 || keys.key() == Qt::Key_Space) << one.keys;
         }
-        walk({{"txtChubsu", {"2", "0"}}, {"tdbTJML", {}}});
-        hand.pressKey(Qt::Key_Backtab, Qt::ShiftModifier);
-        EXPECT_NE(window.focus()->name(), "tdbTJML");
-        session.desktop.answer(screen::Answer::No);
-        walk({{"tdbTJML", {"Home", " "}},
-              {"txtDayTuyak", {"3", "Enter"}},
-              {"txtTuyakilsu", {"7"}},
-              {"txtPouchAmount", {"1", "0", "0"}},
-              {"cboBesongMethod", {"Down"}},
-              {"cboPaymentMethod", {"Down"}},
-              {"ssrCostConfirm", {"Enter"}},
-              {"ssrCBJSend", {" "}}});
     });
-    const auto box = session.desktop.takeBox();
-    ASSERT_EQ(session.sent.size(), 1U) << box.caption << ": " << box.text;
-    EXPECT_EQ(session.sent.front().intChupSu, 20);
-    EXPECT_EQ(session.sent.front().lngSumCost, 72040);
 }
 
 TEST(Typing, HangulIsComposedToItsEnd) {
