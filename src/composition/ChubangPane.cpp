@@ -195,6 +195,7 @@ void ChubangPane::showHerbs() {
 }
 
 bool ChubangPane::tellLostHerbs(LeftOut& leftOut) const {
+    if (!rsDetail_.isOpen()) return true;
     std::vector<data::LostHerb> lost;
     if (data::clsZELVORecordSet().RecordSet_LostDrugs(session_.connection(), currentKey(), lost) == -1) {
         form_.desktop().inform("데이터베이스 접속에 오류가 발생했습니다.", names_.faultCaption);

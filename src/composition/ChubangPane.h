@@ -55,8 +55,8 @@ public:
     void close();
     /// Shows memo and herbs of the list's current row; without one, nothing of either.
     void showRow();
-    /// Names, where the order will stand, what the herbs in view leave out. False when that can't be read; it
-    /// has been told.
+    /// Names, where the order will stand, what of the prescription in view its herbs leave out. False when
+    /// that can't be read; it has been told.
     bool tellLostHerbs(LeftOut& leftOut) const;
     /// No herbs in view.
     void emptyDetail();

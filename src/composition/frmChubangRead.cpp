@@ -104,7 +104,7 @@ void frmChubangRead::Show_ChubangRead(std::int16_t& DrugHapBang, std::int16_t Mu
 void frmChubangRead::confirm(ChubangPane& pane) {
     if (!pane.chkMerge.value()) return unload();
     herbs_.dropMergeMarks();
-    if (!pane.tdbDetail.onRow() || !pane.tellLostHerbs(leftOut_)) return;
+    if (!pane.tellLostHerbs(leftOut_) || !pane.tdbDetail.onRow()) return;
     herbs_.Load_DrugFromGrid(pane.tdbDetail);
     m_Merged = -1;
     hide();
