@@ -1,6 +1,13 @@
 #include "composition/LeftOut.h"
 
+#include "basics/Text.h"
+
 namespace zelvo::composition {
+
+std::string words(const data::LostHerb& herb) {
+    const std::string name = basics::trim(herb.name);
+    return (name.empty() ? "이름 없음" : name) + (herb.grams.empty() ? "" : " " + herb.grams + "g");
+}
 
 LeftOut::LeftOut(screen::Window& form, screen::Place orderTab)
     : c1eLeftOut(form, "c1eLeftOut", orderTab),
@@ -13,7 +20,7 @@ LeftOut::LeftOut(screen::Window& form, screen::Place orderTab)
 }
 
 void LeftOut::tellHerbs(const std::vector<data::LostHerb>& herbs) {
-    for (const data::LostHerb& herb : herbs) add("[약재 " + herb.name + " " + herb.grams + "g]");
+    for (const data::LostHerb& herb : herbs) add("[약재 " + words(herb) + "]");
 }
 
 void LeftOut::tellAddOns(const std::vector<std::string>& names) {

@@ -8,6 +8,9 @@
 
 namespace zelvo::composition {
 
+/// A herb that nobody lists any more, as the doctor called it, with its grams.
+std::string words(const data::LostHerb& herb);
+
 /// Names, in a line above the order, what an earlier order or a stored prescription held and could not bring
 /// along, because the pharmacy offers it no more. The line stands until the doctor has taken note of it: a
 /// box would come between the steps of a reuse.

@@ -1,3 +1,5 @@
+#include <algorithm>
+#include <utility>
 #include <vector>
 
 #include "basics/Numbers.h"
@@ -60,14 +62,19 @@ void readAddOns(Connection& Conn, std::string_view slots, CBJmTangJun& decoction
     if (chosen > own.rowCount()) decoction.lostAdds = chosen - own.rowCount();
 }
 
-/// What tells a line of an order from its others: its key, or all of it where the database has given none.
-std::string lineMark(const RecordSet& lines, std::size_t row) {
-    const auto cell = [&](const char* field) { return lines.cellText(row, lines.columnOf(field)); };
-    std::string mark = cell("DET_PK");
-    if (!mark.empty()) return mark;
-    for (const char* field : {"DGL_PK", "DET_Weight", "DET_Danga", "DET_Money", "DET_Note"})
-        mark += "\n" + cell(field);
-    return mark;
+/// What tells the lines of an order apart: the key of each, or all of it where the database has given none.
+std::vector<std::string> lineMarks(const RecordSet& lines) {
+    std::vector<std::string> marks;
+    for (std::size_t row = 0; row < lines.rowCount(); ++row) {
+        const auto cell = [&](const char* field) { return lines.cellText(row, lines.columnOf(field)); };
+        std::string mark = cell("DET_PK");
+        if (mark.empty()) {
+            for (const char* field : {"DGL_PK", "DET_Weight", "DET_Danga", "DET_Money", "DET_Note"})
+                mark += "\n" + cell(field);
+        }
+        marks.push_back(std::move(mark));
+    }
+    return marks;
 }
 
 /// The lines come as the server joined them with the catalogue; their places are known to their table, and
@@ -81,20 +88,16 @@ void arrangeHerbs(Connection& Conn, RecordSet& Rs, std::int32_t CBJ_PK, std::vec
                   .text(),
               Cursor::Static);
     if (Rs.columnCount() == 0) return;  // rehearsed, so that the question goes along with the others
-    std::vector<std::string> joined;
-    for (std::size_t row = 0; row < Rs.rowCount(); ++row) joined.push_back(lineMark(Rs, row));
-    std::vector<std::size_t> ranks(joined.size(), lines.rowCount());
-    for (std::size_t rank = lines.rowCount(); rank-- > 0;) {
-        bool found = false;
-        for (std::size_t row = 0; row < joined.size(); ++row) {
-            if (joined[row] != lineMark(lines, rank)) continue;
-            ranks[row] = rank;
-            found = true;
-        }
-        if (!found) {
-            lines.moveTo(rank);
-            lost.insert(lost.begin(), {lines.text("DGL_CallSign"), lines.text("DET_Weight")});
-        }
+    const std::vector<std::string> joined = lineMarks(Rs), stored = lineMarks(lines);
+    std::vector<std::size_t> ranks;
+    for (const std::string& mark : joined) {
+        ranks.push_back(
+            static_cast<std::size_t>(std::find(stored.begin(), stored.end(), mark) - stored.begin()));
+    }
+    for (const std::string& mark : stored) {
+        if (std::find(joined.begin(), joined.end(), mark) == joined.end())
+            lost.push_back({lines.text("DGL_CallSign"), lines.text("DET_Weight")});
+        lines.moveNext();
     }
     Rs.arrange(ranks);
 }

@@ -2,6 +2,7 @@
 
 #include "basics/Numbers.h"
 #include "basics/Pictures.h"
+#include "composition/LeftOut.h"
 #include "management/DetailNote.h"
 
 namespace zelvo::management {
@@ -62,7 +63,7 @@ bool HerbSection::load(const DetailRead& read) {
 /// The list names its herbs by the catalogue, and would seem to be all that the patient gets.
 void HerbSection::showLost() {
     std::string names;
-    for (const data::LostHerb& herb : lost_) names += " [" + herb.name + " " + herb.grams + "g]";
+    for (const data::LostHerb& herb : lost_) names += " [" + composition::words(herb) + "]";
     tdbCBJmDGL.setCaption(names.empty() ? names : "한약국의 목록에서 삭제된 약재:" + names);
 }
 
