@@ -65,6 +65,7 @@ void readAddOns(Connection& Conn, std::string_view slots, CBJmTangJun& decoction
 /// What tells the lines of an order apart: the key of each, or all of it where the database has given none.
 std::vector<std::string> lineMarks(const RecordSet& lines) {
     std::vector<std::string> marks;
+    marks.reserve(lines.rowCount());
     for (std::size_t row = 0; row < lines.rowCount(); ++row) {
         const auto cell = [&](const char* field) { return lines.cellText(row, lines.columnOf(field)); };
         std::string mark = cell("DET_PK");
@@ -90,6 +91,7 @@ void arrangeHerbs(Connection& Conn, RecordSet& Rs, std::int32_t CBJ_PK, std::vec
     if (Rs.columnCount() == 0) return;  // rehearsed, so that the question goes along with the others
     const std::vector<std::string> joined = lineMarks(Rs), stored = lineMarks(lines);
     std::vector<std::size_t> ranks;
+    ranks.reserve(joined.size());
     for (const std::string& mark : joined) {
         ranks.push_back(
             static_cast<std::size_t>(std::find(stored.begin(), stored.end(), mark) - stored.begin()));
