@@ -39,7 +39,7 @@ void Stage::runModal(screen::Window& window) {
     ConsoleDesktop::runModal(window);
     keepTestPrint(shell);
     shells_.pop_back();
-    shell.hide();
+    shell.putAway();
     user_.sitBefore(shells_.empty() ? nullptr : shells_.back());
     if (shells_.empty()) return;
     shells_.back()->activateWindow();

@@ -18,7 +18,8 @@ namespace {
 /// The money column of the three lists.
 constexpr int moneyColumn = 1;
 constexpr const char *unsearched = "[전체검색] 또는 [날짜로 검색]을 누르면 내역이 표시됩니다.",
-                     *foundNone = "내역이 없습니다.";
+                     *unread = "내역을 읽지 못하였습니다. 다시 검색하여 주십시오.",
+                     *foundNone = "내역이 없습니다.", *noneThen = "이 기간에는 내역이 없습니다.";
 
 std::vector<screen::GridColumn> ledgerColumns(const char* dateField, const char* moneyField) {
     return {{.caption = "날짜", .field = dateField, .width = 2100},
@@ -116,6 +117,7 @@ bool BalanceView::Load_StockMoney(const std::string& sDate, const std::string& e
     std::optional<data::ReadAhead> ahead;
     if (session_.g_conYakGuk) ahead.emplace(*session_.g_conYakGuk, asks);
     bool ok = loadTotals();
+    foundNone_ = from.empty() ? foundNone : noneThen;
     if (ok) {
         data::clsZELVORecordSet records;
         const auto read = [&](auto operation) {
@@ -188,7 +190,7 @@ bool BalanceView::showRows(screen::Grid& grid, data::RecordSet& rows, screen::Te
     try {
         const bool opened = read(rows) != -1;
         if (!opened) rows.close();
-        grid.emptyHint = opened ? foundNone : unsearched;
+        grid.emptyHint = opened ? foundNone_ : unread;
         grid.bind(&rows);
         sumField.setText("");
         if (!opened || grid.rowCount() == 0) return opened;
@@ -203,7 +205,7 @@ bool BalanceView::showRows(screen::Grid& grid, data::RecordSet& rows, screen::Te
         return true;
     } catch (const std::exception&) {
         if (rows.isOpen()) rows.close();
-        grid.emptyHint = unsearched;
+        grid.emptyHint = unread;
         grid.bind(&rows);
         sumField.setText("");
         return false;

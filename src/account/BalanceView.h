@@ -47,6 +47,7 @@ private:
     bool showRows(screen::Grid& grid, data::RecordSet& rows, screen::TextField& sumField,
                   const RowRead& read);
 
+    const char* foundNone_ = "";  ///< what lists say that a search found empty
     screen::Window& form_;
     session::Session& session_;
 };

@@ -10,7 +10,6 @@
 #include "platform/http/WebPage.h"
 #include "platform/http/clsOrderCostText.h"
 #include "platform/odbc/OdbcConnection.h"
-#include "platform/settings/UserSettings.h"
 #include "platform/sqlite/SqliteConnection.h"
 #include "platform/text/MachineCodePages.h"
 
@@ -57,7 +56,6 @@ Support supportRecord() {
 void registerComponents(screen::Desktop& desktop) {
     const Support support = supportRecord();
     if (support) desktop.setSupport(support);
-    desktop.setRemembered(std::make_unique<settings::UserSettings>(files::OnDisk::Later));
     screen::Components& known = desktop.components();
     known.setCodePages(text::machineCodePages());
     known.setWebFetch([support](const std::string& address, const std::stop_token& stop) {

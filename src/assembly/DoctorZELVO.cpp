@@ -91,8 +91,10 @@ void clsZELVOInterface::Parts::runInTerminal(const clsZELVOInterface& chart, con
 
 void clsZELVOInterface::Parts::runOnScreen(const clsZELVOInterface& chart, const Call& call) {
     zelvo::settings::UserSettings settings;
-    error = zelvo::assembly::runOnGlass(
-        settings, [&](zelvo::screen::Desktop& desktop) { runOn(desktop, chart, chart.Send2Chart, call); });
+    error = zelvo::assembly::runOnGlass(settings, [&](zelvo::screen::Desktop& desktop) {
+        desktop.setRemembered(std::make_unique<zelvo::settings::UserSettings>(zelvo::files::OnDisk::Later));
+        runOn(desktop, chart, chart.Send2Chart, call);
+    });
 }
 
 void clsZELVOInterface::Parts::runOn(zelvo::screen::Desktop& desktop, const clsZELVOInterface& chart,

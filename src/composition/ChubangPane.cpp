@@ -12,6 +12,11 @@ namespace {
 
 constexpr const char* detailCaption = " 구성약재";
 constexpr const char* noteHint = "비고내용";
+constexpr const char* unchosen =
+    "처방을 선택하면 약재가 여기에 나타납니다. 처방전에 넣으시려면 아래의 [기존 구성 약재에 합방하기]를 먼저 "
+    "켜십시오.";
+constexpr const char* noHerbs = "이 처방에는 약재가 없습니다.";
+constexpr const char* unread = "약재를 읽지 못하였습니다. 목록의 처방을 다시 눌러 주십시오.";
 constexpr screen::Color darkRed{192, 0, 0};
 
 std::vector<screen::GridColumn> listColumns(const char* memoCaption) {
@@ -65,7 +70,7 @@ void ChubangPane::dressFields() {
                         "의 일부를 넣고 Enter를 누르십시오. 비워 두면 모두 검색합니다.";
     tdbDetail.setCaption(detailCaption);
     tdbDetail.setLabel("구성약재");
-    tdbDetail.emptyHint = "선택한 처방의 약재가 여기에 나타납니다.";
+    tdbDetail.emptyHint = unchosen;
     rtxMemo.setText(names_.memoHint);
     rtxMemo.setLabel(names_.memoCaption);
     rtxNote.setText(noteHint);
@@ -146,6 +151,8 @@ bool ChubangPane::read(const std::string& word, data::SearchKind kind) {
     }
     word_ = word;
     kind_ = kind;
+    tdbList.emptyHint =
+        word.empty() ? "등록된 처방이 없습니다." : "[" + word + "](으)로 찾은 처방이 없습니다.";
     tdbList.markSorted(-1);
     return true;
 }
@@ -177,6 +184,7 @@ void ChubangPane::told(const std::function<void()>& showing) {
         showing();
     } catch (const std::exception& fault) {
         emptyDetail();
+        tdbDetail.emptyHint = unread;
         form_.desktop().alarm(fault.what(), "내약속처방 에러");
     }
 }
@@ -186,9 +194,11 @@ void ChubangPane::showHerbs() {
     const std::int32_t UCB_PK = currentKey();
     if (data::clsZELVORecordSet().RecordSet_MyDrugList(session_.connection(), rsDetail_, UCB_PK) == -1) {
         emptyDetail();
+        tdbDetail.emptyHint = unread;
         form_.desktop().inform("데이터베이스 접속에 오류가 발생했습니다.", names_.faultCaption);
         return;
     }
+    tdbDetail.emptyHint = noHerbs;
     tdbDetail.refresh();
     tdbDetail.setCaption("[ " + tdbList.value(nameColumn) + " ]의" + detailCaption);
     if (!tdbDetail.onRow()) rtxNote.setText(noteHint);
@@ -207,6 +217,7 @@ bool ChubangPane::tellLostHerbs(LeftOut& leftOut) const {
 
 void ChubangPane::emptyDetail() {
     rsDetail_.close();
+    tdbDetail.emptyHint = unchosen;
     tdbDetail.refresh();
     tdbDetail.setCaption(detailCaption);
     rtxNote.setText(noteHint);

@@ -19,6 +19,10 @@ screen::GridColumn shownColumn(const char* caption, double width, bool button = 
     return {.caption = caption, .button = button, .width = width};
 }
 
+screen::GridColumn choiceColumn(double width) {
+    return {.caption = "선택", .button = true, .flag = true, .width = width};
+}
+
 screen::GridColumn hiddenColumn(const char* caption) {
     return {.caption = caption, .shown = false, .stops = false};
 }
@@ -27,8 +31,8 @@ using Read = std::int16_t (data::clsZELVORecordSet::*)(data::Connection&, data::
                                                        tables::XArrayDB&);
 
 /// Fills an array from the catalogue and shows it. False when it can't be read: then it is empty.
-bool load(session::Session& session, screen::Grid& grid, tables::XArrayDB& options, Read read,
-          int lastColumn) {
+bool load(session::Session& session, screen::Grid& grid, tables::XArrayDB& options, Read read, int lastColumn,
+          const char* none) {
     options.reDim(-1, lastColumn);
     grid.bind(&options);
     data::RecordSet rows;
@@ -39,6 +43,7 @@ bool load(session::Session& session, screen::Grid& grid, tables::XArrayDB& optio
         options.reDim(-1, lastColumn);
         return false;
     }
+    grid.emptyHint = none;
     grid.refresh();
     return true;
 }
@@ -72,15 +77,14 @@ void chooseOnEnter(screen::Grid& grid, const tables::XArrayDB& options, Press pr
 OrderOptions::OrderOptions(screen::Window& form, OrderFrames& frames, session::Session& session,
                            OrderWatch& watch)
     : tdbJobList(form, "tdbJobList", frames.c1eDrug.place(),
-                 Columns{shownColumn("선택", 1323, true), hiddenColumn("PK"),
-                         shownColumn("처방전(주문서)구분", 8758), shownColumn("자세히", 529, true),
-                         hiddenColumn("메세지"), hiddenColumn("약재Visiable"), hiddenColumn("탕전Visiable"),
-                         hiddenColumn("Order")}),
+                 Columns{choiceColumn(1323), hiddenColumn("PK"), shownColumn("처방전(주문서)구분", 8758),
+                         shownColumn("자세히", 529, true), hiddenColumn("메세지"),
+                         hiddenColumn("약재Visiable"), hiddenColumn("탕전Visiable"), hiddenColumn("Order")}),
       tdbTJML(form, "tdbTJML", frames.c1eTangJun.inside(),
-              Columns{shownColumn("선택", 1402, true), hiddenColumn("PK"), shownColumn("탕전 방식", 3122),
+              Columns{choiceColumn(1402), hiddenColumn("PK"), shownColumn("탕전 방식", 3122),
                       shownColumn("자세히", 529, true), hiddenColumn("메세지"), hiddenColumn("Order")}),
       tdbTJAL(form, "tdbTJAL", frames.c1eTangJun.inside(),
-              Columns{shownColumn("선택", 1402, true), hiddenColumn("PK"), shownColumn("제형 변화", 2910),
+              Columns{choiceColumn(1402), hiddenColumn("PK"), shownColumn("제형 변화", 2910),
                       shownColumn("자세히", 529, true), hiddenColumn("메세지"), hiddenColumn("Slot"),
                       hiddenColumn("Type"), hiddenColumn("Order")}),
       form_(form),
@@ -93,7 +97,7 @@ OrderOptions::OrderOptions(screen::Window& form, OrderFrames& frames, session::S
     tdbTJAL.setLabel("제형 변화");
     for (screen::Grid* grid : {&tdbJobList, &tdbTJML, &tdbTJAL}) {
         grid->allowsUpdate = false;
-        grid->emptyHint = "한약국의 목록을 읽지 못하였습니다.";
+        grid->emptyHint = "한약국의 목록을 읽지 못하였습니다. 창을 닫고 다시 열어 주십시오.";
     }
     tdbJobList.onCellButton.add([this](int column) { pressJobList(column); });
     tdbTJML.onCellButton.add([this](int column) { pressTJML(column); });
@@ -113,16 +117,19 @@ void OrderOptions::Form_Load() {
 }
 
 void OrderOptions::Load_JobList() {
-    if (load(session_, tdbJobList, m_xaJobList, &data::clsZELVORecordSet::RecordSet_JobList, 7))
+    if (load(session_, tdbJobList, m_xaJobList, &data::clsZELVORecordSet::RecordSet_JobList, 7,
+             "한약국에 등록된 주문서가 없습니다."))
         pressJobList(0);
 }
 
 void OrderOptions::Load_TangJun() {
-    load(session_, tdbTJML, m_xaTJML, &data::clsZELVORecordSet::RecordSet_TangJun, 5);
+    load(session_, tdbTJML, m_xaTJML, &data::clsZELVORecordSet::RecordSet_TangJun, 5,
+         "한약국에 등록된 탕전 방식이 없습니다.");
 }
 
 void OrderOptions::Load_TangJunAdd() {
-    load(session_, tdbTJAL, m_xaTJAL, &data::clsZELVORecordSet::RecordSet_TangJunADD, 7);
+    load(session_, tdbTJAL, m_xaTJAL, &data::clsZELVORecordSet::RecordSet_TangJunADD, 7,
+         "한약국에 등록된 제형 변화가 없습니다.");
 }
 
 void OrderOptions::pressJobList(int column) {

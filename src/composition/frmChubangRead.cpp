@@ -85,6 +85,7 @@ void frmChubangRead::Show_ChubangRead(std::int16_t& DrugHapBang, std::int16_t Mu
         yakGuk.bind();
         if (session_.m_DTRPK == 0) {
             desktop().inform("로그인 후에 사용 하십시오.(m_DTRPK = 0)", "처방읽어오기");
+            mine.tdbList.emptyHint = "로그인하신 후에 내약속처방을 찾을 수 있습니다.";
         } else {
             mine.bind();
         }

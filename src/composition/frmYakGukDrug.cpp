@@ -19,7 +19,7 @@ std::vector<screen::GridColumn> herbColumns() {
          .alignRight = true,
          .format = basics::NumberPicture::SeparatedZero,
          .width = 1720},
-        {.caption = "권장", .field = "DGL_Default", .width = 900},
+        {.caption = "권장", .field = "DGL_Default", .flag = true, .width = 900},
     };
 }
 
@@ -89,6 +89,9 @@ bool frmYakGukDrug::search(const std::string& word) {
         desktop().inform("데이터베이스 접속에 오류가 발생했습니다.", "데이터베이스 접속 오류");
         return false;
     }
+    tdbYakgukDrug.emptyHint =
+        word.empty() ? "오늘 판매하는 약재가 없습니다."
+                     : "[" + word + "](으)로 찾은 약재가 없습니다. 오늘 판매하는 약재만 나옵니다.";
     tdbYakgukDrug.bind(found.get());
     m_rsDrug = std::move(found);
     return tdbYakgukDrug.rowCount() > 0;

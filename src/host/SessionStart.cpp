@@ -64,6 +64,7 @@ void SessionStart::startNurse(const HostArguments& arguments) {
     form_.management.detail.state.ssrCBJreuse.setVisible(false);
     form_.management.search.showDoctorColumn();
     form_.management.search.c1tCBJmanage.setSelectable(2, true);
+    form_.remembersFor = "nurse";
     form_.c1tMain.select(frmDoctorOCSmain::managementTab);
     form_.stbMain.setPanel(2, "간호사용 zelvo");
     showPharmacy();

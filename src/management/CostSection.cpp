@@ -63,7 +63,7 @@ CostSection::CostSection(screen::Window& form, DetailFrames& frames)
     : tdbCBJmCost(form, "tdbCBJmCost", frames.sspCBJm9.inside(), costColumns()), form_(form) {
     tdbCBJmCost.setLabel("비용 항목");
     tdbCBJmCost.allowsUpdate = false;
-    tdbCBJmCost.emptyHint = "선택한 처방전의 비용이 여기에 나타납니다.";
+    tdbCBJmCost.emptyHint = "목록에서 처방전을 누르면 비용이 여기에 나타납니다.";
     tdbCBJmCost.bind(&m_xaCBJmCost);
     tdbCBJmCost.onRowStyle.add([this](int row, std::string& style) {
         if (row == tdbCBJmCost.currentRow()) style = currentStyle;

@@ -10,6 +10,10 @@ namespace zelvo::management {
 namespace {
 
 constexpr int nameColumn = 3, noteColumn = 8;
+constexpr const char *unchosen = "목록에서 처방전을 누르면 약재가 여기에 나타납니다.",
+                     *unread = "약재를 읽지 못하였습니다. 목록의 처방전을 다시 눌러 주십시오.",
+                     *noHerbs = "이 처방전에는 약재가 없습니다.",
+                     *noneListed = "이 처방전의 약재는 모두 한약국의 목록에서 삭제되었습니다.";
 
 std::vector<screen::GridColumn> herbColumns() {
     constexpr auto money = basics::NumberPicture::SeparatedZero;
@@ -32,7 +36,7 @@ HerbSection::HerbSection(screen::Window& form, DetailFrames& frames)
       txtCBJmDrugCost(form, "txtCBJmDrugCost", frames.sspCBJm8.inside()) {
     tdbCBJmDGL.setLabel("약재 구성");
     tdbCBJmDGL.allowsUpdate = false;
-    tdbCBJmDGL.emptyHint = "선택한 처방전의 약재가 여기에 나타납니다.";
+    tdbCBJmDGL.emptyHint = unchosen;
     txtCBJmChubsu.setLabel("첩수:");
     txtCBJmDrugCost.setLabel("약재가격:");
     for (screen::TextField* field : {&txtCBJmChubsu, &txtCBJmDrugCost}) {
@@ -48,9 +52,11 @@ HerbSection::HerbSection(screen::Window& form, DetailFrames& frames)
 bool HerbSection::load(const DetailRead& read) {
     std::string packets, price;
     lost_.clear();
+    tdbCBJmDGL.emptyHint = unread;
     if (!data::clsZELVORecordSet().RecordSet_CBJmDrug(read.connection, m_rsCBJmDGL, read.CBJ_PK, packets,
                                                       price, lost_))
         return false;
+    tdbCBJmDGL.emptyHint = lost_.empty() ? noHerbs : noneListed;
     bind();
     showLost();
     if (packets == "0") return true;
@@ -71,6 +77,7 @@ void HerbSection::clear() {
     lost_.clear();
     showLost();
     m_rsCBJmDGL.close();
+    tdbCBJmDGL.emptyHint = unchosen;
     tdbCBJmDGL.refresh();
     txtCBJmChubsu.setText("");
     txtCBJmDrugCost.setText("");

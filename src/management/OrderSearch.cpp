@@ -28,9 +28,15 @@ namespace {
 
 enum Page { all, issueDate, doctor, patient, progress, delivery, payMethod, paid, canceled };
 
-constexpr int keyColumn = 1, lastColumn = 6;
+constexpr int keyColumn = 1, doctorColumn = 6, lastColumn = doctorColumn;
 constexpr const char* searchCaption = "검색";
 constexpr const char *unsearched = "위에서 검색하면 발행하신 처방전이 여기에 나타납니다.",
+                     *unsearchedByNurse = "위에서 검색하면 담당의가 발행한 처방전이 여기에 나타납니다.",
+                     *unnamed = "담당의사의 이름을 넣고 검색하여 주십시오.",
+                     *unchosen = "찾을 조건을 목록에서 고르고 검색하여 주십시오.",
+                     *noLogin = "로그인하신 후에 처방전을 찾을 수 있습니다.",
+                     *noDoctors = "담당의가 없어 찾을 처방전이 없습니다.",
+                     *unread = "처방전을 읽지 못하였습니다. 다시 검색하여 주십시오.",
                      *foundNone = "찾은 처방전이 없습니다.";
 
 void addEntries(screen::ComboList& list, std::initializer_list<std::string_view> entries) {
@@ -140,7 +146,8 @@ void OrderSearch::Init_CBJGrid() {
 }
 
 void OrderSearch::showDoctorColumn() {
-    tdbCBJ.setColumnShown(6, true);
+    tdbCBJ.setColumnShown(doctorColumn, true);
+    tdbCBJ.emptyHint = unsearchedByNurse;
     tdbCBJ.setColumnWidth(2, 1400);
     tdbCBJ.setColumnWidth(5, 1300);
 }
@@ -162,6 +169,7 @@ void OrderSearch::searchDoctor() {
     if (searching_) return;
     tdbCBJ.setCaption(caption);
     emptyList();
+    tdbCBJ.emptyHint = unnamed;
 }
 
 void OrderSearch::searchPatient() {
@@ -174,7 +182,9 @@ void OrderSearch::searchChoice(const screen::ComboList& list, std::span<const Ch
     for (const Choice& choice : choices) {
         if (choice.entry == list.text()) return search(choice.caption, {.kind = choice.kind});
     }
-    if (!searching_) emptyList();
+    if (searching_) return;
+    emptyList();
+    tdbCBJ.emptyHint = unchosen;
 }
 
 /// A search that comes while another one walks is dropped: the list holds the orders of one search only.
@@ -183,9 +193,14 @@ void OrderSearch::search(std::string_view caption, const Condition& condition) {
     const screen::BusyPointer busy(form_.desktop());
     tdbCBJ.setCaption(caption);
     emptyList();
-    if (!readOrders(condition)) return;
-    tdbCBJ.emptyHint = foundNone;
+    const bool read = readOrders(condition);
+    tdbCBJ.emptyHint = !hasDoctor() ? (session_.m_IsNurse ? noDoctors : noLogin) : read ? foundNone : unread;
+    if (!read) return;
     tdbCBJ.refresh();
+}
+
+bool OrderSearch::hasDoctor() const {
+    return session_.m_IsNurse ? !nursesDoctors().empty() : session_.m_DTRPK != 0;
 }
 
 /// False when the (last) read fails, as it does without a connection. A nurse's doctors share a trip.
@@ -229,7 +244,7 @@ void OrderSearch::forget() {
 
 void OrderSearch::emptyList() {
     tdbCBJ.markSorted(-1);
-    tdbCBJ.emptyHint = unsearched;
+    tdbCBJ.emptyHint = tdbCBJ.column(doctorColumn).shown ? unsearchedByNurse : unsearched;
     m_xaCBJ.reDim(-1, lastColumn);
     tdbCBJ.refresh();
 }

@@ -64,6 +64,7 @@ private:
     void search(std::string_view caption, const Condition& condition);
     bool readOrders(const Condition& condition);
     std::vector<std::int32_t> nursesDoctors() const;
+    bool hasDoctor() const;
     static std::int16_t readDoctor(data::Connection& line, tables::XArrayDB& orders, std::int32_t DTR_PK,
                                    const Condition& condition);
     void emptyList();

@@ -94,6 +94,10 @@ public:
     /// session goes on; false leaves it to whoever made the input.
     virtual bool tellsFault(Window& window, const std::exception& fault);
 
+    /// Where a user's copy goes; what went there last.
+    virtual void toClipboard(std::string_view text) { copied_ = text; }
+    const std::string& copied() const { return copied_; }
+
     virtual SettingsStore& settings() = 0;
     /// How the user left the windows; for this session alone until a store has been set.
     Remembered& remembered() { return remembered_; }
@@ -119,6 +123,7 @@ private:
     bool yieldsAlways_ = false;
     Components components_;
     Remembered remembered_;
+    std::string copied_;
     std::shared_ptr<basics::SupportRecord> support_ = nowhere();
 };
 

@@ -100,6 +100,8 @@ public:
     virtual void applyKey(const Key& key);
     /// The field is about to lose the focus (a pending edit ends here).
     virtual void leave() {}
+    /// The window opens: what its user has made of the field before is taken up.
+    virtual void recall() {}
 
 protected:
     /// Tells the toolkit that something it shows has changed.

@@ -28,6 +28,7 @@ void Grid::refresh() {
 
     const bool fresh = rows_ > 0 && (replaced || before < 0);
     row_ = fresh ? 0 : std::min(before, rows_ - 1);
+    marked_.reset();
     touch();
     if (fresh) {
         announce(-1, -1);
@@ -123,6 +124,7 @@ void Grid::place(int row, int column) {
     const int previousRow = std::exchange(row_, row);
     const int previousColumn = std::exchange(column_, column);
     held_ = false;
+    marked_.reset();
     touch();
     if (!passing_) onRowChange(previousRow, previousColumn);
 }

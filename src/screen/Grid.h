@@ -5,28 +5,11 @@
 #include <string_view>
 #include <vector>
 
-#include "basics/Pictures.h"
+#include "screen/ColumnChoices.h"
 #include "screen/Field.h"
 #include "tables/GridSource.h"
 
 namespace zelvo::screen {
-
-struct GridColumn {
-    std::string caption;
-    /// Field of a record set; "" for an array, whose column has the grid column's number.
-    std::string field = {};
-    bool shown = true;
-    /// The cursor stops here.
-    bool stops = true;
-    bool editable = false;
-    bool button = false;
-    bool alignRight = false;
-    std::optional<basics::NumberPicture> format = std::nullopt;
-    /// Design width in twips; shown columns keep its proportions.
-    double width = 1000;
-    /// Characters that the cell editor takes; 0 is no limit.
-    std::size_t maxLength = 0;
-};
 
 /// Shows a GridSource live. It owns the current row and column and the open edit of a cell. Rows and columns
 /// count from 0; the current row is -1 when there is none.
@@ -49,6 +32,12 @@ public:
     int columnCount() const { return static_cast<int>(columns_.size()); }
     const GridColumn& column(int index) const { return columns_.at(static_cast<std::size_t>(index)); }
     void setColumnShown(int index, bool shown);
+    /// Whether a column stands on the glass: the logic shows it and the user has not taken it away.
+    bool onGlass(int column) const;
+    /// Its width there in twips, as the user left it, else as designed; 0 where it doesn't stand there.
+    double widthOnGlass(int column) const;
+    /// Whether the user may take a column away: nothing is typed or pressed in it, and others stay.
+    bool mayHide(int column) const;
     void setColumnWidth(int index, double twips);
     /// Column by caption; -1 when there is none.
     int columnOf(std::string_view caption) const;
@@ -88,6 +77,17 @@ public:
     void setValue(std::string_view caption, std::string_view text);
     /// The cell as it is shown: display format, then onCellShow.
     std::string shownText(int row, int column);
+    /// The cell as it stands on the glass and in a copy: a flag is a mark, or nothing.
+    std::string glassText(int row, int column);
+    /// Whether a flag says yes.
+    bool says(int row, int column) const;
+    struct Rows {
+        int first = -1, last = -1;
+        bool hold(int row) const { return row >= first && row <= last; }
+    };
+    /// The rows that a copy takes: those that the user has marked, else the current one; {-1, -1} for none.
+    Rows markedRows() const;
+    bool marks() const { return marked_.has_value(); }
     /// The row's named style, "" for none.
     std::string rowStyle(int row);
 
@@ -131,6 +131,17 @@ public:
         int column);            ///< presses the cell's button in the current row; false where there is none
     void userHead(int column);  ///< clicks a column's head
     void userSuggestion(int line);  ///< clicks a line beneath the open cell
+    /// Marks the rows from the current one to this one, which moves no cursor; the next move ends it.
+    void userMark(int row);
+    void userMarkAll();
+    /// To the clipboard: the marked rows with the heads of the columns on the glass, parted by tabs; the
+    /// current cell alone.
+    void userCopy();
+    void userCopyCell();
+    bool userHide(int column, bool hidden);  ///< false where that may not be
+    /// The columns are let go at these widths, of whatever measure; standard ones again with none.
+    void userWidths(const std::vector<double>& widths);
+    void recall() override;
     /// The toolkit's own editor: the text as it stands in the open cell. Begins the edit where none is open;
     /// false where the cell can't be changed.
     bool userEdit(std::string_view text);
@@ -170,6 +181,7 @@ private:
     void setEditText(std::string text);
     std::string editedText() const;
     bool inView() const;
+    void keepColumns();
     bool stopsAt(int column) const;
     int nextStop(int from, int direction) const;
     void moveTo(int row, int column);
@@ -181,6 +193,8 @@ private:
     tables::GridSource* source_ = nullptr;
     bool rebound_ = false;
     std::vector<GridColumn> columns_;
+    ColumnChoices choices_;
+    std::optional<Rows> marked_;
     std::vector<Style> styles_;
     std::string caption_;
     std::optional<Edit> edit_;

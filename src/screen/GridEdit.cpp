@@ -8,9 +8,7 @@
 namespace zelvo::screen {
 
 bool Grid::stopsAt(int column) const {
-    if (column < 0 || column >= columnCount()) return false;
-    const GridColumn& there = columns_[static_cast<std::size_t>(column)];
-    return there.shown && there.stops;
+    return onGlass(column) && columns_[static_cast<std::size_t>(column)].stops;
 }
 
 /// The nearest column beyond `from` where the cursor stops; -1 when there is none.

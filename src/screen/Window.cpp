@@ -118,6 +118,7 @@ void Window::showModal() {
 
 void Window::open() {
     const Action opening(*this);
+    for (Field* field : fields_) field->recall();
     touched(nullptr);
     Field* first = focus_ && focus_->reachable() ? focus_ : nullptr;
     for (auto next = tabOrder_.begin(); !first && next != tabOrder_.end(); ++next) {
@@ -266,6 +267,10 @@ void Window::userClose() {
     if (!shown_) return;
     const Action asking(*this);
     if (closing() || mayClose()) unload();
+}
+
+std::string Window::rememberedName(std::string_view what) const {
+    return (remembersFor.empty() ? "" : remembersFor + " ") + name_ + " " + std::string(what);
 }
 
 void Window::userResize(double width, double height) {

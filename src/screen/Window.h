@@ -75,6 +75,11 @@ public:
     /// more.
     bool closing() const { return leaving_ != Leaving::No; }
 
+    /// Whose window it is, where that makes it another one for the eye; before what is remembered of it.
+    std::string remembersFor;
+    /// Name of a thing to be remembered of the window: "frmDoctorOCSmain size".
+    std::string rememberedName(std::string_view what) const;
+
     /// The size changed, by the user or the toolkit (twips); onResize runs.
     void userResize(double width, double height);
     Event<> onResize;

@@ -71,7 +71,7 @@ Notices::Notices(screen::Window& form, screen::Place noticeTab, session::Session
     const char* labels[] = {"한약국명 :", "대표한약사 :", "한약국주소 :", "전화번호 :", "핸드폰 :"};
     for (std::size_t i = 0; i < lblGongJiYakGuk.size(); ++i) lblGongJiYakGuk[i].setLabel(labels[i]);
     tdbGongJi.allowsUpdate = false;
-    tdbGongJi.emptyHint = "한약국의 공지사항이 없습니다.";
+    tdbGongJi.emptyHint = "공지사항을 읽지 못하였습니다.";
     rtxGongJi.setLabel("공지사항 내용");
     rtxGongJi.setLocked(true);
     wbrGongJi.setLabel("공지사항 웹페이지");
@@ -88,6 +88,7 @@ Notices::Notices(screen::Window& form, screen::Place noticeTab, session::Session
 void Notices::Load_GongJi() {
     tdbGongJi.bind(&m_rsGongJi);
     if (data::clsZELVORecordSet().RecordSet_GongJi(session_.connection(), m_rsGongJi) == -1) return;
+    tdbGongJi.emptyHint = "한약국의 공지사항이 없습니다.";
     tdbGongJi.refresh();
 }
 

@@ -84,7 +84,7 @@ struct GridViewTest : ::testing::Test {
                 {.caption = "한약국약재", .stops = false, .width = 3000},
                 {.caption = "용량(g)", .editable = true, .alignRight = true, .width = 1500, .maxLength = 5},
                 {.caption = "비고", .editable = true, .button = true, .width = 1500},
-                {.caption = "선택", .button = true, .width = 1000}};
+                {.caption = "선택", .button = true, .flag = true, .width = 1000}};
     }
 
     testing::TestDesktop desktop;

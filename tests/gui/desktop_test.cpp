@@ -108,7 +108,9 @@ TEST_F(QtDesktopTest, AFaultThatNobodyCaughtIsToldAndTheWindowRunsUntilItIsClose
         {
             const screen::Window::Action action(note);
             for (QWidget* window : QApplication::topLevelWidgets()) {
-                if (window->objectName() == QLatin1String("frmMessage")) window->close();
+                if (window->objectName() != QLatin1String("frmMessage")) continue;
+                window->resize(500, 300);
+                window->close();
             }
             EXPECT_TRUE(note.shown()) << "a close waits for the action's end";
         }
@@ -116,6 +118,10 @@ TEST_F(QtDesktopTest, AFaultThatNobodyCaughtIsToldAndTheWindowRunsUntilItIsClose
     });
     note.read("caption", "text");
     EXPECT_EQ(unloads, 1);
+    composition::frmMessage again(desktop_);
+    QTimer::singleShot(0, qApp, [&] { again.userClose(); });
+    again.read("caption", "text");
+    EXPECT_EQ(again.width() / again.height(), 500.0 / 300) << "as the last one was left";
 }
 
 TEST_F(QtDesktopTest, AWaitTakesOneThing) {

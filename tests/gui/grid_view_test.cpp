@@ -3,6 +3,8 @@
 #include <QtCore/QEventLoop>
 #include <QtCore/QTimer>
 #include <QtGui/QClipboard>
+#include <QtWidgets/QHeaderView>
+#include <QtWidgets/QMenu>
 #include <QtWidgets/QScrollBar>
 
 namespace zelvo::qt {
@@ -68,6 +70,46 @@ TEST_F(GridViewTest, RowsGoAwayUnderTheView) {
     desktop.show(window, [this] { fill(1000); });
     view.showGrid();
     EXPECT_EQ(grid.topRow, 0) << "a new result stands at its first row";
+}
+
+TEST_F(GridViewTest, ColumnsAndRowsForTheEye) {
+    QHeaderView& heads = *view.horizontalHeader();
+    const QPoint edge(heads.sectionViewportPosition(pharmacyName), heads.height() - 5);
+    const auto drag = [&](QEvent::Type type, int by) {
+        send(*heads.viewport(), QMouseEvent(type, edge + QPointF(by, 0), edge + QPointF(by, 0),
+                                            Qt::LeftButton, Qt::LeftButton, Qt::NoModifier));
+    };
+    const auto kept = [this] { return desktop.remembered().text("frmTest tdbTest"); };
+    const int before = heads.sectionSize(name);
+    drag(QEvent::MouseButtonPress, 0);
+    drag(QEvent::MouseMove, 30);
+    drag(QEvent::MouseMove, 60);
+    EXPECT_EQ(kept(), "") << "not for each pixel";
+    drag(QEvent::MouseButtonRelease, 60);
+    EXPECT_EQ(heads.sectionSize(name), before + 60);
+    EXPECT_TRUE(kept().starts_with("약재명\t25")) << kept();
+
+    key(Qt::Key_Menu);
+    key(Qt::Key_F10, {}, Qt::ShiftModifier);
+    const auto* const menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    ASSERT_TRUE(menu && !menu->accessibleName().isEmpty());
+    const QList<QAction*> columns = menu->actions().constLast()->menu()->actions();
+    EXPECT_FALSE(columns[0]->isEnabled() || columns[2]->isEnabled()) << "these are worked in";
+    columns[1]->trigger();
+    EXPECT_TRUE(heads.isSectionHidden(pharmacyName));
+    EXPECT_EQ(heads.length(), view.viewport()->width()) << "the others take its room";
+    QApplication::activePopupWidget()->close();
+
+    key(Qt::Key_Down, {}, Qt::ShiftModifier);
+    herbs.set(0, choice, true);
+    herbs.set(1, note, "두\t줄\n입니다");
+    key(Qt::Key_C, {}, Qt::ControlModifier);
+    EXPECT_EQ(desktop.copied(), "약재명\t용량(g)\t비고\t선택\n당귀\t40\t\t✓\n당귀\t40\t두 줄 입니다\t\n");
+    cell(0, grams);
+    type("12");
+    key(Qt::Key_A, {}, Qt::ControlModifier);
+    key(Qt::Key_C, {}, Qt::ControlModifier);
+    EXPECT_EQ(QApplication::clipboard()->text(), "12") << "an open cell keeps its own";
 }
 
 TEST_F(GridViewTest, TypingInACell) {

@@ -21,7 +21,7 @@ TEST_F(Search, ANursesDoctorsStandOneBeforeTheOther) {
     window.session.m_DTRPK = 0;
     window.run([&] {
         window.listAll();
-        EXPECT_EQ(window.listed() + window.search.tdbCBJ.emptyHint, "찾은 처방전이 없습니다.")
+        EXPECT_EQ(window.listed() + window.search.tdbCBJ.emptyHint, "담당의가 없어 찾을 처방전이 없습니다.")
             << "without doctors";
         for (const char* entry : {"1/이한의", "nobody", "2/최한의"}) window.search.cbodtrList.addEntry(entry);
         for (const char* found : {"1:5 2:4 1:2 2:1 ", "1:5 2:4 ", ""}) {

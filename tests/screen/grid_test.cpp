@@ -1,6 +1,7 @@
 #include "screen/Grid.h"
 
 #include "screen/ScreenTest.h"
+#include "screen/WindowExtent.h"
 #include "tables/XArrayDB.h"
 
 namespace zelvo::screen {
@@ -170,6 +171,33 @@ TEST_F(GridTest, AnAcceptedCellIsToldOnceWhateverTheListenerDoes) {
         EXPECT_EQ(herbs.text(0, 1), "x");
         EXPECT_EQ(cursor(), "0:1") << "the row that the cursor was on its way to is gone";
     });
+}
+
+/// What was left comes back where it still means something.
+TEST_F(GridTest, ColumnsComeBackAsTheyWereLeft) {
+    const std::vector<GridColumn> columns{
+        {.caption = "가"}, {.caption = "나", .editable = true}, {.caption = "다"}};
+    for (const auto& [kept, shown] : {std::pair{"", "1000 1000 1000"},
+                                      {"가\t500\t다\t-700", "500 1000 0"},
+                                      {"나\t-300\t가\t-0", "0 300 1000"},
+                                      {"가\t-5\t다\t-5\t라\t9", "0 1000 0"},
+                                      {"\t\t가\tx\t다\t1e99\t나", "1000 1000 1000"}}) {
+        Window window(desktop, "frmKept", 1, 1);
+        Grid left(window, "tdbLeft", {}, columns);
+        desktop.remembered().keep("frmKept tdbLeft", kept);
+        left.recall();
+        std::string widths;
+        for (int i = 0; i < 3; ++i)
+            widths += (i > 0 ? " " : "") + std::to_string(static_cast<int>(left.widthOnGlass(i)));
+        EXPECT_EQ(widths, shown) << kept;
+    }
+    const WindowExtent design{1000, 600}, screen{1500, 1200};
+    for (const auto& [kept, opens] : {std::pair{"", WindowExtent{1000, 600}},
+                                      {"1200 800 maximized", {1200, 800, true}},
+                                      {"99999 3", {1500, 300}},
+                                      {"x -5 9", {1000, 600}},
+                                      {"1e300 nan", {1000, 600}}})
+        EXPECT_EQ(textOf(openingExtent(kept, design, screen)), textOf(opens)) << kept;
 }
 
 }  // namespace

@@ -114,6 +114,31 @@ void head(Call& call) {
     call.user.head(grid, call.last("COLUMN"));
 }
 
+void column(Call& call) {
+    const std::string grid = call.words.word("GRID");
+    const std::string column = call.words.word("COLUMN");
+    const bool shown = call.words.either("on", "off");
+    call.words.end();
+    call.user.column(grid, column, shown);
+}
+
+void widths(Call& call) {
+    const std::string grid = call.words.word("GRID");
+    std::vector<double> twips;
+    while (!call.words.atEnd()) twips.push_back(call.words.number("TWIPS"));
+    call.user.widths(grid, twips);
+}
+
+void mark(Call& call) {
+    const std::string grid = call.words.word("GRID");
+    if (call.words.atEnd()) return call.user.mark(grid, std::nullopt);
+    call.user.mark(grid, call.lastNumber());
+}
+
+void copy(Call& call) {
+    call.user.copy(call.last("GRID"));
+}
+
 void shortcut(Call& call) {
     call.user.shortcut(call.last("KEYS"));
 }
@@ -193,6 +218,10 @@ constexpr std::array commands{
     Command{"cellkey", "GRID COLUMN KEY", cellKey},
     Command{"cellbutton", "GRID COLUMN", cellButton},
     Command{"head", "GRID COLUMN", head},
+    Command{"column", "GRID COLUMN on|off", column},
+    Command{"widths", "GRID [TWIPS...]", widths},
+    Command{"mark", "GRID [ROW]", mark},
+    Command{"copy", "GRID", copy},
     Command{"shortcut", "KEYS", shortcut},
     Command{"answer", "Yes|No|OK", answer},
     Command{"page", "finished|failed|never", page},

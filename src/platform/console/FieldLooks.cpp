@@ -110,19 +110,11 @@ Entries entriesOf(const Field& field) {
     return entries;
 }
 
-std::string listed(const std::vector<std::string>& entries) {
-    std::string line;
-    for (const std::string& entry : entries) line += (line.empty() ? "" : " ") + inQuotes(entry);
-    return line.empty() ? "none" : line;
-}
-
 }  // namespace
 
 void entries(Look& look) {
     const Entries found = entriesOf(look.field());
-    const std::vector<std::string> expected = look.words.allWords();
-    if (expected != found.all)
-        throw ExpectationError("entries of " + found.name + " " + listed(expected), listed(found.all));
+    compare("entries of " + found.name, look.words.allWords(), found.all);
 }
 
 void selected(Look& look) {

@@ -47,6 +47,24 @@ void value(Look& look) {
     compare("value of " + cell.what, cell.expected, cell.grid.valueAt(cell.row, cell.column));
 }
 
+void glass(Look& look) {
+    const Cell cell = cellOf(look);
+    compare("glass of " + cell.what, cell.expected, cell.grid.glassText(cell.row, cell.column));
+}
+
+void columns(Look& look) {
+    auto& grid = look.as<Grid>("grid");
+    std::vector<std::string> captions;
+    for (int i = 0; i < grid.columnCount(); ++i)
+        if (grid.onGlass(i)) captions.push_back(grid.column(i).caption);
+    compare("columns of " + grid.name(), look.words.allWords(), captions);
+}
+
+void hint(Look& look) {
+    const auto& grid = look.as<Grid>("grid");
+    compare("hint of " + grid.name(), look.lastText(), grid.rowCount() > 0 ? "" : grid.emptyHint);
+}
+
 void style(Look& look) {
     auto& grid = look.as<Grid>("grid");
     const int row = look.words.number("ROW");

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "platform/console/Expectations.h"
 
@@ -44,6 +45,8 @@ struct Look {
 /// Throw ExpectationError when the two differ.
 void compare(const std::string& what, const std::string& expected, const std::string& found);
 void compare(const std::string& what, int expected, int found);
+void compare(const std::string& what, const std::vector<std::string>& expected,
+             const std::vector<std::string>& found);
 
 // Fields.
 void text(Look& look, const std::string& field);
@@ -69,6 +72,9 @@ void current(Look& look);
 void cell(Look& look);
 void value(Look& look);
 void style(Look& look);
+void glass(Look& look);
+void columns(Look& look);
+void hint(Look& look);
 
 // What happened, and what stands on the screen.
 void message(Look& look);
@@ -77,5 +83,6 @@ void events(Look& look);
 void event(Look& look);
 void pointer(Look& look);
 void window(Look& look);
+void copied(Look& look);
 
 }  // namespace zelvo::console::looks

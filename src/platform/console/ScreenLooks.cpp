@@ -13,6 +13,21 @@ void compare(const std::string& what, int expected, int found) {
     }
 }
 
+namespace {
+
+std::string listed(const std::vector<std::string>& entries) {
+    std::string line;
+    for (const std::string& entry : entries) line += (line.empty() ? "" : " ") + inQuotes(entry);
+    return line.empty() ? "none" : line;
+}
+
+}  // namespace
+
+void compare(const std::string& what, const std::vector<std::string>& expected,
+             const std::vector<std::string>& found) {
+    if (expected != found) throw ExpectationError(what + " " + listed(expected), listed(found));
+}
+
 void message(Look& look) {
     const std::string title = look.words.word("CAPTION");
     const std::string text = look.lastText();
@@ -57,6 +72,10 @@ void window(Look& look) {
     const auto& open = look.desktop.openWindows();
     const std::string found = open.empty() ? "none" : open.back()->name();
     if (found != expected) throw ExpectationError("the window " + expected + " in front", found);
+}
+
+void copied(Look& look) {
+    compare("the copy", look.lastText(), look.desktop.copied());
 }
 
 }  // namespace zelvo::console::looks

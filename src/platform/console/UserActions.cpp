@@ -55,7 +55,7 @@ void needRow(const Grid& grid) {
 
 void needStop(const Grid& grid, int column) {
     const screen::GridColumn& there = grid.column(column);
-    if (!there.shown || !there.stops) {
+    if (!grid.onGlass(column) || !there.stops) {
         throw ActionError("the cursor of " + grid.name() + " does not stop in column " +
                           std::to_string(column) + " \"" + there.caption + "\"");
     }
@@ -252,8 +252,35 @@ void UserActions::shortcut(const std::string& keys) {
 void UserActions::head(const std::string& grid, const std::string& column) {
     auto& target = reachAs<Grid>(grid, "grid");
     const int number = columnIn(target, column);
-    if (!target.column(number).shown) throw ActionError("column " + column + " of " + grid + " is hidden");
+    if (!target.onGlass(number)) throw ActionError("column " + column + " of " + grid + " is hidden");
     run([&] { target.userHead(number); });
+}
+
+void UserActions::column(const std::string& grid, const std::string& column, bool shown) {
+    auto& target = reachAs<Grid>(grid, "grid");
+    bool done = false;
+    run([&] { done = target.userHide(columnIn(target, column), !shown); });
+    if (!done)
+        throw ActionError("column " + column + " of " + grid + " can't be shown or hidden by its user");
+}
+
+void UserActions::widths(const std::string& grid, const std::vector<double>& widths) {
+    auto& target = reachAs<Grid>(grid, "grid");
+    std::vector<double> all;
+    std::size_t next = 0;
+    for (int i = 0; i < target.columnCount() && next < widths.size(); ++i)
+        all.push_back(target.onGlass(i) ? widths[next++] : 0);
+    run([&] { target.userWidths(all); });
+}
+
+void UserActions::mark(const std::string& grid, std::optional<int> row) {
+    auto& target = reachAs<Grid>(grid, "grid");
+    run([&] { row ? target.userMark(*row) : target.userMarkAll(); });
+}
+
+void UserActions::copy(const std::string& grid) {
+    auto& target = reachAs<Grid>(grid, "grid");
+    run([&] { target.userCopy(); });
 }
 
 void UserActions::resize() {

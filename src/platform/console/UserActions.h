@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -47,6 +48,13 @@ public:
     virtual void cellKey(const std::string& grid, const std::string& column, const std::string& key);
     virtual void cellButton(const std::string& grid, const std::string& column);
     virtual void head(const std::string& grid, const std::string& column);
+    /// Takes a column off the glass, or puts it back.
+    void column(const std::string& grid, const std::string& column, bool shown);
+    /// Widths for the columns on the glass, in their order; none: the standard ones.
+    void widths(const std::string& grid, const std::vector<double>& widths);
+    /// Marks the rows up to this one, or all.
+    void mark(const std::string& grid, std::optional<int> row);
+    void copy(const std::string& grid);
     /// A combination of keys, "Ctrl+Z"; an error where it does nothing as the window stands.
     void shortcut(const std::string& keys);
     virtual void resize();

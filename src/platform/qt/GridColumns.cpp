@@ -49,6 +49,13 @@ int GridColumns::yielding(int column) const {
     return found;
 }
 
+std::vector<double> GridColumns::shares() const {
+    std::vector<double> shares;
+    shares.reserve(columns_.size());
+    for (const Column& column : columns_) shares.push_back(column.weight);
+    return shares;
+}
+
 void GridColumns::drag(int column, int width, int room) {
     const int other = yielding(column);
     if (other < 0) return;

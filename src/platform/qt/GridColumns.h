@@ -21,6 +21,8 @@ public:
     /// A column was dragged to a new width. The filling column to its right gives way, else its neighbour;
     /// the proportions are then the columns' own.
     void drag(int column, int width, int room);
+    /// The share of each column, in no measure; 0 for a hidden one.
+    std::vector<double> shares() const;
 
 private:
     int yielding(int column) const;

@@ -36,6 +36,7 @@ bool takesOne(const screen::Grid& grid) {
 }
 
 int alignmentOf(const screen::GridColumn& column) {
+    if (column.flag) return Qt::AlignCenter;
     return static_cast<int>((column.alignRight ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
 }
 
@@ -64,7 +65,8 @@ GridDelegate::Look GridDelegate::lookOf(const QStyleOptionViewItem& option, cons
     look.currentRow = index.row() == grid_.currentRow();
     look.currentCell = look.currentRow && focused && index.column() == grid_.currentColumn();
     look.ground = index.row() % 2 == 0 ? base : blended(plain, base, 0.025);
-    if (look.currentRow) look.ground = blended(look.accent, base, focused ? 0.18 : 0.1);
+    if (look.currentRow || (grid_.marks() && grid_.markedRows().hold(index.row())))
+        look.ground = blended(look.accent, base, focused ? 0.18 : 0.1);
     look.line = blended(plain, look.ground, 0.35);
     look.text = plain;
     const std::string style = grid_.rowStyle(index.row());
@@ -78,7 +80,7 @@ GridDelegate::Look GridDelegate::lookOf(const QStyleOptionViewItem& option, cons
 
 int GridDelegate::firstShown() const {
     int column = 0;
-    while (column < grid_.columnCount() && !grid_.column(column).shown) ++column;
+    while (column < grid_.columnCount() && !grid_.onGlass(column)) ++column;
     return column;
 }
 
@@ -111,7 +113,7 @@ void GridDelegate::paintText(QPainter& painter, const Look& look, const QRect& c
                              const QModelIndex& index) const {
     const screen::GridColumn& column = grid_.column(index.column());
     const QRect room = textRoom(cell, index.row(), index.column());
-    const QString text = qtText(grid_.shownText(index.row(), index.column()));
+    const QString text = qtText(grid_.glassText(index.row(), index.column()));
     const QFontMetrics metrics = painter.fontMetrics();
     if (!column.button || room.width() >= leastTextRoom) {
         painter.setPen(look.text);
@@ -140,7 +142,7 @@ void GridDelegate::paintChoice(QPainter& painter, const Look& look, const QRect&
                                const QModelIndex& index) const {
     const int size = std::min(choiceSize, cell.height() - 4);
     const QRectF mark = QRectF(centred({size, size}, cell)).adjusted(0.5, 0.5, -0.5, -0.5);
-    const bool chosen = isChosen(grid_, index.row(), index.column());
+    const bool chosen = grid_.says(index.row(), index.column());
     const double corner = takesOne(grid_) ? size / 2.0 : 3;
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
@@ -189,7 +191,7 @@ QRect GridDelegate::pressTarget(const QRect& cell, int row, int column) const {
     if (!shown.button) return {};
     if (holdsChoice(grid_, column)) return cell;
     const int width = std::min(buttonWidth + 6, cell.width());
-    const bool beside = shown.editable || !grid_.shownText(row, column).empty();
+    const bool beside = shown.editable || !grid_.glassText(row, column).empty();
     const int left = beside ? cell.right() + 1 - width : cell.center().x() - width / 2;
     return {left, cell.top(), width, cell.height()};
 }
@@ -201,7 +203,7 @@ QRect GridDelegate::textRoom(const QRect& cell, int row, int column) const {
 }
 
 QSize GridDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const {
-    const QString text = qtText(grid_.shownText(index.row(), index.column()));
+    const QString text = qtText(grid_.glassText(index.row(), index.column()));
     const int button = grid_.column(index.column()).button ? buttonWidth + 6 : 0;
     return {firstEdge + option.fontMetrics.horizontalAdvance(text) + button + edge, option.rect.height()};
 }
@@ -209,7 +211,7 @@ QSize GridDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelInd
 bool GridDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
                              const QModelIndex& index) {
     if (!index.isValid() || holdsChoice(grid_, index.column())) return false;
-    const QString text = qtText(grid_.shownText(index.row(), index.column()));
+    const QString text = qtText(grid_.glassText(index.row(), index.column()));
     const int room = textRoom(option.rect, index.row(), index.column()).width();
     if (option.fontMetrics.horizontalAdvance(text) <= room) return false;
     QToolTip::showText(event->globalPos(), text.toHtmlEscaped(), view);

@@ -64,9 +64,8 @@ int GridHeader::leastWidth(int column, const QString& sample) const {
 }
 
 int GridHeader::alignment(int column) const {
-    if (holdsChoice(*grid_, column)) return Qt::AlignCenter;
     const screen::GridColumn& shown = grid_->column(column);
-    if (shown.button && !shown.editable) return Qt::AlignCenter;
+    if (shown.flag || (shown.button && !shown.editable)) return Qt::AlignCenter;
     return static_cast<int>((shown.alignRight ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
 }
 
@@ -133,6 +132,11 @@ void GridHeader::drawSortMark(QPainter& painter, const QRect& head, const QRect&
 /// The caption is no head.
 void GridHeader::mousePressEvent(QMouseEvent* event) {
     if (event->position().y() >= captionHeight()) QHeaderView::mousePressEvent(event);
+}
+
+void GridHeader::mouseReleaseEvent(QMouseEvent* event) {
+    QHeaderView::mouseReleaseEvent(event);
+    emit letGo();
 }
 
 void GridHeader::mouseDoubleClickEvent(QMouseEvent* event) {

@@ -22,10 +22,15 @@ public:
     int leastWidth(int column, const QString& sample) const;
     QSize sizeHint() const override;
 
+signals:
+    /// The pointer that may have dragged a column has let go.
+    void letGo();
+
 protected:
     void paintEvent(QPaintEvent* event) override;
     void paintSection(QPainter* painter, const QRect& rect, int column) const override;
     void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
 
 private:

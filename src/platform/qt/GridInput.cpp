@@ -1,13 +1,16 @@
 #include <QtGui/QClipboard>
+#include <QtGui/QContextMenuEvent>
 #include <QtGui/QGuiApplication>
 #include <QtGui/QInputMethodEvent>
 #include <QtGui/QKeyEvent>
 #include <QtGui/QMouseEvent>
 #include <QtWidgets/QHeaderView>
 #include <algorithm>
+#include <array>
 
 #include "platform/qt/GridDelegate.h"
 #include "platform/qt/GridEditor.h"
+#include "platform/qt/GridMenu.h"
 #include "platform/qt/GridModel.h"
 #include "platform/qt/GridView.h"
 #include "platform/qt/Keys.h"
@@ -70,6 +73,10 @@ void GridView::restOnRow() {
 /// Keys that the screen model has no word for.
 bool GridView::specialKey(const QKeyEvent& event) {
     if (turnsPage(event) || pressesButton(event)) return true;
+    if (isKey(event, Qt::Key_F10, Qt::ShiftModifier)) {
+        openMenu();
+        return true;
+    }
     if (editor_->isOpen()) return false;
     if (isKey(event, Qt::Key_F2)) {
         edit();
@@ -79,14 +86,44 @@ bool GridView::specialKey(const QKeyEvent& event) {
         paste();
         return true;
     }
-    if (!event.matches(QKeySequence::Copy)) return false;
-    copyCell();
+    if (marksRows(event)) return true;
+    if (event.matches(QKeySequence::Copy)) {
+        grid_->userCopy();
+        return true;
+    }
+    if (!isKey(event, Qt::Key_C, Qt::ControlModifier | Qt::ShiftModifier)) return false;
+    grid_->userCopyCell();
     return true;
+}
+
+/// Shift with the keys that move takes rows together for a copy, the cursor stays; Ctrl+A takes all.
+bool GridView::marksRows(const QKeyEvent& event) {
+    if (event.matches(QKeySequence::SelectAll)) {
+        tell([this] { grid_->userMarkAll(); });
+        return true;
+    }
+    if (!grid_->onRow()) return false;
+    const screen::Grid::Rows marked = grid_->markedRows();
+    const int far = marked.first < grid_->currentRow() ? marked.first : marked.last;
+    const std::pair<int, int> steps[] = {
+        {Qt::Key_Up, -1}, {Qt::Key_Down, 1}, {Qt::Key_PageUp, -pageRows()}, {Qt::Key_PageDown, pageRows()}};
+    for (const auto& [key, step] : steps) {
+        if (!isKey(event, key, Qt::ShiftModifier)) continue;
+        const int row = std::clamp(far + step, 0, grid_->rowCount() - 1);
+        tell([&] { grid_->userMark(row); });
+        scrollTo(model_->index(row, shownColumn(0)));
+        return true;
+    }
+    return false;
+}
+
+int GridView::pageRows() const {
+    return std::max(1, viewport()->height() / verticalHeader()->defaultSectionSize() - 1);
 }
 
 bool GridView::turnsPage(const QKeyEvent& event) {
     if (!grid_->onRow()) return false;
-    const int page = std::max(1, viewport()->height() / verticalHeader()->defaultSectionSize() - 1);
+    const int page = pageRows();
     int row = grid_->currentRow();
     if (isKey(event, Qt::Key_PageUp)) {
         row -= page;
@@ -128,7 +165,7 @@ bool GridView::pressesButton(const QKeyEvent& event) {
 int GridView::buttonColumn() const {
     int only = -1, buttons = 0;
     for (int i = 0; i < grid_->columnCount(); ++i) {
-        if (!grid_->column(i).button || !grid_->column(i).shown) continue;
+        if (!grid_->column(i).button || !grid_->onGlass(i)) continue;
         if (i == grid_->currentColumn()) return i;
         only = i;
         ++buttons;
@@ -138,16 +175,14 @@ int GridView::buttonColumn() const {
 
 int GridView::choiceColumn() const {
     for (int i = 0; i < grid_->columnCount(); ++i)
-        if (grid_->column(i).button && grid_->column(i).shown && holdsChoice(*grid_, i)) return i;
+        if (grid_->column(i).button && grid_->onGlass(i) && holdsChoice(*grid_, i)) return i;
     return -1;
 }
 
 /// The column that a typed character goes to; -1 where nothing can be typed.
 int GridView::textColumn() const {
     if (!grid_->allowsUpdate || !grid_->onRow()) return -1;
-    const auto stops = [this](int column) {
-        return grid_->column(column).shown && grid_->column(column).stops;
-    };
+    const auto stops = [this](int column) { return grid_->onGlass(column) && grid_->column(column).stops; };
     int column = grid_->currentColumn();
     if (!stops(column)) {
         column = 0;
@@ -164,10 +199,22 @@ void GridView::edit() {
     });
 }
 
-void GridView::copyCell() const {
-    if (!grid_->onRow()) return;
-    QGuiApplication::clipboard()->setText(
-        qtText(grid_->shownText(grid_->currentRow(), grid_->currentColumn())));
+/// The menu of the rows, where the pointer is or at the current one.
+void GridView::contextMenuEvent(QContextMenuEvent* event) {
+    event->accept();
+    if (!grid_) return;
+    if (event->reason() == QContextMenuEvent::Keyboard) return openMenu();
+    const QModelIndex index = indexAt(viewport()->mapFromGlobal(event->globalPos()));
+    if (index.isValid() && !grid_->markedRows().hold(index.row())) goToCell(index);
+    menu().openRows(event->globalPos());
+}
+
+void GridView::openMenu() {
+    menu().openRows(viewport()->mapToGlobal(visualRect(currentIndex()).bottomLeft()));
+}
+
+GridMenu GridView::menu() {
+    return {*this, *grid_, [this](const std::function<void()>& act) { tell(act); }};
 }
 
 /// Opens the cell that a typed character would go to, with the first line of the clipboard in it.
@@ -267,6 +314,14 @@ void GridView::mousePressEvent(QMouseEvent* event) {
         setHeld(index);
         return;
     }
+    if (event->modifiers().testFlag(Qt::ShiftModifier) && grid_->onRow()) {
+        tell([&] { grid_->userMark(index.row()); });
+    } else {
+        goToCell(index);
+    }
+}
+
+void GridView::goToCell(const QModelIndex& index) {
     tell([&] {
         if (!grid_->userCell(index.row(), index.column())) grid_->userRow(index.row());
     });

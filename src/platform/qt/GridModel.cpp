@@ -6,12 +6,7 @@
 namespace zelvo::qt {
 
 bool holdsChoice(const screen::Grid& grid, int column) {
-    return grid.column(column).caption == "선택";
-}
-
-bool isChosen(const screen::Grid& grid, int row, int column) {
-    const std::string value = grid.valueAt(row, column);
-    return !value.empty() && value != "0" && value != "False";
+    return grid.column(column).flag && grid.column(column).button;
 }
 
 namespace {
@@ -50,7 +45,7 @@ QVariant GridModel::data(const QModelIndex& index, int role) const {
     if (!checkIndex(index, CheckIndexOption::IndexIsValid)) return {};
     switch (role) {
         case Qt::DisplayRole:
-            return qtText(grid_.shownText(index.row(), index.column()));
+            return qtText(grid_.glassText(index.row(), index.column()));
         case Qt::AccessibleTextRole:
             return spokenText(index);
         case Qt::TextAlignmentRole:
@@ -61,13 +56,12 @@ QVariant GridModel::data(const QModelIndex& index, int role) const {
     }
 }
 
-/// A cell in words: its head, its text or whether it is chosen.
+/// A cell in words: its head, its text or what its mark says.
 QString GridModel::spokenText(const QModelIndex& index) const {
     const QString head = qtText(grid_.column(index.column()).caption) + QLatin1Char(' ');
-    if (!holdsChoice(grid_, index.column()))
+    if (!grid_.column(index.column()).flag)
         return head + qtText(grid_.shownText(index.row(), index.column()));
-    return head +
-           (isChosen(grid_, index.row(), index.column()) ? QStringLiteral("예") : QStringLiteral("아니오"));
+    return head + (grid_.says(index.row(), index.column()) ? QStringLiteral("예") : QStringLiteral("아니오"));
 }
 
 QVariant GridModel::headerData(int section, Qt::Orientation orientation, int role) const {

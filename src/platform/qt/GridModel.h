@@ -33,7 +33,4 @@ private:
 
 /// Whether a column holds the marks of a choice.
 bool holdsChoice(const screen::Grid& grid, int column);
-/// Whether a cell of a choice says yes.
-bool isChosen(const screen::Grid& grid, int row, int column);
-
 }  // namespace zelvo::qt

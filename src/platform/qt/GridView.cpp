@@ -10,6 +10,7 @@
 #include "platform/qt/GridDelegate.h"
 #include "platform/qt/GridEditor.h"
 #include "platform/qt/GridHeader.h"
+#include "platform/qt/GridMenu.h"
 #include "platform/qt/GridModel.h"
 #include "platform/qt/Owned.h"
 #include "platform/qt/SuggestionList.h"
@@ -28,11 +29,11 @@ namespace {
 int fillingColumn(const screen::Grid& grid) {
     double widest = 0;
     for (int i = 0; i < grid.columnCount(); ++i)
-        if (grid.column(i).shown) widest = std::max(widest, grid.column(i).width);
+        if (grid.onGlass(i)) widest = std::max(widest, grid.column(i).width);
     int found = -1;
     for (int i = 0; i < grid.columnCount(); ++i) {
         const screen::GridColumn& column = grid.column(i);
-        const bool text = column.shown && !column.button && !column.alignRight;
+        const bool text = grid.onGlass(i) && !column.button && !column.flag && !column.alignRight;
         if (text && column.width >= widest * 0.6) found = i;
     }
     return found;
@@ -65,6 +66,11 @@ GridView::GridView(QWidget* parent)
             [this](int column, int, int width) { columnDragged(column, width); });
     connect(header_, &QHeaderView::sectionClicked, this,
             [this](int column) { tell([this, column] { grid_->userHead(column); }); });
+    header_->setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(header_, &QWidget::customContextMenuRequested, this, [this](const QPoint& at) {
+        if (grid_) menu().openColumns(header_->viewport()->mapToGlobal(at));
+    });
+    connect(header_, &GridHeader::letGo, this, [this] { columnsLetGo(); });
     connect(editor_, &QLineEdit::cursorPositionChanged, this, [this] { updateMicroFocus(); });
 }
 
@@ -117,26 +123,31 @@ void GridView::fitRows() {
     verticalHeader()->setDefaultSectionSize(height);
 }
 
-/// Columns that came, went or got another width by the logic: its proportions, instead of those dragged.
+std::vector<double> GridView::widthsOnGlass() const {
+    std::vector<double> widths;
+    widths.reserve(static_cast<std::size_t>(grid_->columnCount()));
+    for (int i = 0; i < grid_->columnCount(); ++i) widths.push_back(grid_->widthOnGlass(i));
+    return widths;
+}
+
+/// Columns that came, went or got another width: its proportions, instead of those dragged.
 void GridView::fitColumns() {
-    std::vector<double> designed;
-    designed.reserve(static_cast<std::size_t>(grid_->columnCount()));
-    for (int i = 0; i < grid_->columnCount(); ++i)
-        designed.push_back(grid_->column(i).shown ? std::max(grid_->column(i).width, 1.0) : 0);
-    if (designed == designed_) return;
-    designed_ = std::move(designed);
-    for (int i = 0; i < grid_->columnCount(); ++i) setColumnHidden(i, !grid_->column(i).shown);
+    if (widthsOnGlass() == designed_) return;
+    designed_ = widthsOnGlass();
+    const bool nested = std::exchange(laying_, true);
     std::vector<GridColumns::Column> columns;
     const int fills = fillingColumn(*grid_);
     const QStringList samples = property("samples").toStringList();
     qsizetype shown = 0;
     for (int i = 0; i < grid_->columnCount(); ++i) {
+        setColumnHidden(i, !grid_->onGlass(i));
         const QString sample = grid_->column(i).shown ? samples.value(shown++) : QString();
         columns.push_back(
             {designed_[static_cast<std::size_t>(i)], header_->leastWidth(i, sample), i == fills});
     }
     columns_.reset(std::move(columns));
     layColumns();
+    laying_ = nested;
 }
 
 void GridView::layColumns() {
@@ -150,16 +161,23 @@ void GridView::layColumns() {
 
 void GridView::columnDragged(int column, int width) {
     if (laying_ || !grid_) return;
+    dragged_ = true;
     columns_.drag(column, width, viewport()->width());
     layColumns();
     tellPlaces();
 }
 
+/// What was dragged is the grid's own from here on.
+void GridView::columnsLetGo() {
+    if (!grid_ || !std::exchange(dragged_, false)) return;
+    tell([this] { grid_->userWidths(columns_.shares()); });
+}
+
 /// The nearest column on the glass.
 int GridView::shownColumn(int column) const {
     int shown = column;
-    while (shown < grid_->columnCount() && !grid_->column(shown).shown) ++shown;
-    while (shown > 0 && (shown >= grid_->columnCount() || !grid_->column(shown).shown)) --shown;
+    while (shown < grid_->columnCount() && !grid_->onGlass(shown)) ++shown;
+    while (shown > 0 && (shown >= grid_->columnCount() || !grid_->onGlass(shown))) --shown;
     return shown;
 }
 

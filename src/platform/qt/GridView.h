@@ -18,6 +18,7 @@ namespace zelvo::qt {
 class GridDelegate;
 class GridEditor;
 class GridHeader;
+class GridMenu;
 class GridModel;
 class SuggestionList;
 
@@ -45,6 +46,7 @@ protected:
     void inputMethodEvent(QInputMethodEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
@@ -64,6 +66,8 @@ private:
     void fitColumns();
     void layColumns();
     void columnDragged(int column, int width);
+    void columnsLetGo();
+    std::vector<double> widthsOnGlass() const;
     void followCursor();
     void showEditor();
     void openEditor(int row, int column);
@@ -75,13 +79,17 @@ private:
     void passRows(const QKeyEvent& event);
     void restOnRow();
     bool turnsPage(const QKeyEvent& event);
+    int pageRows() const;
+    bool marksRows(const QKeyEvent& event);
+    void goToCell(const QModelIndex& index);
+    GridMenu menu();
+    void openMenu();
     bool pressesButton(const QKeyEvent& event);
     int buttonColumn() const;
     int choiceColumn() const;
     int textColumn() const;
     void edit();
     void openForComposition(const QString& sign);
-    void copyCell() const;
     void paste();
     QModelIndex buttonAt(const QPoint& point) const;
     void setHot(const QModelIndex& index);
@@ -94,9 +102,9 @@ private:
     GridEditor* editor_;
     SuggestionList* suggestions_ = nullptr;  ///< made with the first line that is offered
     GridColumns columns_;
-    std::vector<double> designed_;  ///< widths of the shown columns as the model has them
+    std::vector<double> designed_;  ///< widths of the columns on the glass as the model has them
     int editedRow_ = -1, editedColumn_ = -1;
-    bool laying_ = false;
+    bool laying_ = false, dragged_ = false;
     QTimer& passing_;  ///< runs while a key that is held down passes rows over
     screen::Event<int, int>::Subscription whenRowChanges_;
 };

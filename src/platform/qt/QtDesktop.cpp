@@ -2,6 +2,7 @@
 
 #include <QtCore/QEventLoop>
 #include <QtCore/QTimer>
+#include <QtGui/QClipboard>
 #include <QtGui/QScreen>
 #include <QtWidgets/QApplication>
 #include <memory>
@@ -158,8 +159,13 @@ void QtDesktop::runModal(screen::Window& window) {
         deliverKeys();
         if (!window.leaving()) loop.exec();
     }
-    shell.hide();
+    shell.putAway();
     if (top()) top()->activateWindow();
+}
+
+void QtDesktop::toClipboard(std::string_view text) {
+    Desktop::toClipboard(text);
+    QGuiApplication::clipboard()->setText(qtText(text));
 }
 
 bool QtDesktop::tellsFault(screen::Window& window, const std::exception& fault) {

@@ -31,6 +31,7 @@ public:
     double screenHeight() const override;
     void runModal(screen::Window& window) override;
     bool tellsFault(screen::Window& window, const std::exception& fault) override;
+    void toClipboard(std::string_view text) override;
     screen::SettingsStore& settings() override { return settings_; }
     void openBrowser(std::string_view address) override { browse_(address); }
 

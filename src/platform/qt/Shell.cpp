@@ -28,6 +28,8 @@ constexpr int titleBar = 32;
 /// A note opens inside its panel: beside its edge, below its heading (twips).
 constexpr double noteLeft = 150, noteTop = 650;
 
+constexpr std::string_view sizeName = "size";
+
 /// For a telephone call with those who help: it can be read out, or copied.
 void showSupportRecord(screen::Desktop& desktop) {
     const std::string lines = desktop.support().lastLines();
@@ -81,20 +83,42 @@ Shell::~Shell() = default;
 
 void Shell::open() {
     const QRect room = (over_ ? *over_->screen() : screenInFront()).availableGeometry();
-    const QSize wanted(pixels(*this, window_.width()), pixels(*this, window_.height()));
-    const QSize size = wanted.boundedTo(QSize(room.width(), room.height() - titleBar));
-    told_ = wanted;
-    const QPoint corner = wantedCorner(over_);
+    const QSize designed(pixels(*this, window_.width()), pixels(*this, window_.height()));
+    const screen::WindowExtent wanted =
+        screen::openingExtent(window_.desktop().remembered().text(window_.rememberedName(sizeName)),
+                              {window_.width(), window_.height()},
+                              {twips(*this, room.width()), twips(*this, room.height() - titleBar)});
+    const QSize size(pixels(*this, wanted.width), pixels(*this, wanted.height));
+    QPoint corner = wantedCorner(over_);
+    // The first window was put in the middle as it was designed.
+    if (!over_) corner += QPoint(designed.width() - size.width(), designed.height() - size.height()) / 2;
     move(std::clamp(corner.x(), room.left(), std::max(room.left(), room.right() + 1 - size.width())),
          std::clamp(corner.y(), room.top(),
                     std::max(room.top(), room.bottom() + 1 - titleBar - size.height())));
     resize(size);
+    if (wanted.maximized) setWindowState(Qt::WindowMaximized);
     standOverHost();
+    told_ = size;
     show();
+    if (size != designed) window_.userResize(wanted.width, wanted.height);
+    opened_ = extent();
     activateWindow();
     tellPlaces();
     binder_->flush();
     dropWhatCameBefore(*this);
+}
+
+/// As it stands beside being maximized.
+screen::WindowExtent Shell::extent() const {
+    const QSize size = normalGeometry().isValid() ? normalGeometry().size() : this->size();
+    return {twips(*this, size.width()), twips(*this, size.height()), isMaximized()};
+}
+
+void Shell::putAway() {
+    const screen::WindowExtent left = extent();
+    if (left != opened_)
+        window_.desktop().remembered().keep(window_.rememberedName(sizeName), screen::textOf(left));
+    hide();
 }
 
 /// The first window belongs over the host's, which waits for it.

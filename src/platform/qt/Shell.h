@@ -6,6 +6,7 @@
 
 #include "platform/qt/Binder.h"
 #include "platform/qt/Readers.h"
+#include "screen/WindowExtent.h"
 
 class QScreen;
 class QScrollArea;
@@ -29,6 +30,8 @@ public:
     Binder& binder() const { return *binder_; }
     /// Puts it on the screen, where its window wants to stand.
     void open();
+    /// Takes it off the screen; its size is remembered where the user has changed it.
+    void putAway();
 
 protected:
     void closeEvent(QCloseEvent* event) override;
@@ -40,6 +43,7 @@ private:
     void standOverHost();
     void tellPlaces();
     QPoint wantedCorner(const Shell* over) const;
+    screen::WindowExtent extent() const;
 
     std::unique_ptr<Readers> readers_;  ///< the first window's, for all that open from it
     screen::Window& window_;
@@ -47,6 +51,7 @@ private:
     QScrollArea& scroll_;
     std::unique_ptr<Binder> binder_;
     QSize told_;
+    screen::WindowExtent opened_;
     screen::Event<screen::Field*>::Subscription whenTouched_;
 };
 
