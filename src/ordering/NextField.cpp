@@ -78,9 +78,11 @@ NextField::NextField(screen::Window& form, const OrderDraft& draft, const CostCo
 std::vector<const Field*> NextField::openFields() const {
     std::vector<const Field*> open{&cost_.ssrCostConfirm};
     if (gate_.ssrCBJSend.visible()) open = {&gate_.ssrCBJSend};
-    for (const auto& items : {compositionItems(draft_), deliveryItems(draft_)})
-        for (const Item& item : items)
+    for (const auto& items : {compositionItems(draft_), deliveryItems(draft_)}) {
+        for (const Item& item : items) {
             if (item.open) open.push_back(&item.field);
+        }
+    }
     return open;
 }
 

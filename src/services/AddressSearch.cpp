@@ -20,7 +20,7 @@ AddressSearch::AddressSearch(screen::Window& form, session::Session& session, co
 /// The blank behind the address is where the user goes on with the house and the floor.
 void AddressSearch::search(const AddressBlock& block) {
     const bool byEnter = std::exchange(byEnter_, false);
-    const screen::Field* done = &block.ssrZipCode;
+    const screen::Field* done = nullptr;
     try {
         const screen::BusyPointer busy(form_.desktop());
         const std::string former = block.zip.text();
@@ -34,6 +34,7 @@ void AddressSearch::search(const AddressBlock& block) {
         done = &block.juso;
     } catch (const std::exception&) {
         form_.desktop().alarm("우편번호검색 폼 호출중 에러 발생.", "우편번호검색");
+        done = &block.ssrZipCode;
     }
     // On from the code, Enter would come to the button once more.
     if (byEnter) form_.moveFocusBehind(*done);
