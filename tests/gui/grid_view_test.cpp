@@ -130,7 +130,7 @@ TEST_F(GridViewTest, TypingInACell) {
         type(c.keys);
         EXPECT_EQ(herbs.text(0, c.column), c.stored);
         EXPECT_FALSE(editor.isVisible());
-        EXPECT_TRUE(view.hasFocus());
+        EXPECT_EQ(view.window()->focusWidget(), &view);
     }
     cell(0, grams);
     type("99");
