@@ -83,7 +83,8 @@ public:
     virtual void createFolder(const std::string& path) = 0;
     /// The names in a folder, sorted; none where no folder stands.
     virtual std::vector<std::string> namesIn(const std::string& folder) = 0;
-    /// Makes a file and holds it: it is whole on the disk when this returns. Nothing when the name is taken.
+    /// Makes a file and holds it: it is whole on the disk when this returns, unless it is empty. Nothing when
+    /// the name is taken.
     virtual std::unique_ptr<HeldFile> makeFile(const std::string& path, std::string_view text) = 0;
     /// Holds a file that stands. Nothing when somebody else holds it, or it has just been taken away; what is
     /// no plain file is a Fault.

@@ -65,7 +65,8 @@ std::vector<std::string> FileSystemObject::namesIn(const std::string& folder) {
 }
 
 std::unique_ptr<screen::HeldFile> FileSystemObject::makeFile(const std::string& path, std::string_view text) {
-    return held(LockedFile::make(pathOf(path), bytesOf(text)));
+    // An empty one only holds a name, and nobody waits for the disk.
+    return held(LockedFile::make(pathOf(path), bytesOf(text), text.empty() ? OnDisk::Later : OnDisk::Now));
 }
 
 std::unique_ptr<screen::HeldFile> FileSystemObject::holdFile(const std::string& path) {

@@ -141,12 +141,13 @@ void clearHalfWritten(const std::filesystem::path& folder) {
     }
 }
 
-std::optional<LockedFile> LockedFile::make(const std::filesystem::path& path, std::string_view bytes) {
+std::optional<LockedFile> LockedFile::make(const std::filesystem::path& path, std::string_view bytes,
+                                           OnDisk onDisk) {
     PendingFile file(path);
-    file.write(bytes, OnDisk::Now);
+    file.write(bytes, onDisk);
     if (!file.placeNew()) return std::nullopt;
     LockedFile made(path, file.release());
-    settleNames(path.parent_path());
+    if (onDisk == OnDisk::Now) settleNames(path.parent_path());
     return made;
 }
 

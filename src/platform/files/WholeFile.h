@@ -31,8 +31,9 @@ void clearHalfWritten(const std::filesystem::path& folder);
 /// when the program ends in whatever way.
 class LockedFile {
 public:
-    /// Makes a file that stands whole on the disk, and locked, at once; nothing where the name is taken.
-    static std::optional<LockedFile> make(const std::filesystem::path& path, std::string_view bytes);
+    /// Makes a file that stands whole, and locked, at once; nothing where the name is taken.
+    static std::optional<LockedFile> make(const std::filesystem::path& path, std::string_view bytes,
+                                          OnDisk onDisk);
     /// Locks one that stands; nothing where somebody else has, or where there is none. Throws Fault for what
     /// can't be opened or is no plain file; never waits for it.
     static std::optional<LockedFile> take(const std::filesystem::path& path);
