@@ -13,7 +13,8 @@
 
 namespace zelvo::bench {
 
-/// A demo pharmacy in a file of its own, gone with the object.
+/// A demo pharmacy in a file of its own, gone with the object; so is what stands in a folder ".data" behind
+/// its name.
 class DemoPharmacy {
 public:
     DemoPharmacy()
@@ -35,6 +36,7 @@ public:
     ~DemoPharmacy() {
         std::error_code ignored;
         std::filesystem::remove(path_, ignored);
+        std::filesystem::remove_all(path_ + ".data", ignored);
     }
     DemoPharmacy(const DemoPharmacy&) = delete;
     DemoPharmacy& operator=(const DemoPharmacy&) = delete;

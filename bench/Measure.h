@@ -42,6 +42,13 @@ public:
         return ratio <= limit_;
     }
 
+    /// The same, held to the milliseconds that are added to the floor.
+    bool reportAdded(double most) const {
+        std::printf("%-28s %6.3f %10.3f %10.3f   (at most %.0f ms more)\n", name_, measured_ / floor_, floor_,
+                    measured_, most);
+        return measured_ - floor_ <= most;
+    }
+
 private:
     const char* name_;
     double limit_;
