@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # What the library shows is its public class, the functions beside it and the C functions: exports.sh LIBRARY.
 set -euo pipefail
-nm=$(nm -D --defined-only --demangle "$1")
+nm=$(nm -D --defined-only --extern-only --demangle "$1")
 wanted='^(doctorzelvo::clsZELVOInterface::(clsZELVOInterface\(\)|~clsZELVOInterface\(\)|ZELVOInterface\(.*\)|ZELVOInterface_Nurse\(.*\)|errorText(\[abi:cxx11\])?\(\) const)|doctorzelvo::runInTerminal\(.*\)|doctorzelvo::shutdown\(\)|doctorzelvo_(interface|interface_nurse|shutdown))@@DOCTORZELVO_1$'
 names=$(sed -E 's/^[0-9a-f]* [A-Za-z] //' <<<"$nm" | grep -vx DOCTORZELVO_1 | sort -u)
 if others=$(grep -vE "$wanted" <<<"$names"); then
