@@ -69,10 +69,14 @@ public:
     /// Opens one more connection to the same server, for a single question when this one has broken. Throws
     /// Fault. The session sets it when it opens the connection.
     std::function<std::unique_ptr<Connection>()> another;
-    /// The server's address, as the chart gave it. The session sets it when it opens the connection.
+    /// The one name of the server's database (databaseName). The session sets it when it opens the
+    /// connection.
     std::string server;
-    /// Told of each failure. The session sets it when it opens the connection.
+    /// Told of each failure, and of each trip that was slow. The session sets it when it opens the
+    /// connection.
     std::function<void(const Failure& failure)> onFailure;
+    /// A trip that takes this long is told of, though nothing fails.
+    std::chrono::milliseconds slow{2000};
 
     /// Whether the server keeps a catalogue of its columns (INFORMATION_SCHEMA) that tells how long they are.
     virtual bool hasCatalogue() const { return false; }

@@ -6,6 +6,7 @@
 #include "basics/Fault.h"
 #include "basics/Numbers.h"
 #include "basics/Text.h"
+#include "data/ServerAddress.h"
 #include "ordering/ClinicFolder.h"
 
 namespace zelvo::ordering {
@@ -22,7 +23,7 @@ std::string beginning(const KeptDraft& owner) {
 
 bool isOf(const KeptDraft& draft, const KeptDraft& owner) {
     return draft.DTR_PK == owner.DTR_PK && draft.Patient_PK == owner.Patient_PK &&
-           draft.patientName == owner.patientName && draft.server == owner.server;
+           draft.patientName == owner.patientName && data::databaseName(draft.server) == owner.server;
 }
 
 /// A hold that a killed program has left without a draft.

@@ -6,7 +6,7 @@
 #include "basics/Fault.h"
 #include "basics/Numbers.h"
 #include "basics/Text.h"
-#include "basics/Utf8.h"
+#include "data/ServerAddress.h"
 #include "ordering/ClinicFolder.h"
 #include "ordering/SendLog.h"
 
@@ -45,20 +45,6 @@ UnsettledSend readMark(const std::string& text) {
     return send;
 }
 
-/// One server under its two usual spellings: a changed setting must not hide what is open there.
-bool isSameServer(std::string_view one, std::string_view other) {
-    const auto plain = [](std::string_view address) {
-        std::string text = oneLine(std::string(address));
-        if (text.starts_with("sqlite:")) return text;  // a file's name is told by its case
-        text = basics::foldCase(text);
-        for (const char* port : {":1433", ",1433"}) {
-            if (text.ends_with(port)) text.resize(text.size() - 5);
-        }
-        return text;
-    };
-    return plain(one) == plain(other);
-}
-
 }  // namespace
 
 std::unique_ptr<screen::HeldFile> UnsettledSends::mark(const UnsettledSend& send) const {
@@ -78,7 +64,8 @@ std::vector<UnsettledSends::Left> UnsettledSends::left(std::int32_t DTR_PK, cons
         for (const std::string& name : files->namesIn(folder)) {
             if (!name.starts_with(markName) || !name.ends_with(markEnding)) continue;
             std::optional<Left> one = readLeft(*files, basics::join({folder, name}, "/"));
-            if (one && one->send.DTR_PK == DTR_PK && isSameServer(one->send.server, server))
+            // A mark of former days bears the address as it was spelled.
+            if (one && one->send.DTR_PK == DTR_PK && data::databaseName(one->send.server) == oneLine(server))
                 sends.push_back(std::move(*one));
         }
     } catch (const std::exception&) {

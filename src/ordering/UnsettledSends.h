@@ -15,7 +15,7 @@ namespace zelvo::ordering {
 struct UnsettledSend {
     std::int32_t DTR_PK = 0, CBJ_PK = 0;
     std::string serverTime;  ///< "yyyy-mm-dd hh:mm:ss"
-    std::string server;      ///< its address, as the chart gave it
+    std::string server;      ///< its database's one name
     std::string patientName;
     std::string logPrint = {};  ///< tells the order's own log from others of that second
 };

@@ -6,6 +6,7 @@
 #include <functional>
 
 #include "basics/Numbers.h"
+#include "data/ServerAddress.h"
 
 // The pieces of the database's password: what a build is given, and what the environment says instead.
 #ifndef ZELVO_DB_PASSWORD_1
@@ -100,7 +101,7 @@ bool ConnectYakGukServer(Session& session, screen::Desktop& desktop, const data:
     }
     connection->yield = [&desktop] { desktop.yield(); };
     connection->another = [&desktop, open, ServerAddress] { return openedAt(desktop, open, ServerAddress); };
-    connection->server = ServerAddress;
+    connection->server = data::databaseName(ServerAddress);
     desktop.support().add(std::string("session of") + version + ", " + connection->driver() + ", " +
                           desktop.toolkit());
     session.g_conYakGuk = std::move(connection);

@@ -49,21 +49,6 @@ TEST(ConnectionString, IsSaidInTheDriversOwnWords) {
         std::string::npos);
 }
 
-TEST(ConnectionString, ReadsAddressesAndRefusesWhatIsNone) {
-    const std::pair<const char*, const char*> places[] = {
-        {"host", "host||"},           {"host:1500", "host|1500|"}, {"TCP:host,1500", "host|1500|"},
-        {"host\\NAME", "host||NAME"}, {"[::1]:1433", "::1|1433|"}, {"fe80::1,1433", "fe80::1|1433|"},
-    };
-    for (const auto& [address, parts] : places) {
-        const ServerPlace place = readPlace(address);
-        EXPECT_EQ(place.host + "|" + place.port + "|" + place.instance, parts) << address;
-    }
-    for (const char* address : {"", ":1433", "host:", "host:0", "host:65536", "host:1433x", "host:-1",
-                                "host\\", "host\\A,1433", "[::1", "[::1]x"}) {
-        EXPECT_THROW(readPlace(address), Fault) << address;
-    }
-}
-
 TEST(Settings, AMistypedWordNeverWeakensTheLine) {
     const Variables cases[] = {
         {{"ZELVO_ODBC_ENCRYPT", "no"}},

@@ -97,7 +97,7 @@ TEST(SendTrace, AMarkedSendIsAskedAfterBeforeTheNext) {
                   .told = former + "저장되지 않았습니다",
                   .settled = true},
                  {.name = "the server spelled otherwise",
-                  .marked = mark(1, "SERVER:1,1433"),
+                  .marked = mark(1, "TCP:SERVER,1"),
                   .storedAt = time.c_str(),
                   .answer = Answer::No,
                   .told = stands,

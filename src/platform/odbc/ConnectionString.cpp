@@ -2,10 +2,9 @@
 
 #include <algorithm>
 
-#include "basics/Numbers.h"
 #include "basics/Text.h"
-#include "basics/Utf8.h"
 #include "data/Failure.h"
+#include "data/ServerAddress.h"
 #include "platform/odbc/FreeTdsConfiguration.h"
 
 namespace zelvo::odbc {
@@ -56,14 +55,6 @@ private:
     std::string text_;
 };
 
-std::string checkedPort(std::string_view port, std::string_view address) {
-    const bool digits =
-        !port.empty() && port.size() <= 5 && port.find_first_not_of("0123456789") == std::string_view::npos;
-    const std::int32_t number = digits ? basics::toInt32(port) : 0;
-    if (number < 1 || number > 65535) throw Fault("no port in the server address " + std::string(address));
-    return basics::decimalText(std::int64_t{number});
-}
-
 std::string freeTdsString(const data::ServerLogin& login, const Settings& settings) {
     // Its configuration file could cut a dosage sheet. The version and the character set are never left to be
     // found out; the encryption has a word of its own here, and "require" is the one that does not fall back.
@@ -82,12 +73,12 @@ std::string freeTdsString(const data::ServerLogin& login, const Settings& settin
 }
 
 std::string microsoftString(const data::ServerLogin& login, const Settings& settings) {
-    const ServerPlace place = readPlace(login.address);
+    const data::ServerPlace place = data::readPlace(login.address);
     std::string server = place.host;
     if (!place.instance.empty()) {
         server += "\\" + place.instance;
     } else {
-        server = "tcp:" + server + "," + (place.port.empty() ? defaultPort : place.port);
+        server = "tcp:" + server + "," + (place.port.empty() ? data::defaultPort : place.port);
     }
     // A driver that reconnects by itself would go on behind a transaction that is gone.
     Attributes attributes(settings.driver, microsoftValue);
@@ -106,38 +97,6 @@ std::string microsoftString(const data::ServerLogin& login, const Settings& sett
 }
 
 }  // namespace
-
-ServerPlace readPlace(std::string_view address) {
-    std::string_view rest = address;
-    if (basics::foldCase(rest.substr(0, 4)) == "tcp:") rest.remove_prefix(4);
-    ServerPlace place;
-    if (rest.starts_with('[')) {
-        const std::size_t end = rest.find(']');
-        if (end == std::string_view::npos)
-            throw Fault("no host in the server address " + std::string(address));
-        place.host = rest.substr(1, end - 1);
-        rest.remove_prefix(end + 1);
-    } else {
-        // More than one colon and no bracket: the whole is an IPv6 address.
-        const bool bareIpv6 = std::count(rest.begin(), rest.end(), ':') > 1;
-        const std::size_t end = std::min(rest.find_first_of(bareIpv6 ? ",\\" : ":,\\"), rest.size());
-        place.host = rest.substr(0, end);
-        rest.remove_prefix(end);
-    }
-    if (rest.starts_with('\\')) {
-        place.instance = rest.substr(1);
-        if (place.instance.empty() || place.instance.find_first_of(",:") != std::string::npos) {
-            throw Fault("no instance in the server address " + std::string(address));
-        }
-    } else if (!rest.empty()) {
-        if (rest.front() != ':' && rest.front() != ',') {
-            throw Fault("can't read the server address " + std::string(address));
-        }
-        place.port = checkedPort(rest.substr(1), address);
-    }
-    if (place.host.empty()) throw Fault("no host in the server address " + std::string(address));
-    return place;
-}
 
 std::string connectionString(const data::ServerLogin& login, const Settings& settings) {
     return settings.isFreeTds() ? freeTdsString(login, settings) : microsoftString(login, settings);

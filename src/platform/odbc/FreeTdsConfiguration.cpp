@@ -5,7 +5,7 @@
 #include <cstdlib>
 
 #include "data/Failure.h"
-#include "platform/odbc/ConnectionString.h"
+#include "data/ServerAddress.h"
 #include "platform/odbc/DriverSurroundings.h"
 
 namespace zelvo::odbc {
@@ -18,10 +18,10 @@ std::string line(const char* word, const std::string& value) {
     return "\t" + std::string(word) + " = " + value + "\n";
 }
 
-std::string fileText(const ServerPlace& place, const Settings& settings) {
+std::string fileText(const data::ServerPlace& place, const Settings& settings) {
     std::string text = "[" + std::string(FreeTdsConfiguration::server) + "]\n" + line("host", place.host);
     if (place.instance.empty()) {
-        text += line("port", place.port.empty() ? defaultPort : place.port);
+        text += line("port", place.port.empty() ? data::defaultPort : place.port);
     } else {
         text += line("instance", place.instance);
     }
@@ -37,7 +37,7 @@ std::string fileText(const ServerPlace& place, const Settings& settings) {
 }  // namespace
 
 FreeTdsConfiguration::FreeTdsConfiguration(const std::string& address, const Settings& settings) {
-    const std::string text = fileText(readPlace(address), settings);
+    const std::string text = fileText(data::readPlace(address), settings);
     path_ = makeTemporaryFile(text);
     if (path_.empty()) throw data::SetupFault("FreeTDS's configuration can't be written");
     for (const char* name :

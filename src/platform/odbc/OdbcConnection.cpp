@@ -9,6 +9,7 @@
 #include "basics/Fault.h"
 #include "basics/Numbers.h"
 #include "basics/Text.h"
+#include "data/ServerAddress.h"
 #include "data/Statement.h"
 #include "platform/odbc/ConnectionString.h"
 #include "platform/odbc/Fetch.h"
@@ -200,9 +201,9 @@ void OdbcConnection::rollbackWork() {
 namespace {
 
 std::uint16_t portOf(const std::string& address) {
-    const ServerPlace place = readPlace(address);
+    const data::ServerPlace place = data::readPlace(address);
     if (!place.instance.empty()) return 0;
-    return static_cast<std::uint16_t>(basics::toInt32(place.port.empty() ? defaultPort : place.port));
+    return static_cast<std::uint16_t>(basics::toInt32(place.port.empty() ? data::defaultPort : place.port));
 }
 
 /// One login at a time: what FreeTDS is told stands in the environment meanwhile.

@@ -9,6 +9,7 @@
 #include "basics/Numbers.h"
 #include "basics/Text.h"
 #include "basics/Utf8.h"
+#include "data/ServerAddress.h"
 #include "data/Statement.h"
 #include "platform/sqlite/Dialect.h"
 #include "platform/sqlite/Functions.h"
@@ -299,12 +300,12 @@ void SqliteConnection::rollbackWork() {
 }
 
 bool isFileAddress(std::string_view address) {
-    return address.starts_with(addressPrefix);
+    return address.starts_with(data::fileAddress);
 }
 
 std::unique_ptr<data::Connection> openFile(const data::ServerLogin& login) {
     if (!isFileAddress(login.address)) throw Fault("not the address of a file: " + login.address);
-    return std::make_unique<SqliteConnection>(login.address.substr(addressPrefix.size()));
+    return std::make_unique<SqliteConnection>(login.address.substr(data::fileAddress.size()));
 }
 
 }  // namespace zelvo::sqlite

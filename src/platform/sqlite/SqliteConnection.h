@@ -49,8 +49,7 @@ private:
     bool looseColumns_ = false;
 };
 
-/// The address that means a file: "sqlite:" and its path.
-inline constexpr std::string_view addressPrefix = "sqlite:";
+/// Whether an address means a file.
 bool isFileAddress(std::string_view address);
 
 /// Opens what a file address asks for; the user and the password of a login mean nothing to a file. Throws
