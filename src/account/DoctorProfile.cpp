@@ -6,6 +6,7 @@
 #include "basics/Pictures.h"
 #include "basics/Text.h"
 #include "screen/Window.h"
+#include "session/YakGukConnection.h"
 
 namespace zelvo::account {
 
@@ -128,15 +129,23 @@ void DoctorProfile::saveChanges() {
     if (session_.m_DTRPK < 1) return form_.desktop().inform(notLoggedIn, changeCaption);
     if (basics::isBlank(txtDTRname.text()))
         return form_.desktop().inform("한의사명을 입력하여 주십시오.", changeCaption);
-    bool stored = false;
+    auto outcome = data::CommitOutcome::Refused;
     {
         const screen::BusyPointer busy(form_.desktop());
-        stored = data::clsZELVORecordSet().Update_DoctorInfo(session_.connection(), session_.m_DTRPK,
-                                                             changedRecord());
+        outcome = data::clsZELVORecordSet().Update_DoctorInfo(session_.connection(), session_.m_DTRPK,
+                                                              changedRecord());
     }
-    if (!stored) {
-        return form_.desktop().alarm("한의사 정보 변경 실패 [변경한 내용을 다시 한번 더 확인 바랍니다.]",
-                                     "한의사정보 변경 실패");
+    switch (outcome) {
+        case data::CommitOutcome::Refused:
+            return form_.desktop().alarm("한의사 정보 변경 실패 [변경한 내용을 다시 한번 더 확인 바랍니다.]",
+                                         "한의사정보 변경 실패");
+        case data::CommitOutcome::Unknown:
+            return form_.desktop().alarm("한의사 정보 변경 결과를 확인할 수 없습니다. " +
+                                             session::onceStartedAgain(session_) +
+                                             "[MY OCS]에서 확인하여 주십시오.",
+                                         changeCaption);
+        case data::CommitOutcome::Done:
+            break;
     }
     fillSender();
     form_.desktop().inform("한의사 정보를 성공적으로 변경하였습니다.", changeCaption);
@@ -183,8 +192,18 @@ void DoctorProfile::changePassword() {
 }
 
 void DoctorProfile::storePassword(const std::string& password) {
-    if (!data::clsZELVORecordSet().Update_DoctorPassword(session_.connection(), session_.m_DTRPK, password)) {
-        return form_.desktop().alarm("비밀번호 변경 실패! (한약국 서버 연결 확인)", passwordCaption);
+    switch (
+        data::clsZELVORecordSet().Update_DoctorPassword(session_.connection(), session_.m_DTRPK, password)) {
+        case data::CommitOutcome::Refused:
+            return form_.desktop().alarm("비밀번호 변경 실패! (한약국 서버 연결 확인)", passwordCaption);
+        case data::CommitOutcome::Unknown:
+            return form_.desktop().alarm(
+                "비밀번호 변경 결과를 확인할 수 없습니다. " + session::onceStartedAgain(session_) +
+                    "새 비밀번호로 로그인하여 주십시오. 로그인되지 않으면 이전 비밀번호가 "
+                    "그대로입니다.",
+                passwordCaption);
+        case data::CommitOutcome::Done:
+            break;
     }
     txtDTRpass.setText(password);
     form_.desktop().inform("비밀번호 변경 성공! ", passwordCaption);

@@ -36,6 +36,29 @@ void takeDoctor(const RecordSet& row, DoctorRecord& doctor) {
     doctor.DTR_Refer = row.text("DTR_Refer");
 }
 
+/// Runs a change of one row. Without its answer nobody knows what holds: then it is asked whether what was
+/// written stands there.
+CommitOutcome changed(Connection& Conn, const Statement& change, const Statement& written,
+                      const Connection::From& from) {
+    try {
+        running::execute(Conn, change, from);
+        return CommitOutcome::Done;
+    } catch (const std::exception&) {
+        const auto stands = [&](Connection& asked) { return rowStands(asked, written, "", from); };
+        return outcomeOf(Conn.isOpen() ? stands(Conn) : askAnother(Conn, stands));
+    }
+}
+
+/// The same by two texts that are filled alike; one that can't be filled has changed nothing.
+template <class Fill>
+CommitOutcome changedBy(Connection& Conn, const char* change, const char* written, Fill&& filled,
+                        Connection::From from = Connection::From::current()) {
+    auto outcome = CommitOutcome::Refused;
+    running::status(
+        [&] { outcome = changed(Conn, filled(Statement(change)), filled(Statement(written)), from); });
+    return outcome;
+}
+
 }  // namespace
 
 std::int16_t clsZELVORecordSet::RecordSet_DoctorInfo(Connection& Conn, std::int16_t Kind,
@@ -68,45 +91,43 @@ bool clsZELVORecordSet::RecordSet_LoginCheck(Connection& Conn, const std::string
     });
 }
 
-bool clsZELVORecordSet::Update_DoctorInfo(Connection& Conn, std::int32_t DTR_PK, const DoctorRecord& doctor) {
-    return running::flag([&] {
-        Statement statement(
-            "UPDATE t_Doctor SET DTR_Name = '[DTR_Name]', DTR_LicenseNo = '[DTR_LicenseNo]', "
-            "DTR_Cell = '[DTR_Cell]', DTR_Email = '[DTR_Email]', DTR_HosTel = '[DTR_HosTel]', "
-            "DTR_HosName = '[DTR_HosName]', "
-            "DTR_HosZip = '[DTR_HosZip]', DTR_Address = '[DTR_Address]' "
-            "WHERE DTR_PK = [DTR_PK]");
-        statement.fill("[DTR_PK]", DTR_PK)
-            .fill("[DTR_Name]", doctor.DTR_Name)
-            .fill("[DTR_LicenseNo]", doctor.DTR_LicenseNo)
-            .fill("[DTR_Cell]", doctor.DTR_Cell)
-            .fill("[DTR_Email]", doctor.DTR_Email)
-            .fill("[DTR_HosTel]", doctor.DTR_HosTel)
-            .fill("[DTR_HosName]", doctor.DTR_HosName)
-            .fill("[DTR_HosZip]", doctor.DTR_HosZip)
-            .fill("[DTR_Address]", doctor.DTR_Address);
-        running::execute(Conn, statement);
-        return true;
-    });
+CommitOutcome clsZELVORecordSet::Update_DoctorInfo(Connection& Conn, std::int32_t DTR_PK,
+                                                   const DoctorRecord& doctor) {
+    return changedBy(
+        Conn,
+        "UPDATE t_Doctor SET DTR_Name = '[DTR_Name]', DTR_LicenseNo = '[DTR_LicenseNo]', "
+        "DTR_Cell = '[DTR_Cell]', DTR_Email = '[DTR_Email]', DTR_HosTel = '[DTR_HosTel]', "
+        "DTR_HosName = '[DTR_HosName]', "
+        "DTR_HosZip = '[DTR_HosZip]', DTR_Address = '[DTR_Address]' "
+        "WHERE DTR_PK = [DTR_PK]",
+        "SELECT DTR_PK FROM t_Doctor WITH (READCOMMITTEDLOCK) WHERE DTR_PK = [DTR_PK] "
+        "AND DTR_Name = '[DTR_Name]' AND DTR_LicenseNo = '[DTR_LicenseNo]' AND DTR_Cell = '[DTR_Cell]' "
+        "AND DTR_Email = '[DTR_Email]' AND DTR_HosTel = '[DTR_HosTel]' AND DTR_HosName = '[DTR_HosName]' "
+        "AND DTR_HosZip = '[DTR_HosZip]' AND DTR_Address = '[DTR_Address]'",
+        [&](Statement statement) {
+            return statement.fill("[DTR_PK]", DTR_PK)
+                .fill("[DTR_Name]", doctor.DTR_Name)
+                .fill("[DTR_LicenseNo]", doctor.DTR_LicenseNo)
+                .fill("[DTR_Cell]", doctor.DTR_Cell)
+                .fill("[DTR_Email]", doctor.DTR_Email)
+                .fill("[DTR_HosTel]", doctor.DTR_HosTel)
+                .fill("[DTR_HosName]", doctor.DTR_HosName)
+                .fill("[DTR_HosZip]", doctor.DTR_HosZip)
+                .fill("[DTR_Address]", doctor.DTR_Address);
+        });
 }
 
-bool clsZELVORecordSet::Update_DoctorPassword(Connection& Conn, std::int32_t DTR_PK,
-                                              const std::string& DTR_PWD) {
-    return running::flag([&] {
-        Statement statement(
-            "UPDATE t_Doctor SET DTR_PWD = '[DTR_PWD]' "
-            " WHERE DTR_PK = [DTR_PK]");
-        // The key first: what a doctor types may look like its placeholder.
-        statement.fill("[DTR_PK]", DTR_PK).fill("[DTR_PWD]", DTR_PWD);
-        try {
-            running::execute(Conn, statement);
-            return true;
-        } catch (const std::exception&) {
-            // Without its answer nobody knows which password holds.
-        }
-        const auto holds = [&](Connection& asked) { return passwordIs(asked, DTR_PK, DTR_PWD); };
-        return (Conn.isOpen() ? holds(Conn) : askAnother(Conn, holds)) == true;
-    });
+CommitOutcome clsZELVORecordSet::Update_DoctorPassword(Connection& Conn, std::int32_t DTR_PK,
+                                                       const std::string& DTR_PWD) {
+    return changedBy(Conn,
+                     "UPDATE t_Doctor SET DTR_PWD = '[DTR_PWD]' "
+                     " WHERE DTR_PK = [DTR_PK]",
+                     "SELECT DTR_PK FROM t_Doctor WITH (READCOMMITTEDLOCK) "
+                     "WHERE DTR_PK = [DTR_PK] AND DTR_PWD = '[DTR_PWD]'",
+                     [&](Statement statement) {
+                         // The key first: what a doctor types may look like its placeholder.
+                         return statement.fill("[DTR_PK]", DTR_PK).fill("[DTR_PWD]", DTR_PWD);
+                     });
 }
 
 }  // namespace zelvo::data

@@ -6,18 +6,16 @@
 
 namespace zelvo::data {
 
-namespace {
-
-std::optional<bool> rowStands(Connection& Conn, const Statement& statement, std::string_view turn) {
+std::optional<bool> rowStands(Connection& Conn, const Statement& statement, std::string_view turn,
+                              Connection::From from) {
     std::optional<bool> stands;
     running::status([&] {
-        const Transaction waiting(Conn, turn);
-        stands = running::readRow(Conn, statement, [](const RecordSet&) {});
+        const Transaction waiting(Conn, turn, {}, from);
+        stands = running::readRow(
+            Conn, statement, [](const RecordSet&) {}, from);
     });
     return stands;
 }
-
-}  // namespace
 
 std::string newOrdersTurn(std::int32_t DTR_PK) {
     return "zelvo doctor " + basics::decimalText(std::int64_t{DTR_PK});
@@ -49,15 +47,6 @@ std::optional<bool> orderIsCanceled(Connection& Conn, std::int32_t CBJ_PK) {
                      orderTurn(CBJ_PK));
 }
 
-std::optional<bool> passwordIs(Connection& Conn, std::int32_t DTR_PK, const std::string& DTR_PWD) {
-    return rowStands(Conn,
-                     Statement("SELECT DTR_PK FROM t_Doctor WITH (READCOMMITTEDLOCK) "
-                               "WHERE DTR_PK = [DTR_PK] AND DTR_PWD = '[DTR_PWD]'")
-                         .fill("[DTR_PK]", DTR_PK)
-                         .fill("[DTR_PWD]", DTR_PWD),
-                     "");
-}
-
 std::optional<bool> askAnother(const Connection& broken,
                                const std::function<std::optional<bool>(Connection& Conn)>& question) {
     try {
@@ -66,6 +55,11 @@ std::optional<bool> askAnother(const Connection& broken,
         // The server can't be reached at all.
     }
     return std::nullopt;
+}
+
+CommitOutcome outcomeOf(std::optional<bool> stands) {
+    if (!stands) return CommitOutcome::Unknown;
+    return *stands ? CommitOutcome::Done : CommitOutcome::Refused;
 }
 
 }  // namespace zelvo::data

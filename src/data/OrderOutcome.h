@@ -4,8 +4,10 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include "data/Connection.h"
+#include "data/Statement.h"
 
 namespace zelvo::data {
 
@@ -19,12 +21,17 @@ std::optional<bool> orderStands(Connection& Conn, std::int32_t DTR_PK, std::int3
                                 const std::string& CBJ_RegDate);
 /// Whether the order stands and is cancelled; nothing when the database does not answer.
 std::optional<bool> orderIsCanceled(Connection& Conn, std::int32_t CBJ_PK);
-/// Whether the doctor's password is this one; nothing when the database does not answer.
-std::optional<bool> passwordIs(Connection& Conn, std::int32_t DTR_PK, const std::string& DTR_PWD);
+/// Whether such a row stands, asked behind the unit of work of that turn; nothing when the database does not
+/// answer.
+std::optional<bool> rowStands(Connection& Conn, const Statement& statement, std::string_view turn,
+                              Connection::From from = Connection::From::current());
 
 /// Asks a second connection, opened for this one question, when the line has broken and left an answer out;
 /// nothing when the server can't be reached.
 std::optional<bool> askAnother(const Connection& broken,
                                const std::function<std::optional<bool>(Connection& Conn)>& question);
+
+/// What a change has come to whose rows stand, do not, or can't be asked for.
+CommitOutcome outcomeOf(std::optional<bool> stands);
 
 }  // namespace zelvo::data

@@ -17,7 +17,7 @@ using running::execute;
 
 namespace {
 
-bool rowStands(Connection& Conn, const Statement& statement) {
+bool hasRow(Connection& Conn, const Statement& statement) {
     return running::readRow(Conn, statement, [](const RecordSet&) {});
 }
 
@@ -96,9 +96,9 @@ Statement fillSheet(Statement statement, const CBJmUpdate& row) {
 }
 
 bool hasSheet(Connection& Conn, const CBJmUpdate& row) {
-    return rowStands(
-        Conn, Statement("SELECT CBJ_PK FROM t_EatGuide WITH (READCOMMITTEDLOCK) WHERE CBJ_PK = [CBJPK]")
-                  .fill("[CBJPK]", row.CBJ_PK));
+    return hasRow(Conn,
+                  Statement("SELECT CBJ_PK FROM t_EatGuide WITH (READCOMMITTEDLOCK) WHERE CBJ_PK = [CBJPK]")
+                      .fill("[CBJPK]", row.CBJ_PK));
 }
 
 /// False when the row of a new sheet can't be written.
@@ -114,7 +114,7 @@ bool updateSheet(clsZELVORecordSet& records, Connection& Conn, const CBJmUpdate&
 
 /// The order's mileage becomes what it earns now. False when a row that it needs can't be written.
 bool updateMileage(clsZELVORecordSet& records, Connection& Conn, const CBJmUpdate& row) {
-    const bool booked = rowStands(
+    const bool booked = hasRow(
         Conn, Statement("SELECT STK_Money FROM t_Stock WHERE CBJ_PK = [CBJPK] ").fill("[CBJPK]", row.CBJ_PK));
     if (booked) {
         execute(Conn, Statement("UPDATE t_Stock SET STK_Money = [MileageCost] WHERE CBJ_PK = [CBJPK]")
@@ -124,9 +124,9 @@ bool updateMileage(clsZELVORecordSet& records, Connection& Conn, const CBJmUpdat
     }
     if (row.mileageMoney <= 0) return true;
     // Another desk may have cancelled it since: a cancelled order earns nothing.
-    if (rowStands(Conn,
-                  Statement("SELECT CBJ_PK FROM t_ChubangJun WHERE CBJ_PK = [CBJPK] AND CBJ_IsCanceled = 1")
-                      .fill("[CBJPK]", row.CBJ_PK)))
+    if (hasRow(Conn,
+               Statement("SELECT CBJ_PK FROM t_ChubangJun WHERE CBJ_PK = [CBJPK] AND CBJ_IsCanceled = 1")
+                   .fill("[CBJPK]", row.CBJ_PK)))
         return true;
     const std::string time = records.RecordSet_SvrGetdate(Conn);
     if (time == "-1") return false;
@@ -158,12 +158,12 @@ bool modificationStands(Connection& Conn, const CBJmUpdate& row) {
             order.add("AND " + std::string(column) + " = " + placeholder(column) + " ");
     }
     if (row.costChanged) order.add("AND CBJ_BesongCost = [CBJ_BesongCost] AND CBJ_ElseCost = [CBJ_ElseCost]");
-    if (!rowStands(Conn, fillOrder(order, row))) return false;
+    if (!hasRow(Conn, fillOrder(order, row))) return false;
     const bool blank = row.BogYak.empty() && row.HospName.empty() && row.PhoneNo.empty();
     if (blank && !hasSheet(Conn, row)) return true;
     Statement sheet("SELECT CBJ_PK FROM t_EatGuide WHERE CBJ_PK = [CBJPK] ");
     for (const char* column : {"BogYak", "HospName", "PhoneNo"}) sheet.add(saysText(column));
-    return rowStands(Conn, fillSheet(sheet, row));
+    return hasRow(Conn, fillSheet(sheet, row));
 }
 
 /// Runs a unit of work and, where the answer to its commit was lost, asks another connection after it.
@@ -179,9 +179,7 @@ CommitOutcome committed(Connection& Conn, std::int32_t CBJ_PK, Steps&& steps,
     } catch (const std::exception&) {
         return CommitOutcome::Refused;
     }
-    const std::optional<bool> answer = askAnother(Conn, stands);
-    if (!answer) return CommitOutcome::Unknown;
-    return *answer ? CommitOutcome::Done : CommitOutcome::Refused;
+    return outcomeOf(askAnother(Conn, stands));
 }
 
 }  // namespace

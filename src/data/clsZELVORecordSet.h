@@ -220,9 +220,10 @@ public:
     bool RecordSet_LoginCheck(Connection& Conn, const std::string& DTR_ID, const std::string& DTR_PWD,
                               std::int32_t& DTR_PK);
     /// Writes what a doctor may change: name, licence, mobile, e-mail, and the clinic's telephone, name,
-    /// postal code and address. A key that no doctor has is a success.
-    bool Update_DoctorInfo(Connection& Conn, std::int32_t DTR_PK, const DoctorRecord& doctor);
-    bool Update_DoctorPassword(Connection& Conn, std::int32_t DTR_PK, const std::string& DTR_PWD);
+    /// postal code and address. A change whose answer was lost is asked after, where need be on a connection
+    /// of its own.
+    CommitOutcome Update_DoctorInfo(Connection& Conn, std::int32_t DTR_PK, const DoctorRecord& doctor);
+    CommitOutcome Update_DoctorPassword(Connection& Conn, std::int32_t DTR_PK, const std::string& DTR_PWD);
 
     // Ledger rows (Ledger.cpp): dates "yyyy-mm-dd", or "" for all.
     std::int16_t RecordSet_StockMoneyIN(Connection& Conn, RecordSet& Rs, std::int32_t DTR_PK,

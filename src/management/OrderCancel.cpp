@@ -3,6 +3,7 @@
 #include <exception>
 
 #include "management/OrderStanding.h"
+#include "session/YakGukConnection.h"
 
 namespace zelvo::management {
 
@@ -43,9 +44,9 @@ void OrderCancel::cancel() {
         case data::CommitOutcome::Refused:
             return desktop.alarm("[처방전 취소] 실패. (한약국 서버 연결 확인)", caption);
         case data::CommitOutcome::Unknown:
-            desktop.alarm(
-                "처방전 취소 결과를 확인할 수 없습니다. [취소된 처방전]을 검색하여 확인하여 주십시오.",
-                caption);
+            desktop.alarm("처방전 취소 결과를 확인할 수 없습니다. " + session::onceStartedAgain(session_) +
+                              "[취소된 처방전]을 검색하여 확인하여 주십시오.",
+                          caption);
             balance_.Clear_StockView();
             return detail_.reload();
         case data::CommitOutcome::Done:

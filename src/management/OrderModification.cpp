@@ -8,6 +8,7 @@
 #include "data/Words.h"
 #include "management/OrderStanding.h"
 #include "ordering/OrderFit.h"
+#include "session/YakGukConnection.h"
 
 namespace zelvo::management {
 
@@ -160,7 +161,8 @@ void OrderModification::tell(data::CommitOutcome outcome, bool CostChanged) {
         case data::CommitOutcome::Refused:
             return desktop.alarm("처방전수정 실패. [한약국으로 직접 연락] 바랍니다.", saveCaption);
         case data::CommitOutcome::Unknown:
-            desktop.alarm("처방전 수정 결과를 확인할 수 없습니다. 다시 검색하여 확인하여 주십시오.",
+            desktop.alarm("처방전 수정 결과를 확인할 수 없습니다. " + session::onceStartedAgain(session_) +
+                              "다시 검색하여 확인하여 주십시오.",
                           saveCaption);
             break;
         case data::CommitOutcome::Done:

@@ -6,6 +6,7 @@
 #include "data/OrderOutcome.h"
 #include "ordering/ClinicFolder.h"
 #include "ordering/SendLog.h"
+#include "session/YakGukConnection.h"
 
 namespace zelvo::ordering {
 
@@ -120,7 +121,8 @@ bool SendTrace::stands(data::CommitOutcome outcome, KeptBoxes& kept) {
             unknown +
                 (mark_ ? "다시 전송하지 마십시오. ZELVO를 다시 시작하여 전송하면 먼저 저장 여부를 확인하여 "
                          "알려 드립니다."
-                       : "[처방전 관리]에서 발행날짜로 확인한 후 다시 전송하여 주십시오."),
+                       : session::onceStartedAgain(session_) +
+                             "[처방전 관리]에서 발행날짜로 확인하고 다시 전송하여 주십시오."),
             failedCaption);
         mark_ = nullptr;  // whoever sends next asks
         return false;

@@ -108,4 +108,9 @@ bool ConnectYakGukServer(Session& session, screen::Desktop& desktop, const data:
     return true;
 }
 
+std::string onceStartedAgain(const Session& session) {
+    const bool goesOn = session.g_conYakGuk && session.g_conYakGuk->isOpen();
+    return goesOn ? "" : "ZELVO를 다시 시작한 후 ";
+}
+
 }  // namespace zelvo::session

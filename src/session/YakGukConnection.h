@@ -17,4 +17,8 @@ inline constexpr const char* version = " ZEL-VO 버전 : 1.0001";
 bool ConnectYakGukServer(Session& session, screen::Desktop& desktop, const data::ConnectionOpener& open,
                          const std::string& ServerAddress);
 
+/// What comes before "look it up" in a text for the user: nothing while the session's line is open, else that
+/// it takes a new session.
+std::string onceStartedAgain(const Session& session);
+
 }  // namespace zelvo::session

@@ -317,6 +317,8 @@ TEST(OrderModification, AChangeWithoutAnAnswerIsAskedAfter) {
             const std::string told = window.told(canceling ? cancelButton : saveButton);
             EXPECT_EQ(told.find("성공") != std::string::npos, answers && stands) << told;
             EXPECT_EQ(told.find("실패") != std::string::npos, answers && !stands) << told;
+            EXPECT_EQ(told.find("ZELVO를 다시 시작") != std::string::npos, !answers && !stands)
+                << "nothing can be looked up over a line that is gone";
             EXPECT_EQ(window.balance.txtUsableStock.text(), answers && !stands ? "old" : "");
             if (!stands && !(canceling && answers)) {
                 EXPECT_EQ(window.box(), unread) << "the line is gone";

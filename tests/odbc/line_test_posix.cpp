@@ -323,12 +323,14 @@ TEST_F(OdbcLine, ALostAnswerIsAskedForOnASecondConnection) {
     data::CBJmUpdate change;
     change.CBJ_PK = 5;
     change.CBJ_Msg = "it's";
+    data::DoctorRecord doctor;
+    doctor.DTR_Name = "o'new";
     for (const Trouble trouble : {Trouble::CutBeforeRun, Trouble::CutBeforeAnswer, Trouble::LateAfterRun}) {
         const bool done = trouble != Trouble::CutBeforeRun;
         const bool late = trouble == Trouble::LateAfterRun;
         for (const bool answers : {false, true}) {
             database_.run(
-                "UPDATE t_ChubangJun SET CBJ_IsCanceled = 0, CBJ_Msg = ''; UPDATE t_Doctor SET DTR_PWD = 'old'");
+                "UPDATE t_ChubangJun SET CBJ_IsCanceled = 0, CBJ_Msg = ''; UPDATE t_Doctor SET DTR_PWD = 'old', DTR_Name = ''");
             const CommitOutcome outcome = !answers ? CommitOutcome::Unknown
                                           : done   ? CommitOutcome::Done
                                                    : CommitOutcome::Refused;
@@ -345,7 +347,13 @@ TEST_F(OdbcLine, ALostAnswerIsAskedForOnASecondConnection) {
             EXPECT_EQ(operations.Update_ChubangJun(*connection, change), outcome);
             connection = connected();
             server_.misbehave("DTR_PWD", trouble);
-            EXPECT_EQ(operations.Update_DoctorPassword(*connection, 1, "new"), late || (done && answers));
+            EXPECT_EQ(operations.Update_DoctorPassword(*connection, 1, "new"),
+                      late ? CommitOutcome::Done : outcome)
+                << "a line that lives says it itself";
+            connection = connected();
+            server_.misbehave("DTR_Name", trouble);
+            EXPECT_EQ(operations.Update_DoctorInfo(*connection, 1, doctor),
+                      late ? CommitOutcome::Done : outcome);
         }
     }
 }

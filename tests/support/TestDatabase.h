@@ -56,7 +56,7 @@ public:
     /// Whether it says that the server has a catalogue of its columns.
     bool catalogue = false;
     bool hasCatalogue() const override { return catalogue; }
-    bool isOpen() const override { return inner_->isOpen(); }
+    bool isOpen() const override { return !broken_ && inner_->isOpen(); }
     void close() override { inner_->close(); }
 
 protected:
