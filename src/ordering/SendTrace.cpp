@@ -50,19 +50,29 @@ bool SendTrace::settles(UnsettledSends::Left& left) {
     const std::string former = "[" + send.serverTime + "] " + patient + "결과를 확인할 수 없었던 처방전은 ";
     const std::optional<bool> stands = orderStands(session_.connection(), send);
     if (!stands) {
-        desktop_.alarm(former + "지금도 저장 여부를 확인할 수 없습니다. 처방전을 전송하지 않았습니다.",
+        const std::string again = session::onceStartedAgain(session_);
+        desktop_.alarm(former + "지금도 저장 여부를 확인할 수 없습니다. 처방전을 전송하지 않았습니다." +
+                           (again.empty() ? "" : " " + again + "전송하여 주십시오."),
                        failedCaption);
         return false;
     }
+    const std::string fate =
+        *stands ? "저장되어 있습니다. 진료부에는 전달되지 않았을 수 있습니다." : "저장되지 않았습니다.";
+    if (!left.mark) {
+        // Whoever answers there, and here as well, would send one order twice without knowing.
+        return desktop_.ask(
+            former + fate +
+                "\r\n다른 ZELVO 창에서 이 처방전에 대해 묻고 있습니다. 그 창에서 먼저 답하여 주십시오."
+                "\r\n\r\n그래도 지금 처방전을 전송하시겠습니까?",
+            sendCaption, screen::Answer::No);
+    }
     bool goesOn = true;
     if (*stands) {
-        goesOn = desktop_.ask(former +
-                                  "저장되어 있습니다. 진료부에는 전달되지 않았을 수 있습니다.\r\n\r\n"
-                                  "지금 처방전을 전송하시겠습니까?",
-                              sendCaption, screen::Answer::No);
+        goesOn = desktop_.ask(former + fate + "\r\n\r\n지금 처방전을 전송하시겠습니까?", sendCaption,
+                              screen::Answer::No);
     } else {
         unsettled_.removeLog(send);
-        desktop_.inform(former + "저장되지 않았습니다. 지금 처방전을 전송합니다.", sendCaption);
+        desktop_.inform(former + fate + " 지금 처방전을 전송합니다.", sendCaption);
     }
     // Whoever doesn't go on may come back to the same order: then it is asked again.
     if (goesOn) unsettled_.settle(*left.mark);

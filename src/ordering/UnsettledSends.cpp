@@ -79,8 +79,10 @@ std::optional<UnsettledSends::Left> UnsettledSends::readLeft(screen::FileSystemO
     if (passedOver_.contains(path)) return std::nullopt;
     try {
         auto mark = files.holdFile(path);
-        if (!mark) return std::nullopt;
-        UnsettledSend send = readMark(mark->text());
+        if (!mark && !files.isHeldByFinder(path)) return std::nullopt;
+        const std::string text = mark ? mark->text() : files.readTextFile(path);
+        if (!mark && text.empty()) return std::nullopt;  // settled this moment
+        UnsettledSend send = readMark(text);
         return Left{.send = std::move(send), .mark = std::move(mark)};
     } catch (const std::exception&) {
         passedOver_.insert(path);

@@ -27,7 +27,7 @@ class UnsettledSends {
 public:
     explicit UnsettledSends(screen::Desktop& desktop) : desktop_(desktop) {}
 
-    /// A mark that was left, held from here on.
+    /// A mark that was left, held from here on; without its file where another session is asking about it.
     struct Left {
         UnsettledSend send;
         std::unique_ptr<screen::HeldFile> mark;

@@ -89,6 +89,8 @@ public:
     /// Holds a file that stands. Nothing when somebody else holds it, or it has just been taken away; what is
     /// no plain file is a Fault.
     virtual std::unique_ptr<HeldFile> holdFile(const std::string& path) = 0;
+    /// Whether somebody holds a file who has found it there, and not who has made it.
+    virtual bool isHeldByFinder(const std::string& path) = 0;
     /// Makes or replaces a file that changes with every key: whole or as it stood before, on the disk when
     /// the system likes.
     virtual void keepTextFile(const std::string& path, std::string_view text) = 0;

@@ -60,7 +60,8 @@ TEST(SendTrace, AMarkedSendIsAskedAfterBeforeTheNext) {
     const auto mark = [&](int doctor, const std::string& server = "server:1") {
         return std::to_string(doctor) + "\r\n345\r\n" + time + "\r\n" + server + "\r\n김환자\r\nab\r\n";
     };
-    enum class Kind { Plain, Folder, Pipe, Held };
+    const std::string asked = "\r\n다른 ZELVO 창에서 이 처방전에 대해 묻고 있습니다.";
+    enum class Kind { Plain, Folder, Pipe, Made, Taken };
     const struct {
         const char* name = "";
         std::string marked = {};
@@ -71,7 +72,13 @@ TEST(SendTrace, AMarkedSendIsAskedAfterBeforeTheNext) {
         Kind kind = Kind::Plain;
     } cases[] = {{.name = "another doctor's", .marked = mark(11)},
                  {.name = "another server's", .marked = mark(1, "server:1.kr")},
-                 {.name = "a running send's", .marked = mark(1), .kind = Kind::Held},
+                 {.name = "a running send's", .marked = mark(1), .kind = Kind::Made},
+                 {.name = "another window asks",
+                  .marked = mark(1),
+                  .answer = Answer::No,
+                  .told = former + "저장되지 않았습니다." + asked,
+                  .sends = false,
+                  .kind = Kind::Taken},
                  {.name = "damaged", .marked = "1\r\n99999999999\r\n", .told = unread},
                  {.name = "cut off", .marked = mark(1).substr(0, 40), .told = unread},
                  {.name = "a folder", .told = unread, .kind = Kind::Folder},
@@ -119,9 +126,10 @@ TEST(SendTrace, AMarkedSendIsAskedAfterBeforeTheNext) {
         const std::filesystem::path path = window.machine->path / "zelvo" / file;
         std::filesystem::create_directories(test.kind == Kind::Folder ? path : path.parent_path());
         if (test.kind == Kind::Pipe) ::mkfifo(path.c_str(), 0600);
-        if (test.kind == Kind::Plain || test.kind == Kind::Held) std::ofstream(path) << test.marked;
         std::optional<files::LockedFile> held;
-        if (test.kind == Kind::Held) held.emplace(*files::LockedFile::take(path));
+        if (test.kind == Kind::Made) held.emplace(*files::LockedFile::make(path, test.marked));
+        if (test.kind == Kind::Plain || test.kind == Kind::Taken) std::ofstream(path) << test.marked;
+        if (test.kind == Kind::Taken) held.emplace(*files::LockedFile::take(path));
         window.run([&] {
             window.user.press("ssrCostConfirm");
             if (test.lineBroken) window.line->failAt(1);

@@ -73,6 +73,10 @@ std::unique_ptr<screen::HeldFile> FileSystemObject::holdFile(const std::string& 
     return held(LockedFile::take(pathOf(path)));
 }
 
+bool FileSystemObject::isHeldByFinder(const std::string& path) {
+    return LockedFile::isTaken(path);
+}
+
 void FileSystemObject::keepTextFile(const std::string& path, std::string_view text) {
     writeWholeFile(pathOf(path), bytesOf(text), OnDisk::Later);
 }

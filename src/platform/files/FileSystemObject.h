@@ -13,6 +13,7 @@ public:
     std::vector<std::string> namesIn(const std::string& folder) override;
     std::unique_ptr<screen::HeldFile> makeFile(const std::string& path, std::string_view text) override;
     std::unique_ptr<screen::HeldFile> holdFile(const std::string& path) override;
+    bool isHeldByFinder(const std::string& path) override;
     void keepTextFile(const std::string& path, std::string_view text) override;
     std::string readTextFile(const std::string& path) override;
     void deleteFile(const std::string& path) override;

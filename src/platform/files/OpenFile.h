@@ -44,9 +44,12 @@ public:
     /// True when it is what the path names now.
     bool isAt(const std::filesystem::path& path) const;
 
-    /// Locks it, once everybody else has let go. A file system without locks does without.
-    void lock() const;
-    /// The same without a wait; false where somebody else has it locked.
+    /// Locks it along with those who do likewise, once who has it alone has let go. A file system without
+    /// locks does without.
+    void lockShared() const;
+    /// The same without a wait; false where somebody has it alone.
+    bool tryLockShared() const;
+    /// Locks it alone, without a wait; false where anybody else has it locked.
     bool tryLock() const;
 
     /// All of the bytes at once where the file is open for appending.

@@ -79,8 +79,12 @@ bool OpenFile::isAt(const std::filesystem::path& path) const {
            there.st_ino == held.st_ino;
 }
 
-void OpenFile::lock() const {
-    ::flock(descriptor(handle_), LOCK_EX);
+void OpenFile::lockShared() const {
+    ::flock(descriptor(handle_), LOCK_SH);
+}
+
+bool OpenFile::tryLockShared() const {
+    return ::flock(descriptor(handle_), LOCK_SH | LOCK_NB) == 0 || errno != EWOULDBLOCK;
 }
 
 bool OpenFile::tryLock() const {

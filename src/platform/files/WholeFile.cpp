@@ -44,7 +44,7 @@ public:
             std::error_code error;
             file_ = OpenFile::makeNew(target_, halfWritten, name_, error);
             requireWritten(target_, error);
-            file_.lock();
+            file_.lockShared();
         } while (file_.isGone());  // cleared away before it was locked
     }
     ~PendingFile() {
@@ -159,6 +159,12 @@ std::optional<LockedFile> LockedFile::take(const std::filesystem::path& path) {
     requirePlain(path, file);
     if (!file.tryLock() || file.isGone()) return std::nullopt;
     return LockedFile(path, std::move(file));
+}
+
+bool LockedFile::isTaken(const std::filesystem::path& path) {
+    std::error_code error;
+    const OpenFile file(path, OpenFile::For::Changing, error);
+    return file && !file.tryLockShared();
 }
 
 std::string LockedFile::bytes() const {

@@ -37,6 +37,8 @@ public:
     /// Locks one that stands; nothing where somebody else has, or where there is none. Throws Fault for what
     /// can't be opened or is no plain file; never waits for it.
     static std::optional<LockedFile> take(const std::filesystem::path& path);
+    /// Whether somebody has locked one that he did not make.
+    static bool isTaken(const std::filesystem::path& path);
 
     const std::filesystem::path& path() const { return path_; }
     std::string bytes() const;
