@@ -53,10 +53,10 @@ Connection::~Connection() = default;
 
 void Connection::tell(const std::exception_ptr& fault, std::string_view statement, Clock::time_point start,
                       const From& from) const {
-    if (!onFailure) return;
+    const auto took = std::chrono::duration_cast<std::chrono::milliseconds>(Clock::now() - start);
+    if (!onFailure || (!fault && took < slow)) return;
     try {
-        onFailure({functionOf(from), kindOfStatement(statement), causeOf(fault),
-                   std::chrono::duration_cast<std::chrono::milliseconds>(Clock::now() - start)});
+        onFailure({functionOf(from), kindOfStatement(statement), fault ? causeOf(fault) : "slow", took});
     } catch (const std::exception&) {
         // A record that can't be kept changes nothing.
     }
@@ -72,6 +72,7 @@ void Connection::inWork(const std::string& statement, const From& from, const st
         tell(std::current_exception(), statement, start, from);
         throw;
     }
+    tell(nullptr, statement, start, from);
 }
 
 void Connection::execute(const std::string& statement, From from) {
@@ -159,8 +160,9 @@ void Connection::readAhead(const std::vector<std::string>& statements, const Fro
     for (Step& step : askAhead(statements, from)) steps.push_back(std::move(step));
     const Clock::time_point start = Clock::now();
     const TripEnd end = runSteps(steps);
-    if (end.failure && end.ran < steps.size())
-        tell(end.failure, steps[end.ran].statement, start, steps[end.ran].from);
+    // A slow trip is known by its first statement.
+    if (const std::size_t at = end.failure ? end.ran : 0; at < steps.size())
+        tell(end.failure, steps[at].statement, start, steps[at].from);
     ran_ += std::min(end.ran, held);
     if (end.ran >= held) return keepAhead({end.ran - held, end.failure}, held == 0);
     work_ = Work::Spoiled;
@@ -238,12 +240,12 @@ void Connection::begin(std::string_view turn, const Reads& ahead, From from) {
         if (!ahead || !sharesTrips()) {
             beginWork(turn);
             work_ = Work::Sound;
-            return;
+            return tell(nullptr, "BEGIN", start, from);
         }
         const std::vector<Step> steps = askAhead(questionsOf(ahead), from);
         const TripEnd end = beginTogether(turn, steps);
         work_ = Work::Sound;
-        if (end.failure) tell(end.failure, steps[end.ran].statement, start, from);
+        tell(end.failure, end.failure ? steps[end.ran].statement : "BEGIN", start, from);
         keepAhead(end, false);
     } catch (...) {
         ahead_.clear();
@@ -257,9 +259,11 @@ CommitOutcome Connection::commit() {
     sendHeld();  // nothing shares a trip with a commit
     const Work work = std::exchange(work_, Work::None);
     if (work == Work::None) return CommitOutcome::Refused;
+    Clock::time_point start = Clock::now();
     const CommitOutcome outcome = work == Work::Sound ? commitWork() : CommitOutcome::Refused;
+    if (outcome == CommitOutcome::Done) tell(nullptr, "COMMIT", start, begunBy_);
     if (outcome != CommitOutcome::Refused) return outcome;
-    const Clock::time_point start = Clock::now();
+    start = Clock::now();
     try {
         rollbackWork();
     } catch (const std::exception&) {

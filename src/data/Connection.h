@@ -121,7 +121,7 @@ protected:
     virtual TripEnd runSteps(std::span<const Step> steps);
     /// Begins, and runs the steps in the same trip. Throws Fault when it has not begun.
     virtual TripEnd beginTogether(std::string_view turn, std::span<const Step> steps);
-    /// Tells of a failure that the driver keeps to itself.
+    /// Tells of a failure that the driver keeps to itself; of no failure where the trip was slow.
     void tell(const std::exception_ptr& fault, std::string_view statement,
               std::chrono::steady_clock::time_point start, const From& from) const;
 

@@ -34,7 +34,8 @@ public:
 struct Failure {
     std::string operation;  ///< that asked: "Insert_ChubangJun"
     std::string statement;  ///< verb and table: "INSERT t_ChubangJun"
-    std::string cause;      ///< the driver's state and number, or what is set up wrongly; "" for none of them
+    std::string
+        cause;  ///< the driver's state and number, what is set up wrongly, or "slow"; "" for none of them
     std::chrono::milliseconds took{0};
 };
 

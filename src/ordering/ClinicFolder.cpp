@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-#include "basics/Fault.h"
+#include "basics/FileFault.h"
 #include "basics/Numbers.h"
 #include "basics/Text.h"
 
@@ -28,6 +28,18 @@ std::unique_ptr<screen::HeldFile> makeUnderFreeName(screen::FileSystemObject& fi
         if (auto made = files.makeFile(name + nth + std::string(ending), text)) return made;
     }
     throw basics::Fault("no name is free");
+}
+
+void noteFileTrouble(screen::Desktop& desktop, std::string_view what) {
+    std::string cause;
+    try {
+        throw;
+    } catch (const basics::FileFault& fault) {
+        cause = fault.cause();
+    } catch (...) {
+        // Its text may hold anything.
+    }
+    desktop.support().add("file " + std::string(what) + " [" + cause + "]");
 }
 
 }  // namespace zelvo::ordering

@@ -18,4 +18,7 @@ std::string timeDigits(const std::string& serverTime);
 std::unique_ptr<screen::HeldFile> makeUnderFreeName(screen::FileSystemObject& files, const std::string& name,
                                                     std::string_view ending, const std::string& text);
 
+/// Notes in the support record which file could not be had, and why. Called where its fault has been caught.
+void noteFileTrouble(screen::Desktop& desktop, std::string_view what);
+
 }  // namespace zelvo::ordering

@@ -6,6 +6,7 @@
 #include "basics/Dates.h"
 #include "basics/Numbers.h"
 #include "basics/Text.h"
+#include "ordering/ClinicFolder.h"
 #include "screen/Window.h"
 
 namespace zelvo::ordering {
@@ -258,9 +259,12 @@ void DraftKeeping::keepOrDrop(const Texts& now) {
     if (std::exchange(failed_, false) && shown_.empty()) c1eDraft.setVisible(false);
 }
 
-/// The order itself is in order; that it is not kept is told once, in a line.
+/// The order itself is in order; that it is not kept is told once, in a line. Called where the fault is
+/// caught.
 void DraftKeeping::tellUnkept() {
-    if (std::exchange(failed_, true) || !shown_.empty()) return;
+    if (std::exchange(failed_, true)) return;
+    noteFileTrouble(form_.desktop(), "order in the making");
+    if (!shown_.empty()) return;
     lblDraft.setCaption("작성 중인 처방전을 이 컴퓨터에 보관하지 못하고 있습니다.");
     cmdDraftTake.setVisible(false);
     cmdDraftDrop.setVisible(false);

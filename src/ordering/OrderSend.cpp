@@ -14,6 +14,7 @@
 #include "data/OrderOutcome.h"
 #include "data/Words.h"
 #include "data/clsZELVOStockmoney.h"
+#include "ordering/ClinicFolder.h"
 #include "ordering/OrderRows.h"
 #include "ordering/SendLog.h"
 
@@ -196,7 +197,7 @@ void OrderSend::leaveTrace(std::int32_t CBJ_PK) {
     try {
         log = sendLogText(form_.desktop(), draft_, price_.m_xaCostConfirm, lblsvrTime.caption());
     } catch (const std::exception&) {
-        // A log that can't be composed is one that can't be written.
+        noteFileTrouble(form_.desktop(), "log of a send");  // not composed is not written
     }
     trace_.leave({.DTR_PK = draft_.session.m_DTRPK,
                   .CBJ_PK = CBJ_PK,

@@ -100,7 +100,7 @@ void SendTrace::leaveMark() {
     try {
         mark_ = unsettled_.mark(sending_);
     } catch (const std::exception&) {
-        // Told when the transaction has ended.
+        noteFileTrouble(desktop_, "mark of a send");  // told when the transaction has ended
     }
 }
 
@@ -109,7 +109,7 @@ bool SendTrace::leaveLog(const std::optional<std::string>& log) {
     try {
         if (log) log_ = Write_SendLog(*fileSystem(desktop_), *log, sending_.serverTime);
     } catch (const std::exception&) {
-        // Told when the transaction has ended.
+        noteFileTrouble(desktop_, "log of a send");
     }
     return log_ != nullptr;
 }

@@ -69,7 +69,9 @@ std::vector<UnsettledSends::Left> UnsettledSends::left(std::int32_t DTR_PK, cons
                 sends.push_back(std::move(*one));
         }
     } catch (const std::exception&) {
-        metUnreadable_ |= passedOver_.insert("").second;  // the folder
+        if (!passedOver_.insert("").second) return sends;  // the folder
+        metUnreadable_ = true;
+        noteFileTrouble(desktop_, "folder of the marks");
     }
     return sends;
 }
@@ -87,6 +89,7 @@ std::optional<UnsettledSends::Left> UnsettledSends::readLeft(screen::FileSystemO
     } catch (const std::exception&) {
         passedOver_.insert(path);
         metUnreadable_ = true;
+        noteFileTrouble(desktop_, "mark that was left");
         return std::nullopt;
     }
 }
@@ -100,6 +103,7 @@ void UnsettledSends::settle(screen::HeldFile& mark) {
         mark.remove();
     } catch (const std::exception&) {
         passedOver_.insert(mark.path());
+        noteFileTrouble(desktop_, "mark to be taken away");
     }
 }
 

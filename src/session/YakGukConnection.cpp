@@ -55,22 +55,24 @@ std::unique_ptr<data::Connection> openedAt(screen::Desktop& desktop, const data:
         return desktop.beginWait("한약국 서버의 응답을 기다리는 중입니다.", since);
     };
     const auto start = std::chrono::steady_clock::now();
+    const auto note = [&](const std::string& cause) {
+        const auto took = std::chrono::steady_clock::now() - start;
+        desktop.support().add("database login [" + cause + "] " +
+                              milliseconds(std::chrono::duration_cast<std::chrono::milliseconds>(took)));
+    };
     try {
         std::unique_ptr<data::Connection> connection =
             open({ServerAddress, "zelvo", "zelvo", BuildYakGukPassword(), waiting});
-        if (connection) {
-            connection->waiting = waiting;
-            connection->onFailure = [&desktop](const data::Failure& failure) {
-                desktop.support().add("database " + failure.operation + " " + failure.statement + " [" +
-                                      failure.cause + "] " + milliseconds(failure.took));
-            };
-        }
+        if (!connection) return nullptr;
+        if (std::chrono::steady_clock::now() - start >= connection->slow) note("slow");
+        connection->waiting = waiting;
+        connection->onFailure = [&desktop](const data::Failure& failure) {
+            desktop.support().add("database " + failure.operation + " " + failure.statement + " [" +
+                                  failure.cause + "] " + milliseconds(failure.took));
+        };
         return connection;
     } catch (const std::exception&) {
-        const auto took =
-            std::chrono::duration_cast<std::chrono::milliseconds>(std::chrono::steady_clock::now() - start);
-        desktop.support().add("database login [" + data::causeOf(std::current_exception()) + "] " +
-                              milliseconds(took));
+        note(data::causeOf(std::current_exception()));
         throw;
     }
 }

@@ -4,7 +4,7 @@
 #include <string>
 #include <utility>
 
-#include "basics/Fault.h"
+#include "basics/FileFault.h"
 #include "basics/Paths.h"
 
 namespace zelvo::files {
@@ -26,11 +26,13 @@ std::string reason(const std::error_code& error) {
 }
 
 void requireWritten(const std::filesystem::path& path, const std::error_code& error) {
-    if (error) throw basics::Fault("파일 " + textOf(path) + "에 기록하지 못했습니다. " + reason(error));
+    if (!error) return;
+    throw basics::FileFault("파일 " + textOf(path) + "에 기록하지 못했습니다. " + reason(error),
+                            reason(error));
 }
 
 [[noreturn]] void throwUnread(const std::filesystem::path& path) {
-    throw basics::Fault(textOf(path) + " 파일을 읽을 수 없습니다.");
+    throw basics::FileFault(textOf(path) + " 파일을 읽을 수 없습니다.", "읽을 수 없습니다.");
 }
 
 constexpr std::string_view halfWritten = ".part";
@@ -107,7 +109,8 @@ void makeFolder(const std::filesystem::path& folder) {
     if (folder.has_parent_path() && folder.parent_path() != folder) makeFolder(folder.parent_path());
     const std::error_code error = makePrivateFolder(folder);
     if (!error || isFolder(folder)) return;  // someone else was quicker
-    throw basics::Fault("폴더 " + textOf(folder) + "을(를) 만들지 못했습니다. " + reason(error));
+    throw basics::FileFault("폴더 " + textOf(folder) + "을(를) 만들지 못했습니다. " + reason(error),
+                            reason(error));
 }
 
 void writeWholeFile(const std::filesystem::path& path, std::string_view bytes, OnDisk onDisk) {
@@ -174,7 +177,7 @@ std::string LockedFile::bytes() const {
 void LockedFile::remove() const {
     const std::error_code error = removeFile(path_);
     if (error && error != std::errc::no_such_file_or_directory)
-        throw basics::Fault(textOf(path_) + " 파일을 지울 수 없습니다.");
+        throw basics::FileFault(textOf(path_) + " 파일을 지울 수 없습니다.", reason(error));
 }
 
 }  // namespace zelvo::files
