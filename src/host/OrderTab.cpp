@@ -38,6 +38,7 @@ void OrderTab::Form_Load() {
     cost.Form_Load();
     patient.Form_Load();
     send.Form_Load();
+    keeping.Form_Load();
 }
 
 }  // namespace zelvo::host

@@ -13,11 +13,11 @@ namespace zelvo::ordering {
 
 namespace {
 
-constexpr std::string_view draftEnding = ".txt", holdEnding = ".held";
+constexpr std::string_view draftBeginning = "draft_", draftEnding = ".txt", holdEnding = ".held";
 
 /// "draft_17_1024_": what the names of an owner's drafts begin with.
 std::string beginning(const KeptDraft& owner) {
-    return "draft_" + basics::decimalText(std::int64_t{owner.DTR_PK}) + "_" +
+    return std::string(draftBeginning) + basics::decimalText(std::int64_t{owner.DTR_PK}) + "_" +
            basics::decimalText(std::int64_t{owner.Patient_PK}) + "_";
 }
 
@@ -36,6 +36,18 @@ void dropDeadHold(screen::FileSystemObject& files, const std::string& folder, co
     } catch (const basics::Fault&) {
         // It stands in nobody's way.
     }
+}
+
+constexpr std::int64_t mostMinutes = std::int64_t{30} * 24 * 60;
+
+/// "2026-03-01 09:00:00" of "draft_17_1024_20260301090000_2", when that draft was made; else "".
+std::string timeInName(const std::string& name) {
+    const std::vector<std::string> parts = basics::split(name, "_");
+    constexpr std::size_t digits = 14;
+    if (parts.size() < 4 || parts[3].size() != digits) return {};
+    const std::string& t = parts[3];
+    return t.substr(0, 4) + "-" + t.substr(4, 2) + "-" + t.substr(6, 2) + " " + t.substr(8, 2) + ":" +
+           t.substr(10, 2) + ":" + t.substr(12, 2);
 }
 
 }  // namespace
@@ -59,6 +71,27 @@ std::vector<DraftFiles::Found> DraftFiles::of(const KeptDraft& owner) const {
     std::sort(found.begin(), found.end(),
               [](const Found& a, const Found& b) { return a.draft.keptAt > b.draft.keptAt; });
     return found;
+}
+
+// What was made lately is not even read. A damaged draft is as old as its name.
+void DraftFiles::clearOld(std::string_view now) const {
+    const auto files = fileSystem(desktop_);
+    const std::string folder = clinicFolder(*files);
+    for (const std::string& file : files->namesIn(folder)) {
+        if (!file.starts_with(draftBeginning)) continue;
+        if (file.ends_with(holdEnding)) dropDeadHold(*files, folder, file);
+        if (!file.ends_with(draftEnding)) continue;
+        const std::string name = file.substr(0, file.size() - draftEnding.size());
+        if (ageInMinutes(timeInName(name), now) < mostMinutes) continue;
+        try {
+            const auto draft = readDraft(files->readTextFile(basics::join({folder, file}, "/")));
+            const bool dated = draft && basics::parseDateTime(draft->keptAt);
+            if (dated && ageInMinutes(draft->keptAt, now) < mostMinutes) continue;
+            if (auto held = hold(name)) remove(*held);
+        } catch (const basics::Fault&) {
+            noteFileTrouble(desktop_, "old order in the making");
+        }
+    }
 }
 
 DraftFiles::Held DraftFiles::make(const KeptDraft& owner) const {

@@ -3,6 +3,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "ordering/KeptDraft.h"
@@ -28,6 +29,9 @@ public:
     /// The drafts of the doctor and patient of `owner` at its server that no other session holds, the newest
     /// first. One that can't be read is left out. Throws Fault when the folder can't be read.
     std::vector<Found> of(const KeptDraft& owner) const;
+    /// Takes away the drafts, of whomever, that have not changed for 30 days and that no session holds.
+    /// `now`: "yyyy-mm-dd hh:mm:ss". Throws Fault.
+    void clearOld(std::string_view now) const;
     /// A new draft, held and not yet written. Throws Fault when that can't be done.
     Held make(const KeptDraft& owner) const;
     /// Holds a draft that stands; nothing when another session was quicker. Throws Fault.

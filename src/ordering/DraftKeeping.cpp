@@ -170,6 +170,14 @@ void DraftKeeping::addOption(const std::string& name, const tables::XArrayDB& op
                       }});
 }
 
+void DraftKeeping::Form_Load() {
+    try {
+        files_.clearOld(basics::dateTimeText(basics::now()));
+    } catch (const std::exception&) {
+        noteFileTrouble(form_.desktop(), "old orders in the making");
+    }
+}
+
 void DraftKeeping::begin() {
     const Texts now = read();
     const bool composing = keeping_ && composes(now), samePatient = keeping_ && isOfPatient(mine_);

@@ -26,6 +26,8 @@ public:
     screen::Label lblDraft;
     screen::Button cmdDraftTake, cmdDraftDrop;
 
+    /// Clears what nobody came back to. Shows nothing.
+    void Form_Load();
     /// The chart's values stand in the fields: what comes in from here on is the doctor's work and is kept.
     /// Offers what was kept for this doctor and patient. Without a doctor nothing is kept. An order that
     /// stood there already when another doctor logged in goes on as theirs.

@@ -87,9 +87,13 @@ std::optional<KeptDraft> readDraft(std::string_view text) {
     return draft;
 }
 
-std::string ageText(std::string_view keptAt, std::string_view now) {
+std::int64_t ageInMinutes(std::string_view keptAt, std::string_view now) {
     const auto then = basics::parseDateTime(keptAt), today = basics::parseDateTime(now);
-    const std::int64_t minutes = then && today ? (seconds(*today) - seconds(*then)) / 60 : 0;
+    return then && today ? (seconds(*today) - seconds(*then)) / 60 : 0;
+}
+
+std::string ageText(std::string_view keptAt, std::string_view now) {
+    const std::int64_t minutes = ageInMinutes(keptAt, now);
     if (minutes < 1) return "방금 전";
     if (minutes < 60) return basics::decimalText(minutes) + "분 전";
     constexpr std::int64_t hour = 60, day = 24 * hour;

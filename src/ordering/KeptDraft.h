@@ -23,6 +23,8 @@ std::string writeDraft(const KeptDraft& draft);
 /// Nothing for a text that is no whole draft.
 std::optional<KeptDraft> readDraft(std::string_view text);
 
+/// Minutes from a time to another, both "yyyy-mm-dd hh:mm:ss"; 0 where one of them is none.
+std::int64_t ageInMinutes(std::string_view keptAt, std::string_view now);
 /// How long ago a draft was kept, in words: "방금 전", "20분 전", "3시간 전", "2일 전". Both times
 /// "yyyy-mm-dd hh:mm:ss"; a time that lies ahead, or is none, is "방금 전".
 std::string ageText(std::string_view keptAt, std::string_view now);

@@ -3,8 +3,13 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <fstream>
 #include <string>
 #include <vector>
+
+#include "ordering/DraftFiles.h"
+#include "support/TestDesktop.h"
+#include "support/TestFolder.h"
 
 namespace zelvo::ordering {
 namespace {
@@ -30,6 +35,38 @@ TEST(KeptDraft, TellsItsAgeInWords) {
         {"2026-03-02 09:00:00", "2026-03-01 09:00:00", "방금 전"},
         {"damaged", "2026-03-01 09:00:00", "방금 전"}};
     for (const auto& [kept, now, age] : cases) EXPECT_EQ(ageText(kept, now), age) << kept << " " << now;
+}
+
+TEST(KeptDraft, GoesWhenNobodyHasComeBackToItForAMonth) {
+    const struct {
+        const char *name, *keptAt;
+        bool whole = true, held = false, stays = false;
+    } cases[] = {
+        {.name = "draft_1_7_20260101080000", .keptAt = "2026-01-30 09:00:00"},
+        {.name = "draft_1_7_20260101080001", .keptAt = "2026-01-30 09:00:01", .stays = true},
+        {.name = "draft_1_7_20260101080002_2", .keptAt = "2026-01-01 09:00:00", .held = true, .stays = true},
+        {.name = "draft_9_-7_20260101080003", .keptAt = "", .whole = false},
+        {.name = "draft_9_7_20260201080004", .keptAt = "", .whole = false, .stays = true},
+        {.name = "draft_by_hand", .keptAt = "2025-01-01 09:00:00", .stays = true}};
+    const auto machine = std::make_shared<testing::TestFolder>();
+    const std::filesystem::path folder = machine->path / "zelvo";
+    std::filesystem::create_directory(folder);
+    testing::TestDesktop desktop;
+    testing::standIn(machine, desktop);
+    const DraftFiles drafts(desktop);
+    std::vector<DraftFiles::Held> holds;
+    for (const auto& test : cases) {
+        const std::string text = writeDraft({1, 7, "김하늘", "server:1", test.keptAt, {}});
+        std::ofstream(folder / (std::string(test.name) + ".txt"))
+            << text.substr(0, test.whole ? text.size() : 9);
+        if (test.held) holds.push_back(*drafts.hold(test.name));
+    }
+    std::ofstream(folder / "draft_3_3_20260101080000.held").flush();
+    drafts.clearOld("2026-03-01 09:00:00");
+    for (const auto& test : cases)
+        EXPECT_EQ(std::filesystem::exists(folder / (std::string(test.name) + ".txt")), test.stays)
+            << test.name;
+    EXPECT_EQ(machine->files("zelvo").size(), 5U) << "no hold is left but the one that is held";
 }
 
 }  // namespace
