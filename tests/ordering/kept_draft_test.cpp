@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <array>
-#include <fstream>
 #include <string>
 #include <vector>
 
@@ -39,34 +38,31 @@ TEST(KeptDraft, TellsItsAgeInWords) {
 
 TEST(KeptDraft, GoesWhenNobodyHasComeBackToItForAMonth) {
     const struct {
-        const char *name, *keptAt;
-        bool whole = true, held = false, stays = false;
-    } cases[] = {
-        {.name = "draft_1_7_20260101080000", .keptAt = "2026-01-30 09:00:00"},
-        {.name = "draft_1_7_20260101080001", .keptAt = "2026-01-30 09:00:01", .stays = true},
-        {.name = "draft_1_7_20260101080002_2", .keptAt = "2026-01-01 09:00:00", .held = true, .stays = true},
-        {.name = "draft_9_-7_20260101080003", .keptAt = "", .whole = false},
-        {.name = "draft_9_7_20260201080004", .keptAt = "", .whole = false, .stays = true},
-        {.name = "draft_by_hand", .keptAt = "2025-01-01 09:00:00", .stays = true}};
+        std::string name;
+        const char* keptAt;  // "" for a damaged one
+        bool stays = false, held = false;
+    } cases[] = {{"draft_1_7_20260101080000", "2026-01-30 09:00:00"},
+                 {"draft_1_7_20260101080001", "2026-01-30 09:00:01", true},
+                 {"draft_1_7_20260101080002_2", "2026-01-01 09:00:00", true, true},
+                 {"draft_9_-7_20260101080003", ""},
+                 {"draft_9_7_20260201080004", "", true},
+                 {"draft_by_hand", "2025-01-01 09:00:00", true}};
     const auto machine = std::make_shared<testing::TestFolder>();
-    const std::filesystem::path folder = machine->path / "zelvo";
-    std::filesystem::create_directory(folder);
+    std::filesystem::create_directory(machine->path / "zelvo");
     testing::TestDesktop desktop;
     testing::standIn(machine, desktop);
     const DraftFiles drafts(desktop);
+    const auto file = [&](const std::string& name) { return machine->path / "zelvo" / (name + ".txt"); };
     std::vector<DraftFiles::Held> holds;
     for (const auto& test : cases) {
-        const std::string text = writeDraft({1, 7, "김하늘", "server:1", test.keptAt, {}});
-        std::ofstream(folder / (std::string(test.name) + ".txt"))
-            << text.substr(0, test.whole ? text.size() : 9);
+        std::ofstream(file(test.name))
+            << (*test.keptAt ? writeDraft({1, 7, "", "", test.keptAt, {}}) : "draft 1");
         if (test.held) holds.push_back(*drafts.hold(test.name));
     }
-    std::ofstream(folder / "draft_3_3_20260101080000.held").flush();
     drafts.clearOld("2026-03-01 09:00:00");
     for (const auto& test : cases)
-        EXPECT_EQ(std::filesystem::exists(folder / (std::string(test.name) + ".txt")), test.stays)
-            << test.name;
-    EXPECT_EQ(machine->files("zelvo").size(), 5U) << "no hold is left but the one that is held";
+        EXPECT_EQ(std::filesystem::exists(file(test.name)), test.stays) << test.name;
+    EXPECT_EQ(machine->files("zelvo").size(), 5U) << "and no hold but of the one that is held";
 }
 
 }  // namespace
