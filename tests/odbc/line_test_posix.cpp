@@ -132,25 +132,6 @@ TEST_F(OdbcLine, NativeTypesBecomeTheSystemsTexts) {
     }
 }
 
-TEST_F(OdbcLine, AFailureBearsTheServersWords) {
-    const auto connection = connect();
-    connection->execute(insert);
-    std::string noted;
-    connection->onFailure = [&](const data::Failure& failure) {
-        noted = failure.operation + " " + failure.statement + " " + failure.cause;
-    };
-    try {
-        connection->execute(insert);
-        ADD_FAILURE() << "the key stands already";
-    } catch (const Fault& fault) {
-        EXPECT_NE(std::string(fault.what()).find("UNIQUE constraint failed: t_EatGuide.CBJ_PK"),
-                  std::string::npos)
-            << fault.what();
-    }
-    EXPECT_EQ(noted, "TestBody INSERT t_EatGuide 23000/2627") << "and the record only their numbers";
-    EXPECT_TRUE(connection->isOpen());
-}
-
 TEST_F(OdbcLine, EveryBreakIsTheNextOperationsFailure) {
     const struct {
         const char* at;
@@ -186,36 +167,11 @@ TEST_F(OdbcLine, EveryBreakIsTheNextOperationsFailure) {
     }
 }
 
-TEST_F(OdbcLine, ACommitWithoutAnAnswerIsUnknown) {
-    const struct {
-        Trouble trouble;
-        CommitOutcome outcome;
-        const char* rows;
-        bool tls = false;
-    } cases[] = {{Trouble::None, CommitOutcome::Done, "1"},
-                 {Trouble::CutBeforeRun, CommitOutcome::Unknown, "0"},
-                 {Trouble::CutBeforeAnswer, CommitOutcome::Unknown, "1"},
-                 {Trouble::CutInAnswer, CommitOutcome::Unknown, "1"},
-                 {Trouble::Mute, CommitOutcome::Unknown, "0"},
-                 {Trouble::EndHalf, CommitOutcome::Unknown, "0", true}};
-    for (const auto& test : cases) {
-        SCOPED_TRACE(static_cast<int>(test.trouble));
-        server_.tls = test.tls;
-        database_.run("DELETE FROM t_EatGuide");
-        auto connection = connect();
-        server_.misbehave("COMMIT", test.trouble);
-        data::Transaction transaction(*connection);
-        connection->execute(insert);
-        EXPECT_EQ(transaction.commit(), test.outcome);
-        connection->close();
-        EXPECT_EQ(guides(), test.rows);
-    }
-}
-
 TEST_F(OdbcLine, ASendIsWholeOrNothingWhereverTheLineIsCut) {
     for (const char* at : {"BEGIN", "Insert into t_ChubangJun", "t_CBJDetail", "t_EatGuide", "COMMIT"}) {
         for (const Trouble trouble :
-             {Trouble::CutBeforeRun, Trouble::CutBeforeAnswer, Trouble::CutInAnswer}) {
+             {Trouble::CutBeforeRun, Trouble::CutBeforeAnswer, Trouble::CutInAnswer, Trouble::Mute}) {
+            if (trouble == Trouble::Mute && at != std::string("COMMIT")) continue;  // it takes its time
             SCOPED_TRACE(std::string(at) + " " + std::to_string(static_cast<int>(trouble)));
             database_.run("DELETE FROM t_ChubangJun; DELETE FROM t_CBJDetail; DELETE FROM t_EatGuide");
             const auto connection = connect();
@@ -238,7 +194,8 @@ TEST_F(OdbcLine, ASendIsWholeOrNothingWhereverTheLineIsCut) {
             }
             EXPECT_EQ(written, at == std::string("COMMIT"));
             EXPECT_EQ(outcome, written ? CommitOutcome::Unknown : CommitOutcome::Refused);
-            const bool stands = written && trouble != Trouble::CutBeforeRun;
+            const bool stands =
+                written && (trouble == Trouble::CutBeforeAnswer || trouble == Trouble::CutInAnswer);
             EXPECT_EQ(data::orderStands(*connect(), 1, key, "2024-05-06 09:08:07"), stands);
             EXPECT_EQ(data::orderStands(*connection, 1, key, "2024-05-06 09:08:07"), std::nullopt);
             EXPECT_EQ(database_.value(
@@ -348,8 +305,7 @@ TEST_F(OdbcLine, ALostAnswerIsAskedForOnASecondConnection) {
             connection = connected();
             server_.misbehave("DTR_PWD", trouble);
             EXPECT_EQ(operations.Update_DoctorPassword(*connection, 1, "new"),
-                      late ? CommitOutcome::Done : outcome)
-                << "a line that lives says it itself";
+                      late ? CommitOutcome::Done : outcome);
             connection = connected();
             server_.misbehave("DTR_Name", trouble);
             EXPECT_EQ(operations.Update_DoctorInfo(*connection, 1, doctor),
