@@ -158,6 +158,8 @@ private:
     bool batch(const std::string& text) {
         std::this_thread::sleep_for(std::chrono::milliseconds(server_.milliseconds));
         if (troubled(text)) return false;
+        if (trouble_ == TdsServer::Trouble::Slow)
+            std::this_thread::sleep_for(std::chrono::milliseconds(2050));
         if (muted_ || trouble_ == TdsServer::Trouble::Late) return true;
         const std::string answer = answerToTrip(text);
         if (trouble_ == TdsServer::Trouble::LateAfterRun) return true;
@@ -172,19 +174,20 @@ private:
         for (const std::string& text : basics::split(batch, "\nIF @@ERROR <> 0 RETURN\n")) {
             constexpr std::size_t status = 12;  // from the end, where each answer has how it ended
             if (!all.empty()) all[all.size() - status] |= 1;
-            all += isDeadlock(text) ? deadlock() : answerTo(text);
+            all += fails(text) ? failure(text) : answerTo(text);
             if ((all[all.size() - status] & 2) != 0) break;
         }
         return all;
     }
 
-    bool isDeadlock(const std::string& text) const {
+    bool fails(const std::string& text) const {
         const std::lock_guard lock(server_.mutex_);
-        return trouble_ == TdsServer::Trouble::Deadlock &&
+        return (trouble_ == TdsServer::Trouble::Deadlock || trouble_ == TdsServer::Trouble::Constraint) &&
                text.find(server_.troubleText_) != std::string::npos;
     }
 
-    std::string deadlock() {
+    std::string failure(const std::string& text) {
+        if (trouble_ == TdsServer::Trouble::Constraint) return tds::errorAnswer(2627, text);
         sqlite3_exec(database_, "ROLLBACK", nullptr, nullptr, nullptr);
         return tds::errorAnswer(1205, "chosen as the deadlock victim");
     }
@@ -256,6 +259,10 @@ void TdsServer::serve() {
     while (!ending_) {
         const int socket = port_.accept();
         if (socket < 0) continue;
+        if (deaf_) {
+            ::close(socket);
+            continue;
+        }
         const int on = 1;
         ::setsockopt(socket, IPPROTO_TCP, TCP_NODELAY, &on, sizeof on);
         sockets_.push_back(socket);
@@ -276,7 +283,9 @@ TdsServer::Trouble TdsServer::troubleAt(const std::string& text) {
     const std::lock_guard lock(mutex_);
     if (!text.empty()) batches_.push_back(text);
     const bool meant = troubleText_.empty() ? text.empty() : text.find(troubleText_) != std::string::npos;
-    return meant ? std::exchange(trouble_, Trouble::None) : Trouble::None;
+    if (!meant) return Trouble::None;
+    deaf_ = alone && trouble_ != Trouble::None;
+    return std::exchange(trouble_, Trouble::None);
 }
 
 TdsServer::Login TdsServer::takeLogin() {

@@ -24,7 +24,9 @@ public:
         Mute,             ///< reads on and says nothing
         Late,             ///< says nothing until the client gives the batch up, and lives on
         LateAfterRun,     ///< runs the statement, and then the same
+        Slow,             ///< answers after two seconds
         Deadlock,         ///< the statement fails and the server has ended the transaction
+        Constraint,       ///< the statement fails, and the server tells all of it
         CutBeforeRun,     ///< the line is cut, the statement never ran
         CutBeforeAnswer,  ///< the statement ran, the line is cut
         CutInAnswer,      ///< half of the answer, then the line is cut
@@ -49,6 +51,8 @@ public:
     std::atomic<bool> tls = false;
     /// All answers go out a few bytes at a time.
     std::atomic<bool> smallPieces = false;
+    /// Takes nobody in any more once it has misbehaved.
+    std::atomic<bool> alone = false;
     /// Waited before each answer.
     std::atomic<int> milliseconds = 0;
 
@@ -71,7 +75,7 @@ private:
     std::vector<std::string> batches_;
     std::list<int> sockets_;
     std::list<std::thread> talks_;
-    std::atomic<bool> ending_ = false;
+    std::atomic<bool> ending_ = false, deaf_ = false;
     std::thread server_;
 };
 
