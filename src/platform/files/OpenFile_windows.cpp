@@ -35,6 +35,13 @@ OVERLAPPED lockedPlace() {
     return place;
 }
 
+/// False where the lock of another keeps it from that.
+bool locksNow(std::intptr_t handle, DWORD kind) {
+    OVERLAPPED place = lockedPlace();
+    return ::LockFileEx(system(handle), kind | LOCKFILE_FAIL_IMMEDIATELY, 0, 1, 0, &place) ||
+           (::GetLastError() != ERROR_LOCK_VIOLATION && ::GetLastError() != ERROR_IO_PENDING);
+}
+
 std::intptr_t opened(const std::filesystem::path& path, OpenFile::For use) {
     HANDLE handle = INVALID_HANDLE_VALUE;
     switch (use) {
@@ -131,16 +138,17 @@ bool OpenFile::isAt(const std::filesystem::path& path) const {
            one.nFileIndexHigh == other.nFileIndexHigh && one.nFileIndexLow == other.nFileIndexLow;
 }
 
-void OpenFile::lock() const {
+void OpenFile::lockShared() const {
     OVERLAPPED place = lockedPlace();
-    ::LockFileEx(system(handle_), LOCKFILE_EXCLUSIVE_LOCK, 0, 1, 0, &place);
+    ::LockFileEx(system(handle_), 0, 0, 1, 0, &place);
+}
+
+bool OpenFile::tryLockShared() const {
+    return locksNow(handle_, 0);
 }
 
 bool OpenFile::tryLock() const {
-    OVERLAPPED place = lockedPlace();
-    return ::LockFileEx(system(handle_), LOCKFILE_EXCLUSIVE_LOCK | LOCKFILE_FAIL_IMMEDIATELY, 0, 1, 0,
-                        &place) ||
-           (::GetLastError() != ERROR_LOCK_VIOLATION && ::GetLastError() != ERROR_IO_PENDING);
+    return locksNow(handle_, LOCKFILE_EXCLUSIVE_LOCK);
 }
 
 std::error_code OpenFile::write(std::string_view bytes) const {
