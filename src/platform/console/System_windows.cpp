@@ -3,10 +3,14 @@
 #include <windows.h>
 
 #include <array>
+#include <cstdio>
 #include <cstdlib>
+#include <iostream>
+#include <streambuf>
 
 #include "basics/Fault.h"
 #include "basics/Paths.h"
+#include "basics/Text.h"
 
 namespace zelvo::console {
 
@@ -32,13 +36,37 @@ std::wstring commandLine(const std::vector<std::string>& arguments) {
     return line;
 }
 
+/// What a person types, in UTF-16 from the console: its own reading in UTF-8 loses all but ASCII.
+class TypedLines : public std::streambuf {
+protected:
+    int_type underflow() override {
+        constexpr wchar_t endOfInput = 0x1A;  // Ctrl+Z and Enter
+        std::array<wchar_t, 1024> typed{};
+        DWORD count = 0;
+        if (!::ReadConsoleW(::GetStdHandle(STD_INPUT_HANDLE), typed.data(), static_cast<DWORD>(typed.size()),
+                            &count, nullptr) ||
+            count == 0 || typed[0] == endOfInput)
+            return traits_type::eof();
+        line_ = basics::removeAll(basics::textOf(std::wstring(typed.data(), count)), "\r");
+        setg(line_.data(), line_.data(), line_.data() + line_.size());
+        return line_.empty() ? underflow() : traits_type::to_int_type(line_[0]);
+    }
+
+private:
+    std::string line_;
+};
+
 }  // namespace
 
 bool prepareTerminal() {
     ::SetConsoleOutputCP(CP_UTF8);
-    ::SetConsoleCP(CP_UTF8);
+    // A console that gets a letter's bytes one by one shows none of it.
+    for (std::FILE* const stream : {stdout, stderr}) std::setvbuf(stream, nullptr, _IOFBF, BUFSIZ);
     DWORD mode = 0;
-    return ::GetConsoleMode(::GetStdHandle(STD_INPUT_HANDLE), &mode) != FALSE;
+    if (!::GetConsoleMode(::GetStdHandle(STD_INPUT_HANDLE), &mode)) return false;
+    static TypedLines typed;
+    std::cin.rdbuf(&typed);
+    return true;
 }
 
 std::string besideThisProgram(const std::string& name) {

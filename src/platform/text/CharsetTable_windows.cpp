@@ -4,7 +4,7 @@
 
 #include <algorithm>
 #include <optional>
-#include <vector>
+#include <utility>
 
 #include "basics/Numbers.h"
 #include "basics/Utf8.h"
@@ -58,6 +58,14 @@ std::string utf8Of(std::wstring_view wide) {
     return text;
 }
 
+/// What Windows puts in the place of a byte that is no character: a control character beyond ASCII, or one of
+/// its own. Only the pages of nations' standards have the former themselves.
+bool standsForNothing(UINT page, wchar_t letter) {
+    constexpr UINT firstStandard = 20000;
+    return page < firstStandard &&
+           ((letter >= 0x80 && letter < 0xA0) || (letter >= 0xF8F0 && letter <= 0xF8FF));
+}
+
 /// The bytes through a code page; nothing where they are not all characters.
 std::optional<std::string> through(UINT page, DWORD flags, std::string_view bytes) {
     const int count = static_cast<int>(bytes.size());
@@ -65,6 +73,8 @@ std::optional<std::string> through(UINT page, DWORD flags, std::string_view byte
     if (size <= 0) return std::nullopt;
     std::wstring wide(static_cast<std::size_t>(size), L'\0');
     ::MultiByteToWideChar(page, flags, bytes.data(), count, wide.data(), size);
+    const auto nothing = [page](wchar_t letter) { return standsForNothing(page, letter); };
+    if (flags != 0 && std::any_of(wide.begin(), wide.end(), nothing)) return std::nullopt;
     return utf8Of(wide);
 }
 
@@ -85,6 +95,8 @@ struct CharsetTable::Insides {
         if (page == 54936 || page == CP_UTF8) return 0;  // up to four: found out by trying
         return ::IsDBCSLeadByteEx(page, static_cast<BYTE>(bytes[0])) ? 2 : 1;
     }
+    /// Whole characters by the look of them, some thousand at most; all where only trying tells.
+    std::string_view frontOf(std::string_view bytes) const;
     Stop takeOne(std::string_view& bytes, std::string& text) const;
     Stop takeWide(std::string_view& bytes, std::string& text) const;
 };
@@ -96,6 +108,18 @@ CharsetTable::~CharsetTable() = default;
 
 bool CharsetTable::known() const {
     return insides_->page != 0;
+}
+
+std::string_view CharsetTable::Insides::frontOf(std::string_view bytes) const {
+    constexpr std::size_t most = 4096;
+    std::size_t end = 0;
+    while (end < std::min(bytes.size(), most)) {
+        const std::size_t length = lengthAt(bytes.substr(end));
+        if (length == 0) return bytes;
+        if (end + length > bytes.size()) break;
+        end += length;
+    }
+    return bytes.substr(0, end);
 }
 
 CharsetTable::Stop CharsetTable::Insides::takeOne(std::string_view& bytes, std::string& text) const {
@@ -127,22 +151,22 @@ CharsetTable::Stop CharsetTable::Insides::takeWide(std::string_view& bytes, std:
 CharsetTable::Stop CharsetTable::take(std::string_view& bytes, std::string& text, bool /*first*/) {
     const UINT page = insides_->page;
     if (page == utf16 || page == utf16BigEndian) return insides_->takeWide(bytes, text);
-    constexpr std::size_t block = 4096;
+    if (isStateful(page)) {
+        text += through(page, 0, std::exchange(bytes, {})).value_or("");
+        return Stop::End;
+    }
     while (!bytes.empty()) {
-        // All at once where it is sound; one by one around what is not.
-        const bool whole = bytes.size() <= block || isStateful(page);
-        const std::string_view front = whole ? bytes : bytes.substr(0, block);
-        const auto sound = whole || isStateful(page)
-                               ? through(page, isStateful(page) ? 0 : MB_ERR_INVALID_CHARS, front)
-                               : std::nullopt;
-        if (sound) {
+        const std::string_view front = insides_->frontOf(bytes);
+        if (const auto sound = through(page, MB_ERR_INVALID_CHARS, front)) {
             text += *sound;
             bytes.remove_prefix(front.size());
             continue;
         }
-        if (isStateful(page)) return Stop::Broken;
-        const Stop stop = insides_->takeOne(bytes, text);
-        if (stop != Stop::End) return stop;
+        // One by one, up to the one that is none.
+        for (Stop stop = Stop::End; !bytes.empty();) {
+            stop = insides_->takeOne(bytes, text);
+            if (stop != Stop::End) return stop;
+        }
     }
     return Stop::End;
 }
