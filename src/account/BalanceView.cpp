@@ -85,7 +85,7 @@ void BalanceView::Init_StockGrids() {
 void BalanceView::search(bool byDates) {
     bool ok = false;
     {
-        const screen::BusyPointer busy(form_.desktop());
+        const screen::BusyPointer busy(form_.desktop(), "적립금 내역을 불러오는 중입니다.");
         ok = byDates ? Load_StockMoney(dtpStockView0.text(), dtpStockView1.text()) : Load_StockMoney("", "");
     }
     if (!ok) form_.desktop().alarm("적립금 정보 확인 중 오류 발생.", "적립금 정보");

@@ -131,7 +131,7 @@ void DoctorProfile::saveChanges() {
         return form_.desktop().inform("한의사명을 입력하여 주십시오.", changeCaption);
     auto outcome = data::CommitOutcome::Refused;
     {
-        const screen::BusyPointer busy(form_.desktop());
+        const screen::BusyPointer busy(form_.desktop(), "한의사 정보를 저장하는 중입니다.");
         outcome = data::clsZELVORecordSet().Update_DoctorInfo(session_.connection(), session_.m_DTRPK,
                                                               changedRecord());
     }

@@ -21,7 +21,7 @@ void ChubangReading::Read_Chubang() {
     }
     frmChubangRead library(desktop, session_, herbs_, leftOut_);
     for (std::int16_t m_KeepChubangRead = 0;; m_KeepChubangRead = -1) {
-        const screen::BusyPointer busy(desktop);
+        const screen::BusyPointer busy(desktop, "약속처방을 불러오는 중입니다.");
         library.left = form_.left + form_.width() - library.width();
         library.top = form_.top + form_.height() - library.height();
         std::int16_t merged = 0;

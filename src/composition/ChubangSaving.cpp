@@ -73,7 +73,7 @@ bool ChubangSaving::askName(std::string& name, std::string& memo) {
 /// The transaction from its begin to its end; gives what there is to say of it.
 screen::MessageBox ChubangSaving::store(const std::string& name, const std::string& memo) {
     screen::MessageBox failed = alarmBox("내약속처방으로 등록중 오류가 발생했습니다.", "내약속처방 등록");
-    const screen::BusyPointer busy(form_.desktop());
+    const screen::BusyPointer busy(form_.desktop(), "내약속처방으로 등록하는 중입니다.");
     try {
         data::Connection& connection = session_.connection();
         data::Transaction transaction(connection);

@@ -60,7 +60,7 @@ void ChubangUpkeep::deleteCurrent() {
     bool rowLeft = false;
     auto outcome = data::CommitOutcome::Refused;
     {
-        const screen::BusyPointer busy(form_.desktop());
+        const screen::BusyPointer busy(form_.desktop(), "내약속처방을 삭제하는 중입니다.");
         outcome = deleteStored(rowLeft);
     }
     if (outcome == data::CommitOutcome::Done) return pane_.showRow();

@@ -43,6 +43,7 @@ bool DoctorLogin::askAccount(std::string& id, std::string& password) const {
 
 /// A wrong account ends the session's login, though the fields still show the former doctor.
 void DoctorLogin::checkAccount(const std::string& id, const std::string& password) {
+    const screen::Errand errand(form_.desktop(), "로그인하는 중입니다.");
     std::int32_t key = 0;
     if (!data::clsZELVORecordSet().RecordSet_LoginCheck(session_.connection(), id, password, key)) {
         form_.desktop().inform("한약국 로그인 실패 -> [ID, PassWord를 확인해 주십시오.]", loginCaption);

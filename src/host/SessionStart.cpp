@@ -83,6 +83,7 @@ bool SessionStart::connect(const HostArguments& arguments, const char* caption) 
 }
 
 void SessionStart::logIn() {
+    const screen::Errand errand(form_.desktop(), "로그인하는 중입니다.");
     if (form_.login.Load_DoctorInfo(LoginJob::Initialize, session_.m_DTRPK) == 1) return;
     form_.login.Clear_DoctorInfo();
     session_.m_DoctorIDPWD.clear();
@@ -112,6 +113,7 @@ void readCatalogue(data::Connection& line) {
 }  // namespace
 
 void SessionStart::Load_SessionData() {
+    const screen::Errand errand(form_.desktop(), "한약국의 목록을 불러오는 중입니다.");
     const data::ReadAhead ahead(session_.connection(), readCatalogue);  // on a server they share a trip
     Load_PxInfo();
     Load_GongJi();

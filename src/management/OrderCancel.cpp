@@ -31,6 +31,7 @@ void OrderCancel::Cancel_Order() {
 
 void OrderCancel::cancel() {
     screen::Desktop& desktop = form_.desktop();
+    const screen::Errand errand(desktop, "처방전을 취소하는 중입니다.");
     if (!mayChange(desktop, session_, detail_, caption)) return;
     const screen::Grid& list = search_.tdbCBJ;
     const int row = list.currentRow();

@@ -70,7 +70,7 @@ void OrderDetail::Show_CBJmDetail() {
 
 /// Loads an order; a failure has been told.
 bool OrderDetail::shows(std::int32_t CBJ_PK) {
-    const screen::BusyPointer busy(form_.desktop());
+    const screen::BusyPointer busy(form_.desktop(), "처방전을 불러오는 중입니다.");
     const bool loaded = Load_CBJmDetail(CBJ_PK);
     if (!loaded && turn_ != Turn::Asked)
         form_.desktop().alarm("처방전상세정보 읽는 중 에러 발생", "처방전관리");

@@ -77,7 +77,7 @@ OrderModification::OrderModification(screen::Window& form, session::Session& ses
 void OrderModification::Begin_CBJmUpdate(bool Value) {
     if (!Value || detail_.behindList()) return detail_.reload();
     screen::Desktop& desktop = form_.desktop();
-    const screen::BusyPointer busy(desktop);
+    const screen::BusyPointer busy(desktop, "처방전의 진행상태를 확인하는 중입니다.");
     data::CBJmState order;
     if (!mayChange(desktop, session_, detail_, saveCaption) ||
         !stillWaits(desktop, session_, detail_, detail_.listKey(), saveCaption, order)) {
@@ -91,7 +91,7 @@ void OrderModification::Begin_CBJmUpdate(bool Value) {
 }
 
 void OrderModification::Save_CBJmUpdate() {
-    const screen::BusyPointer busy(form_.desktop());
+    const screen::BusyPointer busy(form_.desktop(), "처방전을 수정하는 중입니다.");
     try {
         save();
     } catch (const std::exception& fault) {

@@ -32,7 +32,7 @@ void OrderReuse::Reuse_Order() {
         return;
     }
     detail_.keepingOrder([this] {
-        const screen::BusyPointer busy(form_.desktop());
+        const screen::BusyPointer busy(form_.desktop(), "처방전을 다시 쓰도록 옮기는 중입니다.");
         try {
             if (stillStands(form_.desktop(), draft_.session, detail_, detail_.shownKey(), caption))
                 Copy_CBJmToComposition();

@@ -190,7 +190,7 @@ void OrderSearch::searchChoice(const screen::ComboList& list, std::span<const Ch
 /// A search that comes while another one walks is dropped: the list holds the orders of one search only.
 void OrderSearch::search(std::string_view caption, const Condition& condition) {
     if (searching_) return;
-    const screen::BusyPointer busy(form_.desktop());
+    const screen::BusyPointer busy(form_.desktop(), "처방전을 찾는 중입니다.");
     tdbCBJ.setCaption(caption);
     emptyList();
     const bool read = readOrders(condition);

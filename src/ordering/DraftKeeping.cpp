@@ -308,7 +308,7 @@ void DraftKeeping::take() {
                                     [this](const DraftFiles::Found& one) { return one.name == shown_; });
     std::optional<DraftFiles::Held> held = files_.hold(shown_);
     if (taken == found.end() || !held) return offer();
-    const screen::BusyPointer busy(form_.desktop());
+    const screen::BusyPointer busy(form_.desktop(), "보관된 처방전을 불러오는 중입니다.");
     draft_.dose.txtChubsu.setText("");  // priced anew by what comes in
     watch_.priceOutdated();
     restore(taken->draft.texts);

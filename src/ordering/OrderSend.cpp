@@ -80,7 +80,7 @@ void OrderSend::Send_Order() {
     if (!price_.orderFits()) return;
     if (paysFromDeposit() && !depositCovers()) return draft_.payment.cboPaymentMethod.setFocus();
 
-    const screen::BusyPointer busy(desktop);
+    const screen::BusyPointer busy(desktop, "처방전을 전송하는 중입니다.");
     try {
         if (wantsOtherHerbs()) return draft_.herbs.tdbDGL.setFocus();
         if (!trace_.settlesFormer()) return;

@@ -10,6 +10,7 @@
 #include <utility>
 #include <vector>
 
+#include "basics/Held.h"
 #include "basics/SupportRecord.h"
 #include "screen/Components.h"
 #include "screen/Key.h"
@@ -80,6 +81,9 @@ public:
     /// a Fault when the user gave up. Where there is a display, the job runs beside the window's thread.
     virtual void waitFor(std::string_view what, const WaitingJob& job);
 
+    /// What the running action is about, for a user who has to wait for it; "" where that has not been said.
+    const std::string& errand() const { return errand_; }
+
     /// Screen size in twips.
     virtual double screenWidth() const = 0;
     virtual double screenHeight() const = 0;
@@ -112,6 +116,7 @@ protected:
 
 private:
     friend class Window;
+    friend class Errand;
     static std::shared_ptr<basics::SupportRecord> nowhere();
     void opened(Window& window);
     void closed(Window& window);
@@ -121,22 +126,38 @@ private:
     std::chrono::steady_clock::time_point lastYield_{};
     unsigned yields_ = 0;
     bool yieldsAlways_ = false;
+    std::string errand_;
     Components components_;
     Remembered remembered_;
     std::string copied_;
     std::shared_ptr<basics::SupportRecord> support_ = nowhere();
 };
 
-/// The busy pointer for as long as it lives.
+/// Says what an action is about for as long as it lives ("처방전을 찾는 중입니다."); "" says nothing of its
+/// own.
+class Errand {
+public:
+    Errand(Desktop& desktop, std::string_view what)
+        : held_(desktop.errand_, what.empty() ? desktop.errand_ : std::string(what)) {}
+
+private:
+    basics::Held<std::string> held_;
+};
+
+/// The busy pointer for as long as it lives, and what the action is about.
 class BusyPointer {
 public:
-    explicit BusyPointer(Desktop& desktop) : desktop_(desktop) { desktop_.setPointer(Pointer::Busy); }
+    explicit BusyPointer(Desktop& desktop, std::string_view what = {})
+        : desktop_(desktop), errand_(desktop, what) {
+        desktop_.setPointer(Pointer::Busy);
+    }
     ~BusyPointer() { desktop_.setPointer(Pointer::Normal); }
     BusyPointer(const BusyPointer&) = delete;
     BusyPointer& operator=(const BusyPointer&) = delete;
 
 private:
     Desktop& desktop_;
+    Errand errand_;
 };
 
 }  // namespace zelvo::screen

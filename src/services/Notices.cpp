@@ -124,7 +124,7 @@ void Notices::showPage() {
         ask(page);
         return;  // the wait that runs already goes on with this page, from the start
     }
-    const screen::BusyPointer busy(form_.desktop());
+    const screen::BusyPointer busy(form_.desktop(), "공지사항을 불러오는 중입니다.");
     ask(page);
     if (const auto missed = waitForPage()) tellOutcome(*missed);
 }

@@ -52,7 +52,8 @@ std::string milliseconds(std::chrono::milliseconds time) {
 std::unique_ptr<data::Connection> openedAt(screen::Desktop& desktop, const data::ConnectionOpener& open,
                                            const std::string& ServerAddress) {
     const data::Waiting waiting = [&desktop](std::chrono::steady_clock::time_point since) {
-        return desktop.beginWait("한약국 서버의 응답을 기다리는 중입니다.", since);
+        const std::string& errand = desktop.errand();
+        return desktop.beginWait(errand.empty() ? "한약국 서버의 응답을 기다리는 중입니다." : errand, since);
     };
     const auto start = std::chrono::steady_clock::now();
     const auto note = [&](const std::string& cause) {
@@ -79,7 +80,7 @@ std::unique_ptr<data::Connection> openedAt(screen::Desktop& desktop, const data:
 
 std::unique_ptr<data::Connection> opened(screen::Desktop& desktop, const data::ConnectionOpener& open,
                                          const std::string& ServerAddress) {
-    const screen::BusyPointer busy(desktop);
+    const screen::BusyPointer busy(desktop, "한약국 서버에 접속하는 중입니다.");
     std::unique_ptr<data::Connection> connection;
     try {
         connection = openedAt(desktop, open, ServerAddress);
