@@ -72,6 +72,7 @@ frmChubangRead::frmChubangRead(screen::Desktop& desktop, session::Session& sessi
     for (screen::RichTextField* field : {&yakGuk.rtxMemo, &yakGuk.rtxNote}) field->setLocked(true);
 
     for (ChubangPane* pane : {&mine, &yakGuk}) pane->cmdConfirm.onPress.add([this, pane] { confirm(*pane); });
+    screen::addZoomKeys(*this);
     screen::onEscape(*this, [this] { unload(); });
     onUnload.add([this] {
         mine.close();

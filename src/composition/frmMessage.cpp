@@ -20,6 +20,7 @@ frmMessage::frmMessage(screen::Desktop& desktop)
         m_Note = rtxMessage.text();
         hide();
     });
+    screen::addZoomKeys(*this);
     screen::onEscape(*this, [this] { unload(); });
 }
 

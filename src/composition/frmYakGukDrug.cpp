@@ -55,6 +55,7 @@ frmYakGukDrug::frmYakGukDrug(screen::Desktop& desktop, session::Session& session
         searchAgain();
     });
     cmdFind.onPress.add([this] { searchAgain(); });
+    screen::addZoomKeys(*this);
     screen::onEscape(*this, [this] {
         m_PickCanceled = -1;
         unload();
@@ -82,7 +83,7 @@ std::int16_t frmYakGukDrug::HanYakGukDrug_DropDownOpen(const std::string& name, 
 
 /// True when herbs were found. A search that failed says so and leaves the list as it was.
 bool frmYakGukDrug::search(const std::string& word) {
-    const screen::BusyPointer busy(desktop());
+    const screen::BusyPointer busy(desktop(), "한약국 약재를 찾는 중입니다.");
     auto found = std::make_unique<data::RecordSet>();
     if (!session_.g_conYakGuk ||
         data::clsZELVORecordSet().RecordSet_YakGukDrugList(*session_.g_conYakGuk, *found, word) == -1) {

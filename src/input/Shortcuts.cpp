@@ -6,6 +6,7 @@
 #include "basics/Fault.h"
 #include "screen/Fields.h"
 #include "screen/Grid.h"
+#include "screen/SmallWindow.h"
 
 namespace zelvo::input {
 
@@ -115,6 +116,7 @@ void addShortcuts(screen::Window& form) {
     }
     if (auto* tabs = dynamic_cast<screen::TabControl*>(form.field("c1tMain")))
         form.addShortcut(pageTurn(*tabs));
+    screen::addZoomKeys(form);
 }
 
 }  // namespace zelvo::input

@@ -17,6 +17,7 @@ AskWindow::AskWindow(Desktop& desktop, std::string name, std::string_view captio
     cmdOK.onPress.add([this] { press(); });
     cmdCancel.onPress.add([this] { userClose(); });
     onEscape(*this, [this] { cmdCancel.onPress(); });
+    addZoomKeys(*this);
 }
 
 // A caller may have the busy pointer on: nobody is busy while the user thinks.

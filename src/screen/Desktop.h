@@ -16,6 +16,7 @@
 #include "screen/Key.h"
 #include "screen/Remembered.h"
 #include "screen/Waiting.h"
+#include "screen/Zoom.h"
 
 namespace zelvo::screen {
 
@@ -106,6 +107,7 @@ public:
     /// How the user left the windows; for this session alone until a store has been set.
     Remembered& remembered() { return remembered_; }
     void setRemembered(std::unique_ptr<SettingsStore> store) { remembered_ = Remembered(std::move(store)); }
+    Zoom& zoom() { return zoom_; }
     /// Starts the system's browser at an address; throws Fault when there is none.
     virtual void openBrowser(std::string_view address) = 0;
     Components& components() { return components_; }
@@ -130,6 +132,7 @@ private:
     Components components_;
     Remembered remembered_;
     std::string copied_;
+    Zoom zoom_{remembered_};
     std::shared_ptr<basics::SupportRecord> support_ = nowhere();
 };
 

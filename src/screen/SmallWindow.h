@@ -18,4 +18,13 @@ inline void onEscape(Window& window, std::function<void()> action) {
     });
 }
 
+/// The keys by which the user zooms.
+inline void addZoomKeys(Window& window) {
+    Zoom& zoom = window.desktop().zoom();
+    const auto always = [] { return true; };
+    window.addShortcut({"Ctrl++", "크게 보기", always, [&zoom] { zoom.step(1); }});
+    window.addShortcut({"Ctrl+-", "작게 보기", always, [&zoom] { zoom.step(-1); }});
+    window.addShortcut({"Ctrl+0", "원래 크기로 보기", always, [&zoom] { zoom.reset(); }});
+}
+
 }  // namespace zelvo::screen

@@ -4,6 +4,7 @@
 #include <QtGui/QInputMethodEvent>
 #include <QtGui/QKeyEvent>
 #include <QtGui/QKeySequence>
+#include <QtGui/QWheelEvent>
 #include <QtWidgets/QAbstractScrollArea>
 #include <QtWidgets/QWidget>
 #include <algorithm>
@@ -33,6 +34,20 @@ const QEvent::Type drawEvent = static_cast<QEvent::Type>(QEvent::registerEventTy
 
 bool isText(const screen::Field& field) {
     return field.kind() == screen::FieldKind::Text || field.kind() == screen::FieldKind::RichText;
+}
+
+/// A combination of keys as a shortcut is named. A plus is one however the keyboard makes it.
+std::string nameOf(const QKeyEvent& event) {
+    Qt::KeyboardModifiers held = event.modifiers() & ~Qt::KeypadModifier;
+    int key = event.key();
+    if (key == Qt::Key_Equal || key == Qt::Key_Plus) {
+        key = Qt::Key_Plus;
+        held &= ~Qt::ShiftModifier;
+    }
+    std::string name = utf8(
+        QKeySequence(QKeyCombination(held, static_cast<Qt::Key>(key))).toString(QKeySequence::PortableText));
+    if (name.ends_with("Del")) name += "ete";
+    return name;
 }
 
 }  // namespace
@@ -154,6 +169,7 @@ bool Binder::eventFilter(QObject* watched, QEvent* event) {
         case QEvent::MouseButtonRelease:
             return std::exchange(swallowed_, nullptr) == watched;
         case QEvent::Wheel:
+            if (turnsZoom(static_cast<const QWheelEvent&>(*event))) return true;
             // A turn of the wheel over a page must not change what a list or a date says.
             return mirror->field().kind() == screen::FieldKind::Combo ||
                    mirror->field().kind() == screen::FieldKind::Date;
@@ -232,14 +248,21 @@ bool Binder::turnsPage(const QKeyEvent& event) {
     return true;
 }
 
+bool Binder::turnsZoom(const QWheelEvent& event) {
+    if (!event.modifiers().testFlag(Qt::ControlModifier)) return false;
+    turned_ += event.angleDelta().y();
+    const int steps = turned_ / QWheelEvent::DefaultDeltasPerStep;
+    turned_ -= steps * QWheelEvent::DefaultDeltasPerStep;
+    if (steps != 0) window_.desktop().zoom().step(steps);
+    return true;
+}
+
 /// Keys that type a character alone are no shortcut.
 bool Binder::isShortcut(const QKeyEvent& event) {
     if (event.key() == 0 || event.key() == Qt::Key_unknown) return false;
     const bool function = event.key() >= Qt::Key_F1 && event.key() <= Qt::Key_F35;
     if (!function && !event.modifiers().testFlag(Qt::ControlModifier)) return false;
-    const QKeyCombination keys(event.modifiers() & ~Qt::KeypadModifier, static_cast<Qt::Key>(event.key()));
-    std::string name = utf8(QKeySequence(keys).toString(QKeySequence::PortableText));
-    if (name.ends_with("Del")) name += "ete";
+    const std::string name = nameOf(event);
     const auto& known = window_.shortcuts();
     const bool bears = std::any_of(known.begin(), known.end(), [&](const screen::Shortcut& one) {
         return one.keys == name && one.applies();

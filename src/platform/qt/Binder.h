@@ -11,6 +11,7 @@
 
 class QKeyEvent;
 class QMouseEvent;
+class QWheelEvent;
 class QWidget;
 
 namespace zelvo::screen {
@@ -34,6 +35,8 @@ public:
     void tellPlaces();
     /// The widget of a field.
     QWidget* widgetOf(const screen::Field& field) const;
+    /// A turn of the wheel with Ctrl held zooms; true for one.
+    bool turnsZoom(const QWheelEvent& event);
 
     bool eventFilter(QObject* watched, QEvent* event) override;
     bool event(QEvent* event) override;
@@ -59,6 +62,7 @@ private:
     QHash<const QObject*, Mirror*> byWidget_;
     std::vector<Mirror*> waiting_;
     QPointer<QObject> swallowed_;  ///< the rest of a click that only gave the focus
+    int turned_ = 0;               ///< of the wheel, towards the next step
     bool scheduled_ = false, focusing_ = false;
     screen::Event<screen::Field*>::Subscription whenTouched_;
 };

@@ -84,6 +84,7 @@ BoxDialog::BoxDialog(const screen::MessageBox& box, QWidget* over)
     layout.addLayout(&message);
     layout.addLayout(&row);
     dress(*this);
+    zoomed_.zoomTo(over ? zoomOf(*over) : 1);
 }
 
 QWidget& BoxDialog::textWidget(const QString& text) {

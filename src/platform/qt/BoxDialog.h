@@ -3,6 +3,7 @@
 #include <QtCore/QElapsedTimer>
 #include <QtWidgets/QDialog>
 
+#include "platform/qt/ZoomedForm.h"
 #include "screen/Desktop.h"
 
 class QHBoxLayout;
@@ -33,6 +34,7 @@ private:
     QElapsedTimer stood_;
     bool asks_;
     screen::Answer answer_;
+    ZoomedForm zoomed_{*this};
 };
 
 }  // namespace zelvo::qt

@@ -216,18 +216,18 @@ void ClinicStyle::drawComplexControl(ComplexControl control, const QStyleOptionC
 QSize ClinicStyle::sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& size,
                                     const QWidget* widget) const {
     const int line = option ? option->fontMetrics.height() : 0;
-    const auto heighten = [line](QSize wanted) {
-        return QSize(wanted.width(), std::max(fieldHeight, line + 8));
+    const auto heighten = [this, line](QSize wanted) {
+        return QSize(wanted.width(), std::max(zoomed(fieldHeight), line + 8));
     };
     switch (type) {
         case CT_TabWidget:
             return size + QSize(0, 1);
         case CT_TabBarTab:
-            if (isHeading(widget)) return {size.width(), std::max(headingHeight, line + 4)};
-            return {option ? size.width() : size.width() + tabEdge,
-                    std::max(isOutermost(widget) ? mainTabHeight : tabHeight, line + 10)};
+            if (isHeading(widget)) return {size.width(), std::max(zoomed(headingHeight), line + 4)};
+            return {option ? size.width() : size.width() + zoomed(tabEdge),
+                    std::max(zoomed(isOutermost(widget) ? mainTabHeight : tabHeight), line + 10)};
         case CT_PushButton:
-            return heighten(size + QSize(2 * buttonEdge, 0));
+            return heighten(size + QSize(2 * zoomed(buttonEdge), 0));
         case CT_LineEdit: {
             const auto* frame = qstyleoption_cast<const QStyleOptionFrame*>(option);
             if (frame && frame->lineWidth == 0) break;
@@ -260,12 +260,12 @@ QRect ClinicStyle::subElementRect(SubElement element, const QStyleOption* option
 int ClinicStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const {
     switch (metric) {
         case PM_TabBarTabHSpace:
-            return isHeading(widget) ? 0 : 2 * (isOutermost(widget) ? tabEdge : innerTabEdge);
+            return isHeading(widget) ? 0 : 2 * zoomed(isOutermost(widget) ? tabEdge : innerTabEdge);
         case PM_IndicatorWidth:
         case PM_IndicatorHeight:
         case PM_ExclusiveIndicatorWidth:
         case PM_ExclusiveIndicatorHeight:
-            return 16;
+            return zoomed(16);
         case PM_TabBarTabOverlap:
         case PM_TabBarBaseOverlap:
         case PM_TabBarTabShiftVertical:

@@ -12,6 +12,8 @@ class ClinicStyle : public QProxyStyle {
 
 public:
     ClinicStyle();
+    /// What the windows' measures are multiplied by.
+    void setZoom(double factor) { zoom_ = factor; }
 
     void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                        const QWidget* widget) const override;
@@ -26,6 +28,11 @@ public:
     int pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override;
     int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                   QStyleHintReturn* answer) const override;
+
+private:
+    int zoomed(int pixels) const { return static_cast<int>(pixels * zoom_); }
+
+    double zoom_ = 1;
 };
 
 }  // namespace zelvo::qt

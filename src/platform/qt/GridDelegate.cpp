@@ -140,7 +140,7 @@ void GridDelegate::paintMark(QPainter& painter, const Look& look, const QRect& c
 
 void GridDelegate::paintChoice(QPainter& painter, const Look& look, const QRect& cell,
                                const QModelIndex& index) const {
-    const int size = std::min(choiceSize, cell.height() - 4);
+    const int size = std::min(zoomed(choiceSize), cell.height() - 4);
     const QRectF mark = QRectF(centred({size, size}, cell)).adjusted(0.5, 0.5, -0.5, -0.5);
     const bool chosen = grid_.says(index.row(), index.column());
     const double corner = takesOne(grid_) ? size / 2.0 : 3;
@@ -164,7 +164,8 @@ void GridDelegate::paintChoice(QPainter& painter, const Look& look, const QRect&
 /// A flat button: lines where there is a text behind it, three dots where there is more to read or to write.
 void GridDelegate::paintButton(QPainter& painter, const Look& look, const QRect& target,
                                const QModelIndex& index, bool filled) const {
-    const QSize size(std::min(buttonWidth, target.width() - 4), std::min(buttonHeight, target.height() - 4));
+    const QSize size(std::min(zoomed(buttonWidth), target.width() - 4),
+                     std::min(zoomed(buttonHeight), target.height() - 4));
     const QRectF button = QRectF(centred(size, target)).adjusted(0.5, 0.5, -0.5, -0.5);
     const bool down = index == held, over = index == hot;
     painter.save();
@@ -190,7 +191,7 @@ QRect GridDelegate::pressTarget(const QRect& cell, int row, int column) const {
     const screen::GridColumn& shown = grid_.column(column);
     if (!shown.button) return {};
     if (holdsChoice(grid_, column)) return cell;
-    const int width = std::min(buttonWidth + 6, cell.width());
+    const int width = std::min(zoomed(buttonWidth) + 6, cell.width());
     const bool beside = shown.editable || !grid_.glassText(row, column).empty();
     const int left = beside ? cell.right() + 1 - width : cell.center().x() - width / 2;
     return {left, cell.top(), width, cell.height()};
@@ -204,7 +205,7 @@ QRect GridDelegate::textRoom(const QRect& cell, int row, int column) const {
 
 QSize GridDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const {
     const QString text = qtText(grid_.glassText(index.row(), index.column()));
-    const int button = grid_.column(index.column()).button ? buttonWidth + 6 : 0;
+    const int button = grid_.column(index.column()).button ? zoomed(buttonWidth) + 6 : 0;
     return {firstEdge + option.fontMetrics.horizontalAdvance(text) + button + edge, option.rect.height()};
 }
 

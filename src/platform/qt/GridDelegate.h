@@ -30,6 +30,8 @@ public:
     /// Where a cell's text stands.
     QRect textRoom(const QRect& cell, int row, int column) const;
 
+    void setZoom(double factor) { zoom_ = factor; }
+
     /// The button below the pointer, and the one that is held down.
     QModelIndex hot, held;
 
@@ -44,7 +46,10 @@ private:
     int firstShown() const;
     bool marksRow(int column) const;
 
+    int zoomed(int pixels) const { return static_cast<int>(pixels * zoom_); }
+
     screen::Grid& grid_;
+    double zoom_ = 1;
 };
 
 }  // namespace zelvo::qt

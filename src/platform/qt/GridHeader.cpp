@@ -10,6 +10,7 @@
 #include "platform/qt/GridModel.h"
 #include "platform/qt/Readers.h"
 #include "platform/qt/Texts.h"
+#include "platform/qt/ZoomedForm.h"
 #include "screen/Grid.h"
 
 namespace zelvo::qt {
@@ -39,11 +40,11 @@ void GridHeader::showSorting() {
 }
 
 int GridHeader::captionHeight() const {
-    return caption_.isEmpty() ? 0 : std::max(26, fontMetrics().height() + 8);
+    return caption_.isEmpty() ? 0 : headHeight();
 }
 
 int GridHeader::headHeight() const {
-    return std::max(26, fontMetrics().height() + 8);
+    return std::max(zoomed(*this, 26), fontMetrics().height() + 8);
 }
 
 QSize GridHeader::sizeHint() const {

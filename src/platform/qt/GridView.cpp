@@ -17,6 +17,7 @@
 #include "platform/qt/TableReader.h"
 #include "platform/qt/Texts.h"
 #include "platform/qt/Twips.h"
+#include "platform/qt/ZoomedForm.h"
 #include "screen/Grid.h"
 #include "screen/Window.h"
 
@@ -117,7 +118,8 @@ void GridView::showGrid() {
 
 void GridView::fitRows() {
     const bool compact = property("compactRows").toBool();
-    const int height = std::max(compact ? 20 : 26, fontMetrics().height() + (compact ? 2 : 6));
+    const int height = std::max(zoomed(*this, compact ? 20 : 26), fontMetrics().height() + (compact ? 2 : 6));
+    delegate_->setZoom(zoomOf(*this));
     if (verticalHeader()->defaultSectionSize() == height) return;
     verticalHeader()->setMinimumSectionSize(height);
     verticalHeader()->setDefaultSectionSize(height);

@@ -1,6 +1,7 @@
 #include "platform/qt/PageArea.h"
 
 #include <QtCore/QEvent>
+#include <QtGui/QWheelEvent>
 #include <QtWidgets/QScrollBar>
 
 namespace zelvo::qt {
@@ -15,6 +16,15 @@ PageArea::PageArea(QWidget& page, QWidget* parent) : QScrollArea(parent) {
 void PageArea::resizeEvent(QResizeEvent* event) {
     QScrollArea::resizeEvent(event);
     fit();
+}
+
+/// With Ctrl it is the window's, which zooms.
+void PageArea::wheelEvent(QWheelEvent* event) {
+    if (event->modifiers() & Qt::ControlModifier) {
+        event->ignore();
+    } else {
+        QScrollArea::wheelEvent(event);
+    }
 }
 
 bool PageArea::eventFilter(QObject* watched, QEvent* event) {

@@ -119,7 +119,7 @@ void SheetBar::addStyle(const QString& name, const QString& caption, const QStri
     QToolButton& button = addButton(row_, caption, tip);
     button.setObjectName(name);
     button.setCheckable(true);
-    QFont font = button.font();
+    QFont font;  // of the bar's size
     font.setBold(name == QLatin1String("bold"));
     font.setItalic(name == QLatin1String("italic"));
     font.setUnderline(name == QLatin1String("underline"));

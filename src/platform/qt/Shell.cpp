@@ -65,6 +65,12 @@ Shell::Shell(screen::Window& window, Shell* over)
     binder_ = std::make_unique<Binder>(window, *form);
     scroll_.setWidget(form.release());
     dress(*this);
+    zoomed_ = std::make_unique<ZoomedForm>(*this);
+    zoom();
+    whenZoomed_ = window.desktop().zoom().onChange.listen([this] {
+        zoom();
+        tellPlaces();
+    });
 
     setWindowTitle(qtText(window.caption()));
     whenTouched_ = window.onTouched.listen([this](const screen::Field* field) {
@@ -84,9 +90,10 @@ Shell::~Shell() = default;
 void Shell::open() {
     const QRect room = (over_ ? *over_->screen() : screenInFront()).availableGeometry();
     const QSize designed(pixels(*this, window_.width()), pixels(*this, window_.height()));
+    const double factor = over_ ? zoomOf(*this) : 1;
     const screen::WindowExtent wanted =
         screen::openingExtent(window_.desktop().remembered().text(window_.rememberedName(sizeName)),
-                              {window_.width(), window_.height()},
+                              {window_.width() * factor, window_.height() * factor},
                               {twips(*this, room.width()), twips(*this, room.height() - titleBar)});
     const QSize size(pixels(*this, wanted.width), pixels(*this, wanted.height));
     QPoint corner = wantedCorner(over_);
@@ -141,7 +148,15 @@ QPoint Shell::wantedCorner(const Shell* over) const {
     }
     if (widget) return widget->mapToGlobal(QPoint(pixels(*this, noteLeft), pixels(*this, noteTop)));
     const QPoint corner(pixels(*this, window_.left), pixels(*this, window_.top));
-    return over ? corner : screenInFront().geometry().topLeft() + corner;
+    if (!over) return screenInFront().geometry().topLeft() + corner;
+    // What the zoom makes of it grows about its middle.
+    const double grown = (zoomOf(*this) - 1) / 2;
+    return corner -
+           (QPointF(pixels(*this, window_.width()), pixels(*this, window_.height())) * grown).toPoint();
+}
+
+void Shell::zoom() {
+    zoomed_->zoomTo(window_.desktop().zoom().percent() / 100.0);
 }
 
 void Shell::tellPlaces() {
@@ -167,6 +182,10 @@ void Shell::resizeEvent(QResizeEvent* event) {
 void Shell::moveEvent(QMoveEvent* event) {
     QWidget::moveEvent(event);
     if (isVisible()) tellPlaces();
+}
+
+void Shell::wheelEvent(QWheelEvent* event) {
+    binder_->turnsZoom(*event);
 }
 
 void Shell::changeEvent(QEvent* event) {

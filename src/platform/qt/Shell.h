@@ -6,6 +6,7 @@
 
 #include "platform/qt/Binder.h"
 #include "platform/qt/Readers.h"
+#include "platform/qt/ZoomedForm.h"
 #include "screen/WindowExtent.h"
 
 class QScreen;
@@ -38,8 +39,10 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
     void moveEvent(QMoveEvent* event) override;
     void changeEvent(QEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
 
 private:
+    void zoom();
     void standOverHost();
     void tellPlaces();
     QPoint wantedCorner(const Shell* over) const;
@@ -50,9 +53,11 @@ private:
     Shell* over_;
     QScrollArea& scroll_;
     std::unique_ptr<Binder> binder_;
+    std::unique_ptr<ZoomedForm> zoomed_;
     QSize told_;
     screen::WindowExtent opened_;
     screen::Event<screen::Field*>::Subscription whenTouched_;
+    screen::Event<>::Subscription whenZoomed_;
 };
 
 }  // namespace zelvo::qt
