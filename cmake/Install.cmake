@@ -10,7 +10,11 @@ file(RELATIVE_PATH to_prefix /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)
 
 # A toolkit outside of the system's folders is found where it was found for the build.
 set_target_properties(DoctorZELVO PROPERTIES INSTALL_RPATH_USE_LINK_PATH ON)
-set_target_properties(zelvo zelvo-chart PROPERTIES INSTALL_RPATH "$ORIGIN/${to_library}" INSTALL_RPATH_USE_LINK_PATH ON)
+set(programs zelvo zelvo-pharmacy)
+if(ZELVO_WINDOW)
+  list(APPEND programs zelvo-chart)
+endif()
+set_target_properties(${programs} PROPERTIES INSTALL_RPATH "$ORIGIN/${to_library}" INSTALL_RPATH_USE_LINK_PATH ON)
 
 install(TARGETS DoctorZELVO EXPORT DoctorZELVOTargets
         LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT library NAMELINK_COMPONENT development)
@@ -25,14 +29,16 @@ configure_file(${CMAKE_CURRENT_LIST_DIR}/doctorzelvo.pc.in ${CMAKE_BINARY_DIR}/d
 install(FILES ${CMAKE_BINARY_DIR}/doctorzelvo.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
 
 set(CMAKE_INSTALL_DEFAULT_COMPONENT_NAME demo)
-install(TARGETS zelvo zelvo-chart zelvo-pharmacy RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+install(TARGETS ${programs} RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
 install(PROGRAMS ${CMAKE_BINARY_DIR}/bin/zelvo-demo DESTINATION ${CMAKE_INSTALL_BINDIR})
 install(FILES ${CMAKE_SOURCE_DIR}/demo/session.sh DESTINATION share/doctorzelvo)
 install(DIRECTORY ${CMAKE_SOURCE_DIR}/demo/scenarios DESTINATION share/doctorzelvo)
-set(packaging ${CMAKE_SOURCE_DIR}/packaging)
-install(FILES ${packaging}/org.doctorzelvo.Chart.desktop DESTINATION share/applications)
-install(FILES ${packaging}/org.doctorzelvo.Chart.svg DESTINATION share/icons/hicolor/scalable/apps)
-install(FILES ${packaging}/org.doctorzelvo.Chart.metainfo.xml DESTINATION share/metainfo)
+if(ZELVO_WINDOW)
+  set(packaging ${CMAKE_SOURCE_DIR}/packaging)
+  install(FILES ${packaging}/org.doctorzelvo.Chart.desktop DESTINATION share/applications)
+  install(FILES ${packaging}/org.doctorzelvo.Chart.svg DESTINATION share/icons/hicolor/scalable/apps)
+  install(FILES ${packaging}/org.doctorzelvo.Chart.metainfo.xml DESTINATION share/metainfo)
+endif()
 
 # Man pages and completions are what the installed programs say of themselves.
 function(install_help program file)
@@ -47,8 +53,8 @@ function(install_help program file)
     execute_process(COMMAND ${CMAKE_SOURCE_DIR}/tools/from-help.sh completion ${file}
                     OUTPUT_FILE \${completion} COMMAND_ERROR_IS_FATAL ANY)")
 endfunction()
-install_help(zelvo $<TARGET_FILE:zelvo>)
-install_help(zelvo-chart $<TARGET_FILE:zelvo-chart>)
-install_help(zelvo-pharmacy $<TARGET_FILE:zelvo-pharmacy>)
+foreach(program IN LISTS programs)
+  install_help(${program} $<TARGET_FILE:${program}>)
+endforeach()
 install_help(zelvo-demo ${CMAKE_BINARY_DIR}/bin/zelvo-demo)
 unset(CMAKE_INSTALL_DEFAULT_COMPONENT_NAME)

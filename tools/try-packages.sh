@@ -31,7 +31,7 @@ fail() {
 compgen -G "$packages/*.deb" >/dev/null || fail "no packages: tools/package.sh makes them"
 # shellcheck source=setup.sh
 . tools/setup.sh
-need debootstrap imagemagick wmctrl xdotool openbox xvfb
+need debootstrap imagemagick procps wmctrl xdotool openbox xvfb
 
 kept=$root
 [ -n "$root" ] || root=$(mktemp -d)
@@ -40,6 +40,7 @@ clean() {
   [ -z "$manager" ] || kill "$manager" 2>/dev/null || true
   [ -z "$display" ] || kill "$display" 2>/dev/null || true
   umount "$root/tmp/.X11-unix" "$root/proc" 2>/dev/null || true
+  ! mountpoint -q "$root/tmp/.X11-unix" || return 0
   [ -n "$kept" ] || rm -rf --one-file-system "$root"
 }
 trap clean EXIT

@@ -63,11 +63,11 @@ bool standsOnRow(const screen::Grid& grid, const tables::XArrayDB& options) {
     return grid.onRow() && grid.currentRow() <= options.upperRow();
 }
 
-/// Enter takes the current row, where it is not chosen yet; it takes no choice back.
-template <class Press>
-void chooseOnEnter(screen::Grid& grid, const tables::XArrayDB& options, Press press) {
-    grid.onKeyDown.add([&grid, &options, press](int code) {
-        if (code != screen::keys::enter || !standsOnRow(grid, options)) return;
+/// Enter takes the current row, where it is not chosen yet and `wanted`; it takes no choice back.
+template <class Press, class Wanted>
+void chooseOnEnter(screen::Grid& grid, const tables::XArrayDB& options, Press press, Wanted wanted) {
+    grid.onKeyDown.add([&grid, &options, press, wanted](int code) {
+        if (code != screen::keys::enter || !standsOnRow(grid, options) || !wanted()) return;
         if (!options.isTrue(grid.currentRow(), option::selected)) press(option::selected);
     });
 }
@@ -102,9 +102,17 @@ OrderOptions::OrderOptions(screen::Window& form, OrderFrames& frames, session::S
     tdbJobList.onCellButton.add([this](int column) { pressJobList(column); });
     tdbTJML.onCellButton.add([this](int column) { pressTJML(column); });
     tdbTJAL.onCellButton.add([this](int column) { pressTJAL(column); });
-    chooseOnEnter(tdbJobList, m_xaJobList, [this](int column) { pressJobList(column); });
-    chooseOnEnter(tdbTJML, m_xaTJML, [this](int column) { pressTJML(column); });
-    chooseOnEnter(tdbTJAL, m_xaTJAL, [this](int column) { pressTJAL(column); });
+    const auto always = [] { return true; };
+    chooseOnEnter(
+        tdbJobList, m_xaJobList, [this](int column) { pressJobList(column); }, always);
+    chooseOnEnter(
+        tdbTJML, m_xaTJML, [this](int column) { pressTJML(column); }, always);
+    // None is a choice too here: only a row that the doctor has gone to is meant, not the one that was come
+    // upon.
+    tdbTJAL.onFocus.add([this] { arrivedAt_ = tdbTJAL.currentRow(); });
+    chooseOnEnter(
+        tdbTJAL, m_xaTJAL, [this](int column) { pressTJAL(column); },
+        [this] { return tdbTJAL.currentRow() != arrivedAt_; });
     useStyle(tdbJobList, m_xaJobList, "styCBJselect");
     useStyle(tdbTJML, m_xaTJML, "styTJMLselect");
     useStyle(tdbTJAL, m_xaTJAL, "styTJALselect");

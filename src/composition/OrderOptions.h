@@ -54,6 +54,7 @@ private:
     OrderFrames& frames_;
     session::Session& session_;
     OrderWatch& watch_;
+    int arrivedAt_ = -1;  ///< the change of form that was current when its list was entered
     int m_LastJobRow = 0, m_LastTJMLRow = 0;
 };
 

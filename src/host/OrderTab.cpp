@@ -25,6 +25,7 @@ OrderTab::OrderTab(screen::Window& form, screen::Place tab, session::Session& se
       keeping(form, tab, draft, gate),
       nextField(form, draft, cost, gate) {
     send.onStored.add([this] {
+        leftOut.clear();
         keeping.sent();
         herbUndo.forget();
         usable.forget();

@@ -46,13 +46,13 @@ void OrderReuse::Copy_CBJmToComposition() {
     copySheet();
     draft_.options.chooseJobList(basics::toInt32(detail_.decoction.lblCBJmJobListPK.caption()));
     copyHerbs();
+    draft_.leftOut.clear();
+    draft_.leftOut.tellHerbs(detail_.herbs.lost());
     copyDose();
     draft_.options.chooseTJML(basics::toInt32(detail_.decoction.lblCBJmTJMLPK.caption()));
     std::vector<std::string> leftOut = draft_.options.chooseTJAL(detail_.decoction.addOnKeys());
     if (const std::size_t nameless = detail_.decoction.lostAddOns(); nameless > 0)
         leftOut.push_back(basics::decimalText(static_cast<std::int64_t>(nameless)) + "가지");
-    draft_.leftOut.clear();
-    draft_.leftOut.tellHerbs(detail_.herbs.lost());
     draft_.leftOut.tellAddOns(leftOut);
     form_.desktop().yield();
     watch_.priceOutdated();

@@ -60,6 +60,8 @@ void PatientSection::dressFields() {
     txtCBJmBesongDate.setReadOnly(true);
     dtpCBJmBesongDate.setLabel("받을 날짜:");
     ssrZipCode2.setTipText("우편번호를 찾습니다.");
+    for (screen::OptionButton* sex : {&ssoCBJmSex0, &ssoCBJmSex1})
+        sex->onClick.add([this] { hasSex_ = true; });
     lblCBJmPatientPK.setVisible(false);
     lblCBJmBesongMethod.setVisible(false);
 }

@@ -84,10 +84,15 @@ void DraftFiles::clearOld(std::string_view now) const {
         const std::string name = file.substr(0, file.size() - draftEnding.size());
         if (ageInMinutes(timeInName(name), now) < mostMinutes) continue;
         try {
-            const auto draft = readDraft(files->readTextFile(basics::join({folder, file}, "/")));
-            const bool dated = draft && basics::parseDateTime(draft->keptAt);
-            if (dated && ageInMinutes(draft->keptAt, now) < mostMinutes) continue;
-            if (auto held = hold(name)) remove(*held);
+            const auto isOld = [&] {
+                const auto draft = readDraft(files->readTextFile(basics::join({folder, file}, "/")));
+                const bool dated = draft && basics::parseDateTime(draft->keptAt);
+                return !dated || ageInMinutes(draft->keptAt, now) >= mostMinutes;
+            };
+            if (!isOld()) continue;
+            auto held = hold(name);
+            // Another session may have gone on with it meanwhile.
+            if (held && isOld()) remove(*held);
         } catch (const basics::Fault&) {
             noteFileTrouble(desktop_, "old order in the making");
         }

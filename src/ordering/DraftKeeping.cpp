@@ -117,7 +117,7 @@ void DraftKeeping::listComposition() {
     addText(draft_.dose.txtPouchAmount, Part::Composition);
     addOption("tdbTJML", options.m_xaTJML, &composition::OrderOptions::chooseTJML);
     composition::LeftOut& leftOut = draft_.leftOut;
-    items_.push_back({"lblLeftOut", Part::Composition, [&leftOut] { return leftOut.text(); },
+    items_.push_back({"lblLeftOut", Part::Note, [&leftOut] { return leftOut.text(); },
                       [&leftOut](const std::string& text) { leftOut.setText(text); }});
     items_.push_back({"tdbTJAL", Part::Composition, [&options] { return selectedKeys(options.m_xaTJAL); },
                       [&options, &leftOut](const std::string& keys) {

@@ -37,8 +37,9 @@ public:
 
 private:
     using Texts = std::map<std::string, std::string>;
-    /// The composition is kept whole, the rest where it differs from what the chart gave.
-    enum class Part { Composition, Patient, Clinic };
+    /// The composition is kept whole, the rest where it differs from what the chart gave. A note goes with
+    /// what is composed, and alone makes no order.
+    enum class Part { Composition, Note, Patient, Clinic };
     struct Item {
         std::string name;
         Part part;

@@ -129,10 +129,11 @@ bool SendTrace::stands(data::CommitOutcome outcome, KeptBoxes& kept) {
         const std::string unknown = "처방전 전송 결과를 확인할 수 없습니다. ";
         kept.alarm(
             unknown +
-                (mark_ ? "다시 전송하지 마십시오. ZELVO를 다시 시작하여 전송하면 먼저 저장 여부를 확인하여 "
-                         "알려 드립니다."
-                       : session::onceStartedAgain(session_) +
-                             "[처방전 관리]에서 발행날짜로 확인하고 다시 전송하여 주십시오."),
+                (mark_
+                     ? "다시 전송하지 마십시오. ZELVO를 다시 시작하여 전송하면 먼저 저장 여부를 확인하여 "
+                       "알려 드립니다."
+                     : session::onceStartedAgain(session_) +
+                           "[처방전 관리]에서 발행날짜로 확인하여, 저장되어 있지 않을 때에만 다시 전송하여 주십시오."),
             failedCaption);
         mark_ = nullptr;  // whoever sends next asks
         return false;

@@ -81,7 +81,11 @@ std::optional<UnsettledSends::Left> UnsettledSends::readLeft(screen::FileSystemO
     if (passedOver_.contains(path)) return std::nullopt;
     try {
         auto mark = files.holdFile(path);
-        if (!mark && !files.isHeldByFinder(path)) return std::nullopt;
+        if (!mark && !files.isHeldByFinder(path)) {
+            // Another one that only looked may have let go of it meanwhile.
+            mark = files.holdFile(path);
+            if (!mark) return std::nullopt;
+        }
         const std::string text = mark ? mark->text() : files.readTextFile(path);
         if (!mark && text.empty()) return std::nullopt;  // settled this moment
         UnsettledSend send = readMark(text);

@@ -202,7 +202,7 @@ void Window::runWaiting() {
         waiting_.pop_front();
         work(input);
         if (actions_ > 0 || closing()) continue;
-        keepFocus();
+        work([this] { keepFocus(); });
         onSettled();
     }
     finish();

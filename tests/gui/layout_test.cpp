@@ -1,5 +1,6 @@
 // Where the widgets of all windows stand, and what a reader of the screen finds there: for a doctor and for a
 // nurse, on every screen and at every scale.
+#include <QtCore/QThread>
 #include <QtGui/QAccessible>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QLineEdit>
@@ -121,6 +122,11 @@ std::string named(const std::string& who, const QSize& room) {
 void expectPagesFit(GuiSession& session, const QSize& room, const std::string& who) {
     qt::Shell& shell = session.glass().shell();
     shell.resize(room);
+    // A window manager may still say the former size.
+    for (int turn = 0; turn < 100 && shell.size() != room; ++turn) {
+        QThread::msleep(10);
+        GlassDesktop::settle();
+    }
     auto& tabs = session.widget<QTabWidget>("c1tMain");
     for (int page = 0; page < tabs.count(); ++page) {
         if (!tabs.isTabEnabled(page)) continue;

@@ -25,7 +25,7 @@ openbox 2>/dev/null &
 trap 'kill $(jobs -p) 2>/dev/null || true' EXIT
 if command -v ibus-daemon >/dev/null; then
   ibus-daemon --panel=disable --config=/usr/libexec/ibus-memconf &
-  for _ in $(seq 50); do
+  for _ in $(seq 300); do
     ibus engine hangul 2>/dev/null && export ZELVO_HANGUL=1 && break
     sleep 0.1
   done

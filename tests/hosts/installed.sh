@@ -21,7 +21,7 @@ package=$(find "$prefix" -name doctorzelvo.pc)
 export PKG_CONFIG_PATH=${package%/*}
 
 # The toolkit's package must not be asked for.
-cmake -S "$source/tests/hosts/find-package" -B "$scratch/chart" -DCMAKE_PREFIX_PATH="$prefix" \
+cmake -G Ninja -S "$source/tests/hosts/find-package" -B "$scratch/chart" -DCMAKE_PREFIX_PATH="$prefix" \
   -DCMAKE_CXX_COMPILER="$cxx" -DCMAKE_CXX_FLAGS="$flags" -DCMAKE_DISABLE_FIND_PACKAGE_Qt6=ON --no-warn-unused-cli >/dev/null
 cmake --build "$scratch/chart" >/dev/null
 library=$(pkg-config --variable=libdir doctorzelvo)

@@ -127,7 +127,8 @@ TEST(SendTrace, AMarkedSendIsAskedAfterBeforeTheNext) {
         std::filesystem::create_directories(test.kind == Kind::Folder ? path : path.parent_path());
         if (test.kind == Kind::Pipe) ::mkfifo(path.c_str(), 0600);
         std::optional<files::LockedFile> held;
-        if (test.kind == Kind::Made) held.emplace(*files::LockedFile::make(path, test.marked));
+        if (test.kind == Kind::Made)
+            held.emplace(*files::LockedFile::make(path, test.marked, files::OnDisk::Now));
         if (test.kind == Kind::Plain || test.kind == Kind::Taken) std::ofstream(path) << test.marked;
         if (test.kind == Kind::Taken) held.emplace(*files::LockedFile::take(path));
         window.run([&] {

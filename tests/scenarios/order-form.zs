@@ -37,9 +37,13 @@ expect rows tdbDGL 0
 focus txtChubsu
 expect message "약재 정보" "약재를 구성하여 주십시오."
 expect focus tdbDGL
-# A form change that is chosen stays so, and the date is entered only behind its switch.
+# A form change is taken where one goes to it, not on the way; the date is entered only behind its switch.
 key tdbTJAL Enter
-expect value tdbTJAL 0 0 -1
+expect value tdbTJAL 0 0 0
+key tdbTJAL Down Up Enter
+expect value tdbTJAL 0 0 0
+key tdbTJAL Down Enter
+expect value tdbTJAL 1 0 -1
 check chkBesongDate on
 key chkBesongDate Enter Enter
 expect focus txtHospitalName

@@ -74,7 +74,7 @@ std::unique_ptr<screen::HeldFile> FileSystemObject::holdFile(const std::string& 
 }
 
 bool FileSystemObject::isHeldByFinder(const std::string& path) {
-    return LockedFile::isTaken(path);
+    return LockedFile::isTaken(pathOf(path));
 }
 
 void FileSystemObject::keepTextFile(const std::string& path, std::string_view text) {

@@ -11,6 +11,7 @@ namespace zelvo::qt {
 QMenu& GridMenu::made(const char* name) const {
     QMenu& menu = owned<QMenu>(QString::fromUtf8(name), &table_);
     menu.setAccessibleName(menu.title());
+    menu.setFont(table_.font());
     return menu;
 }
 
@@ -37,6 +38,7 @@ void GridMenu::openRows(const QPoint& at) const {
     }
     QMenu& columns = *menu.addMenu(QStringLiteral("열"));
     columns.setAccessibleName(columns.title());
+    columns.setFont(table_.font());
     addColumns(columns);
     menu.popup(at);
 }

@@ -177,7 +177,8 @@ SheetPaper::SheetPaper(const screen::RichText& sheet, const SheetHead& head)
     writer.write(head.clinic, headSize, true);
     writer.write(head.phone.isEmpty() ? QString() : QStringLiteral("☎ ") + head.phone, lineSize);
     dateLine_ = cursor.blockNumber();
-    writer.write(head.patient + QLatin1Char('\t') + head.date, readableSize, true, Qt::AlignLeft);
+    if (!head.patient.isEmpty() || !head.date.isEmpty())
+        writer.write(head.patient + QLatin1Char('\t') + head.date, readableSize, true, Qt::AlignLeft);
     writer.rule();
 }
 
@@ -190,6 +191,7 @@ void SheetPaper::print(QPrinter& printer) const {
     const Pages pages(*this, printer.pageLayout().paintRect(QPageLayout::Point).size());
     const int from = std::max(printer.fromPage(), 1);
     const int to = printer.toPage() > 0 ? std::min(printer.toPage(), pages.count()) : pages.count();
+    if (from > to) return;
     QPainter painter(&printer);
     const double dots = printer.resolution() / pointsPerInch;
     painter.scale(dots, dots);

@@ -97,6 +97,11 @@ std::string keyQuestion(sqlite3* database, const data::NewRow& row) {
     const auto literal = [](std::string_view text) {
         return data::Statement("'[Value]'").fill("[Value]", text).text();
     };
+    // A table that keeps its keys has given none of them before.
+    const Prepared keeps = prepare(
+        database, "SELECT 1 FROM sqlite_master WHERE type = 'table' AND name = " + literal(row.table) +
+                      " COLLATE NOCASE AND sql LIKE '%AUTOINCREMENT%'");
+    if (step(database, keeps.get())) return {};
     const Prepared others = prepare(
         database,
         "SELECT t.name FROM sqlite_master AS t, pragma_table_info(t.name) AS c WHERE t.type = 'table' AND c.name = " +
