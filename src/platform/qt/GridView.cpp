@@ -261,12 +261,12 @@ void GridView::scrollContentsBy(int dx, int dy) {
 
 /// Of what the toolkit tells a reader of the screen here, the numbers would count the hidden columns too.
 void GridView::currentChanged(const QModelIndex& now, const QModelIndex& before) {
-    QAbstractItemView::currentChanged(now, before);
+    QAbstractItemView::currentChanged(now, before);  // NOLINT(bugprone-parent-virtual-call)
     tellCurrentCell(*this);
 }
 
 void GridView::selectionChanged(const QItemSelection& now, const QItemSelection& before) {
-    QAbstractItemView::selectionChanged(now, before);
+    QAbstractItemView::selectionChanged(now, before);  // NOLINT(bugprone-parent-virtual-call)
 }
 
 void GridView::changeEvent(QEvent* event) {

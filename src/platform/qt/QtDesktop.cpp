@@ -123,7 +123,7 @@ void QtDesktop::waitFor(std::string_view what, const screen::WaitingJob& job) {
             } catch (...) {
                 failure = std::current_exception();
             }
-            QMetaObject::invokeMethod(&loop, &QEventLoop::quit, Qt::QueuedConnection);
+            QMetaObject::invokeMethod(&loop, "quit", Qt::QueuedConnection);
         });
         QObject::connect(&glass, &Glass::givenUp, &loop, [&hand] { hand.request_stop(); });
         loop.exec();

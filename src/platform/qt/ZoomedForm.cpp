@@ -150,9 +150,10 @@ private:
         for (int row = 0; grid && row < grid->rowCount(); ++row)
             gap.leastRows.push_back(grid->rowMinimumHeight(row));
         gaps.push_back(std::move(gap));
-        for (int i = 0; i < layout.count(); ++i)
+        for (int i = 0; i < layout.count(); ++i) {
             if (QSpacerItem* const blank = layout.itemAt(i)->spacerItem())
                 blanks.push_back({blank, blank->sizeHint(), blank->sizePolicy()});
+        }
     }
 };
 
@@ -198,9 +199,10 @@ void ZoomedForm::zoomGaps() {
         bounds.widget->setMinimumSize(times(bounds.least, factor_));
         bounds.widget->setMaximumSize(times(bounds.most, factor_));
     }
-    for (const Design::Blank& blank : design_->blanks)
+    for (const Design::Blank& blank : design_->blanks) {
         blank.item->changeSize(times(blank.size.width(), factor_), times(blank.size.height(), factor_),
                                blank.policy.horizontalPolicy(), blank.policy.verticalPolicy());
+    }
     for (const Design::Gaps& gap : design_->gaps) {
         if (!gap.layout) continue;
         const QMargins& margins = gap.margins;
