@@ -50,8 +50,7 @@ bool compareStarts(const std::string& path) {
     runSession(path, [&](const data::ServerLogin& login) {
         return std::make_unique<Recorder>(sqlite::openFile(login), statements);
     });
-    // The floor opens the file without a look at the types of its columns, and has no window.
-    Comparison start("window_start", 2.6);
+    Comparison start("window_start", 1.5);
     for (int run = 0; run < startRuns; ++run) {
         start.floor([&] { openAndRead(path, statements); });
         start.measured([&] { runSession(path, sqlite::openFile); });
@@ -105,8 +104,7 @@ bool compareKeystrokes(const std::string& path) {
         fillHerbs(session.g_xaDrug, amounts);
         auto* packets = dynamic_cast<screen::EditField*>(window.field("txtChubsu"));
         window.userFocus(*packets);
-        // Behind each key the order is read for its draft.
-        Comparison keystroke("keystroke_100_herbs", 10);
+        Comparison keystroke("keystroke_100_herbs", 3);
         volatile std::int32_t keep = 0;
         for (int run = 0; run < keyRuns; ++run) {
             keystroke.floor([&] {
