@@ -8,9 +8,10 @@ usage() {
   cat <<'TEXT'
 usage: tools/windows/libraries.sh [--jobs N] [LIBRARY...]
 
-Builds sqlite, curl and httplib, or those that are named, for Windows into
+Builds sqlite, curl, httplib, gumbo and qt, or those that are named, for Windows into
 ${XDG_CACHE_HOME:-~/.cache}/doctorzelvo-windows, each once for its version and the way it is built here, and
-prints their folders with ";" between them. Installs what is missing (Debian 12); what it says goes to standard error.
+prints their folders with ";" between them. qt takes half an hour of two processors, the others a minute. Installs what
+is missing (Debian 12); what it says goes to standard error.
 TEXT
 }
 
@@ -20,15 +21,16 @@ while [ $# -gt 0 ]; do
   case "$1" in
     --help|-h) usage; exit 0 ;;
     --jobs) jobs=$2; shift 2 ;;
-    sqlite|curl|httplib) libraries+=("$1"); shift ;;
+    sqlite|curl|httplib|gumbo|qt) libraries+=("$1"); shift ;;
     *) usage >&2; exit 2 ;;
   esac
 done
-[ ${#libraries[@]} -gt 0 ] || libraries=(sqlite curl httplib)
+[ ${#libraries[@]} -gt 0 ] || libraries=(sqlite curl httplib gumbo qt)
 
 # shellcheck source=../setup.sh
 . "$root/tools/setup.sh"
 need "${build_packages[@]}" "${windows_packages[@]}"
+case " ${libraries[*]} " in *" gumbo "*) command -v npm >/dev/null || need npm ;; esac
 
 cache=${XDG_CACHE_HOME:-$HOME/.cache}/doctorzelvo-windows
 triplet=x86_64-w64-mingw32
@@ -68,6 +70,14 @@ fetch_source() {
   rm -rf "$work/download"
 }
 
+# The same from the registry of JavaScript packages, for a package whose sources Debian's archive no longer has.
+fetch_from_registry() {
+  rm -rf "$work/source" "$work/download"
+  mkdir -p "$work/download"
+  (cd "$work/download" && npm pack --silent "$1" && tar xzf ./*.tgz && mv "package/$2" "$work/source") >&2
+  rm -rf "$work/download"
+}
+
 # Configures with CMake, builds and installs into the library's folder.
 with_cmake() {
   local source=$1
@@ -104,12 +114,42 @@ build_httplib() {
     "$prefix" >"$prefix/lib/pkgconfig/cpp-httplib.pc"
 }
 
+# The page parser by its C sources, which the registry's package carries in the form that Debian's package has.
+build_gumbo() {
+  local object objects=() file
+  mkdir -p "$prefix/include" "$prefix/lib/pkgconfig" "$work/build"
+  cd "$work/source"
+  for file in *.c; do
+    object="$work/build/${file%.c}.o"
+    $compiler -std=gnu99 -O2 -DNDEBUG -c "$file" -o "$object"
+    objects+=("$object")
+  done
+  $triplet-gcc-ar-posix rcs "$prefix/lib/libgumbo.a" "${objects[@]}"
+  cp gumbo.h tag_enum.h "$prefix/include"
+  printf 'prefix=%s\nName: gumbo\nDescription: HTML parser\nVersion: 0.10.1\nLibs: -L${prefix}/lib -lgumbo\nCflags: -I${prefix}/include\n' \
+    "$prefix" >"$prefix/lib/pkgconfig/gumbo.pc"
+}
+
+# What the windows use of the toolkit, linked in whole; its own tools are those of this machine. Debian's source has no
+# header of pen tablets.
+build_qt() {
+  with_cmake "$work/source" -DQT_HOST_PATH=/usr -DQT_HOST_PATH_CMAKE_DIR=/usr/lib/x86_64-linux-gnu/cmake \
+    -DQT_BUILD_EXAMPLES=OFF -DQT_BUILD_TESTS=OFF -DQT_BUILD_TOOLS_BY_DEFAULT=OFF \
+    -DFEATURE_sql=OFF -DFEATURE_network=OFF -DFEATURE_xml=OFF -DFEATURE_dbus=OFF -DFEATURE_opengl=OFF -DFEATURE_icu=OFF \
+    -DFEATURE_testlib=OFF -DFEATURE_concurrent=OFF -DFEATURE_tabletevent=OFF -DFEATURE_glib=OFF -DFEATURE_vulkan=OFF \
+    -DFEATURE_androiddeployqt=OFF -DINPUT_opengl=no \
+    -DFEATURE_system_zlib=OFF -DFEATURE_system_png=OFF -DFEATURE_system_jpeg=OFF -DFEATURE_system_freetype=OFF \
+    -DFEATURE_system_harfbuzz=OFF -DFEATURE_system_pcre2=OFF -DFEATURE_system_doubleconversion=OFF
+}
+
 # library, its source package, the package of this machine whose version it follows
 package_of() {
   case "$1" in
     sqlite) echo sqlite3 libsqlite3-dev ;;
     curl) echo curl libcurl4-openssl-dev ;;
     httplib) echo cpp-httplib libcpp-httplib-dev ;;
+    gumbo) echo gumbo-parser libgumbo-dev ;;
+    qt) echo qt6-base qt6-base-dev ;;
   esac
 }
 
@@ -127,7 +167,10 @@ for library in "${libraries[@]}"; do
   echo "Building $library $version for Windows" >&2
   mkdir -p "$work"
   if [ ! -f "$work/fetched" ]; then
-    fetch_source "$source_package" "$version"
+    case "$library" in
+      gumbo) fetch_from_registry gumbo-parser@0.3.0 deps/gumbo-parser/src ;;
+      *) fetch_source "$source_package" "$version" ;;
+    esac
     touch "$work/fetched"
   fi
   rm -rf "$prefix"
