@@ -129,6 +129,11 @@ void BoxDialog::give(Answer answer) {
     done(static_cast<int>(answer));
 }
 
+void BoxDialog::done(int result) {
+    emit leaving();
+    QDialog::done(result);
+}
+
 /// A key that is still held from before the box answers nothing, nor does the rest of a double click that
 /// brought it up.
 bool BoxDialog::eventFilter(QObject*, QEvent* event) {

@@ -18,6 +18,11 @@ class BoxDialog : public QDialog {
 public:
     BoxDialog(const screen::MessageBox& box, QWidget* over);
     screen::Answer answer() const { return answer_; }
+    void done(int result) override;
+
+signals:
+    /// It has been answered and still stands.
+    void leaving();
 
 protected:
     void showEvent(QShowEvent* event) override;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QtCore/QString>
 #include <string>
 
 namespace zelvo::qt {
@@ -14,5 +15,15 @@ struct Display {
 
 /// Looks for a display without the toolkit, which would end the process where there is none.
 Display findDisplay();
+
+/// Whether another thread runs the main loop that the toolkit would run here: it would wait for the other's
+/// end, and the window would never be drawn.
+bool mainLoopRunsElsewhere();
+
+/// Where the toolkit's own words in Korean are.
+QString translationsFolder();
+
+/// What brings a Korean font to a machine that has none.
+std::string koreanFontToInstall();
 
 }  // namespace zelvo::qt

@@ -94,4 +94,25 @@ Display findDisplay() {
     return {{}, refusal("no display can be reached.", trouble)};
 }
 
+// The loop is glib's, where the host has it.
+bool mainLoopRunsElsewhere() {
+    if (qEnvironmentVariableIsSet("QT_NO_GLIB")) return false;
+    QLibrary glib(QStringLiteral("glib-2.0"), 0);
+    // The library's own signatures; no context is the main one.
+    const auto acquire = reinterpret_cast<int (*)(void*)>(glib.resolve("g_main_context_acquire"));
+    const auto release = reinterpret_cast<void (*)(void*)>(glib.resolve("g_main_context_release"));
+    if (!acquire || !release) return false;
+    if (acquire(nullptr) == 0) return true;
+    release(nullptr);
+    return false;
+}
+
+QString translationsFolder() {
+    return QLibraryInfo::path(QLibraryInfo::TranslationsPath);
+}
+
+std::string koreanFontToInstall() {
+    return "Debian: fonts-nanum";
+}
+
 }  // namespace zelvo::qt

@@ -1,10 +1,30 @@
+#include <QtCore/QtPlugin>
+
 #include "platform/qt/Display.h"
+
+// The toolkit is linked in, with its part for this kind of display and those for the pictures of web pages.
+Q_IMPORT_PLUGIN(QWindowsIntegrationPlugin)
+Q_IMPORT_PLUGIN(QGifPlugin)
+Q_IMPORT_PLUGIN(QJpegPlugin)
 
 namespace zelvo::qt {
 
-// There is always one, and the toolkit's part for it is in the program.
+// There is always one.
 Display findDisplay() {
     return {};
+}
+
+// Each thread has its own messages here.
+bool mainLoopRunsElsewhere() {
+    return false;
+}
+
+QString translationsFolder() {
+    return QStringLiteral(":/doctorzelvo/words");
+}
+
+std::string koreanFontToInstall() {
+    return "Settings, Time & language: Korean";
 }
 
 }  // namespace zelvo::qt

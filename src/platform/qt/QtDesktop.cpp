@@ -52,8 +52,9 @@ private:
 
 }  // namespace
 
-QtDesktop::QtDesktop(screen::SettingsStore& settings, std::function<void(std::string_view)> browse)
-    : settings_(settings), browse_(std::move(browse)) {}
+QtDesktop::QtDesktop(screen::SettingsStore& settings, std::function<void(std::string_view)> browse,
+                     std::uintptr_t hostWindow)
+    : settings_(settings), browse_(std::move(browse)), host_(hostWindow) {}
 
 QtDesktop::~QtDesktop() {
     QtDesktop::setPointer(screen::Pointer::Normal);
@@ -67,6 +68,10 @@ screen::Answer QtDesktop::messageBox(const screen::MessageBox& box) {
     flush();
     const PlainPointer arrow(*this);
     BoxDialog dialog(box, top());
+    if (!top()) {
+        host_.putUnder(dialog);
+        QObject::connect(&dialog, &BoxDialog::leaving, [this] { host_.giveBack(); });
+    }
     dialog.show();
     dropWhatCameBefore(dialog);
     if (dialog.isVisible()) dialog.exec();
@@ -148,6 +153,7 @@ double QtDesktop::screenHeight() const {
 void QtDesktop::runModal(screen::Window& window) {
     const PlainPointer arrow(*this);
     Shell shell(window, top());
+    if (!top()) host_.putUnder(shell);
     QEventLoop loop;
     const auto whenTouched = window.onTouched.listen([&](const screen::Field* field) {
         if (!field && window.leaving()) loop.quit();
@@ -159,6 +165,7 @@ void QtDesktop::runModal(screen::Window& window) {
         deliverKeys();
         if (!window.leaving()) loop.exec();
     }
+    if (!top()) host_.giveBack();
     shell.putAway();
     if (top()) top()->activateWindow();
 }

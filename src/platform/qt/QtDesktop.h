@@ -1,9 +1,11 @@
 #pragma once
 
 #include <QtCore/QtGlobal>
+#include <cstdint>
 #include <functional>
 #include <vector>
 
+#include "platform/qt/HostWindow.h"
 #include "screen/Desktop.h"
 
 namespace zelvo::qt {
@@ -14,8 +16,10 @@ class Shell;
 /// event loop. The toolkit has to stand (Toolkit::enter) for as long as this lives.
 class QtDesktop : public screen::Desktop {
 public:
-    /// `browse` starts the system's browser at an address.
-    QtDesktop(screen::SettingsStore& settings, std::function<void(std::string_view)> browse);
+    /// `browse` starts the system's browser at an address. The windows stand over the host's `hostWindow`,
+    /// or, where that is 0, over the one that is in front.
+    QtDesktop(screen::SettingsStore& settings, std::function<void(std::string_view)> browse,
+              std::uintptr_t hostWindow = 0);
     ~QtDesktop() override;
 
     screen::Answer messageBox(const screen::MessageBox& box) override;
@@ -41,6 +45,7 @@ private:
 
     screen::SettingsStore& settings_;
     std::function<void(std::string_view)> browse_;
+    HostWindow host_;
     std::vector<Shell*> shells_;
     screen::Pointer pointer_ = screen::Pointer::Normal;
 };

@@ -104,7 +104,6 @@ void Shell::open() {
                     std::max(room.top(), room.bottom() + 1 - titleBar - size.height())));
     resize(size);
     if (wanted.maximized) setWindowState(Qt::WindowMaximized);
-    standOverHost();
     told_ = size;
     show();
     if (size != designed) window_.userResize(wanted.width, wanted.height);
@@ -126,14 +125,6 @@ void Shell::putAway() {
     if (left != opened_)
         window_.desktop().remembered().keep(window_.rememberedName(sizeName), screen::textOf(left));
     hide();
-}
-
-/// The first window belongs over the host's, which waits for it.
-void Shell::standOverHost() {
-    const QWidget* const host = over_ ? nullptr : QApplication::activeWindow();
-    if (!host) return;
-    static_cast<void>(winId());  // makes the system's window
-    windowHandle()->setTransientParent(host->window()->windowHandle());
 }
 
 /// Under the cell or over the panel that the window opens at, else where its caller put it, which for the

@@ -43,7 +43,6 @@ protected:
 
 private:
     void zoom();
-    void standOverHost();
     void tellPlaces();
     QPoint wantedCorner(const Shell* over) const;
     screen::WindowExtent extent() const;

@@ -1,7 +1,5 @@
 #include "platform/qt/Toolkit.h"
 
-#include <QtCore/QLibrary>
-#include <QtCore/QLibraryInfo>
 #include <QtCore/QThread>
 #include <QtCore/QTranslator>
 #include <QtWidgets/QApplication>
@@ -47,25 +45,11 @@ const QObject*& threadHolder() {
     return holder;
 }
 
-/// Whether another thread runs the program's main loop of glib. The toolkit would run the same one here: it
-/// would wait for the other's end, and the window would never be drawn.
-bool mainLoopRunsElsewhere() {
-    if (qEnvironmentVariableIsSet("QT_NO_GLIB")) return false;
-    QLibrary glib(QStringLiteral("glib-2.0"), 0);
-    // The library's own signatures; no context is the main one.
-    const auto acquire = reinterpret_cast<int (*)(void*)>(glib.resolve("g_main_context_acquire"));
-    const auto release = reinterpret_cast<void (*)(void*)>(glib.resolve("g_main_context_release"));
-    if (!acquire || !release) return false;
-    if (acquire(nullptr) == 0) return true;
-    release(nullptr);
-    return false;
-}
-
 /// The toolkit's own words, in the menus of fields and the dialogs of printer and file, where its Korean is
 /// installed.
 void speakKorean(QApplication& application) {
     auto& words = owned<QTranslator>(&application);
-    if (words.load(QStringLiteral("qtbase_ko"), QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+    if (words.load(QStringLiteral("qtbase_ko"), translationsFolder()))
         QCoreApplication::installTranslator(&words);
 }
 
@@ -107,8 +91,8 @@ std::string Toolkit::enter() {
         ownApplication() = makeApplication(display.platform);
     }
     if (!koreanFontInstalled()) {
-        return "No Korean font is installed on this computer, so ZELVO's texts could not be read. Install one "
-               "(Debian: fonts-nanum) and call again.";
+        return "No Korean font is installed on this computer, so ZELVO's texts could not be read. Install one (" +
+               koreanFontToInstall() + ") and call again.";
     }
     return {};
 }
