@@ -54,6 +54,8 @@ if [ -z "$mode" ]; then
 fi
 
 bin=$build/bin
+# shellcheck disable=SC2034
+shared=$build/share/doctorzelvo
 # shellcheck source=demo/session.sh
 . demo/session.sh
 open_pharmacy "${fresh[@]}"
@@ -61,11 +63,13 @@ open_pharmacy "${fresh[@]}"
 status=0
 case "$mode" in
   chart)
-    "$bin"/zelvo-chart --values <(clinic_values) 7>&- 8>&- || status=$?
+    session_options clinic
+    "$bin"/zelvo-chart "${options[@]}" 7>&- 8>&- || status=$?
     exit "$status"
     ;;
   doctor|nurse)
-    "$bin"/zelvo "$mode" --values <("${mode}_values") "$@" 7>&- 8>&- || status=$?
+    session_options "$mode"
+    "$bin"/zelvo "$mode" "${options[@]}" "$@" 7>&- 8>&- || status=$?
     exit "$status"
     ;;
 esac
@@ -74,13 +78,14 @@ esac
 window_pictures() {
   rm -rf out
   QT_QPA_PLATFORM="offscreen:configfile=demo/stage/screen.json" QT_LOGGING_RULES="default.warning=false" \
-    "$bin"/zelvo-stage out doctor --script demo/scenarios/first-order.zs --values <(doctor_values) >/dev/null
+    "$bin"/zelvo-stage out doctor --script demo/scenarios/first-order.zs "${options[@]}" >/dev/null
   echo
   echo "The same through the real windows, a picture of each step: $(find out -name '*.png' | wc -l) in out/"
 }
 
+session_options doctor
 before=$(sqlite3 "$db" 'SELECT COALESCE(MAX(CBJ_PK), 0) FROM t_ChubangJun')
-"$bin"/zelvo doctor --console --script demo/scenarios/first-order.zs --values <(doctor_values)
+"$bin"/zelvo doctor --console --script demo/scenarios/first-order.zs "${options[@]}"
 show() {
   echo
   echo "$1"

@@ -34,3 +34,7 @@ set(CMAKE_LINK_SEARCH_END_STATIC ON)
 add_compile_definitions(_WIN32_WINNT=0x0A00 WINVER=0x0A00 UNICODE _UNICODE)
 
 set(CMAKE_CROSSCOMPILING_EMULATOR wine)
+
+# The toolkit's own tools, which run here.
+set(QT_HOST_PATH /usr CACHE PATH "")
+set(QT_HOST_PATH_CMAKE_DIR /usr/lib/x86_64-linux-gnu/cmake CACHE PATH "")

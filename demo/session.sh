@@ -1,5 +1,5 @@
 # Sourced by zelvo-demo and run.sh: the demo's pharmacy on this machine, and what a chart hands over for it.
-# `bin` is the folder of the programs; `data` and `db` are set here.
+# `bin` is the folder of the programs, `shared` that of the values; `data`, `db` and `options` are set here.
 data="${XDG_DATA_HOME:-$HOME/.local/share}/zelvo"
 db="$data/pharmacy.db"
 
@@ -56,38 +56,13 @@ close_pharmacy() {
   fi
 }
 
-# The demo's own values, for --values: a password in a command line could be seen by everybody. What is said later counts, so
-# the user's own options follow them.
-clinic_values() {
-  cat <<VALUES
-server sqlite:$db
-account doctor1/\$/pass1
-hospital-name 하늘한의원
-doctor-name 이정민
-hospital-tel 02-555-0123
-doctor-cell 010-8765-4321
-hospital-zip 03045
-hospital-address 서울특별시 종로구 효자로 12
-VALUES
-}
-doctor_values() {
-  clinic_values
-  cat <<'VALUES'
-patient-pk 1024
-patient-name 김하늘
-patient-jumin 850312-2345678
-patient-age 41
-patient-sex 2
-patient-cell 010-1234-5678
-patient-tel 02-123-4567
-patient-email haneul@example.kr
-patient-zip 06236
-patient-address 서울특별시 강남구 테헤란로 152
-VALUES
-}
-nurse_values() {
-  cat <<VALUES
-server sqlite:$db
-account doctor1/\$/pass1#\$#doctor2/\$/pass2#\$#doctor3/\$/pass3
-VALUES
+# session_options clinic|doctor|nurse: the demo's own values as options. What is said later counts, so the user's own options
+# follow them. The values are files: a password in a command line could be seen by everybody.
+session_options() {
+  options=(--server "sqlite:$db")
+  case "$1" in
+    nurse) options+=(--values "$shared/nurse.values") ;;
+    clinic) options+=(--values "$shared/clinic.values") ;;
+    doctor) options+=(--values "$shared/clinic.values" --values "$shared/patient.values") ;;
+  esac
 }

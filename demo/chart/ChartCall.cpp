@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <filesystem>
 #include <fstream>
 #include <functional>
 #include <iostream>
@@ -105,7 +106,7 @@ bool takeLine(const Readers& options, const std::string& line, std::string& erro
 
 bool takeFile(const Readers& options, const std::string& name, std::string& error) {
     std::ifstream file;
-    if (name != standardInput) file.open(name);
+    if (name != standardInput) file.open(std::filesystem::path(std::u8string(name.begin(), name.end())));
     std::istream& in = name == standardInput ? std::cin : file;
     if (!in) {
         error = name + " can't be read";

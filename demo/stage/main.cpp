@@ -8,11 +8,13 @@
 #include "Stage.h"
 #include "assembly/Component.h"
 #include "basics/Numbers.h"
+#include "basics/Paths.h"
 #include "host/clsZELVOInterface.h"
 #include "platform/console/PharmacyTool.h"
 #include "platform/qt/Display.h"
 #include "platform/qt/Toolkit.h"
 #include "platform/settings/UserSettings.h"
+#include "program/Arguments.h"
 
 namespace {
 
@@ -26,7 +28,7 @@ zelvo::host::HostArguments arguments(const chart::ChartCall& call) {
 }
 
 int play(const chart::ChartCall& call, const std::string& pictures) {
-    std::ifstream file(call.script, std::ios::binary);
+    std::ifstream file(zelvo::basics::pathOf(call.script), std::ios::binary);
     if (!file) {
         std::cerr << "zelvo-stage: " << call.script << " can't be read\n";
         return zelvo::console::exits::unreadable;
@@ -79,22 +81,23 @@ constexpr const char* usage =
 
 int main(int argc, char** argv) {
     qInstallMessageHandler(passOn);
-    if (argc == 2 && std::string_view(argv[1]) == "--display") {
+    const std::vector<std::string> words = program::wordsOf(argc, argv);
+    if (words == std::vector<std::string>{"--display"}) {
         const std::string missing = zelvo::qt::findDisplay().missing;
         if (!missing.empty()) std::cerr << missing << "\n";
         return missing.empty() ? zelvo::console::exits::done : zelvo::console::exits::failed;
     }
-    if (chart::tellsOfItself({argv + 1, argv + argc}, "zelvo-stage", usage))
-        return zelvo::console::exits::done;
+    if (chart::tellsOfItself(words, "zelvo-stage", usage)) return zelvo::console::exits::done;
     chart::ChartCall call;
     std::string error;
-    if (argc < 3 || !chart::readChartCall({argv + 2, argv + argc}, call, error) || call.script.empty()) {
+    if (words.size() < 2 || !chart::readChartCall({words.begin() + 1, words.end()}, call, error) ||
+        call.script.empty()) {
         std::cerr << "zelvo-stage: " << error << "\n" << usage;
         return zelvo::console::exits::unreadable;
     }
     try {
-        const std::string pictures = argv[1];
-        if (!pictures.empty()) std::filesystem::create_directories(pictures);
+        const std::string& pictures = words[0];
+        if (!pictures.empty()) std::filesystem::create_directories(zelvo::basics::pathOf(pictures));
         const int code = play(call, pictures);
         zelvo::qt::Toolkit::leave();
         return code;

@@ -7,6 +7,7 @@
 #include <string>
 
 #include "ChartWindow.h"
+#include "program/Arguments.h"
 
 namespace {
 
@@ -30,7 +31,7 @@ void lookingForDisplay(QtMsgType type, const QMessageLogContext& where, const QS
 }  // namespace
 
 int main(int argc, char** argv) {
-    const std::vector<std::string> words(argv + 1, argv + argc);
+    const std::vector<std::string> words = program::wordsOf(argc, argv);
     if (chart::tellsOfItself(words, "zelvo-chart", chart::clinicUsage())) return 0;
     chart::ChartCall clinic;
     std::string error;

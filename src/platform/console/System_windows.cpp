@@ -11,30 +11,11 @@
 #include "basics/Fault.h"
 #include "basics/Paths.h"
 #include "basics/Text.h"
+#include "platform/console/CommandLine_windows.h"
 
 namespace zelvo::console {
 
 namespace {
-
-/// A word as the started program finds it again: in quotes, and backslashes doubled where a quote follows.
-std::wstring quoted(const std::wstring& word) {
-    std::wstring text = L"\"";
-    std::size_t backslashes = 0;
-    for (const wchar_t letter : word) {
-        if (letter == L'"') text.append(backslashes + 1, L'\\');
-        backslashes = letter == L'\\' ? backslashes + 1 : 0;
-        text += letter;
-    }
-    return text.append(backslashes, L'\\') + L"\"";
-}
-
-std::wstring commandLine(const std::vector<std::string>& arguments) {
-    std::wstring line;
-    for (const std::string& argument : arguments) {
-        line += (line.empty() ? L"" : L" ") + quoted(basics::pathOf(argument).native());
-    }
-    return line;
-}
 
 /// What a person types, in UTF-16 from the console: its own reading in UTF-8 loses all but ASCII.
 class TypedLines : public std::streambuf {
