@@ -181,10 +181,8 @@ void DoctorProfile::changePassword() {
     if (session_.m_DTRPK == 0) return form_.desktop().inform(notLoggedIn, passwordCaption);
     try {
         std::string password;
-        const bool wanted = form_.desktop()
-                                .components()
-                                .make<screen::AccountPrompt>("AccountPrompt.clsAccountPrompt")
-                                ->ChangePassword(txtDTRpass.text(), password);
+        const bool wanted = form_.desktop().components().make<screen::AccountPrompt>()->ChangePassword(
+            txtDTRpass.text(), password);
         if (wanted) storePassword(password);
     } catch (const std::exception& fault) {
         form_.desktop().alarm(fault.what(), passwordCaption);

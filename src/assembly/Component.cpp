@@ -61,22 +61,24 @@ void registerComponents(screen::Desktop& desktop) {
     known.setWebFetch([support](const std::string& address, const std::stop_token& stop) {
         return http::fetchWebContent(http::HttpClient(http::pageLimits(), support), address, stop);
     });
-    known.add("OrderCostText.clsOrderCostText", [&desktop, support] {
+    known.add(screen::OrderCostText::className, [&desktop, support] {
         return std::make_unique<http::clsOrderCostText>(
             http::HttpClient({}, support), [&desktop](const screen::WaitingJob& job) {
                 desktop.waitFor("처방전 비용을 계산 중입니다.", job);
             });
     });
-    known.add("Scripting.FileSystemObject", [] { return std::make_unique<files::FileSystemObject>(); });
-    known.add("AccountPrompt.clsAccountPrompt",
+    known.add(screen::FileSystemObject::className,
+              [] { return std::make_unique<files::FileSystemObject>(); });
+    known.add(screen::AccountPrompt::className,
               [&desktop] { return std::make_unique<components::AccountPrompt>(desktop); });
-    known.add("PostalLookup.clsPostalLookup", [&desktop, support] {
+    known.add(screen::PostalLookup::className, [&desktop, support] {
         return std::make_unique<components::PostalLookup>(
             desktop, [&desktop, support](const std::string& page, const std::string& text) {
                 return askPostalPage(desktop, page, text, support);
             });
     });
-    known.add("EatGuideEditor", [&desktop] { return std::make_unique<components::EatGuideEditor>(desktop); });
+    known.add(screen::EatGuideEditor::className,
+              [&desktop] { return std::make_unique<components::EatGuideEditor>(desktop); });
 }
 
 }  // namespace zelvo::assembly

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <string>
 
@@ -7,9 +8,10 @@
 
 namespace zelvo::assembly {
 
-/// Runs a session whose windows stand on this machine's screen. "" when it went its way, else why no window
-/// can be shown, in words for the host.
-std::string runOnGlass(screen::SettingsStore& settings, const std::function<void(screen::Desktop&)>& session);
+/// Runs a session whose windows stand on this machine's screen, over the host's window of this handle (0: the
+/// one in front). "" when it went its way, else why no window can be shown, in words for the host.
+std::string runOnGlass(screen::SettingsStore& settings, std::uintptr_t hostWindow,
+                       const std::function<void(screen::Desktop&)>& session);
 
 /// Ends what the first window has started for the whole process. True when nothing of it is left.
 bool leaveGlass();

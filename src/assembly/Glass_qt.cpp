@@ -5,12 +5,13 @@
 
 namespace zelvo::assembly {
 
-std::string runOnGlass(screen::SettingsStore& settings,
+std::string runOnGlass(screen::SettingsStore& settings, std::uintptr_t hostWindow,
                        const std::function<void(screen::Desktop&)>& session) {
     std::string error = qt::Toolkit::enter();
     if (!error.empty()) return error;
     browser::SystemBrowser browser;
-    qt::QtDesktop desktop(settings, [&browser](std::string_view address) { browser.open(address); });
+    const auto browse = [&browser](std::string_view address) { browser.open(address); };
+    qt::QtDesktop desktop(settings, browse, hostWindow);
     session(desktop);
     return {};
 }

@@ -55,7 +55,7 @@ void editSheet(screen::Desktop& desktop, const session::Session& session, const 
     std::string patientName = fields.patientName.text(), sheet = fields.sheet.rtf(),
                 hospitalName = fields.hospitalName.text(), phoneNo = fields.phoneNo.text();
     try {
-        const auto editor = desktop.components().make<screen::EatGuideEditor>("EatGuideEditor");
+        const auto editor = desktop.components().make<screen::EatGuideEditor>();
         if (!editor->edit(session.g_conChart, patientName, sheet, hospitalName, phoneNo)) return;
     } catch (const std::exception& fault) {
         desktop.alarm(fault.what(), fields.caption);

@@ -35,10 +35,7 @@ void DoctorLogin::logIn() {
 }
 
 bool DoctorLogin::askAccount(std::string& id, std::string& password) const {
-    return form_.desktop()
-        .components()
-        .make<screen::AccountPrompt>("AccountPrompt.clsAccountPrompt")
-        ->Login(id, password);
+    return form_.desktop().components().make<screen::AccountPrompt>()->Login(id, password);
 }
 
 /// A wrong account ends the session's login, though the fields still show the former doctor.

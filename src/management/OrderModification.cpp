@@ -217,8 +217,7 @@ std::string OrderModification::askPage(const data::CBJmUpdate& row, const data::
     request.besongJuso = detail_.patient.txtCBJmBeJuso.text();
     request.payMethod =
         number(order.CBJ_PayMethod.empty() ? std::int16_t{0} : basics::toInt16(order.CBJ_PayMethod));
-    const auto page =
-        form_.desktop().components().make<screen::OrderCostText>("OrderCostText.clsOrderCostText");
+    const auto page = form_.desktop().components().make<screen::OrderCostText>();
     return page->ChubangJunCostUpdate(request);
 }
 

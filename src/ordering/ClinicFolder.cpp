@@ -9,7 +9,7 @@
 namespace zelvo::ordering {
 
 std::unique_ptr<screen::FileSystemObject> fileSystem(screen::Desktop& desktop) {
-    return desktop.components().make<screen::FileSystemObject>("Scripting.FileSystemObject");
+    return desktop.components().make<screen::FileSystemObject>();
 }
 
 std::string clinicFolder(screen::FileSystemObject& files) {

@@ -261,8 +261,7 @@ std::string CostConfirmation::askPage(const CostFields& fields) const {
     request.pouchTotal = zeroIfEmpty(fields.PouchTotal);
     request.payMethod =
         basics::decimalText(std::int64_t{data::pay::code(draft_.payment.cboPaymentMethod.text())});
-    const auto page =
-        form_.desktop().components().make<screen::OrderCostText>("OrderCostText.clsOrderCostText");
+    const auto page = form_.desktop().components().make<screen::OrderCostText>();
     return page->ChubangJunCost(request);
 }
 

@@ -7,8 +7,8 @@ std::unique_ptr<Component> Components::create(const std::string& className) cons
     return maker == makers_.end() || !maker->second ? nullptr : maker->second();
 }
 
-std::string Components::missing(const std::string& className) {
-    return "구성 요소 " + className + "을(를) 만들 수 없습니다.";
+basics::Fault Components::missing(const std::string& className) {
+    return basics::Fault("구성 요소 " + className + "을(를) 만들 수 없습니다.");
 }
 
 }  // namespace zelvo::screen

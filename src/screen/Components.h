@@ -15,16 +15,17 @@
 
 namespace zelvo::screen {
 
-/// An object of the clinic's machine, made by its class name.
+/// An object of the clinic's machine, made by the class name that its kind bears.
 class Component {
 public:
     virtual ~Component() = default;
 };
 
-/// "OrderCostText.clsOrderCostText": asks the pharmacy's cost pages. Blocks until the answer is there; throws
-/// Fault with a plain Korean sentence when none comes.
+/// Asks the pharmacy's cost pages. Blocks until the answer is there; throws Fault with a plain Korean
+/// sentence when none comes.
 class OrderCostText : public Component {
 public:
+    static constexpr const char* className = "OrderCostText.clsOrderCostText";
     struct CostRequest {
         std::int16_t kind = 1;
         std::string url, doctorKey, besongMethod, besongZip, besongJuso, jobListKey, drugText, chubsu,
@@ -40,24 +41,27 @@ public:
     virtual std::string ChubangJunCostUpdate(const UpdateRequest& request) = 0;
 };
 
-/// "AccountPrompt.clsAccountPrompt": the login and change-password dialogs.
+/// The login and change-password dialogs.
 class AccountPrompt : public Component {
 public:
+    static constexpr const char* className = "AccountPrompt.clsAccountPrompt";
     /// True if the user confirmed; then the texts hold what was typed.
     virtual bool Login(std::string& id, std::string& password) = 0;
     virtual bool ChangePassword(const std::string& oldPassword, std::string& newPassword) = 0;
 };
 
-/// "PostalLookup.clsPostalLookup": the postal code search dialog; left and top in twips.
+/// The postal code search dialog; left and top in twips.
 class PostalLookup : public Component {
 public:
+    static constexpr const char* className = "PostalLookup.clsPostalLookup";
     virtual bool ZipCode(std::string& url, std::string& juso, std::string& zip, std::int32_t& left,
                          std::int32_t& top) = 0;
 };
 
-/// "EatGuideEditor": the editor of the dosage sheet. True if the user accepted.
+/// The editor of the dosage sheet. True if the user accepted.
 class EatGuideEditor : public Component {
 public:
+    static constexpr const char* className = "EatGuideEditor";
     virtual bool edit(void* conSQL, std::string& patientName, std::string& sheetRtf,
                       std::string& hospitalName, std::string& phoneNo) = 0;
 };
@@ -74,9 +78,10 @@ public:
     virtual void remove() = 0;
 };
 
-/// "Scripting.FileSystemObject": text files of the clinic's machine. What can't be done is a Fault.
+/// Text files of the clinic's machine. What can't be done is a Fault.
 class FileSystemObject : public Component {
 public:
+    static constexpr const char* className = "Scripting.FileSystemObject";
     /// Path of a fixed folder of this system ("zelvo"), in the user's data folder.
     virtual std::string fixedFolder(std::string_view name) = 0;
     /// Nothing happens where it stands.
@@ -109,14 +114,16 @@ public:
 
     /// A fresh object. Throws Fault when the class is not there or is another kind of thing.
     template <class Kind>
-    std::unique_ptr<Kind> make(const std::string& className) const {
-        std::unique_ptr<Component> made = create(className);
+    std::unique_ptr<Kind> make() const {
+        std::unique_ptr<Component> made = create(Kind::className);
         if (auto* kind = dynamic_cast<Kind*>(made.get())) {
             static_cast<void>(made.release());  // the same object, from here on its own kind
             return std::unique_ptr<Kind>(kind);
         }
-        throw basics::Fault(missing(className));
+        throw missing(Kind::className);
     }
+    /// What says that an object of this class can't be made.
+    static basics::Fault missing(const std::string& className);
 
     /// The machine's code pages, for the bytes of documents that old word processors wrote.
     const CodePages& codePages() const { return codePages_; }
@@ -127,7 +134,6 @@ public:
 
 private:
     std::unique_ptr<Component> create(const std::string& className) const;
-    static std::string missing(const std::string& className);
 
     std::map<std::string, Maker> makers_;
     CodePages codePages_;

@@ -44,10 +44,7 @@ void AddressSearch::ask(const std::string& page, std::string& Juso, std::string&
     std::string url = page;
     std::int32_t left = basics::toInt32(form_.left + 100);
     std::int32_t top = basics::toInt32(patientTab_.top + form_.top - 200);
-    form_.desktop()
-        .components()
-        .make<screen::PostalLookup>("PostalLookup.clsPostalLookup")
-        ->ZipCode(url, Juso, Zip, left, top);
+    form_.desktop().components().make<screen::PostalLookup>()->ZipCode(url, Juso, Zip, left, top);
 }
 
 /// The address of the search page, "" where the pharmacy has none.

@@ -26,7 +26,7 @@ cmake -G Ninja -S "$source/tests/hosts/find-package" -B "$scratch/chart" -DCMAKE
 cmake --build "$scratch/chart" >/dev/null
 library=$(pkg-config --variable=libdir doctorzelvo)
 # shellcheck disable=SC2086,SC2046
-"$cc" -std=c11 -Wall -Wextra -Werror $flags "$source/demo/chart/caller.c" -o "$scratch/caller" \
+"$cc" -std=c99 -Wall -Wextra -Wpedantic -Werror $flags "$source/demo/chart/caller.c" -o "$scratch/caller" \
   $(pkg-config --cflags --libs doctorzelvo) -Wl,-rpath,"$library"
 
 # without CASE EXPECTED ENVIRONMENT... : every chart says why no window opens, and ends by itself.
