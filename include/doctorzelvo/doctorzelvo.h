@@ -88,7 +88,7 @@ enum doctorzelvo_answer {
 enum doctorzelvo_outcome {
     doctorzelvo_closed = 0,      /* the window has closed, or the user has been told why none opened */
     doctorzelvo_turned_away = 1, /* no window could be opened: another one stands open, no display, ... */
-    doctorzelvo_broken = 2       /* an error of the component's own */
+    doctorzelvo_broken = 2       /* an error of the component's own, or a chart that has not said its size */
 };
 
 /* The terminal that windows stand in while doctorzelvo_run_in_terminal runs. */
@@ -97,7 +97,7 @@ typedef struct doctorzelvo_terminal doctorzelvo_terminal;
 /* What a chart brings to a call: its own functions, all of them called inside the call, on its thread, with
    `context`; an int that one of them gives is a doctorzelvo_answer. Where one is null the component does
    without it or uses its own dialog. Start from a struct of zeros, and put sizeof(doctorzelvo_chart) into
-   `size`. */
+   `size`: no window opens without it. */
 typedef struct doctorzelvo_chart {
     size_t size;
     void* context;

@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <cstddef>
 #include <cstring>
 #include <exception>
 #include <functional>
@@ -19,6 +20,11 @@ using Tell = std::function<void(const char*)>;
 
 std::string text(const char* handed) {
     return handed ? handed : "";
+}
+
+/// Whether the chart has said what it brings, at the least the way of an order.
+bool saysItsSize(const doctorzelvo_chart* brought) {
+    return !brought || brought->size >= offsetof(doctorzelvo_chart, Login);
 }
 
 /// What this build knows of what a chart brings, which may have been built with another header.
@@ -43,6 +49,7 @@ bool guarded(const Tell& tell, const std::function<void()>& work) {
 
 int open(const doctorzelvo_chart* brought, const std::function<HostArguments()>& arguments,
          bool (zelvo::host::clsZELVOInterface::*call)(const HostArguments&)) {
+    if (!saysItsSize(brought)) return doctorzelvo_broken;
     const doctorzelvo_chart chart = known(brought);
     const auto tell = [&chart](const char* reason) {
         if (chart.tell) chart.tell(reason, chart.context);

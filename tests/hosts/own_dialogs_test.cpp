@@ -1,15 +1,16 @@
-// A host's own dialogs in the place of the component's.
+// What a chart brings to the library and gets from it: its own dialogs, its own end of an order.
 #include <gtest/gtest.h>
 #include <unistd.h>
 
 #include <cstddef>
-#include <cstdio>
+#include <cstdlib>
 #include <cstring>
 #include <fstream>
 #include <stdexcept>
 
 #include "doctorzelvo/DoctorZELVO.hpp"
 #include "support/TestDatabase.h"
+#include "support/TestFolder.h"
 
 namespace {
 
@@ -43,26 +44,26 @@ struct Editor : doctorzelvo::EatGuideEditor {
     }
 };
 
-// A script in a file of its own, for one run.
-class ScriptFile {
+// A clinic's machine with the script of one run; what the run leaves in the user's folders goes with it.
+class Machine {
 public:
-    explicit ScriptFile(const std::string& script)
-        : path_(::testing::TempDir() + "zelvo-own-" + std::to_string(getpid()) + ".zs") {
-        std::ofstream(path_) << script;
+    explicit Machine(const std::string& script) {
+        for (const char* place : {"XDG_DATA_HOME", "XDG_CONFIG_HOME"})
+            ::setenv(place, folder_.path.c_str(), 1);
+        std::ofstream(this->script()) << script;
     }
-    ~ScriptFile() { std::remove(path_.c_str()); }
-    const std::string& path() const { return path_; }
+    std::string script() const { return folder_.path / "run.zs"; }
 
 private:
-    std::string path_;
+    zelvo::testing::TestFolder folder_;
 };
 
 // Works a script in the window that a chart with an account of no one's opens.
 int play(const std::string& script, void* conSQL,
          const std::function<void(doctorzelvo::clsZELVOInterface&)>& bring, const char* server = nullptr) {
     const zelvo::testing::TestDatabase database;
-    const ScriptFile file(script);
-    return doctorzelvo::runInTerminal(file.path(), [&](doctorzelvo::clsZELVOInterface& component) {
+    const Machine machine(script);
+    return doctorzelvo::runInTerminal(machine.script(), [&](doctorzelvo::clsZELVOInterface& component) {
         bring(component);
         component.ZELVOInterface(conSQL, server ? server : database.address(), "nobody/$/x", 7, "김하늘", "",
                                  41, 2, "", "", "", "", "", "", "", "", "", "", "");
@@ -137,6 +138,9 @@ TEST(OwnDialogs, ofAChartOfAnOlderOrNewerHeaderCountAsFarAsBothKnowThem) {
     } cases[] = {{offsetof(doctorzelvo_chart, ChangePassword), "key txtOldPassword Esc\n"},
                  {sizeof(OtherChart), "expect message \"비밀번호 변경\" *\n"}};
     const zelvo::testing::TestDatabase database;
+    const doctorzelvo_chart sayingNothing{};
+    EXPECT_EQ(doctorzelvo_open_nurse(nullptr, database.address().c_str(), "", &sayingNothing),
+              doctorzelvo_broken);
     for (const auto& each : cases) {
         OtherChart other{{}, {}, database.address()};
         std::memset(&other.known, 0xEE, sizeof other.known);
@@ -158,11 +162,57 @@ TEST(OwnDialogs, ofAChartOfAnOlderOrNewerHeaderCountAsFarAsBothKnowThem) {
                 return int{doctorzelvo_confirmed};
             };
         }
-        const ScriptFile file(
+        const Machine machine(
             "expect message \"한약국 로그인\" *\npress ssrLogIN\nexpect message \"한약국 로그인\" *\ntab c1tMain 3\n" +
             std::string("press ssrPWDchang\n") + each.ofThePassword + "expect no message\nclose\n");
-        EXPECT_EQ(doctorzelvo_run_in_terminal(file.path().c_str(), callOf, nullptr, &other), 0) << each.size;
+        EXPECT_EQ(doctorzelvo_run_in_terminal(machine.script().c_str(), callOf, nullptr, &other), 0)
+            << each.size;
     }
+}
+
+// The demo pharmacy's pages, for as long as this process lives.
+void servePages(const zelvo::testing::TestDatabase& database) {
+    const std::string ready = database.path() + ".port";
+    ASSERT_EQ(std::system((ZELVO_BIN_DIR "/zelvo-pharmacy --db '" + database.path() + "' serve --parent " +
+                           std::to_string(getpid()) + " --ready-file '" + ready + "' >/dev/null &")
+                              .c_str()),
+              0);
+    for (int turn = 0; turn < 400 && zelvo::testing::contentOf(ready).empty(); ++turn) usleep(25000);
+    std::filesystem::remove(ready);
+}
+
+TEST(SentOrder, reachesTheChartWithItsNineValuesAndWhatFailsThereIsTold) {
+    const zelvo::testing::TestDatabase database;
+    servePages(database);
+    std::string script = zelvo::testing::contentOf(ZELVO_SOURCE_DIR "/demo/scenarios/first-order.zs");
+    const std::string send = "answer No\npress ssrCBJSend\n";
+    script.replace(
+        script.find(send), send.size(),
+        "answer OK\n" + send +
+            "expect message \"처방전 전송\" \"처방전은 전송되었습니다. 진료부에 전달하는 중 오류 발생 - "
+            "[the record is closed ]\"\n");
+    const Machine machine(script);
+    doctorzelvo::ChartRecord order;
+    const int code = doctorzelvo::runInTerminal(machine.script(), [&](auto& component) {
+        component.Send2Chart = [&](const doctorzelvo::ChartRecord& brought) {
+            order = brought;
+            throw std::runtime_error("the record is closed");
+        };
+        component.ZELVOInterface(nullptr, database.address(), "doctor1/$/pass1", 1024, "김하늘", "", 41, 2,
+                                 "01012345678", "", "", "06236", "서울특별시 강남구 테헤란로 152",
+                                 "하늘한의원", "이정민", "025550123", "", "03045",
+                                 "서울특별시 종로구 효자로 12");
+    });
+    EXPECT_EQ(code, 0);
+    EXPECT_EQ(order.strJob, "첩약 + 탕전");
+    EXPECT_EQ(order.intChupSu, 20);
+    EXPECT_EQ(order.intPouchAmount, 100);
+    EXPECT_EQ(order.sglDayTuYak, 3);
+    EXPECT_EQ(order.intTuyakilsu, 7);
+    EXPECT_EQ(order.intPouchTotal, 21);
+    EXPECT_EQ(order.strMessage, "식후 30분에 복용하도록 안내 부탁드립니다.");
+    EXPECT_GT(order.lngSumCost, 0);
+    EXPECT_EQ(order.strxDrugList, "당귀/$CD$/6/$RD$/작약/$CD$/4/$RD$/감초/$CD$/2");
 }
 
 TEST(OwnDialogs, whatAChartThrowsComesBackToIt) {
