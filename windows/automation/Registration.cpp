@@ -1,0 +1,137 @@
+#include "Registration.h"
+
+#include <windows.h>
+
+#include <initguid.h>
+
+#include <array>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "Com.h"
+#include "DoctorZELVO_h.h"
+#include "basics/Fault.h"
+
+namespace automation {
+
+namespace {
+
+constexpr auto programName = L"DoctorZELVO.clsZELVOInterface";
+
+/// A chart sees the half of its own width, of the classes and interfaces at the least.
+constexpr std::array<REGSAM, 2> halves = {KEY_WOW64_64KEY, KEY_WOW64_32KEY};
+
+struct Entry {
+    std::wstring key, name, value;
+};
+
+std::wstring words(const GUID& guid) {
+    std::array<wchar_t, 39> text{};
+    ::StringFromGUID2(guid, text.data(), static_cast<int>(text.size()));
+    return text.data();
+}
+
+std::wstring classKey() {
+    return L"CLSID\\" + words(__uuidof(clsZELVOInterface));
+}
+
+std::wstring typesKey() {
+    return L"TypeLib\\" + words(LIBID_DoctorZELVO);
+}
+
+std::wstring interfaceKey(const GUID& which) {
+    return L"Interface\\" + words(which);
+}
+
+/// How calls of an interface are carried between programs: by its description in the type library.
+void addInterface(std::vector<Entry>& entries, const GUID& which, const wchar_t* name,
+                  const wchar_t* carrier) {
+    const std::wstring key = interfaceKey(which);
+    entries.push_back({key, L"", name});
+    entries.push_back({key + L"\\ProxyStubClsid32", L"", carrier});
+    entries.push_back({key + L"\\TypeLib", L"", words(LIBID_DoctorZELVO)});
+    entries.push_back({key + L"\\TypeLib", L"Version", L"1.0"});
+}
+
+std::vector<Entry> entriesOf(const std::wstring& program) {
+    const std::wstring folder = std::filesystem::path(program).parent_path().wstring();
+    std::vector<Entry> entries = {
+        {programName, L"", programName},
+        {std::wstring(programName) + L"\\CLSID", L"", words(__uuidof(clsZELVOInterface))},
+        {classKey(), L"", programName},
+        {classKey() + L"\\LocalServer32", L"", L"\"" + program + L"\""},
+        {classKey() + L"\\ProgID", L"", programName},
+        {classKey() + L"\\Programmable", L"", L""},
+        {classKey() + L"\\TypeLib", L"", words(LIBID_DoctorZELVO)},
+        {classKey() + L"\\Version", L"", L"1.0"},
+        {typesKey() + L"\\1.0", L"", L"ZELVO"},
+        {typesKey() + L"\\1.0\\0\\win32", L"", program},
+        {typesKey() + L"\\1.0\\0\\win64", L"", program},
+        {typesKey() + L"\\1.0\\FLAGS", L"", L"0"},
+        {typesKey() + L"\\1.0\\HELPDIR", L"", folder},
+    };
+    addInterface(entries, __uuidof(_clsZELVOInterface), L"_clsZELVOInterface",
+                 L"{00020424-0000-0000-C000-000000000046}");
+    addInterface(entries, __uuidof(__clsZELVOInterface), L"__clsZELVOInterface",
+                 L"{00020420-0000-0000-C000-000000000046}");
+    return entries;
+}
+
+struct CloseKey {
+    void operator()(HKEY key) const { ::RegCloseKey(key); }
+};
+using Key = std::unique_ptr<std::remove_pointer_t<HKEY>, CloseKey>;
+
+void check(LSTATUS status, const char* what) {
+    if (status != ERROR_SUCCESS) {
+        throw zelvo::basics::Fault(std::string(what) + " failed with " + std::to_string(status));
+    }
+}
+
+void write(const Entry& entry, REGSAM half) {
+    HKEY opened = nullptr;
+    check(::RegCreateKeyExW(HKEY_CURRENT_USER, (L"Software\\Classes\\" + entry.key).c_str(), 0, nullptr, 0,
+                            KEY_SET_VALUE | half, nullptr, &opened, nullptr),
+          "RegCreateKeyEx");
+    const Key key(opened);
+    const auto bytes = static_cast<DWORD>((entry.value.size() + 1) * sizeof(wchar_t));
+    check(::RegSetValueExW(key.get(), entry.name.c_str(), 0, REG_SZ,
+                           reinterpret_cast<const BYTE*>(entry.value.c_str()), bytes),
+          "RegSetValueEx");
+}
+
+void removeTree(const std::wstring& name, REGSAM half) {
+    const std::wstring path = L"Software\\Classes\\" + name;
+    HKEY opened = nullptr;
+    if (::RegOpenKeyExW(HKEY_CURRENT_USER, path.c_str(), 0, KEY_ALL_ACCESS | half, &opened) != ERROR_SUCCESS)
+        return;
+    {
+        const Key key(opened);
+        check(::RegDeleteTreeW(key.get(), nullptr), "RegDeleteTree");
+    }
+    // The tree may have been this half's and the other's at once.
+    const LSTATUS removed = ::RegDeleteKeyExW(HKEY_CURRENT_USER, path.c_str(), half, 0);
+    if (removed != ERROR_FILE_NOT_FOUND) check(removed, "RegDeleteKeyEx");
+}
+
+}  // namespace
+
+void enterInRegistry() {
+    const auto entries = entriesOf(ownPath());
+    for (const REGSAM half : halves) {
+        for (const Entry& entry : entries) write(entry, half);
+    }
+}
+
+void removeFromRegistry() {
+    for (const REGSAM half : halves) {
+        for (const std::wstring& tree :
+             {std::wstring(programName), classKey(), typesKey(), interfaceKey(__uuidof(_clsZELVOInterface)),
+              interfaceKey(__uuidof(__clsZELVOInterface))}) {
+            removeTree(tree, half);
+        }
+    }
+}
+
+}  // namespace automation

@@ -1,0 +1,56 @@
+#pragma once
+
+#include <windows.h>
+
+#include <oleauto.h>
+
+#include <list>
+#include <memory>
+#include <string>
+
+#include "ChartObject.h"
+#include "Com.h"
+
+namespace automation {
+
+/// The program as it serves charts: on one thread, to all that call, from the first object to the last.
+class Server : private IClassFactory, private IMessageFilter {
+public:
+    /// `script`, where one is given, works the windows, which stand in the terminal then. Throws Fault when
+    /// the system's side can't be set up.
+    explicit Server(std::string script);
+    Server(const Server&) = delete;
+    Server& operator=(const Server&) = delete;
+    ~Server();
+
+    /// Serves until the last object has gone, or none has been asked for in a minute.
+    void serve();
+
+    const std::string& script() const { return script_; }
+    ITypeLib* types() const { return types_.get(); }
+    /// The thread that the call that runs has come from; 0 where the system does not say.
+    DWORD callingThread() const { return callingThread_; }
+    /// Nobody holds this object any more.
+    void drop(const ChartObject& object);
+
+private:
+    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID which, void** out) override;
+    ULONG STDMETHODCALLTYPE AddRef() override { return 2; }
+    ULONG STDMETHODCALLTYPE Release() override { return 1; }
+    HRESULT STDMETHODCALLTYPE CreateInstance(IUnknown* outer, REFIID which, void** out) override;
+    HRESULT STDMETHODCALLTYPE LockServer(BOOL lock) override;
+    DWORD STDMETHODCALLTYPE HandleInComingCall(DWORD kind, HTASK caller, DWORD waited,
+                                               LPINTERFACEINFO info) override;
+    DWORD STDMETHODCALLTYPE RetryRejectedCall(HTASK callee, DWORD waited, DWORD how) override;
+    DWORD STDMETHODCALLTYPE MessagePending(HTASK callee, DWORD waited, DWORD kind) override;
+
+    void letGo();
+
+    std::string script_;
+    Ref<ITypeLib> types_;
+    std::list<std::unique_ptr<ChartObject>> objects_;
+    DWORD registered_ = 0;
+    DWORD callingThread_ = 0;
+};
+
+}  // namespace automation

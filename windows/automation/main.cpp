@@ -1,0 +1,50 @@
+// The order client as an automation object: what the system starts when a chart makes one.
+#include <cstdio>
+#include <exception>
+#include <string>
+#include <vector>
+
+#include "Guard.h"
+#include "Registration.h"
+#include "Server.h"
+#include "program/Arguments.h"
+
+namespace {
+
+constexpr auto usage =
+    "usage: DoctorZELVO /register | /unregister | -Embedding | /script FILE\n"
+    "\n"
+    "/register enters the object DoctorZELVO.clsZELVOInterface for this user, /unregister takes it away. The system\n"
+    "starts it by -Embedding. /script serves with windows in the terminal, worked by the commands in FILE.\n";
+
+int run(const std::vector<std::string>& words) {
+    const std::string first = words.empty() ? "" : words.front();
+    if (words.size() == 3 && first == "/guard") return automation::giveBackAfter(words[1], words[2]);
+    const bool scripted = words.size() == 2 && first == "/script";
+    if (scripted || (words.size() == 1 && (first == "-Embedding" || first == "/Embedding"))) {
+        automation::Server(scripted ? words[1] : "").serve();
+        return 0;
+    }
+    if (words.size() == 1 && first == "/register") {
+        automation::enterInRegistry();
+        return 0;
+    }
+    if (words.size() == 1 && first == "/unregister") {
+        automation::removeFromRegistry();
+        return 0;
+    }
+    const bool help = words.size() == 1 && (first == "/?" || first == "--help");
+    std::fputs(usage, help ? stdout : stderr);
+    return help ? 0 : 2;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    try {
+        return run(program::wordsOf(argc, argv));
+    } catch (const std::exception& failure) {
+        std::fprintf(stderr, "DoctorZELVO: %s\n", failure.what());
+        return 1;
+    }
+}
