@@ -2,6 +2,7 @@
 #include <QtCore/QTemporaryDir>
 #include <QtGui/QClipboard>
 #include <QtGui/QInputMethodEvent>
+#include <QtGui/QTextBlock>
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QPlainTextEdit>
 #include <QtWidgets/QTextEdit>
@@ -118,6 +119,143 @@ TEST(Sheet, TheEditorKeepsTheFormThatTheBarGives) {
     });
 }
 
+void select(QTextEdit& editor, int block, int from = 0, int to = 0) {
+    QTextCursor cursor(editor.document()->findBlockByNumber(block));
+    const int start = cursor.position();
+    cursor.setPosition(start + from);
+    cursor.setPosition(start + to, QTextCursor::KeepAnchor);
+    editor.setTextCursor(cursor);
+}
+void paste(QTextEdit& editor, const char* type, const char* data) {
+    auto clipping = std::make_unique<QMimeData>();
+    clipping->setData(QLatin1String(type), data);
+    QGuiApplication::clipboard()->setMimeData(clipping.release());
+    editor.paste();
+}
+
+/// Of the three pieces in which it stands on the glass, the second begins with its letter 20,006 and the
+/// third with 40,012, each behind a break that is no letter.
+TEST(Sheet, AVeryLongParagraphIsOneToEveryEdit) {
+    using enum screen::Alignment;
+    GuiSession session;
+    std::string letters;
+    for (int word = 100'000; word < 106'500; ++word) letters += std::to_string(word) + " ";
+    const auto with = [&](std::size_t at, std::size_t gone, const char* text) {
+        return std::string(letters).replace(at, gone, text) + "\r\nz";
+    };
+    const auto press = [&](const char* tip) {
+        for (auto* button : session.glass().shell().findChildren<QToolButton*>()) {
+            if (button->toolTip() == QString::fromUtf8(tip)) stage::WidgetUser::click(*button);
+        }
+    };
+    const struct {
+        const char* label;
+        std::function<void(QTextEdit&)> edit;
+        std::string text;
+        screen::Alignment alignment = Left;
+        bool bullet = false;
+    } cases[] = {
+        {"centred and parted",
+         [&](QTextEdit& editor) {
+             select(editor, 2);
+             press("가운데 맞춤");
+             select(editor, 1);
+             stage::WidgetUser::typeText("x");
+             stage::WidgetUser::pressNamed("Enter");
+         },
+         with(20'006, 0, "x\r\n"), Center},
+        {"a bullet",
+         [&](QTextEdit& editor) {
+             select(editor, 2);
+             press("글머리 기호");
+         },
+         with(0, 0, ""), Left, true},
+        {"a bullet no more",
+         [&](QTextEdit& editor) {
+             select(editor, 2);
+             press("글머리 기호");
+             select(editor, 1);
+             press("글머리 기호");
+         },
+         with(0, 0, "")},
+        {"parted and joined",
+         [&](QTextEdit& editor) {
+             select(editor, 1);
+             stage::WidgetUser::pressNamed("Enter");
+             stage::WidgetUser::pressNamed("Backspace");
+         },
+         with(0, 0, "")},
+        {"composed over a piece, joined and parted",
+         [&](QTextEdit& editor) {
+             select(editor, 2, 0, editor.document()->findBlockByNumber(2).length() - 1);
+             preedit(QStringLiteral("ㄱ"));
+             commit(QStringLiteral("가"));
+             select(editor, 2, 0, -25'000);
+             stage::WidgetUser::pressNamed("Delete");
+             stage::WidgetUser::pressNamed("Right");
+             stage::WidgetUser::pressNamed("Enter");
+         },
+         with(15'014, std::string::npos, "가\r\n")},
+        {"deleted over a break",
+         [&](QTextEdit& editor) {
+             select(editor, 1, -8);
+             stage::WidgetUser::pressNamed("Delete");
+         },
+         with(19'999, 7, "")},
+        {"deleted before a break",
+         [&](QTextEdit& editor) {
+             select(editor, 1);
+             stage::WidgetUser::pressNamed("Backspace");
+         },
+         with(20'005, 1, "")},
+        {"deleted behind a break",
+         [&](QTextEdit& editor) {
+             select(editor, 1, -1, -1);
+             stage::WidgetUser::pressNamed("Delete");
+         },
+         with(20'006, 1, "")},
+        {"pasted",
+         [&](QTextEdit& editor) {
+             select(editor, 1);
+             paste(editor, "text/plain", "x\ny");
+         },
+         with(20'006, 0, "x\r\ny")},
+        {"pasted with form",
+         [&](QTextEdit& editor) {
+             select(editor, 1);
+             paste(editor, "text/html", "<p align=right>x<p>y");
+         },
+         with(20'006, 0, "x\r\ny")},
+    };
+    session.run([&] {
+        std::string patient, sheet, clinic, phone;
+        session.desktop.whenShown("frmEatGuideEditor", [&](screen::Window&) {
+            auto& field = session.field<screen::RichTextField>("rtxSheet");
+            auto& editor = session.widget<QTextEdit>("rtxSheet");
+            session.hand().focus("rtxSheet");
+            for (const auto& c : cases) {
+                SCOPED_TRACE(c.label);
+                field.setText("");
+                field.setText(letters + "\r\nz");
+                GlassDesktop::settle();
+                const screen::RichText before = field.content();
+                c.edit(editor);
+                EXPECT_TRUE(field.text() == c.text);
+                const screen::Paragraph& paragraph = field.content().paragraphs.front();
+                EXPECT_EQ(paragraph.alignment, c.alignment);
+                EXPECT_EQ(paragraph.bullet, c.bullet);
+                for (QTextBlock block = editor.document()->begin(); block.length() > 2; block = block.next())
+                    EXPECT_EQ(block.blockFormat().alignment() == Qt::AlignHCenter, c.alignment == Center);
+                while (editor.document()->isUndoAvailable()) editor.undo();
+                EXPECT_TRUE(field.content() == before);
+                EXPECT_EQ(editor.document()->blockCount(), 4);
+            }
+            session.hand().press("cmdOK");
+        });
+        components::EatGuideEditor(session.desktop).edit(nullptr, patient, sheet, clinic, phone);
+    });
+}
+
 TEST(Sheet, APasteComesInAsItIsStoredAndColoursCanBeRead) {
     GuiSession session;
     session.run([&] {
@@ -135,11 +273,7 @@ TEST(Sheet, APasteComesInAsItIsStoredAndColoursCanBeRead) {
             EXPECT_EQ(colour(2), QColor(Qt::white)) << "white on blue";
             session.hand().focus("rtxSheet");
             editor.moveCursor(QTextCursor::End);
-            auto clipping = std::make_unique<QMimeData>();
-            clipping->setHtml(
-                QStringLiteral("<ol><li>x<li>y</ol><table><tr><td>c<td>d</table><img src=p.png>"));
-            QGuiApplication::clipboard()->setMimeData(clipping.release());
-            editor.paste();
+            paste(editor, "text/html", "<ol><li>x<li>y</ol><table><tr><td>c<td>d</table><img src=p.png>");
             EXPECT_EQ(field.text(), "ab1. x\r\n2. y\r\nc\td\r\n");
             EXPECT_EQ(field.content().paragraphs.at(0).runs.at(0).style.colour,
                       (screen::Colour{255, 255, 255}))

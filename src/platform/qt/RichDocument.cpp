@@ -8,8 +8,10 @@
 #include <cmath>
 #include <map>
 #include <optional>
+#include <utility>
 
 #include "platform/qt/Contrast.h"
+#include "platform/qt/RichPieces.h"
 #include "platform/qt/Texts.h"
 
 namespace zelvo::qt {
@@ -28,17 +30,8 @@ constexpr double twipsPerPoint = 15;
 constexpr qsizetype longestWord = 500;
 /// Units in a block, about: the layout needs some 30 bytes for each of them at once.
 constexpr qsizetype longestBlock = 20'000;
-/// Properties of our own: the colour as it is stored (none is 0), a break that is only drawn, and a block
-/// that goes on with the paragraph before it, behind a line break or within a line. The last is a number: a
-/// block that the user parts from such a one has the same number, and is a paragraph.
-constexpr int storedColour = QTextFormat::UserProperty + 1, drawnBreak = QTextFormat::UserProperty + 2,
-              afterLine = QTextFormat::UserProperty + 3, withinLine = QTextFormat::UserProperty + 4;
-
-bool continues(const QTextBlock& block, int how) {
-    const QVariant number = block.blockFormat().property(how);
-    const QTextBlock before = block.previous();
-    return number.isValid() && before.isValid() && number != before.blockFormat().property(how);
-}
+/// Properties of our own: the colour as it is stored (none is 0), and a break that is only drawn.
+constexpr int storedColour = QTextFormat::UserProperty + 1, drawnBreak = QTextFormat::UserProperty + 2;
 
 Qt::Alignment toolkitAlignment(Alignment alignment) {
     switch (alignment) {
@@ -126,11 +119,11 @@ class Filler {
 public:
     explicit Filler(QTextCursor& cursor) : cursor_(cursor) {}
 
-    /// In one step: a document lays itself out anew after each. Within a paragraph that has text already, the
-    /// first one brings its letters only.
+    /// In one step: a document lays itself out anew after each. Within a paragraph that has begun already,
+    /// the first one brings its letters only.
     void fill(const RichText& content) {
         cursor_.beginEditBlock();
-        bool startsParagraph = cursor_.atBlockStart();
+        bool startsParagraph = cursor_.atBlockStart() && pieceOf(cursor_.block()) == Piece::Paragraph;
         for (const Paragraph& paragraph : content.paragraphs) {
             if (&paragraph != &content.paragraphs.front()) {
                 cursor_.insertBlock(QTextBlockFormat(), formatOf({}));
@@ -164,6 +157,8 @@ private:
             }
             addText(qtText(run.text).replace(QLatin1Char('\n'), QChar::LineSeparator));
         }
+        if (std::exchange(due_, Piece::Paragraph) == Piece::AfterLine)
+            cursor_.insertText(QString(QChar::LineSeparator), format_);
     }
 
     void addText(const QString& text) {
@@ -173,41 +168,43 @@ private:
             word_ = unit.isSpace() ? 0 : word_ + 1;
             const bool isLine = unit == QChar::LineSeparator;
             if (block_ >= longestBlock && word_ == 0) {
-                cursor_.insertText(text.mid(from, isLine ? at - from : at + 1 - from), format_);
-                goOn(isLine ? afterLine : withinLine);
+                insert(text.mid(from, isLine ? at - from : at + 1 - from));
+                goOn(isLine ? Piece::AfterLine : Piece::WithinLine);
                 from = at + 1;
             } else if (word_ > longestWord && !unit.isLowSurrogate()) {
-                cursor_.insertText(text.mid(from, at - from), format_);
+                insert(text.mid(from, at - from));
                 breakWord();
                 from = at;
                 word_ = 1;
             }
         }
-        cursor_.insertText(text.mid(from), format_);
+        insert(text.mid(from));
     }
 
     void breakWord() {
-        if (block_ >= longestBlock) return goOn(withinLine);
+        if (block_ >= longestBlock) return goOn(Piece::WithinLine);
         QTextCharFormat breaking = format_;
         breaking.setProperty(drawnBreak, true);
         cursor_.insertText(QString(QChar::LineSeparator), breaking);
     }
 
-    void goOn(int how) {
-        QTextBlockFormat form = cursor_.blockFormat();
-        if (cursor_.currentList() != nullptr) form.setIndent(1);
-        form.setObjectIndex(-1);
-        form.clearProperty(afterLine);
-        form.clearProperty(withinLine);
-        form.setProperty(how, cursor_.position());
-        cursor_.insertBlock(form, format_);
+    /// In a further block as soon as there is a letter for it.
+    void goOn(Piece how) {
+        due_ = how;
         block_ = 0;
+    }
+
+    void insert(const QString& text) {
+        if (text.isEmpty()) return;
+        if (due_ != Piece::Paragraph) insertPiece(cursor_, std::exchange(due_, Piece::Paragraph), format_);
+        cursor_.insertText(text, format_);
     }
 
     QTextCursor& cursor_;
     std::optional<CharacterStyle> style_;
     QTextCharFormat format_;
     qsizetype word_ = 0, block_ = 0;  ///< how long they are so far
+    Piece due_ = Piece::Paragraph;    ///< what the next letter begins, unless it goes on
 };
 
 /// Whether it begins with one: what is typed behind it takes its form.
@@ -229,11 +226,12 @@ private:
         const QTextTable* const table = QTextCursor(block).currentTable();
         const int row = table ? table->cellAt(block.position()).row() : -1;
         const int column = table ? table->cellAt(block.position()).column() : -1;
+        const Piece piece = pieceOf(block);
         if (table && table == table_ && row == row_) {
             content_.paragraphs.back().runs.push_back({column == column_ ? " " : "\t", {}});
-        } else if (continues(block, afterLine)) {
+        } else if (piece == Piece::AfterLine) {
             content_.paragraphs.back().runs.push_back({"\n", styleOf(block.charFormat())});
-        } else if (!continues(block, withinLine)) {
+        } else if (piece == Piece::Paragraph) {
             startParagraph(block);
         }
         table_ = table;
@@ -303,7 +301,7 @@ RichText contentOf(const QTextDocument& document) {
 std::vector<int> drawnBreaks(const QTextDocument& document) {
     std::vector<int> places;
     for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
-        if (continues(block, withinLine)) places.push_back(block.position() - 1);
+        if (pieceOf(block) == Piece::WithinLine) places.push_back(block.position() - 1);
         if (block.length() <= longestWord) continue;
         for (auto at = block.begin(); !at.atEnd(); ++at) {
             if (isDrawnBreak(at.fragment())) places.push_back(at.fragment().position());

@@ -9,6 +9,7 @@
 
 #include "platform/qt/Contrast.h"
 #include "platform/qt/RichDocument.h"
+#include "platform/qt/RichPieces.h"
 #include "platform/qt/SheetEdit.h"
 #include "platform/qt/Texts.h"
 #include "screen/TextField.h"
@@ -48,6 +49,8 @@ bool RichMirror::filter(QWidget&, QEvent& event) {
 
 void RichMirror::tellContent() {
     if (drawing() || composing_) return;
+    // Doing so comes back here.
+    if (bringPiecesInLine(*editor_.document())) return;
     screen::RichText content = contentOf(*editor_.document());
     // The text keeps its own breaks, and the form that has no words here.
     if (content == drawn_) return tellSelection();

@@ -16,6 +16,7 @@
 
 #include "platform/qt/Owned.h"
 #include "platform/qt/RichDocument.h"
+#include "platform/qt/RichPieces.h"
 #include "platform/qt/SheetPaper.h"
 #include "platform/qt/Texts.h"
 #include "screen/RichText.h"
@@ -148,7 +149,9 @@ void SheetBar::addAlignment(const QString& caption, const QString& tip, Qt::Alig
     connect(&addButton(row_, caption, tip), &QToolButton::clicked, this, [this, alignment] {
         if (!editor_ || editor_->isReadOnly()) return;
         finishSyllable();
-        editor_->setAlignment(alignment);
+        QTextBlockFormat form;
+        form.setAlignment(alignment);
+        fromParagraphStart(editor_->textCursor()).mergeBlockFormat(form);
     });
 }
 
@@ -157,8 +160,8 @@ void SheetBar::addBullets() {
     connect(&button, &QToolButton::clicked, this, [this] {
         if (!editor_ || editor_->isReadOnly()) return;
         finishSyllable();
-        QTextCursor cursor = editor_->textCursor();
-        if (cursor.currentList()) return removeBullets(cursor);
+        QTextCursor cursor = fromParagraphStart(editor_->textCursor());
+        if (firstPiece(cursor.block()).textList()) return removeBullets(cursor);
         QTextListFormat bullet;
         bullet.setStyle(QTextListFormat::ListDisc);
         cursor.createList(bullet);

@@ -1,8 +1,10 @@
 #include "platform/qt/SheetEdit.h"
 
 #include <QtCore/QMimeData>
+#include <QtGui/QKeyEvent>
 #include <algorithm>
 #include <array>
+#include <vector>
 
 #include "platform/qt/PageDocument.h"
 #include "platform/qt/RichDocument.h"
@@ -26,6 +28,21 @@ std::string rtfOf(const QMimeData& source) {
 
 bool SheetEdit::canInsertFromMimeData(const QMimeData* source) const {
     return source->hasText() || source->hasHtml() || !rtfOf(*source).empty();
+}
+
+void SheetEdit::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Backspace) passDrawnBreak(-1, QTextCursor::PreviousCharacter);
+    if (event->key() == Qt::Key_Delete) passDrawnBreak(0, QTextCursor::NextCharacter);
+    QTextEdit::keyPressEvent(event);
+}
+
+void SheetEdit::passDrawnBreak(int at, QTextCursor::MoveOperation over) {
+    QTextCursor cursor = textCursor();
+    const std::vector<int> breaks = drawnBreaks(*document());
+    if (cursor.hasSelection() || !std::binary_search(breaks.begin(), breaks.end(), cursor.position() + at))
+        return;
+    cursor.movePosition(over);
+    setTextCursor(cursor);
 }
 
 void SheetEdit::insertFromMimeData(const QMimeData* source) {

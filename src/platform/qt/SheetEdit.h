@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QtGui/QTextCursor>
 #include <QtWidgets/QTextEdit>
 
 #include "screen/CodePage.h"
@@ -17,10 +18,14 @@ public:
     void setCodePages(screen::CodePages pages) { pages_ = std::move(pages); }
 
 protected:
+    void keyPressEvent(QKeyEvent* event) override;
     bool canInsertFromMimeData(const QMimeData* source) const override;
     void insertFromMimeData(const QMimeData* source) override;
 
 private:
+    /// A break that is only drawn is no letter: the one behind it goes.
+    void passDrawnBreak(int at, QTextCursor::MoveOperation over);
+
     screen::CodePages pages_;
 };
 
