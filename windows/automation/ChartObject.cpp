@@ -178,7 +178,7 @@ HRESULT ChartObject::call(VARIANT_BOOL* result, const Open& open) {
 }
 
 int ChartObject::run(doctorzelvo_chart& chart, const Open& open, std::string& reason) const {
-    if (server_.script().empty()) return open(chart);
+    if (!server_.script()) return open(chart);
     struct Terminal {
         doctorzelvo_chart& chart;
         const Open& open;
@@ -186,7 +186,7 @@ int ChartObject::run(doctorzelvo_chart& chart, const Open& open, std::string& re
     };
     Terminal run{chart, open, doctorzelvo_broken};
     const int code = doctorzelvo_run_in_terminal(
-        server_.script().c_str(),
+        server_.script()->c_str(),
         [](doctorzelvo_terminal* terminal, void* context) {
             auto& [brought, opens, outcome] = *static_cast<Terminal*>(context);
             brought.terminal = terminal;

@@ -89,9 +89,9 @@ void check(LSTATUS status, const char* what) {
     }
 }
 
-void write(const Entry& entry, REGSAM half) {
+void write(HKEY root, const Entry& entry, REGSAM half) {
     HKEY opened = nullptr;
-    check(::RegCreateKeyExW(HKEY_CURRENT_USER, (L"Software\\Classes\\" + entry.key).c_str(), 0, nullptr, 0,
+    check(::RegCreateKeyExW(root, (L"Software\\Classes\\" + entry.key).c_str(), 0, nullptr, 0,
                             KEY_SET_VALUE | half, nullptr, &opened, nullptr),
           "RegCreateKeyEx");
     const Key key(opened);
@@ -101,37 +101,57 @@ void write(const Entry& entry, REGSAM half) {
           "RegSetValueEx");
 }
 
-void removeTree(const std::wstring& name, REGSAM half) {
+void writeAll(HKEY root) {
+    const auto entries = entriesOf(ownPath());
+    for (const REGSAM half : halves) {
+        for (const Entry& entry : entries) write(root, entry, half);
+    }
+}
+
+void removeTree(HKEY root, const std::wstring& name, REGSAM half) {
     const std::wstring path = L"Software\\Classes\\" + name;
     HKEY opened = nullptr;
-    if (::RegOpenKeyExW(HKEY_CURRENT_USER, path.c_str(), 0, KEY_ALL_ACCESS | half, &opened) != ERROR_SUCCESS)
-        return;
+    if (::RegOpenKeyExW(root, path.c_str(), 0, KEY_ALL_ACCESS | half, &opened) != ERROR_SUCCESS) return;
     {
         const Key key(opened);
         check(::RegDeleteTreeW(key.get(), nullptr), "RegDeleteTree");
     }
     // The tree may have been this half's and the other's at once.
-    const LSTATUS removed = ::RegDeleteKeyExW(HKEY_CURRENT_USER, path.c_str(), half, 0);
+    const LSTATUS removed = ::RegDeleteKeyExW(root, path.c_str(), half, 0);
     if (removed != ERROR_FILE_NOT_FOUND) check(removed, "RegDeleteKeyEx");
+}
+
+void removeAll(HKEY root) {
+    const std::vector<std::wstring> trees = {programName, classKey(), typesKey(),
+                                             interfaceKey(__uuidof(_clsZELVOInterface)),
+                                             interfaceKey(__uuidof(__clsZELVOInterface))};
+    for (const REGSAM half : halves) {
+        for (const std::wstring& tree : trees) removeTree(root, tree, half);
+    }
+}
+
+/// Whether a chart is led to this program.
+bool leadsHere() {
+    std::wstring found(ownPath().size() + 3, L'\0');
+    auto bytes = static_cast<DWORD>(found.size() * sizeof(wchar_t));
+    if (::RegGetValueW(HKEY_CLASSES_ROOT, (classKey() + L"\\LocalServer32").c_str(), nullptr, RRF_RT_REG_SZ,
+                       nullptr, found.data(), &bytes) != ERROR_SUCCESS) {
+        return false;
+    }
+    return found.c_str() == L"\"" + ownPath() + L"\"";
 }
 
 }  // namespace
 
 void enterInRegistry() {
-    const auto entries = entriesOf(ownPath());
-    for (const REGSAM half : halves) {
-        for (const Entry& entry : entries) write(entry, half);
-    }
+    writeAll(HKEY_CURRENT_USER);
+    // Wine 8 looks for no class among the user's own.
+    if (!leadsHere()) writeAll(HKEY_LOCAL_MACHINE);
 }
 
 void removeFromRegistry() {
-    for (const REGSAM half : halves) {
-        for (const std::wstring& tree :
-             {std::wstring(programName), classKey(), typesKey(), interfaceKey(__uuidof(_clsZELVOInterface)),
-              interfaceKey(__uuidof(__clsZELVOInterface))}) {
-            removeTree(tree, half);
-        }
-    }
+    removeAll(HKEY_CURRENT_USER);
+    if (leadsHere()) removeAll(HKEY_LOCAL_MACHINE);
 }
 
 }  // namespace automation

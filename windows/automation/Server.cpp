@@ -22,7 +22,7 @@ void check(HRESULT result, const char* what) {
 
 }  // namespace
 
-Server::Server(std::string script) : script_(std::move(script)) {
+Server::Server(std::optional<std::string> script) : script_(std::move(script)) {
     check(::OleInitialize(nullptr), "OleInitialize");
     check(::LoadTypeLibEx(ownPath().c_str(), REGKIND_NONE, reinterpret_cast<ITypeLib**>(types_.put())),
           "LoadTypeLibEx");

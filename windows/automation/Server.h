@@ -6,6 +6,7 @@
 
 #include <list>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "ChartObject.h"
@@ -16,9 +17,9 @@ namespace automation {
 /// The program as it serves charts: on one thread, to all that call, from the first object to the last.
 class Server : private IClassFactory, private IMessageFilter {
 public:
-    /// `script`, where one is given, works the windows, which stand in the terminal then. Throws Fault when
-    /// the system's side can't be set up.
-    explicit Server(std::string script);
+    /// `script`, where one is given, works the windows, which stand in the terminal then; "" is the standard
+    /// input. Throws Fault when the system's side can't be set up.
+    explicit Server(std::optional<std::string> script);
     Server(const Server&) = delete;
     Server& operator=(const Server&) = delete;
     ~Server();
@@ -26,7 +27,7 @@ public:
     /// Serves until the last object has gone, or none has been asked for in a minute.
     void serve();
 
-    const std::string& script() const { return script_; }
+    const std::optional<std::string>& script() const { return script_; }
     ITypeLib* types() const { return types_.get(); }
     /// The thread that the call that runs has come from; 0 where the system does not say.
     DWORD callingThread() const { return callingThread_; }
@@ -46,7 +47,7 @@ private:
 
     void letGo();
 
-    std::string script_;
+    std::optional<std::string> script_;
     Ref<ITypeLib> types_;
     std::list<std::unique_ptr<ChartObject>> objects_;
     DWORD registered_ = 0;

@@ -1,6 +1,7 @@
 // The order client as an automation object: what the system starts when a chart makes one.
 #include <cstdio>
 #include <exception>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -14,15 +15,21 @@ namespace {
 constexpr auto usage =
     "usage: DoctorZELVO /register | /unregister | -Embedding | /script FILE\n"
     "\n"
-    "/register enters the object DoctorZELVO.clsZELVOInterface for this user, /unregister takes it away. The system\n"
-    "starts it by -Embedding. /script serves with windows in the terminal, worked by the commands in FILE.\n";
+    "/register enters the object DoctorZELVO.clsZELVOInterface for this user, /unregister takes it away. The\n"
+    "system starts it by -Embedding. /script serves with windows in the terminal, worked by the commands in FILE,\n"
+    "or in the standard input where it is \"-\".\n";
 
 int run(const std::vector<std::string>& words) {
     const std::string first = words.empty() ? "" : words.front();
     if (words.size() == 3 && first == "/guard") return automation::giveBackAfter(words[1], words[2]);
     const bool scripted = words.size() == 2 && first == "/script";
     if (scripted || (words.size() == 1 && (first == "-Embedding" || first == "/Embedding"))) {
-        automation::Server(scripted ? words[1] : "").serve();
+        std::optional<std::string> script;
+        if (scripted) script = words[1] == "-" ? "" : words[1];
+        automation::Server server(std::move(script));
+        if (scripted) std::puts("serving");
+        std::fflush(stdout);
+        server.serve();
         return 0;
     }
     if (words.size() == 1 && first == "/register") {

@@ -1,0 +1,155 @@
+#!/usr/bin/env bash
+# The automation object, called by a chart of its own under wine: run.sh BIN_DIR SOURCE_DIR. What it is registered by comes
+# and goes; whole orders by either binding, and by a script; what is left when the object's program, or the chart, is killed
+# at each stage of a send.
+set -euo pipefail
+bin=$1
+source=$2
+scratch=$(mktemp -d)
+export WINEPREFIX=$scratch/wine WINEDEBUG=-all WINEDLLOVERRIDES=mscoree,mshtml= LC_ALL=C.UTF-8
+trap 'kill $(jobs -p) 2>/dev/null || true; wineserver -k 2>/dev/null || true; rm -rf "$scratch"' EXIT
+# A screen that nobody sees: a chart is known by its window in front.
+Xvfb -displayfd 3 -screen 0 640x480x24 3>"$scratch/display" 2>/dev/null &
+until [ -s "$scratch/display" ]; do sleep 0.05; done
+DISPLAY=:$(cat "$scratch/display")
+export DISPLAY
+wine wineboot --init >/dev/null 2>&1
+wineserver -w
+ours() { for root in HKCU HKLM; do wine reg query "$root\\Software\\Classes" /s | grep -ai 'zelvo\|496a5d59' || true; done; }
+fail() { echo "$case: $*" >&2; tail -n 5 "$scratch"/{chart,server,after}.out >&2 || true; exit 1; }
+within() { for _ in $(seq 300); do eval "$1" && return; sleep 0.05; done; fail "not within 15 s: $1"; }
+
+case=registration
+wine "$bin/DoctorZELVO.exe" /register
+[ "$(ours | wc -l)" -gt 8 ] || fail "$(ours)"
+wine "$bin/DoctorZELVO.exe" /unregister
+[ -z "$(ours)" ] || fail "left: $(ours)"
+wine "$bin/DoctorZELVO.exe" /register
+
+base=Z:$scratch/base.db
+wine "$bin/zelvo-pharmacy.exe" --db "$base" init >/dev/null
+serve() {
+  rm -f "$scratch/port"
+  wine "$bin/zelvo-pharmacy.exe" --db "$base" serve --ready-file "Z:$scratch/port" >/dev/null &
+  within '[ -s "$scratch/port" ]'
+}
+serve
+order=$source/demo/scenarios/first-order.zs
+composed=$(sed '/^answer No/,$d' "$order")
+send=$(sed -n '/^answer No/,$p' "$order")
+failed='press ssrCBJSend
+expect message "처방전 전송" *
+expect message "처방전 전송 성공" *'
+event='event 1: "첩약 + 탕전" short:20 short:100 float:3 short:7 short:21 "식후 30분에 복용하도록 안내 부탁드립니다." long:20489 "당귀/$CD$/6/$RD$/작약/$CD$/4/$RD$/감초/$CD$/2"'
+orders() { sqlite3 "$scratch/now.db" 'SELECT count(*) FROM t_ChubangJun'; }
+marks() { find "$scratch/data" -name 'unsettled_*' | wc -l; }
+
+# A pharmacy and a user of the case's own.
+fresh() {
+  case=$1
+  cp "$scratch/base.db" "$scratch/now.db"
+  rm -rf "$scratch/data" "$scratch/keys" "$scratch"/*.out
+  mkdir "$scratch/data"
+  export XDG_DATA_HOME=Z:$scratch/data XDG_CONFIG_HOME=Z:$scratch/config
+  before=$(orders)
+}
+# The same, and the object's program, whose windows are worked by what is written to 8.
+begin() {
+  fresh "$1"
+  mkfifo "$scratch/keys"
+  wine "$bin/DoctorZELVO.exe" /script - <"$scratch/keys" >"$scratch/server.out" 2>&1 &
+  server=$!
+  exec 8>"$scratch/keys"
+  within 'grep -q "^serving" "$scratch/server.out"'
+}
+call() {
+  wine "$bin/automation_chart.exe" "$1" "sqlite:Z:$scratch/now.db" "${2:-}" >"$scratch/chart.out" 2>&1 8>&- &
+  client=$!
+}
+gone() { within "! kill -0 $1 2>/dev/null"; }
+
+fresh 'no window in the terminal'
+call late
+gone $client
+grep -q 'errorText "ZELVO' "$scratch/chart.out" || fail "not turned away"
+
+while read -r binding how result; do
+  begin "an order, $binding, $how"
+  call "$binding" "$how"
+  if [ "$how" = fail ]; then echo "$composed
+$failed" >&8; else echo "$composed
+$send" >&8; fi
+  exec 8>&-
+  gone $client
+  grep -qF -- "$event" "$scratch/chart.out" || fail "no event"
+  grep -qF -- "$result" "$scratch/chart.out" || fail "no $result"
+  gone $server
+  [ "$(orders) $(marks)" = "$((before + 1)) 0" ] || fail "$(orders) orders, $(marks) marks"
+done <<'CASES'
+late plain result 0 errorText ""
+early plain result 0 errorText ""
+late busy turned away 3
+late fail result 0 errorText ""
+CASES
+
+# Wine's script hosts listen to no events.
+begin 'a script'
+cat >"$scratch/chart.vbs" <<'SCRIPT'
+Set zelvo = CreateObject("DoctorZELVO.clsZELVOInterface")
+answer = zelvo.ZELVOInterface(Nothing, WScript.Arguments(0), "doctor1/$/pass1", 1024, "Kim", "", 41, 2, "01012345678", "", _
+  "", "06236", "Seoul", "Clinic", "Lee", "025550123", "", "03045", "Seoul")
+WScript.Echo "result " & answer & zelvo.errorText
+SCRIPT
+echo "$composed
+$send" >&8
+exec 8>&-
+wine cscript.exe "Z:$scratch/chart.vbs" "sqlite:Z:$scratch/now.db" >"$scratch/chart.out" 2>&1
+grep -q '^result False.\?$' "$scratch/chart.out" || fail "no result"
+[ "$(orders)" = "$((before + 1))" ] || fail "$(orders) orders"
+
+# What a send has come to when one of the two ends: how many orders stand and marks are left, and what the next send is told.
+while IFS='|' read -r stage victim stand left told; do
+  # Wine leads the next chart to a program that was killed, for as long as it runs.
+  wineserver -k
+  serve
+  begin "$victim killed, $stage"
+  call late hold
+  echo "$composed
+show c1tMain" >&8
+  within 'grep -q "^c1tMain" "$scratch/server.out"'
+  exec 7>/dev/null
+  case $stage in
+    sending)
+      # Somebody reads: the commit has to wait.
+      mkfifo "$scratch/reader.$victim"
+      sqlite3 "$scratch/now.db" <"$scratch/reader.$victim" >"$scratch/read" 8>&- &
+      exec 7>"$scratch/reader.$victim"
+      echo 'BEGIN; SELECT count(*) FROM t_ChubangJun;' >&7
+      within '[ -s "$scratch/read" ]'
+      echo "$send" >&8
+      within '[ "$(marks)" = 1 ]' ;;
+    stored) echo "$send" >&8; within 'grep -q "^held" "$scratch/chart.out"' ;;
+  esac
+  if [ "$victim" = chart ]; then kill -9 $client; else kill -9 $server; fi
+  gone $server
+  exec 7>&- 8>&-
+  if [ "$stage $victim" = "stored program" ]; then within 'grep -q "^given back" "$scratch/chart.out"'; fi
+  [ "$(orders) $(marks)" = "$((before + stand)) $left" ] || fail "$(orders) orders, $(marks) marks"
+  echo "$composed
+answer No
+press ssrCBJSend
+close" >"$scratch/after.zs"
+  wine "$bin/zelvo.exe" doctor --console --account 'doctor1/$/pass1' --patient-pk 1024 --patient-name 김하늘 --patient-age 41 \
+    --patient-sex 2 --patient-cell 01012345678 --patient-zip 06236 --patient-address 테헤란로 --hospital-name 하늘한의원 \
+    --doctor-name 이정민 --hospital-tel 025550123 --hospital-zip 03045 --hospital-address 효자로 \
+    --server "sqlite:Z:$scratch/now.db" --script "Z:$scratch/after.zs" >"$scratch/after.out" 2>&1 || true
+  grep -q "$told" "$scratch/after.out" || fail "not told: $told"
+  [ "$(orders)" = "$((before + 1))" ] || fail "$(orders) orders in the end"
+done <<'CASES'
+composed|program|0|0|전송을 성공
+composed|chart|0|0|전송을 성공
+sending|program|0|1|저장되지 않았습니다
+sending|chart|0|1|저장되지 않았습니다
+stored|program|1|1|진료부에는 전달되지 않았을 수
+stored|chart|1|1|진료부에는 전달되지 않았을 수
+CASES
