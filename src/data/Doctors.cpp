@@ -1,4 +1,7 @@
 #include <exception>
+#include <initializer_list>
+#include <string>
+#include <string_view>
 
 #include "data/OrderOutcome.h"
 #include "data/Running.h"
@@ -49,9 +52,16 @@ CommitOutcome changed(Connection& Conn, const Statement& change, const Statement
     }
 }
 
+/// Asks whether the doctor's row holds what is filled in for the columns.
+std::string doctorSays(std::initializer_list<std::string_view> columns) {
+    std::string question = "SELECT DTR_PK FROM t_Doctor WITH (READCOMMITTEDLOCK) WHERE DTR_PK = [DTR_PK] ";
+    for (const std::string_view column : columns) question += running::saysText(column);
+    return question;
+}
+
 /// The same by two texts that are filled alike; one that can't be filled has changed nothing.
 template <class Fill>
-CommitOutcome changedBy(Connection& Conn, const char* change, const char* written, Fill&& filled,
+CommitOutcome changedBy(Connection& Conn, const char* change, const std::string& written, Fill&& filled,
                         Connection::From from = Connection::From::current()) {
     auto outcome = CommitOutcome::Refused;
     running::status(
@@ -93,28 +103,25 @@ bool clsZELVORecordSet::RecordSet_LoginCheck(Connection& Conn, const std::string
 
 CommitOutcome clsZELVORecordSet::Update_DoctorInfo(Connection& Conn, std::int32_t DTR_PK,
                                                    const DoctorRecord& doctor) {
-    return changedBy(
-        Conn,
-        "UPDATE t_Doctor SET DTR_Name = '[DTR_Name]', DTR_LicenseNo = '[DTR_LicenseNo]', "
-        "DTR_Cell = '[DTR_Cell]', DTR_Email = '[DTR_Email]', DTR_HosTel = '[DTR_HosTel]', "
-        "DTR_HosName = '[DTR_HosName]', "
-        "DTR_HosZip = '[DTR_HosZip]', DTR_Address = '[DTR_Address]' "
-        "WHERE DTR_PK = [DTR_PK]",
-        "SELECT DTR_PK FROM t_Doctor WITH (READCOMMITTEDLOCK) WHERE DTR_PK = [DTR_PK] "
-        "AND DTR_Name = '[DTR_Name]' AND DTR_LicenseNo = '[DTR_LicenseNo]' AND DTR_Cell = '[DTR_Cell]' "
-        "AND DTR_Email = '[DTR_Email]' AND DTR_HosTel = '[DTR_HosTel]' AND DTR_HosName = '[DTR_HosName]' "
-        "AND DTR_HosZip = '[DTR_HosZip]' AND DTR_Address = '[DTR_Address]'",
-        [&](Statement statement) {
-            return statement.fill("[DTR_PK]", DTR_PK)
-                .fill("[DTR_Name]", doctor.DTR_Name)
-                .fill("[DTR_LicenseNo]", doctor.DTR_LicenseNo)
-                .fill("[DTR_Cell]", doctor.DTR_Cell)
-                .fill("[DTR_Email]", doctor.DTR_Email)
-                .fill("[DTR_HosTel]", doctor.DTR_HosTel)
-                .fill("[DTR_HosName]", doctor.DTR_HosName)
-                .fill("[DTR_HosZip]", doctor.DTR_HosZip)
-                .fill("[DTR_Address]", doctor.DTR_Address);
-        });
+    return changedBy(Conn,
+                     "UPDATE t_Doctor SET DTR_Name = '[DTR_Name]', DTR_LicenseNo = '[DTR_LicenseNo]', "
+                     "DTR_Cell = '[DTR_Cell]', DTR_Email = '[DTR_Email]', DTR_HosTel = '[DTR_HosTel]', "
+                     "DTR_HosName = '[DTR_HosName]', "
+                     "DTR_HosZip = '[DTR_HosZip]', DTR_Address = '[DTR_Address]' "
+                     "WHERE DTR_PK = [DTR_PK]",
+                     doctorSays({"DTR_Name", "DTR_LicenseNo", "DTR_Cell", "DTR_Email", "DTR_HosTel",
+                                 "DTR_HosName", "DTR_HosZip", "DTR_Address"}),
+                     [&](Statement statement) {
+                         return statement.fill("[DTR_PK]", DTR_PK)
+                             .fill("[DTR_Name]", doctor.DTR_Name)
+                             .fill("[DTR_LicenseNo]", doctor.DTR_LicenseNo)
+                             .fill("[DTR_Cell]", doctor.DTR_Cell)
+                             .fill("[DTR_Email]", doctor.DTR_Email)
+                             .fill("[DTR_HosTel]", doctor.DTR_HosTel)
+                             .fill("[DTR_HosName]", doctor.DTR_HosName)
+                             .fill("[DTR_HosZip]", doctor.DTR_HosZip)
+                             .fill("[DTR_Address]", doctor.DTR_Address);
+                     });
 }
 
 CommitOutcome clsZELVORecordSet::Update_DoctorPassword(Connection& Conn, std::int32_t DTR_PK,
@@ -122,9 +129,7 @@ CommitOutcome clsZELVORecordSet::Update_DoctorPassword(Connection& Conn, std::in
     return changedBy(Conn,
                      "UPDATE t_Doctor SET DTR_PWD = '[DTR_PWD]' "
                      " WHERE DTR_PK = [DTR_PK]",
-                     "SELECT DTR_PK FROM t_Doctor WITH (READCOMMITTEDLOCK) "
-                     "WHERE DTR_PK = [DTR_PK] AND DTR_PWD = '[DTR_PWD]'",
-                     [&](Statement statement) {
+                     doctorSays({"DTR_PWD"}), [&](Statement statement) {
                          // The key first: what a doctor types may look like its placeholder.
                          return statement.fill("[DTR_PK]", DTR_PK).fill("[DTR_PWD]", DTR_PWD);
                      });

@@ -14,6 +14,8 @@
 namespace zelvo::data {
 
 using running::execute;
+using running::placeholder;
+using running::saysText;
 
 namespace {
 
@@ -53,10 +55,6 @@ constexpr std::pair<std::string_view, std::string CBJmUpdate::*> leavable[] = {
     {"Patient_Sex", &CBJmUpdate::Patient_Sex},
     {"Patient_Age", &CBJmUpdate::Patient_Age},
     {"CBJ_BesongMethod", &CBJmUpdate::CBJ_BesongMethod}};
-
-std::string placeholder(std::string_view column) {
-    return "[" + std::string(column) + "]";
-}
 
 void updateOrder(Connection& Conn, const CBJmUpdate& row) {
     std::string text(
@@ -132,12 +130,6 @@ bool updateMileage(clsZELVORecordSet& records, Connection& Conn, const CBJmUpdat
     if (time == "-1") return false;
     return records.Insert_ChubangJun_Mileage(Conn, row.DTR_PK, row.CBJ_PK, row.mileageMoney,
                                              basics::formatDateTime(time)) != -1;
-}
-
-/// A server compares no text column that is declared as TEXT or NTEXT, but what it was made into.
-std::string saysText(std::string_view column) {
-    return "AND coalesce(CAST(" + std::string(column) + " AS NVARCHAR(MAX)), '') = '" + placeholder(column) +
-           "' ";
 }
 
 /// Whether order and sheet say what a modification wrote. Its order, its price and its sheet stand or fall

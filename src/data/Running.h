@@ -38,6 +38,18 @@ bool flag(Steps&& steps) {
     }
 }
 
+/// A column's placeholder in a statement that bears its name.
+inline std::string placeholder(std::string_view column) {
+    return "[" + std::string(column) + "]";
+}
+
+/// Asks whether a text column holds what is filled in for it. A server compares no text column that is
+/// declared as TEXT or NTEXT, but what it was made into.
+inline std::string saysText(std::string_view column) {
+    return "AND coalesce(CAST(" + std::string(column) + " AS NVARCHAR(MAX)), '') = '" + placeholder(column) +
+           "' ";
+}
+
 inline void execute(Connection& connection, const Statement& statement,
                     Connection::From from = Connection::From::current()) {
     connection.execute(statement.text(), from);
