@@ -28,6 +28,8 @@ tab c1tCBJmsg 1
 type txtCBJmsg 식후 복용
 choose cboPaymentMethod 적립
 press ssrCostConfirm
+# A row that was never filled is no herb of the order.
+cellkey tdbDGL "비고" Enter
 answer No
 press ssrCBJSend
 expect message "처방전 전송 성공" *

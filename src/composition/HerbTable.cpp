@@ -225,12 +225,12 @@ void HerbTable::addOrMove() {
     tdbDGL.setCurrentColumn(herb::blank);
 }
 
+/// The price holds until something is written into the row: left empty, it goes.
 void HerbTable::addRow() {
     onChanging();
     session_.g_xaDrug.insertRows(rowCount());
     tdbDGL.refresh();
     tdbDGL.setCurrentRow(rowCount() - 1);
-    watch_.priceOutdated();
 }
 
 /// The name in a row that is empty yet, wherever the cursor was.

@@ -40,7 +40,7 @@ TEST(HerbTable, AChangeTellsOn) {
         {"a note", cell("비고", "술"), angelica + "술", 1, 1},
         {"a note by its button", note, angelica + "술에 씻어", 0, 0},
         {"a row behind the last", [](OrderDesk& desk) { desk.user.cellKey("tdbDGL", "비고", "Enter"); },
-         angelica + "\n|||||||||", 0, 1},
+         angelica + "\n|||||||||", 0, 0},
         {"a herb for the same grams", pick, "당귀|토당귀|2|4|320|1,280|1|0||", 1, 1},
         {"not deleted",
          [](OrderDesk& desk) {

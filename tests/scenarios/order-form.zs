@@ -97,7 +97,8 @@ type txtPouchAmount 100
 shortcut F10
 expect focus cboBesongMethod
 
-# The row behind the last shuts the gate, and stands in the way wherever the cursor is.
+# A row behind the last leaves the price as it is until something is written into it; then it stands in the way
+# wherever the cursor is.
 answer No
 press ssrCostConfirm
 expect message "처방전 비용확인" "배송방식이 [미정]입니다. 처방전 전송후에 다시 지정 하시겠습니까?\r\n\r\n예(Y) = 비용확인\r\n\r\n아니오(N) = 배송방식 수정"
@@ -107,13 +108,15 @@ choose cboBesongMethod 퀵(환자)
 press ssrCostConfirm
 expect shown ssrCBJSend
 cellkey tdbDGL "비고" Enter
-expect hidden ssrCBJSend
+expect rows tdbDGL 2
+expect shown ssrCBJSend
 # One that was never filled goes when the table is left.
 press ssrCostConfirm
 expect shown ssrCBJSend
 expect rows tdbDGL 1
 cellkey tdbDGL "비고" Enter
 cell tdbDGL "용량(g)" 3
+expect hidden ssrCBJSend
 row tdbDGL 0
 press ssrCostConfirm
 expect message "처방전 비용확인" "약재정보 필수항목 [약재구성, 첩수, 약재가격] 오류 또는 누락."
