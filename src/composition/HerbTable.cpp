@@ -319,6 +319,7 @@ void HerbTable::resetTable() {
     watch_.priceOutdated();
     showPlainCaption();
     onCompositionChanged();
+    onReset();
 }
 
 /// The picker without a herb in hand: what is chosen there goes nowhere.

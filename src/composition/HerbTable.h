@@ -62,6 +62,8 @@ public:
     screen::Event<> onCompositionChanged;
     /// The lines are about to change; whoever wants them back as they are takes them now.
     screen::Event<> onChanging;
+    /// All lines were taken away, at the user's word.
+    screen::Event<> onReset;
 
 private:
     void listen();

@@ -14,9 +14,10 @@ constexpr std::size_t mostSteps = 100;
 }  // namespace
 
 HerbUndo::HerbUndo(screen::Window& form, session::Session& session, HerbTable& herbs,
-                   screen::TextField& packets, OrderWatch& watch)
-    : form_(form), session_(session), herbs_(herbs), packets_(packets), watch_(watch) {
+                   screen::TextField& packets, LeftOut& leftOut, OrderWatch& watch)
+    : form_(form), session_(session), herbs_(herbs), packets_(packets), leftOut_(leftOut), watch_(watch) {
     herbs_.onChanging.add([this] { remember(); });
+    herbs_.onReset.add([this] { steps_.back().leftOut = leftOut_.takeHerbs(); });
     form_.addShortcut({"Ctrl+Z", "약재 구성 되돌리기", [this] { return applies(); },
                        [this] { form_.userInput([this] { undo(); }); }, &herbs_.tdbDGL});
 }
@@ -31,7 +32,7 @@ bool HerbUndo::applies() const {
 
 HerbUndo::Step HerbUndo::now() const {
     const tables::XArrayDB& lines = session_.g_xaDrug;
-    Step step{{}, packets_.text(), herbs_.tdbDGL.currentRow()};
+    Step step{{}, packets_.text(), herbs_.tdbDGL.currentRow(), {}};
     for (int row = 0; row <= lines.upperRow(); ++row) {
         step.rows.emplace_back();
         for (int column = 0; column <= herb::lastColumn; ++column)
@@ -64,6 +65,7 @@ void HerbUndo::undo() {
     }
     herbs_.tdbDGL.bind(&lines);
     herbs_.showRowCount();
+    leftOut_.bringBack(step.leftOut);
     if (step.row >= 0 && step.row <= lines.upperRow()) herbs_.tdbDGL.setCurrentRow(step.row);
     watch_.priceOutdated();
     packets_.setText("");

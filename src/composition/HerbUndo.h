@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "composition/HerbTable.h"
+#include "composition/LeftOut.h"
 #include "screen/TextField.h"
 #include "session/Session.h"
 
@@ -14,7 +15,7 @@ namespace zelvo::composition {
 class HerbUndo {
 public:
     HerbUndo(screen::Window& form, session::Session& session, HerbTable& herbs, screen::TextField& packets,
-             OrderWatch& watch);
+             LeftOut& leftOut, OrderWatch& watch);
 
     /// The composition is settled (it has been sent, or is another doctor's): nothing of it comes back.
     void forget() { steps_.clear(); }
@@ -25,6 +26,7 @@ private:
         std::vector<std::vector<std::string>> rows;
         std::string packets;
         int row = -1;
+        std::string leftOut;  ///< the herbs that the line above the order named, where a reset took them away
         bool sameAs(const Step& other) const { return rows == other.rows && packets == other.packets; }
     };
 
@@ -37,6 +39,7 @@ private:
     session::Session& session_;
     HerbTable& herbs_;
     screen::TextField& packets_;
+    LeftOut& leftOut_;
     OrderWatch& watch_;
     std::vector<Step> steps_;
 };

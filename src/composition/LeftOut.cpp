@@ -1,8 +1,22 @@
 #include "composition/LeftOut.h"
 
+#include <algorithm>
+#include <string_view>
+
 #include "basics/Text.h"
 
 namespace zelvo::composition {
+
+namespace {
+
+constexpr std::string_view intro = "한약국의 목록에 없어 가져오지 못한 항목이 있습니다.",
+                           herbStart = " [약재 ", addOnStart = " [제형변화 ";
+
+std::size_t nextItem(const std::string& text, std::size_t from) {
+    return std::min(text.find(herbStart, from), text.find(addOnStart, from));
+}
+
+}  // namespace
 
 std::string words(const data::LostHerb& herb) {
     const std::string name = basics::trim(herb.name);
@@ -20,16 +34,32 @@ LeftOut::LeftOut(screen::Window& form, screen::Place orderTab)
 }
 
 void LeftOut::tellHerbs(const std::vector<data::LostHerb>& herbs) {
-    for (const data::LostHerb& herb : herbs) add("[약재 " + words(herb) + "]");
+    for (const data::LostHerb& herb : herbs) add(std::string(herbStart) + words(herb) + "]");
 }
 
 void LeftOut::tellAddOns(const std::vector<std::string>& names) {
-    for (const std::string& name : names) add("[제형변화 " + name + "]");
+    for (const std::string& name : names) add(std::string(addOnStart) + name + "]");
 }
 
 void LeftOut::add(const std::string& item) {
     if (text().find(item) != std::string::npos) return;
-    setText((text().empty() ? "한약국의 목록에 없어 가져오지 못한 항목이 있습니다." : text()) + " " + item);
+    setText((text().empty() ? std::string(intro) : text()) + item);
+}
+
+std::string LeftOut::takeHerbs() {
+    std::string herbs, others;
+    for (std::size_t at = nextItem(text(), 0); at != std::string::npos;) {
+        const std::size_t next = nextItem(text(), at + 1);
+        const std::string item = text().substr(at, next - at);
+        (item.starts_with(herbStart) ? herbs : others) += item;
+        at = next;
+    }
+    setText(others.empty() ? others : std::string(intro) + others);
+    return herbs;
+}
+
+void LeftOut::bringBack(const std::string& herbs) {
+    if (!herbs.empty()) add(herbs);
 }
 
 void LeftOut::setText(const std::string& text) {

@@ -29,6 +29,9 @@ public:
     const std::string& text() const { return lblLeftOut.caption(); }
     void setText(const std::string& text);
     void clear() { setText(""); }
+    /// For a composition that begins anew: takes the herbs away, and gives what brings them back.
+    std::string takeHerbs();
+    void bringBack(const std::string& herbs);
 
 private:
     void add(const std::string& item);

@@ -13,7 +13,7 @@ OrderTab::OrderTab(screen::Window& form, screen::Place tab, session::Session& se
       chubangReading(form, session, herbs, leftOut, gate),
       chubangSaving(form, frames, session, herbs),
       dose(form, frames, session, herbs, gate),
-      herbUndo(form, session, herbs, dose.txtChubsu, gate),
+      herbUndo(form, session, herbs, dose.txtChubsu, leftOut, gate),
       patient(form, frames, gate),
       sender(form, frames),
       payment(form, frames, gate),

@@ -1,3 +1,4 @@
+#include "composition/HerbUndo.h"
 #include "composition/OrderDesk.h"
 
 namespace zelvo::composition {
@@ -59,6 +60,27 @@ TEST(HerbTable, AChangeTellsOn) {
         EXPECT_EQ(desk.lines(), c.line);
         EXPECT_EQ(desk.changed, c.changed);
         EXPECT_EQ(desk.gate.outdated, c.outdated);
+    }
+}
+
+TEST(LeftOut, AResetTakesTheHerbsOutOfItAndAnUndoBringsThemBack) {
+    const std::string told = "한약국의 목록에 없어 가져오지 못한 항목이 있습니다.",
+                      herbs = " [약재 감초 4g] [약재 이름 없음]";
+    for (const std::string addOn : {"", " [제형변화 녹용]"}) {
+        OrderDesk desk;
+        HerbUndo undo(desk.form, desk.session, desk.herbs, desk.dose.txtChubsu, desk.leftOut, desk.gate);
+        desk.add(angelica);
+        desk.leftOut.setText(told + " [약재 감초 4g]" + addOn);
+        desk.leftOut.tellHerbs({{"", ""}});
+        desk.run([&] {
+            desk.desktop.answer(screen::Answer::Yes);
+            desk.user.press("sscDrugReset");
+            desk.desktop.takeBox();
+            EXPECT_EQ(desk.leftOut.text(), addOn.empty() ? "" : told + addOn);
+            EXPECT_EQ(desk.leftOut.c1eLeftOut.visible(), !addOn.empty());
+            desk.user.shortcut("Ctrl+Z");
+            EXPECT_EQ(desk.leftOut.text(), told + addOn + herbs);
+        });
     }
 }
 
