@@ -26,6 +26,10 @@ double side(const std::vector<std::string>& words, std::size_t index, double des
 
 }  // namespace
 
+WindowExtent times(const WindowExtent& extent, double factor) {
+    return {extent.width * factor, extent.height * factor, extent.maximized};
+}
+
 std::string textOf(const WindowExtent& extent) {
     std::string text = whole(extent.width) + " " + whole(extent.height);
     if (extent.maximized) text += " " + std::string(maximizedSign);

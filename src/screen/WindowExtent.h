@@ -12,6 +12,7 @@ struct WindowExtent {
     bool operator==(const WindowExtent&) const = default;
 };
 
+WindowExtent times(const WindowExtent& extent, double factor);
 /// A line for the next session.
 std::string textOf(const WindowExtent& extent);
 

@@ -242,6 +242,35 @@ TEST(Layout, EveryWindowHasRoomOnEveryScreen) {
     nurse.runNurse("doctor1/$/pass1#$#doctor2/$/pass2", [&] { onAll(nurse, "nurse"); });
 }
 
+TEST(Layout, ASmallWindowIsLeftAtOneZoomAndOpensAtAnother) {
+    GuiSession session;
+    session.run([&] {
+        screen::Desktop& desktop = session.desktop;
+        QSize left;
+        const auto open = [&](int percent, const std::function<void(qt::Shell&)>& look) {
+            while (desktop.zoom().percent() < percent) desktop.zoom().step(1);
+            session.desktop.whenShown("frmLogin", [&](screen::Window&) { look(session.glass().shell()); });
+            std::string account, password;
+            components::AccountPrompt(desktop).Login(account, password);
+            desktop.zoom().reset();
+        };
+        open(150, [&](qt::Shell& shell) {
+            left = shell.size() * 1.2;
+            shell.resize(left);
+            shell.putAway();
+        });
+        for (const int percent : {100, 125, 150, 200}) {
+            open(percent, [&](qt::Shell& shell) {
+                const QSize off = shell.size() - left * desktop.zoom().percent() / 150;
+                EXPECT_TRUE(std::abs(off.width()) <= 2 && std::abs(off.height()) <= 2) << percent;
+                const auto& area = *shell.findChild<QScrollArea*>(QString(), Qt::FindDirectChildrenOnly);
+                EXPECT_FALSE(area.horizontalScrollBar()->isVisible() || area.verticalScrollBar()->isVisible())
+                    << percent;
+            });
+        }
+    });
+}
+
 TEST(Layout, AReaderOfTheScreenFindsWhatIsSeen) {
     const auto onAll = [](GuiSession& session, const std::string& who) {
         auto& tabs = session.widget<QTabWidget>("c1tMain");

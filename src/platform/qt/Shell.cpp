@@ -90,11 +90,11 @@ Shell::~Shell() = default;
 void Shell::open() {
     const QRect room = (over_ ? *over_->screen() : screenInFront()).availableGeometry();
     const QSize designed(pixels(*this, window_.width()), pixels(*this, window_.height()));
-    const double factor = over_ ? zoomOf(*this) : 1;
-    const screen::WindowExtent wanted =
+    const screen::WindowExtent most{twips(*this, room.width()), twips(*this, room.height() - titleBar)};
+    const screen::WindowExtent wanted = screen::times(
         screen::openingExtent(window_.desktop().remembered().text(window_.rememberedName(sizeName)),
-                              {window_.width() * factor, window_.height() * factor},
-                              {twips(*this, room.width()), twips(*this, room.height() - titleBar)});
+                              {window_.width(), window_.height()}, screen::times(most, 1 / sizeZoom())),
+        sizeZoom());
     const QSize size(pixels(*this, wanted.width), pixels(*this, wanted.height));
     QPoint corner = wantedCorner(over_);
     // The first window was put in the middle as it was designed.
@@ -114,6 +114,12 @@ void Shell::open() {
     dropWhatCameBefore(*this);
 }
 
+/// A window over another is kept as large as it would be at 100 %, and grows with its letters; the first one
+/// scrolls.
+double Shell::sizeZoom() const {
+    return over_ ? zoomOf(*this) : 1;
+}
+
 /// As it stands beside being maximized.
 screen::WindowExtent Shell::extent() const {
     const QSize size = normalGeometry().isValid() ? normalGeometry().size() : this->size();
@@ -122,8 +128,10 @@ screen::WindowExtent Shell::extent() const {
 
 void Shell::putAway() {
     const screen::WindowExtent left = extent();
-    if (left != opened_)
-        window_.desktop().remembered().keep(window_.rememberedName(sizeName), screen::textOf(left));
+    if (left != opened_) {
+        window_.desktop().remembered().keep(window_.rememberedName(sizeName),
+                                            screen::textOf(screen::times(left, 1 / sizeZoom())));
+    }
     hide();
 }
 

@@ -45,6 +45,7 @@ private:
     void zoom();
     void tellPlaces();
     QPoint wantedCorner(const Shell* over) const;
+    double sizeZoom() const;
     screen::WindowExtent extent() const;
 
     std::unique_ptr<Readers> readers_;  ///< the first window's, for all that open from it
