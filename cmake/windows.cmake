@@ -9,6 +9,7 @@ set(CMAKE_CXX_COMPILER ${triplet}-g++-posix)
 set(CMAKE_RC_COMPILER ${triplet}-windres)
 set(CMAKE_AR ${triplet}-gcc-ar-posix)
 set(CMAKE_RANLIB ${triplet}-gcc-ranlib-posix)
+set(CMAKE_STRIP ${triplet}-strip)
 
 set(CMAKE_FIND_ROOT_PATH /usr/${triplet} $ENV{ZELVO_WINDOWS_LIBRARIES})
 set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)

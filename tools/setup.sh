@@ -32,6 +32,8 @@ display_packages=(xvfb openbox xdotool dbus dbus-daemon ibus ibus-hangul)
 # For Windows: a compiler, what builds its libraries from Debian's sources, and what runs the programs here.
 windows_packages=(g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix mingw-w64-tools libz-mingw-w64-dev dpkg-dev make tcl googletest
                   wine wine64 libwine-dev xvfb)
+# What the windows, the icon and the installer take beyond that.
+windows_setup_packages=(qt6-base-dev-tools qt6-translations-l10n librsvg2-bin icoutils nsis)
 
 # What was compiled once, in whatever folder, is not compiled again.
 export CCACHE_BASEDIR=$PWD CCACHE_NOHASHDIR=1 CCACHE_SLOPPINESS=pch_defines,time_macros

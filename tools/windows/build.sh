@@ -5,11 +5,17 @@ cd "$(dirname "${BASH_SOURCE[0]}")/../.."
 
 usage() {
   cat <<'TEXT'
-usage: tools/windows/build.sh --terminal [--test] [--jobs N]
+usage: tools/windows/build.sh [--jobs N]
+       tools/windows/build.sh --terminal [--test] [--jobs N]
 
-Builds the console programs zelvo.exe and zelvo-pharmacy.exe and the component's DLL, without its windows, into
+Builds the program into build-windows, and leaves the installer out/windows/DoctorZELVO-setup.exe and what it brings as
+DoctorZELVO.zip beside it.
+
+--terminal builds the console programs zelvo.exe and zelvo-pharmacy.exe and the component's DLL without its windows, into
 build-windows-terminal/bin. --test runs under wine the rooms' tests that need no screen and every console scenario.
-Installs what is missing (Debian 12); the libraries are made once, from Debian's sources (tools/windows/libraries.sh).
+
+Installs what is missing (Debian 12); the libraries are made once, from Debian's sources (tools/windows/libraries.sh): half an
+hour for the toolkit of the windows on two processors.
 TEXT
 }
 
@@ -25,13 +31,71 @@ while [ $# -gt 0 ]; do
     *) usage >&2; exit 2 ;;
   esac
 done
-[ "$terminal" ] || { usage >&2; exit 2; }
+if [ "$tests" ] && [ ! "$terminal" ]; then usage >&2; exit 2; fi
 
 # shellcheck source=../setup.sh
 . tools/setup.sh
 need "${build_packages[@]}" "${windows_packages[@]}"
-ZELVO_WINDOWS_LIBRARIES=$(tools/windows/libraries.sh --jobs "$jobs" sqlite curl httplib)
+libraries=(sqlite curl httplib)
+[ "$terminal" ] || { need "${windows_setup_packages[@]}"; libraries+=(gumbo qt); }
+[ "$terminal" ] || command -v npm >/dev/null || need npm
+ZELVO_WINDOWS_LIBRARIES=$(tools/windows/libraries.sh --jobs "$jobs" "${libraries[@]}")
 export ZELVO_WINDOWS_LIBRARIES
+
+# All that an installed copy has, and one line a file for the installer and for what takes it away again.
+stage() {
+  rm -rf "$stage" "$out"
+  mkdir -p "$out"
+  cmake --install "$build" --prefix "$stage" --strip >/dev/null
+  third_parties >"$stage/share/doctorzelvo/third-parties.txt"
+  (cd "$stage" && find . -type f -printf '%P\n' | LC_ALL=C sort) >"$build/files"
+  (cd "$stage" && find . -mindepth 1 -depth -type d -printf '%P\n') >"$build/folders"
+}
+
+# What is linked in, and its makers' terms.
+third_parties() {
+  local package
+  for package in libqt6core6 libsqlite3-0 libcurl4 zlib1g libgumbo1 libcpp-httplib-dev gcc-mingw-w64-base; do
+    [ -f "/usr/share/doc/$package/copyright" ] || continue
+    printf '==== %s %s\n\n' "$package" "$(dpkg-query -W -f='${Version}' "$package")"
+    cat "/usr/share/doc/$package/copyright"
+    printf '\n'
+  done
+}
+
+file_list() {
+  local path
+  echo '!macro InstallFiles'
+  while read -r path; do
+    printf '  SetOutPath "$INSTDIR\\%s"\n  File "%s"\n' "$(dirname "$path" | tr / '\\')" "$stage/$path"
+  done <"$build/files"
+  echo '!macroend'
+  echo '!macro RemoveFiles'
+  while read -r path; do printf '  Delete "$INSTDIR\\%s"\n' "${path//\//\\}"; done <"$build/files"
+  while read -r path; do printf '  RMDir "$INSTDIR\\%s"\n' "${path//\//\\}"; done <"$build/folders"
+  echo '!macroend'
+}
+
+make_setup() {
+  local version
+  version=$(sed -n 's/^CMAKE_PROJECT_VERSION:STATIC=//p' "$build/CMakeCache.txt")
+  stage
+  file_list >"$build/files.nsh"
+  (cd "$build" && cmake -E tar cf "$out/DoctorZELVO.zip" --format=zip DoctorZELVO)
+  makensis -V2 -INPUTCHARSET UTF8 -DVERSION="$version" -DOUTPUT="$out/DoctorZELVO-setup.exe" -DICON="$build/zelvo.ico" \
+    -DSIZE="$(du -sk "$stage" | cut -f1)" -DFILES="$build/files.nsh" packaging/windows/setup.nsi
+  ls -l "$out"
+}
+
+if [ ! "$terminal" ]; then
+  build=$PWD/build-windows
+  stage=$build/DoctorZELVO
+  out=$PWD/out/windows
+  cmake --preset windows >/dev/null
+  ninja -C "$build" -j "$jobs" --quiet
+  make_setup
+  exit 0
+fi
 
 build=build-windows-terminal
 cmake --preset windows-terminal -DZELVO_TESTS="$([ "$tests" ] && echo ON || echo OFF)" >/dev/null

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <chrono>
 #include <csetjmp>
-#include <ctime>
+#include <time.h>
 
 namespace zelvo::qt {
 
@@ -18,8 +18,8 @@ constexpr std::size_t mostTags = 100'000;
 
 /// What this thread has worked: a machine that others load makes no page a bad one.
 nanoseconds worked() {
-    std::timespec time{};
-    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
+    ::timespec time{};
+    ::clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
     return seconds(time.tv_sec) + nanoseconds(time.tv_nsec);
 }
 

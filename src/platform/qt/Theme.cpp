@@ -18,9 +18,13 @@ namespace {
 constexpr double leastPoints = 9.5;
 
 QFont clinicFont(const QFont& platform) {
-    const QString preferred = QLatin1String("NanumGothic");
     QFont font = platform;
-    if (QFontDatabase::hasFamily(preferred)) font.setFamilies({preferred});
+    for (const char* const preferred : {"NanumGothic", "Malgun Gothic"}) {
+        const QString family = QLatin1String(preferred);
+        if (!QFontDatabase::hasFamily(family)) continue;
+        font.setFamilies({family});
+        break;
+    }
     if (font.pointSizeF() > 0) font.setPointSizeF(std::max(font.pointSizeF(), leastPoints));
     return font;
 }

@@ -1,0 +1,118 @@
+; The installer: for the user alone, without an administrator's rights; silent with /S.
+; Given by tools/windows/build.sh: VERSION, OUTPUT, ICON, SIZE (KB) and FILES, which holds the macros InstallFiles and
+; RemoveFiles, a line for each file.
+Unicode true
+Target amd64-unicode
+RequestExecutionLevel user
+SetCompressor /SOLID lzma
+ManifestDPIAware true
+
+!include FileFunc.nsh
+!include MUI2.nsh
+!include "${FILES}"
+
+Name "ZELVO"
+OutFile "${OUTPUT}"
+InstallDir "$LOCALAPPDATA\Programs\DoctorZELVO"
+BrandingText "ZELVO ${VERSION}"
+VIProductVersion "1.0.0.0"
+VIAddVersionKey "ProductName" "ZELVO"
+VIAddVersionKey "ProductVersion" "${VERSION}"
+VIAddVersionKey "FileVersion" "${VERSION}"
+VIAddVersionKey "FileDescription" "ZELVO"
+VIAddVersionKey "CompanyName" "DoctorZELVO"
+VIAddVersionKey "LegalCopyright" "DoctorZELVO"
+
+!define UNINSTALL_KEY "Software\Microsoft\Windows\CurrentVersion\Uninstall\DoctorZELVO"
+!define SAMPLE_CHART "$SMPROGRAMS\ZELVO 예제 차트.lnk"
+
+!define MUI_ICON "${ICON}"
+!define MUI_UNICON "${ICON}"
+!define MUI_ABORTWARNING
+!insertmacro MUI_PAGE_WELCOME
+!insertmacro MUI_PAGE_INSTFILES
+!define MUI_FINISHPAGE_RUN "$INSTDIR\bin\zelvo-demo.exe"
+!define MUI_FINISHPAGE_RUN_TEXT "예제 차트 열기"
+!define MUI_FINISHPAGE_RUN_NOTCHECKED
+!insertmacro MUI_PAGE_FINISH
+!insertmacro MUI_UNPAGE_CONFIRM
+!insertmacro MUI_UNPAGE_INSTFILES
+!insertmacro MUI_LANGUAGE "Korean"
+
+; A chart that has the component loaded, or a window of it, keeps its files: nothing is half replaced. Ends with exit code 3
+; where nobody can be asked.
+!macro WaitUntilClosed UN
+Function ${UN}WaitUntilClosed
+  again:
+    ClearErrors
+    IfFileExists "$INSTDIR\bin\DoctorZELVO.dll" 0 free
+    FileOpen $0 "$INSTDIR\bin\DoctorZELVO.dll" a
+    IfErrors held
+    FileClose $0
+    IfFileExists "$INSTDIR\bin\zelvo-pharmacy.exe" 0 free
+    FileOpen $0 "$INSTDIR\bin\zelvo-pharmacy.exe" a
+    IfErrors held
+    FileClose $0
+    Goto free
+  held:
+    MessageBox MB_RETRYCANCEL|MB_ICONEXCLAMATION "ZELVO가 열려 있습니다. 차트와 ZELVO를 모두 닫은 뒤 다시 시도하십시오." /SD IDCANCEL IDRETRY again
+    SetErrorLevel 3
+    Quit
+  free:
+FunctionEnd
+!macroend
+!insertmacro WaitUntilClosed ""
+!insertmacro WaitUntilClosed "un."
+
+Section "ZELVO"
+  Call WaitUntilClosed
+  ; What an older one brought is taken away by its own list; the demo's orders stay.
+  ReadRegStr $1 HKCU "${UNINSTALL_KEY}" "InstallLocation"
+  StrCmp $1 "" fresh
+  IfFileExists "$1\uninstall.exe" 0 fresh
+  ExecWait '"$1\uninstall.exe" /S /UPDATE _?=$1'
+  fresh:
+  !insertmacro InstallFiles
+  SetOutPath "$INSTDIR"
+  WriteUninstaller "$INSTDIR\uninstall.exe"
+  ExecWait '"$INSTDIR\bin\DoctorZELVO.exe" /register' $0
+  StrCmp $0 0 registered
+    MessageBox MB_OK|MB_ICONEXCLAMATION "자동화 개체 DoctorZELVO.clsZELVOInterface를 등록하지 못했습니다. ($0)" /SD IDOK
+    SetErrorLevel 4
+  registered:
+  SetOutPath "$INSTDIR\bin"
+  CreateShortCut "${SAMPLE_CHART}" "$INSTDIR\bin\zelvo-demo.exe" "" "$INSTDIR\bin\zelvo-chart.exe"
+  WriteRegStr HKCU "${UNINSTALL_KEY}" "DisplayName" "ZELVO"
+  WriteRegStr HKCU "${UNINSTALL_KEY}" "DisplayVersion" "${VERSION}"
+  WriteRegStr HKCU "${UNINSTALL_KEY}" "DisplayIcon" "$INSTDIR\bin\zelvo-chart.exe"
+  WriteRegStr HKCU "${UNINSTALL_KEY}" "Publisher" "DoctorZELVO"
+  WriteRegStr HKCU "${UNINSTALL_KEY}" "InstallLocation" "$INSTDIR"
+  WriteRegStr HKCU "${UNINSTALL_KEY}" "UninstallString" '"$INSTDIR\uninstall.exe"'
+  WriteRegStr HKCU "${UNINSTALL_KEY}" "QuietUninstallString" '"$INSTDIR\uninstall.exe" /S'
+  WriteRegDWORD HKCU "${UNINSTALL_KEY}" "EstimatedSize" ${SIZE}
+  WriteRegDWORD HKCU "${UNINSTALL_KEY}" "NoModify" 1
+  WriteRegDWORD HKCU "${UNINSTALL_KEY}" "NoRepair" 1
+SectionEnd
+
+Section "un.ZELVO"
+  Call un.WaitUntilClosed
+  IfFileExists "$INSTDIR\bin\DoctorZELVO.exe" 0 +2
+  ExecWait '"$INSTDIR\bin\DoctorZELVO.exe" /unregister'
+  SetOutPath "$TEMP"
+  !insertmacro RemoveFiles
+  Delete "$INSTDIR\uninstall.exe"
+  RMDir "$INSTDIR"
+  Delete "${SAMPLE_CHART}"
+  DeleteRegKey HKCU "${UNINSTALL_KEY}"
+  ; The demo's pharmacy goes with the demo; logs, settings and orders in the making are the user's.
+  ClearErrors
+  ${GetParameters} $0
+  ${GetOptions} $0 "/UPDATE" $1
+  IfErrors 0 kept
+    Delete "$LOCALAPPDATA\zelvo\pharmacy.db"
+    Delete "$LOCALAPPDATA\zelvo\pharmacy.db-wal"
+    Delete "$LOCALAPPDATA\zelvo\pharmacy.db-shm"
+    Delete "$LOCALAPPDATA\zelvo\pharmacy.db.ready"
+    RMDir "$LOCALAPPDATA\zelvo"
+  kept:
+SectionEnd
