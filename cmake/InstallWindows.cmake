@@ -41,9 +41,11 @@ describe(zelvo "ZELVO")
 describe(zelvo-chart "ZELVO 예제 차트")
 describe(zelvo-demo "ZELVO 예제 차트")
 describe(zelvo-pharmacy "ZELVO 데모 한약국")
+describe(zelvo-automation "ZELVO")
 
 set_target_properties(DoctorZELVO PROPERTIES IMPORT_PREFIX "" IMPORT_SUFFIX ".lib")
-install(TARGETS DoctorZELVO zelvo zelvo-chart zelvo-demo zelvo-pharmacy RUNTIME DESTINATION bin ARCHIVE DESTINATION lib)
+install(TARGETS DoctorZELVO zelvo-automation zelvo zelvo-chart zelvo-demo zelvo-pharmacy RUNTIME DESTINATION bin
+        ARCHIVE DESTINATION lib)
 install(DIRECTORY ${CMAKE_SOURCE_DIR}/include/doctorzelvo DESTINATION include)
 install(DIRECTORY ${CMAKE_SOURCE_DIR}/demo/values/ DESTINATION share/doctorzelvo)
 install(DIRECTORY ${CMAKE_SOURCE_DIR}/demo/scenarios DESTINATION share/doctorzelvo)

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <chrono>
 #include <csetjmp>
-#include <time.h>
+#include <ctime>
 
 namespace zelvo::qt {
 
