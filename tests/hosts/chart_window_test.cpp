@@ -11,7 +11,9 @@
 
 #include "ChartWindow.h"
 #include "gui/life/Host.h"
+#include "support/Machine.h"
 #include "support/TestDatabase.h"
+#include "support/TestFolder.h"
 
 namespace {
 
@@ -32,7 +34,11 @@ TEST(Patients, areReckoned) {
 
 class Chart : public ::testing::Test {
 protected:
-    Chart() { qputenv("QT_QPA_PLATFORM", "offscreen"); }
+    Chart() {
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+        zelvo::testing::liveIn(folder_.path);
+    }
+    const zelvo::testing::TestFolder folder_;
     int count_ = 1;
     char name_[6] = "chart";
     char* words_[2] = {name_, nullptr};

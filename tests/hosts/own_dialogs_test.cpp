@@ -9,6 +9,7 @@
 #include <stdexcept>
 
 #include "doctorzelvo/DoctorZELVO.hpp"
+#include "support/Machine.h"
 #include "support/TestDatabase.h"
 #include "support/TestFolder.h"
 
@@ -48,8 +49,7 @@ struct Editor : doctorzelvo::EatGuideEditor {
 class Machine {
 public:
     explicit Machine(const std::string& script) {
-        for (const char* place : {"XDG_DATA_HOME", "XDG_CONFIG_HOME"})
-            ::setenv(place, folder_.path.c_str(), 1);
+        zelvo::testing::liveIn(folder_.path);
         std::ofstream(this->script()) << script;
     }
     std::string script() const { return folder_.path / "run.zs"; }
