@@ -83,6 +83,7 @@ TEST_F(QtDesktopTest, ABoxShowsItsTextAsItStandsAndWhole) {
         const auto* page = box.findChild<QPlainTextEdit*>(QStringLiteral("text"));
         ASSERT_TRUE(page);
         EXPECT_TRUE(page->toPlainText().startsWith(QString(4000, QLatin1Char('x')) + QStringLiteral("…")));
+        EXPECT_FALSE(page->accessibleName().isEmpty());
         EXPECT_LT(page->toPlainText().size(), 4100) << "and where the rest is";
         QKeyEvent copy(QEvent::KeyPress, Qt::Key_C, Qt::ControlModifier);
         QCoreApplication::sendEvent(&box, &copy);

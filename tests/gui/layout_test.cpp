@@ -2,8 +2,10 @@
 // nurse, on every screen and at every scale.
 #include <QtCore/QThread>
 #include <QtGui/QAccessible>
+#include <QtGui/QContextMenuEvent>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QLineEdit>
+#include <QtWidgets/QMenu>
 #include <QtWidgets/QScrollArea>
 #include <QtWidgets/QScrollBar>
 #include <QtWidgets/QTabBar>
@@ -16,6 +18,7 @@
 #include "components/AccountPrompt.h"
 #include "components/EatGuideEditor.h"
 #include "components/PostalLookup.h"
+#include "platform/qt/SheetBar.h"
 #include "screen/Fields.h"
 #include "screen/Grid.h"
 
@@ -268,6 +271,34 @@ TEST(Layout, ASmallWindowIsLeftAtOneZoomAndOpensAtAnother) {
                     << percent;
             });
         }
+    });
+}
+
+TEST(Layout, AMenuHasTheLettersOfItsWindow) {
+    GuiSession session;
+    session.run([&] {
+        const auto opens = [&](const QMenu* menu, const char* what) {
+            ASSERT_TRUE(menu) << what;
+            EXPECT_EQ(menu->font().pointSizeF(), session.glass().shell().font().pointSizeF()) << what;
+            QApplication::activePopupWidget()->close();
+        };
+        session.hand().tab("c1tCBJmsg", 1);
+        zoomThrough(session.desktop, [&](int) {
+            for (const char* field : {"txtPatientName", "txtCBJmsg"}) {
+                QContextMenuEvent asked(QContextMenuEvent::Keyboard, QPoint(1, 1), QPoint(1, 1));
+                QCoreApplication::sendEvent(&session.widget<QWidget>(field), &asked);
+                opens(qobject_cast<QMenu*>(QApplication::activePopupWidget()), field);
+            }
+        });
+        std::string patient, sheet, clinic, phone;
+        session.desktop.whenShown("frmEatGuideEditor", [&](screen::Window&) {
+            auto* colours = session.glass().shell().findChild<qt::SheetBar*>()->findChild<QMenu*>();
+            zoomThrough(session.desktop, [&](int) {
+                colours->popup(QPoint(1, 1));
+                opens(colours, "colours");
+            });
+        });
+        components::EatGuideEditor(session.desktop).edit(nullptr, patient, sheet, clinic, phone);
     });
 }
 

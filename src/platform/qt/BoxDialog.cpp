@@ -38,6 +38,19 @@ QStyle::StandardPixmap pictureOf(screen::BoxIcon icon) {
     return QStyle::SP_MessageBoxInformation;
 }
 
+/// What a picture says, for those who don't see it.
+QString nameOf(screen::BoxIcon icon) {
+    switch (icon) {
+        case screen::BoxIcon::Critical:
+            return QStringLiteral("오류");
+        case screen::BoxIcon::Question:
+            return QStringLiteral("질문");
+        case screen::BoxIcon::Information:
+            break;
+    }
+    return QStringLiteral("알림");
+}
+
 /// The beginning of a text without end, and where the rest is.
 QString shownPart(const QString& text) {
     if (text.size() <= mostShown) return text;
@@ -63,6 +76,7 @@ BoxDialog::BoxDialog(const screen::MessageBox& box, QWidget* over)
     giveColours(*this);
 
     auto& icon = owned<QLabel>(this);
+    icon.setAccessibleName(nameOf(box.icon));
     icon.setPixmap(style()->standardIcon(pictureOf(box.icon)).pixmap(iconSize, iconSize));
     auto& message = owned<QHBoxLayout>();
     message.setSpacing(16);
@@ -92,6 +106,7 @@ QWidget& BoxDialog::textWidget(const QString& text) {
         auto& page = owned<QPlainTextEdit>(text, this);
         page.setReadOnly(true);
         page.setObjectName(QStringLiteral("text"));
+        page.setAccessibleName(windowTitle());
         page.setMinimumSize(2 * textWidth, textWidth);
         page.setFocusPolicy(Qt::ClickFocus);
         return page;

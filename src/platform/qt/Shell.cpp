@@ -46,6 +46,7 @@ QScreen& screenInFront() {
 Shell::Shell(screen::Window& window, Shell* over)
     : QWidget(over, over ? Qt::Dialog : Qt::Window),
       readers_(over ? nullptr : std::make_unique<Readers>()),
+      menuLetters_(over ? nullptr : std::make_unique<MenuLetters>()),
       window_(window),
       over_(over),
       scroll_(owned<QScrollArea>(this)) {

@@ -5,6 +5,7 @@
 #include <memory>
 
 #include "platform/qt/Binder.h"
+#include "platform/qt/MenuLetters.h"
 #include "platform/qt/Readers.h"
 #include "platform/qt/ZoomedForm.h"
 #include "screen/WindowExtent.h"
@@ -48,7 +49,8 @@ private:
     double sizeZoom() const;
     screen::WindowExtent extent() const;
 
-    std::unique_ptr<Readers> readers_;  ///< the first window's, for all that open from it
+    std::unique_ptr<Readers> readers_;          ///< the first window's, for all that open from it
+    std::unique_ptr<MenuLetters> menuLetters_;  ///< likewise
     screen::Window& window_;
     Shell* over_;
     QScrollArea& scroll_;
