@@ -103,6 +103,8 @@ ninja -C "$build" -j "$jobs" --quiet
 [ "$tests" ] || exit 0
 
 # A Windows of the tests' own; made before they start, for one that several find missing is made several times.
+# Nothing of it runs on when they have ended, well or not.
 export WINEPREFIX=$PWD/$build/wine WINEDEBUG=-all WINEDLLOVERRIDES=mscoree,mshtml=
+trap 'wineserver -k 2>/dev/null || true; wineserver -w' EXIT
 [ -f "$WINEPREFIX/system.reg" ] || wine wineboot --init >/dev/null 2>&1
 ctest --test-dir "$build" -j "$jobs" --output-on-failure
