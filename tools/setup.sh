@@ -31,7 +31,7 @@ display_packages=(xvfb openbox xdotool dbus dbus-daemon ibus ibus-hangul)
 
 # For Windows: a compiler, what builds its libraries from Debian's sources, and what runs the programs here.
 windows_packages=(g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix mingw-w64-tools libz-mingw-w64-dev dpkg-dev make tcl googletest
-                  wine wine64 libwine-dev xvfb)
+                  wine wine64 libwine-dev xvfb xdotool)
 # What the windows, the icon and the installer take beyond that.
 windows_setup_packages=(qt6-base-dev-tools qt6-translations-l10n librsvg2-bin icoutils nsis)
 

@@ -1,10 +1,11 @@
 #!/usr/bin/env bash
-# The automation object, called by a chart of its own under wine: run.sh BIN_DIR SOURCE_DIR. What it is registered by comes
-# and goes; whole orders by either binding, and by a script; what is left when the object's program, or the chart, is killed
-# at each stage of a send.
+# The automation object, called by a chart of its own under wine: run.sh BIN_DIR SOURCE_DIR WINDOW (ON, OFF). What it is
+# registered by comes and goes; whole orders by either binding, and by a script; what is left when the object's program, or
+# the chart, is killed at each stage of a send.
 set -euo pipefail
 bin=$1
 source=$2
+window=$3
 scratch=$(mktemp -d)
 export WINEPREFIX=$scratch/wine WINEDEBUG=-all WINEDLLOVERRIDES=mscoree,mshtml= LC_ALL=C.UTF-8
 trap 'kill $(jobs -p) 2>/dev/null || true; wineserver -k 2>/dev/null || true; rm -rf "$scratch"' EXIT
@@ -68,10 +69,25 @@ call() {
 }
 gone() { within "! kill -0 $1 2>/dev/null"; }
 
-fresh 'no window in the terminal'
-call late
-gone $client
-grep -q 'errorText "ZELVO' "$scratch/chart.out" || fail "not turned away"
+if [ "$window" = ON ]; then
+  # One window for all charts, which goes with the one that it was opened for.
+  fresh 'a window on the screen'
+  call late
+  first=$client
+  within 'xdotool search --onlyvisible --name ZEL-VO >/dev/null 2>&1'
+  call early
+  gone $client
+  grep -q 'errorText "ZELVO 창이 이미' "$scratch/chart.out" || fail "not turned away"
+  kill -9 $first
+  within '! xdotool search --onlyvisible --name ZEL-VO >/dev/null 2>&1'
+  wineserver -k
+  serve
+else
+  fresh 'no window in the terminal'
+  call late
+  gone $client
+  grep -q 'errorText "ZELVO' "$scratch/chart.out" || fail "not turned away"
+fi
 
 while read -r binding how result; do
   begin "an order, $binding, $how"

@@ -138,7 +138,8 @@ bool leadsHere() {
                        nullptr, found.data(), &bytes) != ERROR_SUCCESS) {
         return false;
     }
-    return found.c_str() == L"\"" + ownPath() + L"\"";
+    found.resize(bytes / sizeof(wchar_t) - 1);
+    return found == L"\"" + ownPath() + L"\"";
 }
 
 }  // namespace
