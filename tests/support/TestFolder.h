@@ -21,7 +21,7 @@ inline std::filesystem::path freshPath(const std::string& ending = "") {
     static const std::string run = std::to_string(std::random_device{}());
     static int number = 0;
     const fs::path memory = "/dev/shm";
-    return (fs::is_directory(memory) ? memory : fs::temp_directory_path()) /
+    return fs::absolute(fs::is_directory(memory) ? memory : fs::temp_directory_path()) /
            ("zelvo-test-" + run + "-" + std::to_string(++number) + ending);
 }
 
