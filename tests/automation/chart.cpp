@@ -201,10 +201,25 @@ void callEarly(IDispatch& object, const char* server) {
     early->Release();
 }
 
+/// The event is asked for by its interface, or looked for among all that the object has.
+void findEvents(IConnectionPointContainer& container, bool byInterface, IConnectionPoint** point) {
+    if (byInterface) {
+        must(container.FindConnectionPoint(__uuidof(__clsZELVOInterface), point), "FindConnectionPoint");
+        return;
+    }
+    IEnumConnectionPoints* all = nullptr;
+    IConnectionPoint* more = nullptr;
+    must(container.EnumConnectionPoints(&all), "EnumConnectionPoints");
+    must(all->Next(1, point, nullptr), "Next");
+    if (all->Next(1, &more, nullptr) != S_FALSE) must(E_UNEXPECTED, "one event");
+    all->Release();
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
     if (argc < 3) return 2;
+    const bool early = std::string(argv[1]) == "early";
     const std::string how = argc > 3 ? argv[3] : "";
     std::setvbuf(stdout, nullptr, _IONBF, 0);
     must(::CoInitialize(nullptr), "CoInitialize");
@@ -223,7 +238,7 @@ int main(int argc, char** argv) {
     DWORD cookie = 0;
     must(object->QueryInterface(IID_IConnectionPointContainer, reinterpret_cast<void**>(&container)),
          "container");
-    must(container->FindConnectionPoint(__uuidof(__clsZELVOInterface), &point), "FindConnectionPoint");
+    findEvents(*container, early, &point);
     must(point->Advise(&listener, &cookie), "Advise");
     Busy busy;
     if (how == "busy") must(::CoRegisterMessageFilter(&busy, nullptr), "CoRegisterMessageFilter");

@@ -13,7 +13,7 @@
 namespace automation {
 
 /// The listeners of Send2Chart: the object's one connection point. It lives and dies with its object.
-class ChartEvents : public IConnectionPoint {
+class ChartEvents final : public IConnectionPoint {
 public:
     explicit ChartEvents(IConnectionPointContainer& object) : object_(object) {}
 

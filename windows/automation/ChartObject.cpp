@@ -7,6 +7,7 @@
 
 #include "Caller.h"
 #include "Guard.h"
+#include "PointList.h"
 #include "Server.h"
 
 namespace automation {
@@ -220,8 +221,8 @@ HRESULT ChartObject::GetGUID(DWORD kind, GUID* guid) {
 
 HRESULT ChartObject::EnumConnectionPoints(IEnumConnectionPoints** points) {
     if (!points) return E_POINTER;
-    *points = nullptr;
-    return E_NOTIMPL;
+    PointList::make(events_, 0, points);
+    return S_OK;
 }
 
 HRESULT ChartObject::FindConnectionPoint(REFIID which, IConnectionPoint** point) {

@@ -17,10 +17,10 @@ namespace automation {
 class Server;
 
 /// What a chart gets for "DoctorZELVO.clsZELVOInterface": its calls, early and late bound, and its event.
-class ChartObject : public _clsZELVOInterface,
-                    public ISupportErrorInfo,
-                    public IProvideClassInfo2,
-                    public IConnectionPointContainer {
+class ChartObject final : public _clsZELVOInterface,
+                          public ISupportErrorInfo,
+                          public IProvideClassInfo2,
+                          public IConnectionPointContainer {
 public:
     explicit ChartObject(Server& server);
 

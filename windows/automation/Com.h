@@ -30,6 +30,8 @@ public:
 
     Type* operator->() const { return object_; }
     Type* get() const { return object_; }
+    /// Hands the reference on.
+    Type* release() { return std::exchange(object_, nullptr); }
     explicit operator bool() const { return object_ != nullptr; }
     /// Where a call puts the object that it hands out.
     void** put() { return reinterpret_cast<void**>(&object_); }

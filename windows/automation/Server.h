@@ -15,7 +15,7 @@
 namespace automation {
 
 /// The program as it serves charts: on one thread, to all that call, from the first object to the last.
-class Server : private IClassFactory, private IMessageFilter {
+class Server final : private IClassFactory, private IMessageFilter {
 public:
     /// `script`, where one is given, works the windows, which stand in the terminal then; "" is the standard
     /// input. Throws Fault when the system's side can't be set up.
