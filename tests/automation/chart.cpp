@@ -1,6 +1,6 @@
-// A chart that makes the automation object: chart early|late SERVER [fail|busy|hold]. It prints what the
-// object gives. Its handler fails; is busy at first; or holds the order, with the chart's window as ours
-// would leave it, until somebody gives the window back.
+// A chart that makes the automation object: chart early|late SERVER [fail|hold]. It prints what the object
+// gives. Its handler fails, or holds the order, with the chart's window as ours would leave it, until
+// somebody gives the window back.
 #include <windows.h>
 
 #include <ocidl.h>
@@ -98,27 +98,6 @@ private:
 
     std::string how_;
     HWND window_;
-};
-
-/// A chart that is busy at first: it turns away what calls it, as one in a dialog of its own does.
-class Busy : public IMessageFilter {
-public:
-    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID, void** out) override {
-        *out = this;
-        return S_OK;
-    }
-    ULONG STDMETHODCALLTYPE AddRef() override { return 2; }
-    ULONG STDMETHODCALLTYPE Release() override { return 1; }
-    DWORD STDMETHODCALLTYPE HandleInComingCall(DWORD, HTASK, DWORD, LPINTERFACEINFO) override {
-        if (calls_ == 3) return SERVERCALL_ISHANDLED;
-        std::printf("turned away %d\n", ++calls_);
-        return SERVERCALL_RETRYLATER;
-    }
-    DWORD STDMETHODCALLTYPE RetryRejectedCall(HTASK, DWORD, DWORD) override { return static_cast<DWORD>(-1); }
-    DWORD STDMETHODCALLTYPE MessagePending(HTASK, DWORD, DWORD) override { return PENDINGMSG_WAITDEFPROCESS; }
-
-private:
-    int calls_ = 0;
 };
 
 VARIANT text(const char* utf8) {
@@ -240,8 +219,6 @@ int main(int argc, char** argv) {
          "container");
     findEvents(*container, early, &point);
     must(point->Advise(&listener, &cookie), "Advise");
-    Busy busy;
-    if (how == "busy") must(::CoRegisterMessageFilter(&busy, nullptr), "CoRegisterMessageFilter");
     std::string(argv[1]) == "early" ? callEarly(*object, argv[2])
                                     : static_cast<void>(callLate(*object, argv[2]));
     std::printf("\n");

@@ -104,7 +104,6 @@ $send" >&8; fi
 done <<'CASES'
 late plain result 0 errorText ""
 early plain result 0 errorText ""
-late busy turned away 3
 late fail result 0 errorText ""
 CASES
 
