@@ -153,9 +153,12 @@ std::int32_t toInt32(double value) {
 }
 
 double roundHalfEven(double value) {
-    // By hand: the rounding mode belongs to the host's thread.
-    if (std::fabs(value - std::trunc(value)) == 0.5) return 2 * std::round(value / 2);
-    return std::round(value);
+    // By hand: the rounding mode belongs to the host's thread, and not every library's round is exact just
+    // below a half.
+    const double whole = std::trunc(value);
+    const double rest = std::fabs(value - whole);
+    if (rest == 0.5) return 2 * std::round(value / 2);
+    return rest < 0.5 ? whole : whole + std::copysign(1.0, value);
 }
 
 std::string decimalText(std::int64_t value) {
