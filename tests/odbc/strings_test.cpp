@@ -61,10 +61,15 @@ TEST(Settings, AMistypedWordNeverWeakensTheLine) {
         {{"ZELVO_ODBC_QUERY_SECONDS", "3601"}},
         {{"ZELVO_ODBC_QUERY_SECONDS", "5 "}},
     };
-    for (const Variables& variables : cases) {
+    // Where no driver is installed that alone would be told.
+    const Variables driver{{"ZELVO_ODBC_DRIVER", "FreeTDS"}};
+    for (Variables variables : cases) {
+        variables.insert(driver.begin(), driver.end());
         EXPECT_THROW(settingsOf(variables), Fault) << variables.begin()->first << variables.begin()->second;
     }
-    const Settings settings = settingsOf({{"ZELVO_ODBC_LOGIN_SECONDS", "7"}, {"ZELVO_ODBC_ENCRYPT", ""}});
+    Variables good{{"ZELVO_ODBC_LOGIN_SECONDS", "7"}, {"ZELVO_ODBC_ENCRYPT", ""}};
+    good.insert(driver.begin(), driver.end());
+    const Settings settings = settingsOf(good);
     EXPECT_TRUE(settings.loginSeconds == 7 && settings.querySeconds == 30 && settings.encrypted &&
                 settings.checked);
 }

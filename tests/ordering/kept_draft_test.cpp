@@ -55,7 +55,7 @@ TEST(KeptDraft, GoesWhenNobodyHasComeBackToItForAMonth) {
     const auto file = [&](const std::string& name) { return machine->path / "zelvo" / (name + ".txt"); };
     std::vector<DraftFiles::Held> holds;
     for (const auto& test : cases) {
-        std::ofstream(file(test.name))
+        std::ofstream(file(test.name), std::ios::binary)
             << (*test.keptAt ? writeDraft({1, 7, "", "", test.keptAt, {}}) : "draft 1");
         if (test.held) holds.push_back(*drafts.hold(test.name));
     }

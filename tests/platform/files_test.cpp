@@ -36,7 +36,7 @@ TEST_F(UserFiles, AFileIsMadeWholeForItsUserAloneAndHeld) {
     EXPECT_FALSE(files.makeFile(path, "another's")) << "what stands there is not this one's to write over";
     EXPECT_FALSE(files.holdFile(path) || files.holdFile(path + "x"));
     made = nullptr;
-    const auto held = files.holdFile(path);
+    auto held = files.holdFile(path);
     ASSERT_TRUE(held);
     EXPECT_EQ(held->text(), "당귀\uFFFD");
     std::ofstream(folder + "/x.htm.AbCdEf.part") << "of a program that was killed";
@@ -44,6 +44,8 @@ TEST_F(UserFiles, AFileIsMadeWholeForItsUserAloneAndHeld) {
     EXPECT_EQ(files.namesIn(folder), std::vector<std::string>{"zelvo_20240229101112.htm"});
     held->remove();
     held->remove();
+    EXPECT_FALSE(fs::exists(path));
+    held = nullptr;
     EXPECT_EQ(entriesOf(folder), 0);
 }
 

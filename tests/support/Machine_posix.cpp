@@ -10,6 +10,11 @@ void liveIn(const std::filesystem::path& home) {
     ::unsetenv("XDG_CONFIG_HOME");
 }
 
+std::filesystem::path scratchFolder() {
+    const std::filesystem::path memory = "/dev/shm";
+    return std::filesystem::is_directory(memory) ? memory : std::filesystem::temp_directory_path();
+}
+
 bool isPrivate(const std::filesystem::path& path) {
     using std::filesystem::perms;
     const perms all =

@@ -14,6 +14,10 @@ void liveIn(const std::filesystem::path& home) {
     ::_wputenv_s(L"XDG_CONFIG_HOME", (home / ".config").c_str());
 }
 
+std::filesystem::path scratchFolder() {
+    return std::filesystem::temp_directory_path();
+}
+
 bool isPrivate(const std::filesystem::path& path) {
     HANDLE token = nullptr;
     alignas(TOKEN_USER) std::array<char, 512> user{};
@@ -30,6 +34,8 @@ bool isPrivate(const std::filesystem::path& path) {
         void* entry = nullptr;
         ::GetAce(list, i, &entry);
         auto& allowed = *static_cast<ACCESS_ALLOWED_ACE*>(entry);
+        // The system itself may do what it likes anyway.
+        if (::IsWellKnownSid(&allowed.SidStart, WinLocalSystemSid)) continue;
         others =
             others || (allowed.Header.AceType == ACCESS_ALLOWED_ACE_TYPE && allowed.Mask != 0 &&
                        !::EqualSid(&allowed.SidStart, reinterpret_cast<TOKEN_USER*>(user.data())->User.Sid));

@@ -11,18 +11,16 @@
 #include "platform/files/FileSystemObject.h"
 #include "screen/Desktop.h"
 #include "support/Files.h"
+#include "support/Machine.h"
 
 namespace zelvo::testing {
 
-/// A path that nothing stands at, in memory where the machine has such a folder: every file waits for the
-/// disk, and a test need not. A program that was killed may have left others.
+/// A path that nothing stands at. A program that was killed may have left others.
 inline std::filesystem::path freshPath(const std::string& ending = "") {
     namespace fs = std::filesystem;
     static const std::string run = std::to_string(std::random_device{}());
     static int number = 0;
-    const fs::path memory = "/dev/shm";
-    return fs::absolute(fs::is_directory(memory) ? memory : fs::temp_directory_path()) /
-           ("zelvo-test-" + run + "-" + std::to_string(++number) + ending);
+    return fs::absolute(scratchFolder()) / ("zelvo-test-" + run + "-" + std::to_string(++number) + ending);
 }
 
 /// A folder of its own for one test, gone with the object.

@@ -59,9 +59,11 @@ std::string utf8Of(std::wstring_view wide) {
 }
 
 /// What Windows puts in the place of a byte that is no character: a control character beyond ASCII, or one of
-/// its own. Only the pages of nations' standards have the former themselves.
+/// its own; or in the Korean page's room for letters of one's own. Only the pages of nations' standards have
+/// the former themselves.
 bool standsForNothing(UINT page, wchar_t letter) {
-    constexpr UINT firstStandard = 20000;
+    constexpr UINT firstStandard = 20000, korean = 949;
+    if (page == korean && letter >= 0xE000 && letter <= 0xF8FF) return true;
     return page < firstStandard &&
            ((letter >= 0x80 && letter < 0xA0) || (letter >= 0xF8F0 && letter <= 0xF8FF));
 }
