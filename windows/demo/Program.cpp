@@ -1,4 +1,4 @@
-#include "windows/Program.h"
+#include "Program.h"
 
 #include "basics/Fault.h"
 #include "basics/Paths.h"

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "windows/Program.h"
+#include "Program.h"
 
 namespace demo {
 

@@ -7,10 +7,10 @@
 #include <string>
 #include <vector>
 
+#include "DemoPharmacy.h"
 #include "basics/Paths.h"
 #include "platform/console/System.h"
 #include "program/Arguments.h"
-#include "windows/DemoPharmacy.h"
 
 namespace {
 

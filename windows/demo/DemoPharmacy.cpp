@@ -1,4 +1,4 @@
-#include "windows/DemoPharmacy.h"
+#include "DemoPharmacy.h"
 
 #include <filesystem>
 #include <functional>
