@@ -14,6 +14,8 @@ ManifestDPIAware true
 Name "ZELVO"
 OutFile "${OUTPUT}"
 InstallDir "$LOCALAPPDATA\Programs\DoctorZELVO"
+; Where it stands already.
+InstallDirRegKey HKCU "Software\Microsoft\Windows\CurrentVersion\Uninstall\DoctorZELVO" "InstallLocation"
 BrandingText "ZELVO ${VERSION}"
 VIProductVersion "1.0.0.0"
 VIAddVersionKey "ProductName" "ZELVO"
@@ -70,7 +72,16 @@ Section "ZELVO"
   ReadRegStr $1 HKCU "${UNINSTALL_KEY}" "InstallLocation"
   StrCmp $1 "" fresh
   IfFileExists "$1\uninstall.exe" 0 fresh
-  ExecWait '"$1\uninstall.exe" /S /UPDATE _?=$1'
+  takeAway:
+  ExecWait '"$1\uninstall.exe" /S /UPDATE _?=$1' $0
+  StrCmp $0 0 taken
+    MessageBox MB_RETRYCANCEL|MB_ICONEXCLAMATION "ZELVO가 열려 있습니다. 차트와 ZELVO를 모두 닫은 뒤 다시 시도하십시오." /SD IDCANCEL IDRETRY takeAway
+    SetErrorLevel 3
+    Quit
+  taken:
+  ; It can't take itself away.
+  Delete "$1\uninstall.exe"
+  RMDir "$1"
   fresh:
   !insertmacro InstallFiles
   SetOutPath "$INSTDIR"
