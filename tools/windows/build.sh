@@ -37,8 +37,11 @@ if [ "$tests" ] && [ ! "$terminal" ]; then usage >&2; exit 2; fi
 . tools/setup.sh
 need "${build_packages[@]}" "${windows_packages[@]}"
 libraries=(sqlite curl httplib)
-[ "$terminal" ] || { need "${windows_setup_packages[@]}"; libraries+=(gumbo qt); }
-[ "$terminal" ] || command -v npm >/dev/null || need npm
+if [ ! "$terminal" ]; then
+  need "${windows_setup_packages[@]}"
+  command -v npm >/dev/null || need npm
+  libraries+=(gumbo qt)
+fi
 ZELVO_WINDOWS_LIBRARIES=$(tools/windows/libraries.sh --jobs "$jobs" "${libraries[@]}")
 export ZELVO_WINDOWS_LIBRARIES
 
