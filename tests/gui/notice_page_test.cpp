@@ -199,6 +199,8 @@ TEST(PageHtml, KeepsWhatIsReadAndMendsTheRest) {
          "<p style=\"font-size:96px;color:#e60000;\">a</p>"},
         {"<b style=font-family:x<script&gt;>a</b>", "<b style=\"font-family:'x&lt;script&gt;';\">a</b>"},
         {"a<a href=\"unended", "a"},
+        {"&#1599999999999 &#x0000AC00;&#xFFFFFF8a;<i title='&#2272165887'>",
+         "\uFFFD 가\uFFFD<i title=\"\uFFFD\"></i>"},
         {"a&nbsp&copy;&#150;&lt;<noscript><p>b</noscript>", "a\u00A0©–&lt;<div><p>b</p></div>"},
         // What was light on a ground that stays is light; where the ground is lost it can still be read.
         {"<div style='background:#036 url(x);color:#fff'><p>a</div>",

@@ -31,6 +31,33 @@ std::string_view beginning(std::string_view html) {
     return html;
 }
 
+bool isDigit(char byte, bool hexadecimal) {
+    return (byte >= '0' && byte <= '9') ||
+           (hexadecimal && ((byte >= 'a' && byte <= 'f') || (byte >= 'A' && byte <= 'F')));
+}
+
+/// The parser reads a character's number ("&#44032;") beyond what an int holds, and makes bytes of it that
+/// are no character. A number so long stands for none: it becomes that of the mark for it.
+std::string withBoundedNumbers(std::string_view html) {
+    constexpr std::size_t mostDigits = 7;
+    std::string bounded;
+    bounded.reserve(html.size());
+    std::size_t written = 0;
+    for (auto found = html.find("&#"); found != std::string_view::npos; found = html.find("&#", found + 2)) {
+        std::size_t start = found + 2;
+        const bool hexadecimal = start < html.size() && (html[start] == 'x' || html[start] == 'X');
+        if (hexadecimal) ++start;
+        while (start < html.size() && html[start] == '0') ++start;
+        std::size_t end = start;
+        while (end < html.size() && isDigit(html[end], hexadecimal)) ++end;
+        if (end - start <= mostDigits) continue;
+        bounded += html.substr(written, found - written);
+        bounded += "&#xFFFD";
+        written = end;
+    }
+    return bounded.append(html.substr(written));
+}
+
 }  // namespace
 
 /// Where the parser's tree lives, all of it until the end. The rules by which browsers mend a page let a
@@ -75,7 +102,8 @@ private:
     nanoseconds end_ = worked() + mostTime;
 };
 
-PageTree::PageTree(std::string_view html) : html_(beginning(html)), memory_(std::make_unique<Memory>()) {
+PageTree::PageTree(std::string_view html)
+    : html_(withBoundedNumbers(beginning(html))), memory_(std::make_unique<Memory>()) {
     read();
 }
 
