@@ -1,12 +1,13 @@
 // A chart that makes the automation object: chart early|late SERVER [fail|hold]. It prints what the object
 // gives. Its handler fails, or holds the order, with the chart's window as ours would leave it, until
-// somebody gives the window back.
+// somebody gives the window back. It tells how the first window that comes over its own stands there.
 #include <windows.h>
 
 #include <ocidl.h>
 
 #include <cstdio>
 #include <string>
+#include <thread>
 #include <vector>
 
 #include "DoctorZELVO_h.h"
@@ -194,6 +195,23 @@ void findEvents(IConnectionPointContainer& container, bool byInterface, IConnect
     all->Release();
 }
 
+BOOL CALLBACK takeOwned(HWND window, LPARAM searched) {
+    auto& [owner, found] = *reinterpret_cast<std::pair<HWND, HWND>*>(searched);
+    if (!::IsWindowVisible(window) || ::GetWindow(window, GW_OWNER) != owner) return TRUE;
+    found = window;
+    return FALSE;
+}
+
+void watch(HWND window) {
+    std::pair<HWND, HWND> searched{window, nullptr};
+    while (!searched.second) {
+        ::Sleep(50);
+        ::EnumWindows(takeOwned, reinterpret_cast<LPARAM>(&searched));
+    }
+    while (::GetForegroundWindow() != searched.second) ::Sleep(50);
+    std::printf("over the chart, which is %s\n", ::IsWindowEnabled(window) ? "free" : "held");
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -211,6 +229,7 @@ int main(int argc, char** argv) {
     const HWND window = ::CreateWindowExW(0, L"STATIC", L"chart", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 300,
                                           200, nullptr, nullptr, nullptr, nullptr);
     ::SetForegroundWindow(window);
+    std::thread(watch, window).detach();
     Listener listener(how, window);
     IConnectionPointContainer* container = nullptr;
     IConnectionPoint* point = nullptr;

@@ -74,7 +74,7 @@ if [ "$window" = ON ]; then
   fresh 'a window on the screen'
   call late
   first=$client
-  within 'xdotool search --onlyvisible --name ZEL-VO >/dev/null 2>&1'
+  within 'grep -q "^over the chart, which is held" "$scratch/chart.out"'
   call early
   gone $client
   grep -q 'errorText "ZELVO 창이 이미' "$scratch/chart.out" || fail "not turned away"

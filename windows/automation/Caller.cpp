@@ -19,18 +19,21 @@ BOOL CALLBACK takeIfOpen(HWND window, LPARAM windows) {
 }  // namespace
 
 Caller::Caller(DWORD thread) {
-    DWORD process = processOf(thread);
-    DWORD owner = 0;
+    DWORD process = processOf(thread), owner = 0;
     const HWND front = ::GetForegroundWindow();
-    const DWORD frontThread = front ? ::GetWindowThreadProcessId(front, &owner) : 0;
-    if (frontThread != 0 && owner != ::GetCurrentProcessId() && (process == 0 || process == owner)) {
-        window_ = ::GetAncestor(front, GA_ROOT);
+    DWORD windows = front ? ::GetWindowThreadProcessId(front, &owner) : 0;
+    const bool others =
+        windows == 0 || owner == ::GetCurrentProcessId() || (process != 0 && process != owner);
+    if (others) {
+        windows = thread;
+    } else {
         process = owner;
-        ::EnumThreadWindows(frontThread, takeIfOpen, reinterpret_cast<LPARAM>(&open_));
     }
-    if (process != 0 && process != ::GetCurrentProcessId()) {
-        process_.reset(::OpenProcess(SYNCHRONIZE, FALSE, process));
-    }
+    if (process == 0 || process == ::GetCurrentProcessId()) return;
+    process_.reset(::OpenProcess(SYNCHRONIZE, FALSE, process));
+    ::EnumThreadWindows(windows, takeIfOpen, reinterpret_cast<LPARAM>(&open_));
+    // They are listed from the front to the back.
+    window_ = !others ? ::GetAncestor(front, GA_ROOT) : open_.empty() ? nullptr : open_.front();
 }
 
 }  // namespace automation

@@ -13,7 +13,7 @@ namespace automation {
 class Caller {
 public:
     /// `thread` is the one that the call came from, 0 where the system does not say. The chart's window is
-    /// the one in front, unless another program's stands there.
+    /// the one in front, or, where another program's stands there, the first that this thread has.
     explicit Caller(DWORD thread);
 
     HWND window() const { return window_; }

@@ -20,6 +20,10 @@ Display findDisplay();
 /// end, and the window would never be drawn.
 bool mainLoopRunsElsewhere();
 
+/// Keeps this library in the process when its host lets go of it: the system goes on calling what the toolkit
+/// has left with it.
+void stayLoaded();
+
 /// Where the toolkit's own words in Korean are.
 QString translationsFolder();
 

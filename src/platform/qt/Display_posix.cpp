@@ -107,6 +107,9 @@ bool mainLoopRunsElsewhere() {
     return false;
 }
 
+// It is linked so.
+void stayLoaded() {}
+
 QString translationsFolder() {
     return QLibraryInfo::path(QLibraryInfo::TranslationsPath);
 }

@@ -1,3 +1,5 @@
+#include <windows.h>
+
 #include <QtCore/QtPlugin>
 
 #include "platform/qt/Display.h"
@@ -17,6 +19,12 @@ Display findDisplay() {
 // Each thread has its own messages here.
 bool mainLoopRunsElsewhere() {
     return false;
+}
+
+void stayLoaded() {
+    HMODULE self = nullptr;
+    ::GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_PIN | GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS,
+                         reinterpret_cast<LPCWSTR>(&stayLoaded), &self);
 }
 
 QString translationsFolder() {

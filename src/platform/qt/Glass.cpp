@@ -69,13 +69,17 @@ Glass::Glass(const QString& what, QWidget* over, std::chrono::steady_clock::time
     second_.start(std::max(0ms, unseen - waited));
 }
 
-Glass::~Glass() = default;
+Glass::~Glass() {
+    if (isVisible()) emit leaving();
+}
 
 void Glass::appear() {
     second_.start(1s);
     if (over_) setGeometry(over_->rect());
+    emit appearing(this);
     show();
     raise();
+    emit appeared(this);
     setFocus();
     speak(*this, accessibleName());
 }

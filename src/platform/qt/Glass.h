@@ -26,6 +26,10 @@ public:
 
 signals:
     void givenUp();
+    /// Before and after it comes to be seen, and before it goes.
+    void appearing(QWidget* glass);
+    void appeared(QWidget* glass);
+    void leaving();
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;

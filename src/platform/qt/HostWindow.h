@@ -7,8 +7,8 @@ class QWidget;
 
 namespace zelvo::qt {
 
-/// The host's window that a call came from. One of ours stands over it as a dialog of its own would, and
-/// meanwhile it takes no keys and no clicks; it goes on painting.
+/// The host's window that a call came from. While the call runs, the host's windows take no keys and no
+/// clicks (they go on painting), and ours stand over that one as dialogs of its own would.
 class HostWindow {
 public:
     /// `named` is the system's handle of that window; 0 looks for it.
@@ -19,7 +19,10 @@ public:
 
     /// Before a window of ours that has none of ours beneath it is shown.
     void putUnder(QWidget& ours);
-    /// Before that window leaves the screen: the system then turns to the host's.
+    /// As soon as that window is on the screen.
+    void bringForward(QWidget& ours);
+    /// Before that window leaves the screen: the system then turns to the host's. The next one holds it
+    /// again.
     void giveBack();
 
 private:

@@ -21,6 +21,8 @@ void HostWindow::putUnder(QWidget& ours) {
     ours.windowHandle()->setTransientParent(host->window()->windowHandle());
 }
 
+void HostWindow::bringForward(QWidget& /*ours*/) {}
+
 void HostWindow::giveBack() {}
 
 }  // namespace zelvo::qt

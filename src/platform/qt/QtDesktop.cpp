@@ -73,6 +73,7 @@ screen::Answer QtDesktop::messageBox(const screen::MessageBox& box) {
         QObject::connect(&dialog, &BoxDialog::leaving, [this] { host_.giveBack(); });
     }
     dialog.show();
+    if (!top()) host_.bringForward(dialog);
     dropWhatCameBefore(dialog);
     if (dialog.isVisible()) dialog.exec();
     if (top()) top()->activateWindow();
@@ -102,6 +103,13 @@ void QtDesktop::waitForEvents(std::chrono::milliseconds atMost) {
     QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents);
 }
 
+void QtDesktop::standOverHost(const Glass& glass) {
+    if (top()) return;
+    QObject::connect(&glass, &Glass::appearing, [this](QWidget* shown) { host_.putUnder(*shown); });
+    QObject::connect(&glass, &Glass::appeared, [this](QWidget* shown) { host_.bringForward(*shown); });
+    QObject::connect(&glass, &Glass::leaving, [this] { host_.giveBack(); });
+}
+
 std::function<bool()> QtDesktop::beginWait(std::string_view what,
                                            std::chrono::steady_clock::time_point since) {
     flush();
@@ -110,6 +118,7 @@ std::function<bool()> QtDesktop::beginWait(std::string_view what,
                                            std::unique_ptr<Glass>(gone).reset();
                                            flush();
                                        });
+    standOverHost(*glass);
     return [glass] {
         QCoreApplication::processEvents();
         return !glass->isGivenUp();
@@ -121,6 +130,7 @@ void QtDesktop::waitFor(std::string_view what, const screen::WaitingJob& job) {
     std::exception_ptr failure;
     {
         Glass glass(qtText(what), top(), std::chrono::steady_clock::now());
+        standOverHost(glass);
         QEventLoop loop;
         std::jthread hand([&](const std::stop_token& stop) {
             try {
@@ -153,7 +163,8 @@ double QtDesktop::screenHeight() const {
 void QtDesktop::runModal(screen::Window& window) {
     const PlainPointer arrow(*this);
     Shell shell(window, top());
-    if (!top()) host_.putUnder(shell);
+    const bool isFirst = shells_.empty();
+    if (isFirst) host_.putUnder(shell);
     QEventLoop loop;
     const auto whenTouched = window.onTouched.listen([&](const screen::Field* field) {
         if (!field && window.leaving()) loop.quit();
@@ -161,11 +172,12 @@ void QtDesktop::runModal(screen::Window& window) {
     {
         const InFront front(shells_, shell);
         shell.open();
+        if (isFirst) host_.bringForward(shell);
         window.appear();
         deliverKeys();
         if (!window.leaving()) loop.exec();
     }
-    if (!top()) host_.giveBack();
+    if (isFirst) host_.giveBack();
     shell.putAway();
     if (top()) top()->activateWindow();
 }

@@ -10,6 +10,7 @@
 
 namespace zelvo::qt {
 
+class Glass;
 class Shell;
 
 /// The screen of a machine with a display: windows are forms, boxes are dialogs, a modal run is a nested
@@ -42,6 +43,7 @@ public:
 private:
     Shell* top() const { return shells_.empty() ? nullptr : shells_.back(); }
     void flush();
+    void standOverHost(const Glass& glass);
 
     screen::SettingsStore& settings_;
     std::function<void(std::string_view)> browse_;

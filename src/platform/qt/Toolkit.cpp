@@ -62,6 +62,7 @@ std::unique_ptr<QApplication> makeApplication(const std::string& platform) {
     arguments = {name, option, value.data(), nullptr};
     count = platform.empty() ? 1 : 3;
     const HostLocale host;
+    stayLoaded();
     if (!threadHolder()) threadHolder() = &owned<QObject>();
     auto application = std::make_unique<QApplication>(count, arguments.data());
     // Our windows come and go in the host's process, which ends when the host says so.
