@@ -55,10 +55,18 @@ public:
                       std::string& hospitalName, std::string& phoneNo) = 0;
 };
 
+/// Make the host's own dialogs, a fresh one for each use; an empty one leaves the component's. They count
+/// from the next call on.
+struct OwnDialogs {
+    std::function<std::unique_ptr<AccountPrompt>()> makeAccountPrompt;
+    std::function<std::unique_ptr<PostalLookup>()> makePostalLookup;
+    std::function<std::unique_ptr<EatGuideEditor>()> makeEatGuideEditor;
+};
+
 /// The one class that a chart calls. A call opens the window and returns when it has closed. One window at a
 /// time stands open in a process: a call that comes meanwhile returns at once with an errorText and leaves
 /// the open one alone.
-class clsZELVOInterface {
+class clsZELVOInterface : public OwnDialogs {
 public:
     /// The window stands on the screen. The host's own QApplication is used where it has one; where it has no
     /// toolkit running, one is started at the first call and kept for further calls. Whatever thread that
@@ -71,12 +79,6 @@ public:
     /// An order has been stored. Called inside the running call, on the caller's thread. It returns, or
     /// throws, which is told to the doctor; a longjmp out of it leaves the component unusable.
     std::function<void(const ChartRecord&)> Send2Chart;
-
-    /// Make the host's own dialogs, a fresh one for each use; an empty one leaves the component's. They count
-    /// from the next call on.
-    std::function<std::unique_ptr<AccountPrompt>()> makeAccountPrompt;
-    std::function<std::unique_ptr<PostalLookup>()> makePostalLookup;
-    std::function<std::unique_ptr<EatGuideEditor>()> makeEatGuideEditor;
 
     /// Opens the window for a doctor. The result is False on every path: what was ordered comes by Send2Chart
     /// alone. An error of the component's own leaves as a std::exception. `conSQL` is the chart's own
@@ -163,11 +165,7 @@ int guarded(doctorzelvo_text* error, const Work& work) noexcept {
 /// One call: what the chart has brought when it began, and what it learns of its end.
 class Call {
 public:
-    explicit Call(const clsZELVOInterface& chart)
-        : chart_(chart),
-          makeAccountPrompt_(chart.makeAccountPrompt),
-          makePostalLookup_(chart.makePostalLookup),
-          makeEatGuideEditor_(chart.makeEatGuideEditor) {}
+    explicit Call(const clsZELVOInterface& chart) : chart_(chart), own_(chart) {}
     Call(const Call&) = delete;
     Call& operator=(const Call&) = delete;
 
@@ -180,12 +178,12 @@ public:
         functions.terminal = terminal;
         functions.tell = &tell;
         functions.Send2Chart = &send;
-        if (makeAccountPrompt_) {
+        if (own_.makeAccountPrompt) {
             functions.Login = &login;
             functions.ChangePassword = &changePassword;
         }
-        if (makePostalLookup_) functions.ZipCode = &zipCode;
-        if (makeEatGuideEditor_) functions.EditEatGuide = &edit;
+        if (own_.makePostalLookup) functions.ZipCode = &zipCode;
+        if (own_.makeEatGuideEditor) functions.EditEatGuide = &edit;
         return functions;
     }
 
@@ -212,67 +210,68 @@ private:
         });
     }
 
+    /// A dialog of the chart's, made for one use.
+    template <class Dialog, class Work>
+    static int inDialog(const std::function<std::unique_ptr<Dialog>()>& make, doctorzelvo_text* error,
+                        const Work& work) noexcept {
+        return guarded(error, [&]() -> int {
+            const auto dialog = make();
+            if (!dialog) return doctorzelvo_missing;
+            return answer(work(*dialog));
+        });
+    }
+
     static int login(doctorzelvo_text* id, doctorzelvo_text* password, doctorzelvo_text* error,
                      void* context) noexcept {
-        return guarded(error, [&]() -> int {
-            const auto prompt = of(context).makeAccountPrompt_();
-            if (!prompt) return doctorzelvo_missing;
+        return inDialog(of(context).own_.makeAccountPrompt, error, [&](AccountPrompt& prompt) {
             std::string ownId = textOf(id->utf8), ownPassword = textOf(password->utf8);
-            const bool confirmed = prompt->Login(ownId, ownPassword);
+            const bool confirmed = prompt.Login(ownId, ownPassword);
             give(id, ownId);
             give(password, ownPassword);
-            return answer(confirmed);
+            return confirmed;
         });
     }
 
     static int changePassword(const char* oldPassword, doctorzelvo_text* newPassword, doctorzelvo_text* error,
                               void* context) noexcept {
-        return guarded(error, [&]() -> int {
-            const auto prompt = of(context).makeAccountPrompt_();
-            if (!prompt) return doctorzelvo_missing;
+        return inDialog(of(context).own_.makeAccountPrompt, error, [&](AccountPrompt& prompt) {
             std::string own = textOf(newPassword->utf8);
-            const bool confirmed = prompt->ChangePassword(textOf(oldPassword), own);
+            const bool confirmed = prompt.ChangePassword(textOf(oldPassword), own);
             give(newPassword, own);
-            return answer(confirmed);
+            return confirmed;
         });
     }
 
     static int zipCode(doctorzelvo_text* url, doctorzelvo_text* juso, doctorzelvo_text* zip,
                        std::int32_t* left, std::int32_t* top, doctorzelvo_text* error,
                        void* context) noexcept {
-        return guarded(error, [&]() -> int {
-            const auto lookup = of(context).makePostalLookup_();
-            if (!lookup) return doctorzelvo_missing;
+        return inDialog(of(context).own_.makePostalLookup, error, [&](PostalLookup& lookup) {
             std::string ownUrl = textOf(url->utf8), ownJuso = textOf(juso->utf8), ownZip = textOf(zip->utf8);
-            const bool confirmed = lookup->ZipCode(ownUrl, ownJuso, ownZip, *left, *top);
+            const bool confirmed = lookup.ZipCode(ownUrl, ownJuso, ownZip, *left, *top);
             give(url, ownUrl);
             give(juso, ownJuso);
             give(zip, ownZip);
-            return answer(confirmed);
+            return confirmed;
         });
     }
 
     static int edit(void* conSQL, doctorzelvo_text* patientName, doctorzelvo_text* sheetRtf,
                     doctorzelvo_text* hospitalName, doctorzelvo_text* phoneNo, doctorzelvo_text* error,
                     void* context) noexcept {
-        return guarded(error, [&]() -> int {
-            const auto editor = of(context).makeEatGuideEditor_();
-            if (!editor) return doctorzelvo_missing;
+        return inDialog(of(context).own_.makeEatGuideEditor, error, [&](EatGuideEditor& editor) {
             std::string name = textOf(patientName->utf8), sheet = textOf(sheetRtf->utf8),
                         hospital = textOf(hospitalName->utf8), phone = textOf(phoneNo->utf8);
-            const bool confirmed = editor->edit(conSQL, name, sheet, hospital, phone);
+            const bool confirmed = editor.edit(conSQL, name, sheet, hospital, phone);
             give(patientName, name);
             give(sheetRtf, sheet);
             give(hospitalName, hospital);
             give(phoneNo, phone);
-            return answer(confirmed);
+            return confirmed;
         });
     }
 
     const clsZELVOInterface& chart_;
-    const std::function<std::unique_ptr<AccountPrompt>()> makeAccountPrompt_;
-    const std::function<std::unique_ptr<PostalLookup>()> makePostalLookup_;
-    const std::function<std::unique_ptr<EatGuideEditor>()> makeEatGuideEditor_;
+    const OwnDialogs own_;
     std::string reason_;
 };
 

@@ -15,96 +15,93 @@ bool agreed(int answer, const LentText& error) {
     return answer == doctorzelvo_confirmed;
 }
 
-/// The same of a dialog; one that the chart could not make is not there.
+/// A dialog of the host's as the logic knows it.
 template <class Kind>
-bool agreedIn(int answer, const LentText& error) {
-    if (answer == doctorzelvo_missing) throw screen::Components::missing(Kind::className);
-    return agreed(answer, error);
-}
-
-/// The host's dialogs as the logic knows them. Of an account, ours stands in for what the host does not have.
-class HostAccountPrompt : public components::AccountPrompt {
+class OfHost : public Kind {
 public:
-    HostAccountPrompt(screen::Desktop& desktop, const doctorzelvo_chart& chart)
-        : components::AccountPrompt(desktop), chart_(chart) {}
+    template <class... Parts>
+    explicit OfHost(const doctorzelvo_chart& chart, Parts&... parts) : Kind(parts...), chart_(chart) {}
+
+protected:
+    /// Whether the user agreed. A dialog that the chart could not make is not there.
+    static bool confirmed(int answer, const LentText& error) {
+        if (answer == doctorzelvo_missing) throw screen::Components::missing(Kind::className);
+        return agreed(answer, error);
+    }
+
+    const doctorzelvo_chart& chart_;
+};
+
+/// Of an account, ours stands in for what the host does not have.
+class HostAccountPrompt : public OfHost<components::AccountPrompt> {
+public:
+    using OfHost::OfHost;
     bool Login(std::string& id, std::string& password) override {
         if (!chart_.Login) return components::AccountPrompt::Login(id, password);
         LentText ownId(id), ownPassword(password), error;
-        const int answer = chart_.Login(&ownId, &ownPassword, &error, chart_.context);
-        const bool confirmed = agreedIn<screen::AccountPrompt>(answer, error);
+        const bool done = confirmed(chart_.Login(&ownId, &ownPassword, &error, chart_.context), error);
         id = ownId.text();
         password = ownPassword.text();
-        return confirmed;
+        return done;
     }
     bool ChangePassword(const std::string& oldPassword, std::string& newPassword) override {
         if (!chart_.ChangePassword) {
             return components::AccountPrompt::ChangePassword(oldPassword, newPassword);
         }
         LentText own(newPassword), error;
-        const int answer = chart_.ChangePassword(oldPassword.c_str(), &own, &error, chart_.context);
-        const bool confirmed = agreedIn<screen::AccountPrompt>(answer, error);
+        const bool done =
+            confirmed(chart_.ChangePassword(oldPassword.c_str(), &own, &error, chart_.context), error);
         newPassword = own.text();
-        return confirmed;
+        return done;
     }
-
-private:
-    const doctorzelvo_chart& chart_;
 };
 
-class HostPostalLookup : public screen::PostalLookup {
+class HostPostalLookup : public OfHost<screen::PostalLookup> {
 public:
-    explicit HostPostalLookup(const doctorzelvo_chart& chart) : chart_(chart) {}
+    using OfHost::OfHost;
     bool ZipCode(std::string& url, std::string& juso, std::string& zip, std::int32_t& left,
                  std::int32_t& top) override {
         LentText ownUrl(url), ownJuso(juso), ownZip(zip), error;
-        const int answer = chart_.ZipCode(&ownUrl, &ownJuso, &ownZip, &left, &top, &error, chart_.context);
-        const bool confirmed = agreedIn<screen::PostalLookup>(answer, error);
+        const bool done =
+            confirmed(chart_.ZipCode(&ownUrl, &ownJuso, &ownZip, &left, &top, &error, chart_.context), error);
         url = ownUrl.text();
         juso = ownJuso.text();
         zip = ownZip.text();
-        return confirmed;
+        return done;
     }
-
-private:
-    const doctorzelvo_chart& chart_;
 };
 
-class HostEatGuideEditor : public screen::EatGuideEditor {
+class HostEatGuideEditor : public OfHost<screen::EatGuideEditor> {
 public:
-    explicit HostEatGuideEditor(const doctorzelvo_chart& chart) : chart_(chart) {}
+    using OfHost::OfHost;
     bool edit(void* conSQL, std::string& patientName, std::string& sheetRtf, std::string& hospitalName,
               std::string& phoneNo) override {
         LentText ownName(patientName), ownSheet(sheetRtf), ownHospital(hospitalName), ownPhone(phoneNo),
             error;
-        const int answer =
-            chart_.EditEatGuide(conSQL, &ownName, &ownSheet, &ownHospital, &ownPhone, &error, chart_.context);
-        const bool confirmed = agreedIn<screen::EatGuideEditor>(answer, error);
+        const bool done = confirmed(
+            chart_.EditEatGuide(conSQL, &ownName, &ownSheet, &ownHospital, &ownPhone, &error, chart_.context),
+            error);
         patientName = ownName.text();
         sheetRtf = ownSheet.text();
         hospitalName = ownHospital.text();
         phoneNo = ownPhone.text();
-        return confirmed;
+        return done;
     }
-
-private:
-    const doctorzelvo_chart& chart_;
 };
+
+/// Puts one of them into the place of ours.
+template <class Dialog, class... Parts>
+void put(screen::Components& known, const doctorzelvo_chart& chart, Parts&... parts) {
+    known.add(Dialog::className, [&] { return std::make_unique<Dialog>(chart, parts...); });
+}
 
 }  // namespace
 
 void registerOwnDialogs(screen::Desktop& desktop, const doctorzelvo_chart& chart) {
     screen::Components& known = desktop.components();
-    if (chart.Login || chart.ChangePassword) {
-        known.add(screen::AccountPrompt::className,
-                  [&] { return std::make_unique<HostAccountPrompt>(desktop, chart); });
-    }
-    if (chart.ZipCode) {
-        known.add(screen::PostalLookup::className, [&] { return std::make_unique<HostPostalLookup>(chart); });
-    }
-    if (chart.EditEatGuide) {
-        known.add(screen::EatGuideEditor::className,
-                  [&] { return std::make_unique<HostEatGuideEditor>(chart); });
-    }
+    if (chart.Login || chart.ChangePassword) put<HostAccountPrompt>(known, chart, desktop);
+    if (chart.ZipCode) put<HostPostalLookup>(known, chart);
+    if (chart.EditEatGuide) put<HostEatGuideEditor>(known, chart);
 }
 
 void sendToChart(const doctorzelvo_chart& chart, const ordering::ChartRecord& record) {

@@ -42,6 +42,17 @@ void setUpPage(QWidget& page) {
     layout.addWidget(&owned<PageArea>(content, &page));
 }
 
+/// Each search of the sent orders stands in one line, close beneath its tab and no wider than it needs.
+void spaceSearches(const QWidget& page) {
+    const auto& searches = *page.findChild<QTabWidget*>("c1tCBJmanage");
+    for (int i = 0; i < searches.count(); ++i) {
+        auto& line = dynamic_cast<QHBoxLayout&>(*searches.widget(i)->layout());
+        line.setContentsMargins(0, 8, 0, 0);
+        line.setSpacing(6);
+        line.addStretch();
+    }
+}
+
 /// The main window's pages are forms of their own.
 void setUpMain(QWidget& widget) {
     Ui::frmDoctorOCSmain main;
@@ -49,6 +60,7 @@ void setUpMain(QWidget& widget) {
     setUpPage<Ui::NoticesPage>(*main.pageNotices);
     setUpPage<Ui::OrderPage>(*main.pageOrder);
     setUpPage<Ui::ManagementPage>(*main.pageManagement);
+    spaceSearches(*main.pageManagement);
     setUpPage<Ui::MyOcsPage>(*main.pageMyOcs);
 }
 
