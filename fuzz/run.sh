@@ -1,14 +1,28 @@
 #!/usr/bin/env bash
-# Feeds the readers of what comes from outside: fuzz/run.sh SECONDS [INPUTS] [NAME...]. SECONDS or INPUTS may be 0.
+# Feeds the readers of what comes from outside.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
+readers=(rtf page charset address settings cost)
+usage() {
+  cat <<HELP
+usage: fuzz/run.sh [SECONDS [INPUTS [NAME...]]]
+
+Builds the fuzzers into build-fuzz/ and feeds each reader of what comes from outside for SECONDS (60), or with so many INPUTS;
+one of the two may be 0, for no bound. NAMEs: ${readers[*]}; without one, all of them.
+What ends a reader is left in build-fuzz/, and what it has learnt in build-fuzz/corpus.
+HELP
+}
+case "${1-}" in
+  --help|-h) usage; exit 0 ;;
+  *[!0-9]*) usage >&2; exit 2 ;;
+esac
 # shellcheck source=../tools/setup.sh
 . tools/setup.sh
 need "${build_packages[@]}" "${fuzz_packages[@]}"
 
 seconds=${1:-60} inputs=${2:-0}
 names=("${@:3}")
-[ ${#names[@]} -gt 0 ] || names=(rtf page charset address settings cost)
+[ ${#names[@]} -gt 0 ] || names=("${readers[@]}")
 CC=clang CXX=clang++ cmake -S . -B build-fuzz -G Ninja -DZELVO_FUZZ=ON -DZELVO_TESTS=OFF -DCMAKE_BUILD_TYPE=None \
   "-DCMAKE_CXX_FLAGS=-O1 -g1" >/dev/null
 cmake --build build-fuzz --target fuzzers

@@ -27,8 +27,9 @@ fi
       else if (section == "USES") print "uses", $2, $i
     }
     print "room", $2, folder }'
-  # "stands ROOM" for each folder with code, "told ROOM" for each with a README of three lines.
+  # "stands ROOM" for each folder with code, "folder NAME" for each one at all, "told NAME" for each with a README of three lines.
   find . -name '*.h' -printf '%h\n' | sed 's#^\./##' | sort -u | sed 's/^/stands /'
+  find . -mindepth 2 -type f ! -name README.md -printf 'folder %h\n' | sed 's#\./##' | sort -u
   find . -mindepth 2 -name README.md -exec awk 'FNR > 2 && NF { ++lines[FILENAME] }
     END { for (file in lines) if (lines[file] == 3) { sub(/^\.\//, "", file); sub(/\/README.md$/, "", file); print "told", file } }' {} +
   # "include FILE WHAT" for headers of our own, "system FILE WHAT" for others.
@@ -47,14 +48,15 @@ fi
   $1 == "room" { folder[$2] = $3; named[$3] = $2 }
   $1 == "uses" { uses[$2] = uses[$2] " " $3 }
   $1 == "stands" { stands[$2] = 1 }
+  $1 == "folder" { folders[$2] = 1 }
   $1 == "told" { told[$2] = 1 }
   $1 == "include" || $1 == "system" { kind[++count] = $1; file[count] = $2; what[count] = $3 }
   END {
     for (room in stands) {
       if (!(room in floor)) fault("src/" room " is missing from the picture in src/README.md")
-      if (!(room in told)) fault("src/" room " has no README.md of three lines under its head")
       if (room != "assembly" && !(room in named)) fault("src/" room " is no zelvo_room of src/CMakeLists.txt")
     }
+    for (name in folders) if (!(name in told)) fault("src/" name " has no README.md of three lines under its head")
     for (room in floor) if (!(room in stands)) fault(room " stands in the picture and nowhere else")
     for (name in uses) {
       n = split(uses[name], below, " ")

@@ -1,7 +1,18 @@
 #!/usr/bin/env bash
-# Plays window tests on a real X server of their own, with a window manager and a Korean input method in a session bus of
-# its own: on_display.sh PROGRAM [ARGUMENT...]. SCREEN names the screen's size, 1280x800 unless told.
+# Plays window tests on a real display of their own.
 set -euo pipefail
+usage() {
+  cat <<'HELP'
+usage: tests/gui/on_display.sh PROGRAM [ARGUMENT...]
+
+Runs PROGRAM on an X server of its own, with a window manager and a Korean input method in a session bus of its own, and gives
+its exit code. SCREEN in the environment names the screen's size, 1280x800 unless told.
+HELP
+}
+case "${1-}" in
+  --help|-h) usage; exit 0 ;;
+  ''|-*) usage >&2; exit 2 ;;
+esac
 
 if [ -z "${ZELVO_DISPLAY-}" ]; then
   scratch=$(mktemp -d)

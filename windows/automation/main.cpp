@@ -13,7 +13,7 @@
 namespace {
 
 constexpr auto usage =
-    "usage: DoctorZELVO /register | /unregister | -Embedding | /script FILE\n"
+    "usage: DoctorZELVO /register | /unregister | -Embedding | /script FILE | --version\n"
     "\n"
     "/register enters the object DoctorZELVO.clsZELVOInterface for this user, /unregister takes it away. The\n"
     "system starts it by -Embedding. /script serves with windows in the terminal, worked by the commands in FILE,\n"
@@ -40,7 +40,11 @@ int run(const std::vector<std::string>& words) {
         automation::removeFromRegistry();
         return 0;
     }
-    const bool help = words.size() == 1 && (first == "/?" || first == "--help");
+    if (words.size() == 1 && first == "--version") {
+        std::puts("DoctorZELVO " ZELVO_VERSION);
+        return 0;
+    }
+    const bool help = words.size() == 1 && (first == "/?" || first == "-h" || first == "--help");
     std::fputs(usage, help ? stdout : stderr);
     return help ? 0 : 2;
 }

@@ -20,6 +20,7 @@ using zelvo::basics::textOf;
 constexpr const char* usage =
     "zelvo-demo [--fresh] [chart]\n"
     "zelvo-demo [--fresh] doctor|nurse [OPTION...]\n"
+    "zelvo-demo --help | --version\n"
     "\n"
     "Opens a chart with a few patients on a demo pharmacy. In it, Enter on a patient opens ZELVO; what is ordered goes "
     "into the pharmacy's database and into the patient's record.\n"
@@ -72,6 +73,10 @@ int main(int argc, char** argv) {
     const std::vector<std::string> words = program::wordsOf(argc, argv);
     if (!words.empty() && (words[0] == "--help" || words[0] == "-h")) {
         tell(usage, MB_ICONINFORMATION);
+        return 0;
+    }
+    if (words.size() == 1 && words[0] == "--version") {
+        tell("zelvo-demo " ZELVO_VERSION, MB_ICONINFORMATION);
         return 0;
     }
     Wish wish;
