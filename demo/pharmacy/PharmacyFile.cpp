@@ -2,6 +2,8 @@
 
 #include <filesystem>
 #include <system_error>
+#include <utility>
+#include <vector>
 
 #include "basics/Paths.h"
 #include "pharmacy/Embedded.h"
@@ -39,6 +41,26 @@ void fill(const std::string& path) {
     Transaction transaction(database);
     for (const auto& script : databaseScripts()) database.run(std::string(script.text));
     transaction.commit();
+}
+
+/// Puts the draft into the old one's place, or leaves the old one whole: what SQLite keeps beside it may be
+/// what it has of an order, and would be read as the new one's.
+void takePlace(const std::string& draft, const std::string& path) {
+    std::vector<std::pair<fs::path, fs::path>> aside;
+    std::error_code held;
+    try {
+        for (const char* part : {"-journal", "-wal", "-shm"}) {
+            const fs::path own = pathOf(path + part), kept = pathOf(draft + ".old" + part);
+            if (!fs::exists(own)) continue;
+            fs::rename(own, kept);
+            aside.emplace_back(own, kept);
+        }
+        fs::rename(pathOf(draft), pathOf(path));
+    } catch (const fs::filesystem_error&) {
+        for (const auto& [own, kept] : aside) fs::rename(kept, own, held);
+        throw;
+    }
+    for (const auto& [own, kept] : aside) fs::remove(kept, held);
 }
 
 }  // namespace
@@ -80,8 +102,7 @@ Making makePharmacy(const std::string& path, bool fresh) {
     fs::remove(pathOf(draft), error);
     try {
         fill(draft);
-        for (const char* part : {"-journal", "-wal", "-shm"}) fs::remove(pathOf(path + part), error);
-        fs::rename(pathOf(draft), pathOf(path));
+        takePlace(draft, path);
     } catch (const std::exception& problem) {
         fs::remove(pathOf(draft), error);
         throw DatabaseError(path + ": " + problem.what());

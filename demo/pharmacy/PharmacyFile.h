@@ -15,7 +15,7 @@ enum class Making { Made, LeftAsItIs };
 
 /// Makes the database with its whole catalogue, its folder too, both for the user's eyes only. A pharmacy
 /// that is there already is left as it is but for that, unless `fresh`. Throws DatabaseError for another file
-/// in its place (unless `fresh`) and when it cannot be written.
+/// in its place (unless `fresh`) and when it cannot be written; what is there stays whole then.
 Making makePharmacy(const std::string& path, bool fresh);
 
 }  // namespace zelvo::pharmacy

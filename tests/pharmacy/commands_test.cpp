@@ -46,7 +46,11 @@ TEST(Commands, ChangeWhatThePharmacysPeopleChangeAndNeverAnotherFile) {
     EXPECT_FALSE(std::filesystem::exists(none));
     EXPECT_EQ(runCommand({"init", "--fresh", "--db", pharmacy.path()}), 0);
     EXPECT_NE(pharmacy.value("SELECT count(*) FROM t_Stock"), "2");
-    std::filesystem::remove(letter);
+    // Where the new one can't take the place, nothing of the old one is gone.
+    std::ofstream(folder + "-wal") << "an order";
+    EXPECT_EQ(runCommand({"init", "--fresh", "--db", folder}), 1);
+    EXPECT_EQ(testing::contentOf(folder + "-wal"), "an order");
+    for (const std::string& file : {letter, folder + "-wal"}) std::filesystem::remove(file);
     std::filesystem::remove_all(folder);
 }
 

@@ -11,6 +11,9 @@ namespace demo {
 
 namespace {
 
+constexpr int looks = 200;
+constexpr DWORD pause = 50;  // milliseconds
+
 using zelvo::basics::Fault;
 using zelvo::basics::pathOf;
 using zelvo::basics::textOf;
@@ -51,12 +54,27 @@ DemoPharmacy::DemoPharmacy(std::string programs, bool fresh)
         L"Local\\zelvo-demo-" + std::to_wstring(std::hash<std::wstring>()(pathOf(database_).native()));
     const Turn turn(name + L"-turn");
     job_ = sharedJob(name);
-    // A server that runs would not tell its addresses to a new database.
-    if (fresh) ::TerminateJobObject(job_.get(), 0);
+    if (fresh) end();
     std::vector<std::string> words{tool_, "--db", database_, "init"};
     if (fresh) words.emplace_back("--fresh");
-    if (Program(words).wait() != 0) throw Fault(database_ + " can't be made");
-    if (!isServed()) serve();
+    const bool made = Program(words).wait() == 0;
+    const bool staysOld = !made && fresh && zelvo::pharmacy::isPharmacy(database_);
+    // Demos that are open go on with it.
+    if ((made || staysOld) && !isServed()) serve();
+    if (staysOld) {
+        throw Fault("The pharmacy stays as it was: " + database_ +
+                    " can't be made anew, most likely because a chart has it open.");
+    }
+    if (!made) throw Fault(database_ + " can't be made");
+}
+
+// A server that runs would not tell its addresses to a new database, and holds the old one.
+void DemoPharmacy::end() {
+    ::TerminateJobObject(job_.get(), 0);
+    for (int look = 0; isServed(); ++look) {
+        if (look == looks) throw Fault("the demo pharmacy does not end");
+        ::Sleep(pause);
+    }
 }
 
 bool DemoPharmacy::isServed() const {
@@ -70,8 +88,6 @@ void DemoPharmacy::serve() {
     const std::filesystem::path ready = pathOf(database_ + ".ready");
     std::filesystem::remove(ready);
     const Program server({tool_, "--db", database_, "serve", "--ready-file", textOf(ready)}, job_.get());
-    constexpr int looks = 200;
-    constexpr DWORD pause = 50;  // milliseconds
     for (int look = 0; look < looks && server.runs(); ++look) {
         std::error_code missing;
         if (std::filesystem::file_size(ready, missing) > 0 && !missing) {

@@ -11,7 +11,8 @@ namespace demo {
 class DemoPharmacy {
 public:
     /// Makes the database where there is none, or anew; `programs` is the folder of the demo's programs.
-    /// Throws Fault when it can't be made or its pages can't be served.
+    /// Throws Fault when it can't be made or its pages can't be served; the old one is served on where no
+    /// new one could take its place.
     DemoPharmacy(std::string programs, bool fresh);
 
     /// The address that a chart hands over.
@@ -19,6 +20,7 @@ public:
 
 private:
     void serve();
+    void end();
     bool isServed() const;
 
     std::string tool_;
