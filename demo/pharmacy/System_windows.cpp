@@ -5,8 +5,10 @@
 #include <windows.h>
 
 #include <array>
-#include <cstdlib>
 #include <system_error>
+
+#include "basics/Environment.h"
+#include "basics/Paths.h"
 
 namespace zelvo::pharmacy {
 namespace {
@@ -59,9 +61,9 @@ void makePrivateFile(const std::filesystem::path& path) {
 }
 
 std::filesystem::path userDataFolder() {
-    for (const wchar_t* const name : {L"XDG_DATA_HOME", L"LOCALAPPDATA"}) {
-        const wchar_t* const value = ::_wgetenv(name);
-        if (value != nullptr && *value != L'\0') return value;
+    for (const char* const name : {"XDG_DATA_HOME", "LOCALAPPDATA"}) {
+        const std::string value = basics::environment(name).value_or("");
+        if (!value.empty()) return basics::pathOf(value);
     }
     return {};
 }

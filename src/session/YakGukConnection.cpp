@@ -1,10 +1,10 @@
 #include "session/YakGukConnection.h"
 
 #include <chrono>
-#include <cstdlib>
 #include <exception>
 #include <functional>
 
+#include "basics/Environment.h"
 #include "basics/Numbers.h"
 #include "data/ServerAddress.h"
 
@@ -26,8 +26,7 @@ namespace zelvo::session {
 namespace {
 
 std::string configured(const char* variable, const char* built) {
-    const char* set = std::getenv(variable);
-    return set ? set : built;
+    return basics::environment(variable).value_or(built);
 }
 
 std::string secondPiece() {

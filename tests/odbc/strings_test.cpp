@@ -3,9 +3,11 @@
 
 #include <map>
 
+#include "basics/Environment.h"
 #include "basics/Fault.h"
 #include "platform/odbc/ConnectionString.h"
 #include "platform/odbc/Dialect.h"
+#include "platform/odbc/DriverSurroundings.h"
 #include "platform/odbc/Drivers.h"
 
 namespace zelvo::odbc {
@@ -16,7 +18,7 @@ using Variables = std::map<std::string, std::string>;
 Settings settingsOf(const Variables& variables) {
     return readSettings([&](const char* name) {
         const auto found = variables.find(name);
-        return found == variables.end() ? nullptr : found->second.c_str();
+        return found == variables.end() ? std::nullopt : std::optional(found->second);
     });
 }
 
@@ -72,6 +74,13 @@ TEST(Settings, AMistypedWordNeverWeakensTheLine) {
     const Settings settings = settingsOf(good);
     EXPECT_TRUE(settings.loginSeconds == 7 && settings.querySeconds == 30 && settings.encrypted &&
                 settings.checked);
+}
+
+TEST(Settings, ComeFromTheEnvironmentInEveryLetter) {
+    setVariable("ZELVO_ODBC_DRIVER", "한약국 ODBC");
+    EXPECT_EQ(readSettings(basics::environment).driver, "한약국 ODBC");
+    setVariable("ZELVO_ODBC_DRIVER", std::nullopt);
+    EXPECT_EQ(basics::environment("ZELVO_ODBC_DRIVER"), std::nullopt);
 }
 
 TEST(Drivers, TheNewestForAServerIsTaken) {

@@ -1,7 +1,6 @@
 #include "platform/console/PharmacyTool.h"
 
-#include <cstdlib>
-
+#include "basics/Environment.h"
 #include "basics/Fault.h"
 #include "basics/Text.h"
 #include "platform/console/System.h"
@@ -16,8 +15,8 @@ constexpr std::string_view embedded = "sqlite:";
 std::string pharmacyFile(const std::string& serverAddress) {
     const std::string address = basics::trim(serverAddress);
     if (address.starts_with(embedded)) return address.substr(embedded.size());
-    const char* told = std::getenv("ZELVO_DEMO_PHARMACY");
-    return told ? told : throw basics::Fault(address + " is no embedded database");
+    const auto told = basics::environment("ZELVO_DEMO_PHARMACY");
+    return told ? *told : throw basics::Fault(address + " is no embedded database");
 }
 
 }  // namespace

@@ -5,17 +5,16 @@
 #include <knownfolders.h>
 #include <shlobj.h>
 
-#include <cstdlib>
-
+#include "basics/Environment.h"
 #include "basics/Fault.h"
+#include "basics/Paths.h"
 
 namespace zelvo::files {
 namespace {
 
 /// A folder that the environment names, as on every system; else the user's own.
-std::filesystem::path folder(const wchar_t* name, const KNOWNFOLDERID& kind) {
-    const wchar_t* const value = ::_wgetenv(name);
-    std::filesystem::path named = value != nullptr ? value : L"";
+std::filesystem::path folder(const char* name, const KNOWNFOLDERID& kind) {
+    std::filesystem::path named = basics::pathOf(basics::environment(name).value_or(""));
     if (named.is_absolute()) return named;
     PWSTR found = nullptr;
     const HRESULT result = ::SHGetKnownFolderPath(kind, KF_FLAG_CREATE, nullptr, &found);
@@ -28,11 +27,11 @@ std::filesystem::path folder(const wchar_t* name, const KNOWNFOLDERID& kind) {
 }  // namespace
 
 std::filesystem::path dataFolder() {
-    return folder(L"XDG_DATA_HOME", FOLDERID_LocalAppData);
+    return folder("XDG_DATA_HOME", FOLDERID_LocalAppData);
 }
 
 std::filesystem::path configFolder() {
-    return folder(L"XDG_CONFIG_HOME", FOLDERID_RoamingAppData);
+    return folder("XDG_CONFIG_HOME", FOLDERID_RoamingAppData);
 }
 
 }  // namespace zelvo::files

@@ -3,10 +3,10 @@
 #include <curl/curl.h>
 
 #include <algorithm>
-#include <cstdlib>
 #include <memory>
 #include <optional>
 
+#include "basics/Environment.h"
 #include "basics/Fault.h"
 #include "basics/Text.h"
 #include "platform/http/Charset.h"
@@ -22,9 +22,9 @@ using Clock = std::chrono::steady_clock;
 
 /// Hosts that no proxy is asked for: those of the environment and this machine itself.
 std::string directHosts() {
-    const char* lower = std::getenv("no_proxy");
-    const char* named = lower != nullptr ? lower : std::getenv("NO_PROXY");
-    std::string hosts = basics::trim(named != nullptr ? named : "");
+    auto named = basics::environment("no_proxy");
+    if (!named) named = basics::environment("NO_PROXY");
+    std::string hosts = basics::trim(named.value_or(""));
     if (hosts == "*") return hosts;  // libcurl knows the star only when it stands alone
     return (hosts.empty() ? "" : hosts + ",") + "localhost,127.0.0.1,127.0.0.0/8,::1";
 }

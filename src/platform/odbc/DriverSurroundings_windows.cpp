@@ -26,7 +26,7 @@ std::string makeTemporaryFile(std::string_view text) {
 }
 
 void setVariable(const std::string& name, const std::optional<std::string>& value) {
-    ::_putenv_s(name.c_str(), value.value_or("").c_str());
+    ::_wputenv_s(basics::pathOf(name).c_str(), basics::pathOf(value.value_or("")).c_str());
 }
 
 }  // namespace zelvo::odbc

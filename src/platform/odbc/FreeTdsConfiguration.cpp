@@ -1,9 +1,10 @@
 #include "platform/odbc/FreeTdsConfiguration.h"
 
 #include <algorithm>
-#include <cstdio>
-#include <cstdlib>
+#include <filesystem>
 
+#include "basics/Environment.h"
+#include "basics/Paths.h"
 #include "data/Failure.h"
 #include "data/ServerAddress.h"
 #include "platform/odbc/DriverSurroundings.h"
@@ -42,8 +43,7 @@ FreeTdsConfiguration::FreeTdsConfiguration(const std::string& address, const Set
     if (path_.empty()) throw data::SetupFault("FreeTDS's configuration can't be written");
     for (const char* name :
          {"FREETDSCONF", "TDSVER", "TDSHOST", "TDSPORT", "TDSQUERY", "DSQUERY", "TDSDUMP", "TDSDUMPCONFIG"}) {
-        const char* const value = std::getenv(name);
-        before_.emplace_back(name, value ? std::optional<std::string>(value) : std::nullopt);
+        before_.emplace_back(name, basics::environment(name));
         setVariable(name, std::nullopt);
     }
     setVariable("FREETDSCONF", path_);
@@ -51,7 +51,8 @@ FreeTdsConfiguration::FreeTdsConfiguration(const std::string& address, const Set
 
 FreeTdsConfiguration::~FreeTdsConfiguration() {
     for (const auto& [name, value] : before_) setVariable(name, value);
-    std::remove(path_.c_str());
+    std::error_code held;
+    std::filesystem::remove(basics::pathOf(path_), held);
 }
 
 }  // namespace zelvo::odbc

@@ -1,11 +1,11 @@
 #include "platform/odbc/OdbcConnection.h"
 
-#include <cstdlib>
 #include <exception>
 #include <mutex>
 #include <utility>
 #include <vector>
 
+#include "basics/Environment.h"
 #include "basics/Fault.h"
 #include "basics/Numbers.h"
 #include "basics/Text.h"
@@ -247,7 +247,7 @@ void explainCertificate(const data::ServerLogin& login, Settings settings) {
 }  // namespace
 
 std::unique_ptr<data::Connection> openServer(const data::ServerLogin& login) {
-    return openServerBy(readSettings([](const char* name) { return std::getenv(name); }), login);
+    return openServerBy(readSettings(basics::environment), login);
 }
 
 std::unique_ptr<data::Connection> openServerBy(const Settings& settings, const data::ServerLogin& login) {

@@ -14,8 +14,8 @@ namespace {
 using Fault = data::SetupFault;
 
 std::string textOf(const Environment& environment, const char* name, const std::string& otherwise) {
-    const char* set = environment(name);
-    return set == nullptr || *set == '\0' ? otherwise : set;
+    const std::string set = environment(name).value_or("");
+    return set.empty() ? otherwise : set;
 }
 
 bool choiceOf(const Environment& environment, const char* name, const char* yes, const char* no,

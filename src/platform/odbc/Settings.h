@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <string>
 
 namespace zelvo::odbc {
@@ -19,8 +20,8 @@ struct Settings {
     bool isFreeTds() const;
 };
 
-/// Gives a variable's value, nullptr when it is not set.
-using Environment = std::function<const char*(const char* name)>;
+/// Gives a variable's value, nothing when it is not set.
+using Environment = std::function<std::optional<std::string>(const char* name)>;
 
 /// The settings that the environment asks for. Throws Fault for a value that it can't have, so that a
 /// mistyped word never weakens the line.
