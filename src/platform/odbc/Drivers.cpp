@@ -46,7 +46,8 @@ std::string newestForServer(const std::vector<std::string>& drivers) {
                          [](const std::string& a, const std::string& b) { return ageOf(a) < ageOf(b); });
     if (newest == drivers.end() || ageOf(*newest) == 0) {
         throw data::SetupFault(
-            "no driver for SQL Server is installed: install \"ODBC Driver 18 for SQL Server\"");
+            "no driver for SQL Server is installed that a program of 64 bits can use: install \"ODBC Driver 18 for "
+            "SQL Server\" for 64 bits, whatever the chart is");
     }
     return *newest;
 }
