@@ -12,13 +12,13 @@
 #include <QtPrintSupport/QPrintDialog>
 #include <QtPrintSupport/QPrintPreviewDialog>
 #include <QtPrintSupport/QPrinter>
-#include <QtWidgets/QFileDialog>
 #include <algorithm>
 #include <filesystem>
 #include <map>
 #include <system_error>
 
 #include "platform/qt/BoxDialog.h"
+#include "platform/qt/PdfFile.h"
 #include "platform/qt/RichDocument.h"
 #include "platform/qt/Texts.h"
 
@@ -256,12 +256,8 @@ void printSheet(QWidget& over, const SheetPaper& paper) {
 }
 
 void saveSheet(QWidget& over, const SheetPaper& paper) {
-    QFileDialog dialog(&over, QStringLiteral("PDF 파일로 저장"), {}, QStringLiteral("PDF (*.pdf)"));
-    dialog.setAcceptMode(QFileDialog::AcceptSave);
-    dialog.setDefaultSuffix(QStringLiteral("pdf"));
-    dialog.selectFile(QStringLiteral("복용법.pdf"));
-    if (dialog.exec() != QDialog::Accepted) return;
-    const QString path = dialog.selectedFiles().constFirst();
+    const QString path = askForPdfFile(over, QStringLiteral("PDF 파일로 저장"), QStringLiteral("복용법.pdf"));
+    if (path.isEmpty()) return;
     if (!paper.writePdf(path))
         tellFailure(over, "파일을 저장하지 못하였습니다.\r\n" + utf8(path), "PDF 파일로 저장");
 }
