@@ -68,10 +68,12 @@ struct OwnDialogs {
 /// the open one alone.
 class clsZELVOInterface : public OwnDialogs {
 public:
-    /// The window stands on the screen. The host's own QApplication is used where it has one; where it has no
-    /// toolkit running, one is started at the first call and kept for further calls. Whatever thread that
-    /// was (of a host with a main loop of glib: the one that runs it), all calls of the process's life come
-    /// on it, those after a shutdown too. The host's locale stays as it is.
+    /// The window stands on the screen. On Linux the host's own QApplication is used where it has one; where
+    /// it has no toolkit running, and always on Windows, where the toolkit is the library's own, one is
+    /// started at the first call and kept for further calls. Whatever thread that was (of a host with a main
+    /// loop of glib: the one that runs it), all calls of the process's life come on it, those after a
+    /// shutdown too. The host's locale stays as it is, and on Windows what it knows of its screens'
+    /// resolutions.
     clsZELVOInterface() = default;
     clsZELVOInterface(const clsZELVOInterface&) = delete;
     clsZELVOInterface& operator=(const clsZELVOInterface&) = delete;

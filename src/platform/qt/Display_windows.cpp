@@ -1,8 +1,8 @@
+#include "platform/qt/Display.h"
+
 #include <windows.h>
 
 #include <QtCore/QtPlugin>
-
-#include "platform/qt/Display.h"
 
 // The toolkit is linked in, with its part for this kind of display and those for the pictures of web pages.
 Q_IMPORT_PLUGIN(QWindowsIntegrationPlugin)
@@ -11,9 +11,12 @@ Q_IMPORT_PLUGIN(QJpegPlugin)
 
 namespace zelvo::qt {
 
-// There is always one.
+// There is always one. The toolkit would say for the whole process that it draws for screens of every
+// resolution, and the windows of a chart that Windows enlarges would shrink: what the chart has chosen stays.
 Display findDisplay() {
-    return {};
+    const DPI_AWARENESS_CONTEXT chosen = ::GetThreadDpiAwarenessContext();
+    if (::AreDpiAwarenessContextsEqual(chosen, DPI_AWARENESS_CONTEXT_PER_MONITOR_AWARE_V2)) return {};
+    return {"windows:dpiawareness=" + std::to_string(::GetAwarenessFromDpiAwarenessContext(chosen)), ""};
 }
 
 // Each thread has its own messages here.
