@@ -17,7 +17,7 @@ InstallDir "$LOCALAPPDATA\Programs\DoctorZELVO"
 ; Where it stands already.
 InstallDirRegKey HKCU "Software\Microsoft\Windows\CurrentVersion\Uninstall\DoctorZELVO" "InstallLocation"
 BrandingText "ZELVO ${VERSION}"
-VIProductVersion "1.0.0.0"
+VIProductVersion "${VERSION}.0.0"
 VIAddVersionKey "ProductName" "ZELVO"
 VIAddVersionKey "ProductVersion" "${VERSION}"
 VIAddVersionKey "FileVersion" "${VERSION}"
