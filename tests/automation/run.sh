@@ -22,7 +22,10 @@ within() { for _ in $(seq 300); do eval "$1" && return; sleep 0.05; done; fail "
 
 case=registration
 wine "$bin/DoctorZELVO.exe" /register
-[ "$(ours | wc -l)" -gt 8 ] || fail "$(ours)"
+mkdir "$scratch/other"
+cp "$bin"/DoctorZELVO.{exe,dll} "$scratch/other"
+wine "$scratch/other/DoctorZELVO.exe" /unregister
+[ "$(ours | wc -l)" -gt 8 ] || fail "taken by another copy, or never there: $(ours)"
 wine "$bin/DoctorZELVO.exe" /unregister
 [ -z "$(ours)" ] || fail "left: $(ours)"
 wine "$bin/DoctorZELVO.exe" /register

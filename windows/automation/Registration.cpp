@@ -4,8 +4,10 @@
 
 #include <initguid.h>
 
+#include <algorithm>
 #include <array>
 #include <filesystem>
+#include <iterator>
 #include <string>
 #include <vector>
 
@@ -18,6 +20,7 @@ namespace automation {
 namespace {
 
 constexpr auto programName = L"DoctorZELVO.clsZELVOInterface";
+constexpr auto classes = L"Software\\Classes\\";
 
 /// A chart sees the half of its own width, of the classes and interfaces at the least.
 constexpr std::array<REGSAM, 2> halves = {KEY_WOW64_64KEY, KEY_WOW64_32KEY};
@@ -91,8 +94,8 @@ void check(LSTATUS status, const char* what) {
 
 void write(HKEY root, const Entry& entry, REGSAM half) {
     HKEY opened = nullptr;
-    check(::RegCreateKeyExW(root, (L"Software\\Classes\\" + entry.key).c_str(), 0, nullptr, 0,
-                            KEY_SET_VALUE | half, nullptr, &opened, nullptr),
+    check(::RegCreateKeyExW(root, (classes + entry.key).c_str(), 0, nullptr, 0, KEY_SET_VALUE | half, nullptr,
+                            &opened, nullptr),
           "RegCreateKeyEx");
     const Key key(opened);
     const auto bytes = static_cast<DWORD>((entry.value.size() + 1) * sizeof(wchar_t));
@@ -109,7 +112,7 @@ void writeAll(HKEY root) {
 }
 
 void removeTree(HKEY root, const std::wstring& name, REGSAM half) {
-    const std::wstring path = L"Software\\Classes\\" + name;
+    const std::wstring path = classes + name;
     HKEY opened = nullptr;
     if (::RegOpenKeyExW(root, path.c_str(), 0, KEY_ALL_ACCESS | half, &opened) != ERROR_SUCCESS) return;
     {
@@ -121,25 +124,39 @@ void removeTree(HKEY root, const std::wstring& name, REGSAM half) {
     if (removed != ERROR_FILE_NOT_FOUND) check(removed, "RegDeleteKeyEx");
 }
 
-void removeAll(HKEY root) {
-    const std::vector<std::wstring> trees = {programName, classKey(), typesKey(),
-                                             interfaceKey(__uuidof(_clsZELVOInterface)),
-                                             interfaceKey(__uuidof(__clsZELVOInterface))};
-    for (const REGSAM half : halves) {
-        for (const std::wstring& tree : trees) removeTree(root, tree, half);
+/// Whether the classes below `path` lead a chart of this width to this program, and not to another copy.
+bool leadHere(HKEY root, const std::wstring& path, REGSAM half) {
+    HKEY opened = nullptr;
+    if (::RegOpenKeyExW(root, (path + classKey() + L"\\LocalServer32").c_str(), 0, KEY_READ | half,
+                        &opened) != ERROR_SUCCESS) {
+        return false;
     }
-}
-
-/// Whether a chart is led to this program.
-bool leadsHere() {
-    std::wstring found(ownPath().size() + 3, L'\0');
+    const Key key(opened);
+    constexpr std::size_t longestPath = 32768;
+    std::wstring found(longestPath, L'\0');
     auto bytes = static_cast<DWORD>(found.size() * sizeof(wchar_t));
-    if (::RegGetValueW(HKEY_CLASSES_ROOT, (classKey() + L"\\LocalServer32").c_str(), nullptr, RRF_RT_REG_SZ,
-                       nullptr, found.data(), &bytes) != ERROR_SUCCESS) {
+    if (::RegGetValueW(key.get(), nullptr, nullptr, RRF_RT_REG_SZ, nullptr, found.data(), &bytes) !=
+        ERROR_SUCCESS) {
         return false;
     }
     found.resize(bytes / sizeof(wchar_t) - 1);
-    return found == L"\"" + ownPath() + L"\"";
+    std::erase(found, L'"');
+    // One file has several names: in whatever case, short and long.
+    std::error_code missing;
+    return std::filesystem::equivalent(found, ownPath(), missing);
+}
+
+void removeOwn(HKEY root) {
+    const std::vector<std::wstring> trees = {programName, classKey(), typesKey(),
+                                             interfaceKey(__uuidof(_clsZELVOInterface)),
+                                             interfaceKey(__uuidof(__clsZELVOInterface))};
+    std::vector<REGSAM> own;
+    // Both are looked at first: what they have in common says whose they are.
+    std::copy_if(halves.begin(), halves.end(), std::back_inserter(own),
+                 [&](REGSAM half) { return leadHere(root, classes, half); });
+    for (const REGSAM half : own) {
+        for (const std::wstring& tree : trees) removeTree(root, tree, half);
+    }
 }
 
 }  // namespace
@@ -147,12 +164,12 @@ bool leadsHere() {
 void enterInRegistry() {
     writeAll(HKEY_CURRENT_USER);
     // Wine 8 looks for no class among the user's own.
-    if (!leadsHere()) writeAll(HKEY_LOCAL_MACHINE);
+    if (!leadHere(HKEY_CLASSES_ROOT, L"", KEY_WOW64_64KEY)) writeAll(HKEY_LOCAL_MACHINE);
 }
 
 void removeFromRegistry() {
-    removeAll(HKEY_CURRENT_USER);
-    if (leadsHere()) removeAll(HKEY_LOCAL_MACHINE);
+    removeOwn(HKEY_CURRENT_USER);
+    removeOwn(HKEY_LOCAL_MACHINE);
 }
 
 }  // namespace automation
