@@ -18,6 +18,7 @@ Handle startKeeper(const std::vector<HWND>& windows) {
     }
     STARTUPINFOW start{};
     start.cb = sizeof start;
+    start.dwFlags = STARTF_FORCEOFFFEEDBACK;
     PROCESS_INFORMATION started{};
     if (!::CreateProcessW(nullptr, words.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &start,
                           &started)) {
