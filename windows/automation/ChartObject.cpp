@@ -60,6 +60,11 @@ HRESULT raise(const std::string& reason) {
 
 ChartObject::ChartObject(Server& server) : server_(server) {}
 
+void ChartObject::disconnect() {
+    ::CoDisconnectObject(&events_, 0);
+    ::CoDisconnectObject(static_cast<_clsZELVOInterface*>(this), 0);
+}
+
 HRESULT ChartObject::QueryInterface(REFIID which, void** out) {
     if (!out) return E_POINTER;
     *out = nullptr;

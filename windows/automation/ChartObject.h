@@ -24,6 +24,9 @@ class ChartObject final : public _clsZELVOInterface,
 public:
     explicit ChartObject(Server& server);
 
+    /// Takes it from whoever holds it: the program ends.
+    void disconnect();
+
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID which, void** out) override;
     ULONG STDMETHODCALLTYPE AddRef() override { return ++references_; }
     ULONG STDMETHODCALLTYPE Release() override;

@@ -1,6 +1,6 @@
 #include "Server.h"
 
-#include <algorithm>
+#include <utility>
 
 #include "basics/Fault.h"
 #include "doctorzelvo/doctorzelvo.h"
@@ -27,6 +27,7 @@ Server::Server(std::optional<std::string> script) : script_(std::move(script)) {
     check(::LoadTypeLibEx(ownPath().c_str(), REGKIND_NONE, reinterpret_cast<ITypeLib**>(types_.put())),
           "LoadTypeLibEx");
     check(::CoRegisterMessageFilter(static_cast<IMessageFilter*>(this), nullptr), "CoRegisterMessageFilter");
+    ::CoAddRefServerProcess();
     check(::CoRegisterClassObject(__uuidof(clsZELVOInterface), static_cast<IClassFactory*>(this),
                                   CLSCTX_LOCAL_SERVER, REGCLS_MULTIPLEUSE, &registered_),
           "CoRegisterClassObject");
@@ -34,6 +35,8 @@ Server::Server(std::optional<std::string> script) : script_(std::move(script)) {
 
 Server::~Server() {
     ::CoRevokeClassObject(registered_);
+    // What is still held goes while its listeners can be told.
+    for (const auto held = std::move(objects_); const auto& object : held) object->disconnect();
     ::CoRegisterMessageFilter(nullptr, nullptr);
     doctorzelvo_shutdown();
     types_ = {};
@@ -41,13 +44,10 @@ Server::~Server() {
 }
 
 void Server::serve() {
-    const UINT_PTR unasked = ::SetTimer(nullptr, 0, firstObject, nullptr);
+    unasked_ = ::SetTimer(nullptr, 0, firstObject, nullptr);
     MSG message{};
     while (::GetMessageW(&message, nullptr, 0, 0) > 0) {
-        if (message.message == WM_TIMER && !message.hwnd && message.wParam == unasked) {
-            ::KillTimer(nullptr, unasked);
-            if (objects_.empty()) return;
-        }
+        if (message.message == WM_TIMER && !message.hwnd && message.wParam == unasked_) waited();
         ::TranslateMessage(&message);
         ::DispatchMessageW(&message);
     }
@@ -55,6 +55,17 @@ void Server::serve() {
 
 void Server::drop(const ChartObject& object) {
     std::erase_if(objects_, [&](const auto& each) { return each.get() == &object; });
+    letGo();
+}
+
+void Server::take() {
+    ::CoAddRefServerProcess();
+    waited();
+}
+
+void Server::waited() {
+    if (unasked_ == 0) return;
+    ::KillTimer(nullptr, std::exchange(unasked_, 0));
     letGo();
 }
 
@@ -77,7 +88,7 @@ HRESULT Server::CreateInstance(IUnknown* outer, REFIID which, void** out) {
     if (outer) return CLASS_E_NOAGGREGATION;
     try {
         ChartObject& object = *objects_.emplace_back(std::make_unique<ChartObject>(*this));
-        ::CoAddRefServerProcess();
+        take();
         const Ref<_clsZELVOInterface> made(&object);
         return object.QueryInterface(which, out);
     } catch (const std::exception&) {
@@ -87,7 +98,7 @@ HRESULT Server::CreateInstance(IUnknown* outer, REFIID which, void** out) {
 
 HRESULT Server::LockServer(BOOL lock) {
     if (lock) {
-        ::CoAddRefServerProcess();
+        take();
     } else {
         letGo();
     }

@@ -15,6 +15,8 @@
 namespace automation {
 
 /// The program as it serves charts: on one thread, to all that call, from the first object to the last.
+/// Its own wait for the first one counts as a chart that holds it, so that the system turns charts away from
+/// it in the moment in which it decides to end.
 class Server final : private IClassFactory, private IMessageFilter {
 public:
     /// `script`, where one is given, works the windows, which stand in the terminal then; "" is the standard
@@ -45,6 +47,8 @@ private:
     DWORD STDMETHODCALLTYPE RetryRejectedCall(HTASK callee, DWORD waited, DWORD how) override;
     DWORD STDMETHODCALLTYPE MessagePending(HTASK callee, DWORD waited, DWORD kind) override;
 
+    void take();
+    void waited();
     void letGo();
 
     std::optional<std::string> script_;
@@ -52,6 +56,8 @@ private:
     std::list<std::unique_ptr<ChartObject>> objects_;
     DWORD registered_ = 0;
     DWORD callingThread_ = 0;
+    /// What ends the wait for the first chart; 0 once one is there, or none has come in time.
+    UINT_PTR unasked_ = 0;
 };
 
 }  // namespace automation
