@@ -58,10 +58,22 @@ stage() {
 # What is linked in, and its makers' terms.
 third_parties() {
   local package
-  for package in libqt6core6 libsqlite3-0 libcurl4 zlib1g libgumbo1 libcpp-httplib-dev gcc-mingw-w64-base; do
+  cat <<'TEXT'
+The programs and DoctorZELVO.dll have these libraries linked into them. Qt is used by the terms of the GNU Lesser General Public
+License, version 3, which stands at the end with the General Public License that it builds on. Whoever has the sources of
+DoctorZELVO can link it with a Qt of his own: tools/windows/libraries.sh makes Qt from the sources that Debian publishes, and
+tools/windows/build.sh links the programs and makes the installer anew.
+
+TEXT
+  for package in libqt6core6 libsqlite3-0 libcurl4 zlib1g libgumbo1 libcpp-httplib-dev gcc-mingw-w64-base mingw-w64-common; do
     [ -f "/usr/share/doc/$package/copyright" ] || continue
     printf '==== %s %s\n\n' "$package" "$(dpkg-query -W -f='${Version}' "$package")"
     cat "/usr/share/doc/$package/copyright"
+    printf '\n'
+  done
+  for package in LGPL-3 GPL-3; do
+    printf '==== %s\n\n' "$package"
+    cat "/usr/share/common-licenses/$package"
     printf '\n'
   done
 }
