@@ -52,7 +52,7 @@ void keepPort(std::uintptr_t socket) {
                  reinterpret_cast<const char*>(&yes), sizeof yes);
 }
 
-// What stands in the user's own folders is his alone here.
+// It takes over the rights of its folder, which is the user's own where it is the usual one.
 void makePrivateFile(const std::filesystem::path& path) {
     const HANDLE file = ::CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, 0, nullptr);
     if (file == INVALID_HANDLE_VALUE)
