@@ -8,9 +8,11 @@ usage() {
 usage: tools/package.sh [--twice] [--help]
 
 Installs what is missing (Debian 12), builds a release into build-package/ and puts into build-package/packages/
-libdoctorzelvo1, libdoctorzelvo-dev, doctorzelvo-demo, the debug symbols, and NOTES.md: what the release changes, and the
-hash of the library and of each package. lintian looks at the packages, and an error that it finds ends this.
-  --twice    builds the commit once more, from a folder of its own, and compares the library byte for byte
+libdoctorzelvo1, libdoctorzelvo-dev, doctorzelvo-demo, the debug symbols of both (-dbgsym), and NOTES.md: what the release
+changes, what the library takes with its debug information and without, and the hash of the library and of each package.
+lintian looks at all of them, and an error that it finds ends this.
+  --twice    builds the commit once more, from a folder of its own, and compares the library and the packages
+               byte for byte
 HELP
 }
 
@@ -48,27 +50,64 @@ library() { readlink -f "$1/lib/libDoctorZELVO.so"; }
 installed_library() {
   dpkg-deb --fsys-tarfile build-package/packages/libdoctorzelvo1_*.deb | tar -xO --wildcards './usr/lib/*/libDoctorZELVO.so.*.*'
 }
+# finished FILE: the package as apt and lintian know one. It calls ldconfig by its trigger alone, debug symbols stand under
+# the name of their package and with its papers, and its sums name what is in it, not where it was made.
+finished() {
+  local tree name
+  tree=$(mktemp -d)
+  dpkg-deb -R "$1" "$tree/package"
+  name=$(dpkg-deb -f "$1" Package)
+  rm "$1"
+  if [ -f "$tree/package/DEBIAN/triggers" ]; then rm -f "$tree"/package/DEBIAN/postinst "$tree"/package/DEBIAN/postrm; fi
+  if [ "${name%-dbgsym}" != "$name" ]; then
+    find "$tree/package/usr/lib/debug" -type f -exec chmod 644 {} +
+    mkdir -p "$tree/package/usr/share/doc"
+    ln -s "${name%-dbgsym}" "$tree/package/usr/share/doc/$name"
+    sed -i '/^Package-Type:/d' "$tree/package/DEBIAN/control"
+  fi
+  (cd "$tree/package" && find usr -type f -print0 | sort -z | xargs -0 md5sum >DEBIAN/md5sums)
+  chmod 644 "$tree/package/DEBIAN/md5sums"
+  dpkg-deb --root-owner-group -Zxz --threads-max="$(nproc)" -b "$tree/package" "${1%.*}.deb" >/dev/null
+  rm -rf "$tree"
+}
+# pack FOLDER: the packages of what was built there.
+pack() {
+  local package
+  rm -rf "$1/packages"
+  cpack --config "$1/CPackConfig.cmake" -B "$1/packages" >"$1/cpack.log" || { cat "$1/cpack.log"; return 1; }
+  rm -rf "$1/packages/_CPack_Packages"
+  for package in "$1"/packages/*.deb "$1"/packages/*.ddeb; do finished "$package"; done
+}
+bytes() { wc -c | sed -E ':next; s/([0-9])([0-9]{3})($|,)/\1,\2\3/; t next'; }
 hash_of() { sha256sum "$1" | cut -d' ' -f1; }
 
 build build-package
-rm -rf build-package/packages
-cpack --config build-package/CPackConfig.cmake -B build-package/packages >build-package/cpack.log || { cat build-package/cpack.log; exit 1; }
-rm -rf build-package/packages/_CPack_Packages
+pack build-package
 packages=(build-package/packages/*.deb)
-lintian --fail-on error --suppress-tags initial-upload-closes-no-bugs "${packages[@]}"
+lintian --fail-on error --allow-root --suppress-tags initial-upload-closes-no-bugs "${packages[@]}"
 
 if [ -n "$twice" ]; then
   scratch=$(mktemp -d)
   trap 'rm -rf "$scratch"' EXIT
   git archive HEAD | tar -x -C "$scratch"
-  (cd "$scratch" && export CCACHE_DISABLE=1 && build elsewhere)
+  (cd "$scratch" && export CCACHE_DISABLE=1 && build elsewhere && pack elsewhere)
   cmp "$(library build-package)" "$(library "$scratch/elsewhere")"
-  echo "The library is the same, byte for byte, from another folder."
+  for package in "${packages[@]}"; do cmp "$package" "$scratch/elsewhere/packages/${package##*/}"; done
+  echo "The library and all packages are the same, byte for byte, from another folder."
 fi
 
 {
   # The newest release of the changes.
   awk '/^## / { if (++releases == 2) exit } releases' CHANGELOG.md
+  echo "### What the library takes"
+  echo
+  echo "| | bytes |"
+  echo "|---|---|"
+  echo "| with its debug information, as it is built | $(bytes <"$(library build-package)") |"
+  echo "| as it is installed; its debug information is in \`libdoctorzelvo1-dbgsym\` | $(installed_library | bytes) |"
+  echo "| packed, with all that \`libdoctorzelvo1\` brings | $(bytes <"$(echo build-package/packages/libdoctorzelvo1_*.deb)") |"
+  echo "| the debug information, packed | $(bytes <"$(echo build-package/packages/libdoctorzelvo1-dbgsym_*.deb)") |"
+  echo
   echo "### SHA-256"
   echo
   echo "Of commit $(git rev-parse --short=12 HEAD)$([ -z "$(git status --porcelain)" ] || echo " with changes"), built on Debian 12 by $(c++ --version | head -1)."
@@ -80,3 +119,4 @@ fi
   echo '```'
 } >build-package/packages/NOTES.md
 ls -l build-package/packages
+sed -n '/^| /p' build-package/packages/NOTES.md

@@ -24,6 +24,8 @@ run_packages=(sqlite3 ca-certificates fonts-nanum qt6-translations-l10n tdsodbc)
 wayland_packages=(qt6-wayland)
 test_packages=(libgtest-dev libsqliteodbc libssl-dev openssl)
 package_packages=(dpkg-dev file gzip lintian)
+# A bare system in a folder, a screen for it and hands.
+try_packages=(debootstrap imagemagick procps wmctrl xdotool openbox xvfb)
 check_packages=(clang-format clang-tidy)
 fuzz_packages=(clang libclang-rt-dev)
 # A real display for the window tests: a server, a window manager, hands, a Korean input method.
