@@ -167,7 +167,8 @@ int guarded(doctorzelvo_text* error, const Work& work) noexcept {
 /// One call: what the chart has brought when it began, and what it learns of its end.
 class Call {
 public:
-    explicit Call(const clsZELVOInterface& chart) : chart_(chart), own_(chart) {}
+    explicit Call(const clsZELVOInterface& chart)
+        : chart_(chart), own_(static_cast<const OwnDialogs&>(chart)) {}
     Call(const Call&) = delete;
     Call& operator=(const Call&) = delete;
 
