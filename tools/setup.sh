@@ -31,9 +31,10 @@ fuzz_packages=(clang libclang-rt-dev)
 # A real display for the window tests: a server, a window manager, hands, a Korean input method.
 display_packages=(xvfb openbox xdotool dbus dbus-daemon ibus ibus-hangul)
 
-# For Windows: a compiler, what builds its libraries from Debian's sources, and what runs the programs here.
+# For Windows: a compiler, what builds its libraries from Debian's sources, and what runs and tests the programs here.
 windows_packages=(g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix mingw-w64-tools libz-mingw-w64-dev dpkg-dev make tcl googletest
-                  wine wine64 libwine-dev xvfb xdotool)
+                  wine wine64 libwine-dev)
+windows_test_packages=(sqlite3 xvfb xdotool fonts-nanum)
 # What the windows, the icon and the installer take beyond that.
 windows_setup_packages=(qt6-base-dev-tools qt6-translations-l10n librsvg2-bin icoutils nsis)
 

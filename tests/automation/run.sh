@@ -6,19 +6,9 @@ set -euo pipefail
 bin=$1
 source=$2
 window=$3
-scratch=$(mktemp -d)
-export WINEPREFIX=$scratch/wine WINEDEBUG=-all WINEDLLOVERRIDES=mscoree,mshtml= LC_ALL=C.UTF-8
-trap 'kill $(jobs -p) 2>/dev/null || true; wineserver -k 2>/dev/null || true; rm -rf "$scratch"' EXIT
-# A screen that nobody sees: a chart is known by its window in front.
-Xvfb -displayfd 3 -screen 0 640x480x24 3>"$scratch/display" 2>/dev/null &
-until [ -s "$scratch/display" ]; do sleep 0.05; done
-DISPLAY=:$(cat "$scratch/display")
-export DISPLAY
-wine wineboot --init >/dev/null 2>&1
-wineserver -w
+# shellcheck source=wine.sh
+. "$(dirname "${BASH_SOURCE[0]}")/wine.sh"
 ours() { for root in HKCU HKLM; do wine reg query "$root\\Software\\Classes" /s | grep -ai 'zelvo\|496a5d59' || true; done; }
-fail() { echo "$case: $*" >&2; tail -n 5 "$scratch"/{chart,server,after}.out >&2 || true; exit 1; }
-within() { for _ in $(seq 300); do eval "$1" && return; sleep 0.05; done; fail "not within 15 s: $1"; }
 
 case=registration
 wine "$bin/DoctorZELVO.exe" /register
@@ -46,7 +36,8 @@ expect message "처방전 전송" *
 expect message "처방전 전송 성공" *'
 event='event 1: "첩약 + 탕전" short:20 short:100 float:3 short:7 short:21 "식후 30분에 복용하도록 안내 부탁드립니다." long:20489 "당귀/$CD$/6/$RD$/작약/$CD$/4/$RD$/감초/$CD$/2"'
 orders() { sqlite3 "$scratch/now.db" 'SELECT count(*) FROM t_ChubangJun'; }
-marks() { find "$scratch/data" -name 'unsettled_*' | wc -l; }
+# One that stands: what is on its way in or out bears another ending.
+marks() { find "$scratch/data" -name 'unsettled_*.txt' | wc -l; }
 
 # A pharmacy and a user of the case's own.
 fresh() {

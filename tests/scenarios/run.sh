@@ -11,7 +11,7 @@ script=$2
 place=${3:-console}
 scratch=$(mktemp -d)
 server=
-trap '[ -z "$server" ] || kill "$server" 2>/dev/null || true; rm -rf "$scratch"' EXIT
+trap '[ -z "$server" ] || { kill "$server"; wait "$server"; } 2>/dev/null || true; rm -rf "$scratch"' EXIT
 # Where a program sees this machine's folders, and how it is started.
 drive=
 program=()
@@ -29,7 +29,7 @@ db="$drive$scratch/pharmacy.db"
 "${pharmacy[@]}" --db "$db" init >/dev/null
 "${pharmacy[@]}" --db "$db" serve "${parent[@]}" --ready-file "$drive$scratch/port" >/dev/null &
 server=$!
-for _ in $(seq 200); do
+for _ in $(seq 1200); do
   [ -s "$scratch/port" ] && break
   sleep 0.05
 done

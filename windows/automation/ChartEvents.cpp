@@ -40,6 +40,12 @@ VARIANTARG argument(std::int32_t number) {
     return value;
 }
 
+/// A call that did not come to its listener, or not back: the system says so, not the chart.
+bool isLost(HRESULT result) {
+    const auto facility = HRESULT_FACILITY(result);
+    return FAILED(result) && (facility == FACILITY_RPC || facility == FACILITY_WIN32);
+}
+
 /// What a listener has said of its failure, in its own words where it has any.
 std::string wordsOf(HRESULT result, EXCEPINFO& failure) {
     if (failure.pfnDeferredFillIn) failure.pfnDeferredFillIn(&failure);
@@ -55,7 +61,7 @@ std::string wordsOf(HRESULT result, EXCEPINFO& failure) {
 
 }  // namespace
 
-std::string ChartEvents::send2Chart(const doctorzelvo_chart_record& order) const {
+ChartEvents::Answer ChartEvents::send2Chart(const doctorzelvo_chart_record& order) const {
     const Text job(order.strJob), message(order.strMessage), drugs(order.strxDrugList);
     // The last argument stands first.
     std::array<VARIANTARG, 9> values = {
@@ -69,7 +75,7 @@ std::string ChartEvents::send2Chart(const doctorzelvo_chart_record& order) const
         argument(order.intChupSu),
         argument(job),
     };
-    std::string reason;
+    Answer answer;
     // A listener may come or go while another one is told.
     const auto listeners = listeners_;
     for (const auto& [cookie, listener] : listeners) {
@@ -78,9 +84,10 @@ std::string ChartEvents::send2Chart(const doctorzelvo_chart_record& order) const
         const HRESULT result = listener->Invoke(send2ChartId, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD,
                                                 &handed, nullptr, &failure, nullptr);
         // One that listens to no event of this name has nothing against it.
-        if (FAILED(result) && result != DISP_E_MEMBERNOTFOUND) reason = wordsOf(result, failure);
+        if (FAILED(result) && result != DISP_E_MEMBERNOTFOUND) answer.reason = wordsOf(result, failure);
+        answer.lost = answer.lost || isLost(result);
     }
-    return reason;
+    return answer;
 }
 
 HRESULT ChartEvents::QueryInterface(REFIID which, void** out) {

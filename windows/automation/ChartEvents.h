@@ -17,8 +17,14 @@ class ChartEvents final : public IConnectionPoint {
 public:
     explicit ChartEvents(IConnectionPointContainer& object) : object_(object) {}
 
-    /// Tells every listener of an order. "" when all have taken it, else what the last that failed has said.
-    std::string send2Chart(const doctorzelvo_chart_record& order) const;
+    struct Answer {
+        /// "" when all have taken it, else what the last that failed has said.
+        std::string reason;
+        /// One could not be reached.
+        bool lost = false;
+    };
+    /// Tells every listener of an order.
+    Answer send2Chart(const doctorzelvo_chart_record& order) const;
 
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID which, void** out) override;
     ULONG STDMETHODCALLTYPE AddRef() override { return object_.AddRef(); }

@@ -17,15 +17,18 @@ namespace {
 /// One call, as the component's functions see it.
 struct Call {
     const ChartEvents& events;
+    const Guard& guard;
     std::string reason;
 
     static void tell(const char* reason, void* context) { static_cast<Call*>(context)->reason = reason; }
 
     static int send2Chart(const doctorzelvo_chart_record* order, doctorzelvo_text* error, void* context) {
         try {
-            const std::string reason = static_cast<Call*>(context)->events.send2Chart(*order);
-            if (reason.empty()) return doctorzelvo_confirmed;
-            error->give(error, reason.c_str());
+            const Call& call = *static_cast<Call*>(context);
+            const ChartEvents::Answer answer = call.events.send2Chart(*order);
+            if (answer.lost) call.guard.chartLost();
+            if (answer.reason.empty()) return doctorzelvo_confirmed;
+            error->give(error, answer.reason.c_str());
         } catch (const std::exception& failure) {
             error->give(error, failure.what());
         }
@@ -167,14 +170,14 @@ HRESULT ChartObject::call(VARIANT_BOOL* result, const Open& open) {
     errorText_.clear();
     try {
         const Caller caller(server_.callingThread());
-        Call running{events_, {}};
+        const Guard guard(caller.process(), caller.open());
+        Call running{events_, guard, {}};
         doctorzelvo_chart chart = {};
         chart.size = sizeof chart;
         chart.context = &running;
         chart.owner_window = reinterpret_cast<std::uintptr_t>(caller.window());
         chart.tell = &Call::tell;
         chart.Send2Chart = &Call::send2Chart;
-        const Guard guard(caller.process(), caller.open());
         const int outcome = run(chart, open, running.reason);
         errorText_ = outcome == doctorzelvo_closed ? "" : running.reason;
         return outcome == doctorzelvo_broken ? raise(running.reason) : S_OK;

@@ -7,6 +7,9 @@ namespace automation {
 
 namespace {
 
+/// How long a chart that can't be reached any more may take to end.
+constexpr DWORD lastBreath = 5'000;
+
 void CALLBACK endWithChart(void* /*context*/, BOOLEAN /*timedOut*/) {
     ::TerminateProcess(::GetCurrentProcess(), 1);
 }
@@ -30,7 +33,7 @@ Handle startKeeper(const std::vector<HWND>& windows) {
 
 }  // namespace
 
-Guard::Guard(HANDLE chart, const std::vector<HWND>& windows) {
+Guard::Guard(HANDLE chart, const std::vector<HWND>& windows) : chart_(chart) {
     if (chart)
         ::RegisterWaitForSingleObject(&wait_, chart, endWithChart, nullptr, INFINITE, WT_EXECUTEONLYONCE);
     if (!windows.empty()) keeper_ = startKeeper(windows);
@@ -39,6 +42,10 @@ Guard::Guard(HANDLE chart, const std::vector<HWND>& windows) {
 Guard::~Guard() {
     if (wait_) ::UnregisterWaitEx(wait_, INVALID_HANDLE_VALUE);
     if (keeper_) ::TerminateProcess(keeper_.get(), 0);
+}
+
+void Guard::chartLost() const {
+    if (chart_ && ::WaitForSingleObject(chart_, lastBreath) == WAIT_OBJECT_0) endWithChart(nullptr, FALSE);
 }
 
 int giveBackAfter(const std::string& program, const std::string& windows) {

@@ -19,7 +19,11 @@ public:
     Guard& operator=(const Guard&) = delete;
     ~Guard();
 
+    /// The chart could not be reached: where it is about to end, nothing more is done for it.
+    void chartLost() const;
+
 private:
+    HANDLE chart_;
     HANDLE wait_ = nullptr;
     Handle keeper_;
 };

@@ -32,7 +32,8 @@ std::string aliased(const std::string& charset) {
     if (::RegGetValueA(HKEY_CLASSES_ROOT, key.c_str(), "AliasForCharset", RRF_RT_REG_SZ, nullptr, name.data(),
                        &size) != ERROR_SUCCESS)
         return {};
-    return name.c_str();
+    name.resize(name.find('\0'));
+    return name;
 }
 
 /// The code page of a charset; 0 where the machine has none.
