@@ -11,7 +11,7 @@ usage: tools/windows/libraries.sh [--jobs N] [LIBRARY...]
 Builds sqlite, curl, httplib, gumbo and qt, or those that are named, for Windows into
 ${XDG_CACHE_HOME:-~/.cache}/doctorzelvo-windows, each once for its version and the way it is built here, and
 prints their folders with ";" between them. qt takes half an hour of two processors, the others a minute. Installs what
-is missing (Debian 12); what it says goes to standard error.
+is missing (Debian 12); what it says goes to standard error. Exits 3 where no sources can be fetched.
 TEXT
 }
 
@@ -66,7 +66,7 @@ fetch_source() {
   rm -rf "$work/source" "$work/download"
   mkdir -p "$work/download"
   (cd "$work/download" && { own_apt source --download-only "$package=$version" || own_apt source --download-only "$package"; } &&
-    dpkg-source --no-check -x ./*.dsc "$work/source") >&2
+    dpkg-source --no-check -x ./*.dsc "$work/source") >&2 || return 1
   rm -rf "$work/download"
 }
 
@@ -74,7 +74,7 @@ fetch_source() {
 fetch_from_registry() {
   rm -rf "$work/source" "$work/download"
   mkdir -p "$work/download"
-  (cd "$work/download" && npm pack --silent "$1" && tar xzf ./*.tgz && mv "package/$2" "$work/source") >&2
+  (cd "$work/download" && npm pack --silent "$1" && tar xzf ./*.tgz && mv "package/$2" "$work/source") >&2 || return 1
   rm -rf "$work/download"
 }
 
@@ -167,10 +167,12 @@ for library in "${libraries[@]}"; do
   echo "Building $library $version for Windows" >&2
   mkdir -p "$work"
   if [ ! -f "$work/fetched" ]; then
+    fetched=yes
     case "$library" in
-      gumbo) fetch_from_registry gumbo-parser@0.3.0 deps/gumbo-parser/src ;;
-      *) fetch_source "$source_package" "$version" ;;
+      gumbo) fetch_from_registry gumbo-parser@0.3.0 deps/gumbo-parser/src || fetched= ;;
+      *) fetch_source "$source_package" "$version" || fetched= ;;
     esac
+    [ "$fetched" ] || { echo "The sources of $library can't be fetched." >&2; exit 3; }
     touch "$work/fetched"
   fi
   rm -rf "$prefix"
