@@ -41,7 +41,8 @@ compgen -G "$packages/*.deb" >/dev/null || fail "no packages: tools/package.sh m
 need "${try_packages[@]}"
 
 kept=$root
-[ -n "$root" ] || root=$(mktemp -d)
+# Its users enter it, too.
+[ -n "$root" ] || { root=$(mktemp -d) && chmod 755 "$root"; }
 display='' manager=''
 clean() {
   [ -z "$manager" ] || kill "$manager" 2>/dev/null || true
