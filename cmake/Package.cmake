@@ -25,7 +25,8 @@ set(CPACK_DEBIAN_LIBRARY_PACKAGE_SHLIBDEPS ON)
 file(WRITE ${CMAKE_BINARY_DIR}/triggers "activate-noawait ldconfig\n")
 set(CPACK_DEBIAN_LIBRARY_PACKAGE_CONTROL_EXTRA ${CMAKE_BINARY_DIR}/triggers)
 set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS ON)
-set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS_POLICY "=")
+# A chart's package lives with every later release of the library; ours name the one that they were made with.
+set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS_POLICY ">=")
 set(CPACK_DEBIAN_LIBRARY_PACKAGE_RECOMMENDS "ca-certificates, fonts-nanum | fonts-noto-cjk, qt6-translations-l10n, tdsodbc")
 set(CPACK_DEBIAN_LIBRARY_PACKAGE_SUGGESTS "qt6-wayland")
 set(CPACK_DEBIAN_LIBRARY_DESCRIPTION "order client between a clinic's chart and a herbal pharmacy

@@ -1,5 +1,8 @@
 // The order client as an automation object: what the system starts when a chart makes one.
+#include <windows.h>
+
 #include <cstdio>
+#include <cstdlib>
 #include <exception>
 #include <optional>
 #include <string>
@@ -52,6 +55,9 @@ int run(const std::vector<std::string>& words) {
 }  // namespace
 
 int main(int argc, char** argv) {
+    // A fault of this program is told to nobody here: it ends at once, and the chart has its windows back.
+    ::SetErrorMode(SEM_FAILCRITICALERRORS | SEM_NOGPFAULTERRORBOX);
+    ::_set_error_mode(_OUT_TO_STDERR);
     try {
         return run(program::wordsOf(argc, argv));
     } catch (const std::exception& failure) {
