@@ -40,8 +40,15 @@ VARIANTARG argument(std::int32_t number) {
     return value;
 }
 
+/// A chart that has something else to do, and will be there again.
+bool isBusy(HRESULT result) {
+    return result == RPC_E_CALL_REJECTED || result == RPC_E_SERVERCALL_RETRYLATER ||
+           result == RPC_E_SERVERCALL_REJECTED;
+}
+
 /// A call that did not come to its listener, or not back: the system says so, not the chart.
 bool isLost(HRESULT result) {
+    if (isBusy(result)) return false;
     const auto facility = HRESULT_FACILITY(result);
     return FAILED(result) && (facility == FACILITY_RPC || facility == FACILITY_WIN32);
 }
