@@ -128,9 +128,11 @@ HRESULT ChartEvents::Advise(IUnknown* listener, DWORD* cookie) {
         FAILED(listener->QueryInterface(IID_IDispatch, events.put()))) {
         return CONNECT_E_CANNOTCONNECT;
     }
-    listeners_[++last_] = events;
-    *cookie = last_;
-    return S_OK;
+    return withinMemory([&] {
+        listeners_[++last_] = events;
+        *cookie = last_;
+        return S_OK;
+    });
 }
 
 HRESULT ChartEvents::Unadvise(DWORD cookie) {

@@ -46,17 +46,19 @@ private:
 };
 
 /// An error of our own, with its text, as every language's charts raise it.
-HRESULT raise(const std::string& reason) {
-    Ref<ICreateErrorInfo> made;
-    Ref<IErrorInfo> error;
-    if (SUCCEEDED(::CreateErrorInfo(reinterpret_cast<ICreateErrorInfo**>(made.put())))) {
-        const Text text(reason.c_str()), source("DoctorZELVO.clsZELVOInterface");
-        made->SetGUID(__uuidof(_clsZELVOInterface));
-        made->SetSource(source.get());
-        made->SetDescription(text.get());
-        if (SUCCEEDED(made->QueryInterface(IID_IErrorInfo, error.put()))) ::SetErrorInfo(0, error.get());
-    }
-    return E_FAIL;
+HRESULT raise(const char* reason) {
+    return withinMemory([&] {
+        Ref<ICreateErrorInfo> made;
+        Ref<IErrorInfo> error;
+        if (SUCCEEDED(::CreateErrorInfo(reinterpret_cast<ICreateErrorInfo**>(made.put())))) {
+            const Text text(reason), source("DoctorZELVO.clsZELVOInterface");
+            made->SetGUID(__uuidof(_clsZELVOInterface));
+            made->SetSource(source.get());
+            made->SetDescription(text.get());
+            if (SUCCEEDED(made->QueryInterface(IID_IErrorInfo, error.put()))) ::SetErrorInfo(0, error.get());
+        }
+        return E_FAIL;
+    });
 }
 
 }  // namespace
@@ -158,8 +160,11 @@ HRESULT ChartObject::ZELVOInterface_Nurse(VARIANT conSQL, BSTR YakGukIP, BSTR Do
 
 HRESULT ChartObject::get_errorText(BSTR* text) {
     if (!text) return E_POINTER;
-    *text = Text(errorText_.c_str()).release();
-    return S_OK;
+    *text = nullptr;
+    return withinMemory([&] {
+        *text = Text(errorText_.c_str()).release();
+        return S_OK;
+    });
 }
 
 HRESULT ChartObject::call(VARIANT_BOOL* result, const Open& open) {
@@ -180,7 +185,9 @@ HRESULT ChartObject::call(VARIANT_BOOL* result, const Open& open) {
         chart.Send2Chart = &Call::send2Chart;
         const int outcome = run(chart, open, running.reason);
         errorText_ = outcome == doctorzelvo_closed ? "" : running.reason;
-        return outcome == doctorzelvo_broken ? raise(running.reason) : S_OK;
+        return outcome == doctorzelvo_broken ? raise(running.reason.c_str()) : S_OK;
+    } catch (const std::bad_alloc&) {
+        return E_OUTOFMEMORY;
     } catch (const std::exception& failure) {
         return raise(failure.what());
     }
@@ -229,8 +236,7 @@ HRESULT ChartObject::GetGUID(DWORD kind, GUID* guid) {
 
 HRESULT ChartObject::EnumConnectionPoints(IEnumConnectionPoints** points) {
     if (!points) return E_POINTER;
-    PointList::make(events_, 0, points);
-    return S_OK;
+    return PointList::make(events_, 0, points);
 }
 
 HRESULT ChartObject::FindConnectionPoint(REFIID which, IConnectionPoint** point) {

@@ -5,6 +5,7 @@
 #include <oleauto.h>
 
 #include <memory>
+#include <new>
 #include <string>
 #include <utility>
 
@@ -62,6 +63,16 @@ struct CloseHandle {
     void operator()(HANDLE handle) const { ::CloseHandle(handle); }
 };
 using Handle = std::unique_ptr<void, CloseHandle>;
+
+/// What a chart gets of work that may want memory: no exception goes over to it.
+template <class Work>
+HRESULT withinMemory(const Work& work) {
+    try {
+        return work();
+    } catch (const std::bad_alloc&) {
+        return E_OUTOFMEMORY;
+    }
+}
 
 /// This program's own file.
 std::wstring ownPath();

@@ -2,11 +2,15 @@
 
 namespace automation {
 
-void PointList::make(IConnectionPoint& point, ULONG taken, IEnumConnectionPoints** out) {
-    auto made = std::make_unique<PointList>(point, taken);
-    PointList& list = *made;
-    list.self_ = std::move(made);
-    *out = &list;
+HRESULT PointList::make(IConnectionPoint& point, ULONG taken, IEnumConnectionPoints** out) {
+    *out = nullptr;
+    return withinMemory([&] {
+        auto made = std::make_unique<PointList>(point, taken);
+        PointList& list = *made;
+        list.self_ = std::move(made);
+        *out = &list;
+        return S_OK;
+    });
 }
 
 HRESULT PointList::QueryInterface(REFIID which, void** out) {
@@ -50,8 +54,7 @@ HRESULT PointList::Reset() {
 
 HRESULT PointList::Clone(IEnumConnectionPoints** out) {
     if (!out) return E_POINTER;
-    make(*point_.get(), taken_, out);
-    return S_OK;
+    return make(*point_.get(), taken_, out);
 }
 
 }  // namespace automation

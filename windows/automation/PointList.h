@@ -16,7 +16,7 @@ class PointList final : public IEnumConnectionPoints {
 public:
     PointList(IConnectionPoint& point, ULONG taken) : point_(&point), taken_(taken) {}
     /// Puts a list of this one point into `out`; `taken` of it have been handed out already.
-    static void make(IConnectionPoint& point, ULONG taken, IEnumConnectionPoints** out);
+    static HRESULT make(IConnectionPoint& point, ULONG taken, IEnumConnectionPoints** out);
 
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID which, void** out) override;
     ULONG STDMETHODCALLTYPE AddRef() override { return ++references_; }
