@@ -1,11 +1,13 @@
-// A chart that makes the automation object: chart early|late SERVER [fail|hold]. It prints what the object
-// gives. Its handler fails, or holds the order, with the chart's window as ours would leave it, until
-// somebody gives the window back. It tells how the first window that comes over its own stands there.
+// A chart that makes the automation object: chart early|late SERVER [fail|hold|again|keep]. It prints what
+// the object gives. Its handler fails, calls the object again, or holds the order, with the chart's window as
+// ours would leave it, until somebody gives the window back. It tells how the first window that comes over
+// its own stands there. By "keep" it holds the object when the call has returned.
 #include <windows.h>
 
 #include <ocidl.h>
 
 #include <cstdio>
+#include <functional>
 #include <string>
 #include <thread>
 #include <vector>
@@ -55,51 +57,6 @@ void print(const VARIANTARG& value) {
             std::printf(" ?%u", value.vt);
     }
 }
-
-/// The chart's handler of Send2Chart.
-class Listener : public IDispatch {
-public:
-    Listener(std::string how, HWND window) : how_(std::move(how)), window_(window) {}
-
-    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID which, void** out) override {
-        const bool known =
-            which == IID_IUnknown || which == IID_IDispatch || which == __uuidof(__clsZELVOInterface);
-        *out = known ? this : nullptr;
-        return known ? S_OK : E_NOINTERFACE;
-    }
-    ULONG STDMETHODCALLTYPE AddRef() override { return 2; }
-    ULONG STDMETHODCALLTYPE Release() override { return 1; }
-    HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT*) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override {
-        return E_NOTIMPL;
-    }
-    HRESULT STDMETHODCALLTYPE Invoke(DISPID member, REFIID, LCID, WORD, DISPPARAMS* handed, VARIANT*,
-                                     EXCEPINFO* failure, UINT*) override {
-        std::printf("event %ld:", static_cast<long>(member));
-        for (UINT i = handed->cArgs; i > 0; --i) print(handed->rgvarg[i - 1]);
-        std::printf("\n");
-        if (how_ == "hold") hold();
-        if (how_ != "fail") return S_OK;
-        failure->bstrDescription = ::SysAllocString(L"진료부가 바쁩니다.");
-        return DISP_E_EXCEPTION;
-    }
-
-private:
-    void hold() const {
-        ::EnableWindow(window_, FALSE);
-        std::printf("held\n");
-        MSG message{};
-        while (!::IsWindowEnabled(window_)) {
-            if (::PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) ::DispatchMessageW(&message);
-            ::Sleep(10);
-        }
-        std::printf("given back\n");
-    }
-
-    std::string how_;
-    HWND window_;
-};
 
 VARIANT text(const char* utf8) {
     VARIANT value{};
@@ -162,6 +119,54 @@ void callLate(IDispatch& object, const char* server) {
     std::printf("result %d errorText", result.boolVal);
     print(reason);
 }
+
+/// The chart's handler of Send2Chart.
+class Listener : public IDispatch {
+public:
+    Listener(std::string how, HWND window, std::function<void()> call)
+        : how_(std::move(how)), window_(window), call_(std::move(call)) {}
+
+    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID which, void** out) override {
+        const bool known =
+            which == IID_IUnknown || which == IID_IDispatch || which == __uuidof(__clsZELVOInterface);
+        *out = known ? this : nullptr;
+        return known ? S_OK : E_NOINTERFACE;
+    }
+    ULONG STDMETHODCALLTYPE AddRef() override { return 2; }
+    ULONG STDMETHODCALLTYPE Release() override { return 1; }
+    HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT*) override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override {
+        return E_NOTIMPL;
+    }
+    HRESULT STDMETHODCALLTYPE Invoke(DISPID member, REFIID, LCID, WORD, DISPPARAMS* handed, VARIANT*,
+                                     EXCEPINFO* failure, UINT*) override {
+        std::printf("event %ld:", static_cast<long>(member));
+        for (UINT i = handed->cArgs; i > 0; --i) print(handed->rgvarg[i - 1]);
+        std::printf("\n");
+        if (how_ == "hold") hold();
+        if (how_ == "again") call_();
+        if (how_ != "fail") return S_OK;
+        failure->bstrDescription = ::SysAllocString(L"진료부가 바쁩니다.");
+        return DISP_E_EXCEPTION;
+    }
+
+private:
+    void hold() const {
+        ::EnableWindow(window_, FALSE);
+        std::printf("held\n");
+        MSG message{};
+        while (!::IsWindowEnabled(window_)) {
+            if (::PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) ::DispatchMessageW(&message);
+            ::Sleep(10);
+        }
+        std::printf("given back\n");
+    }
+
+    std::string how_;
+    HWND window_;
+    std::function<void()> call_;
+};
 
 void callEarly(IDispatch& object, const char* server) {
     _clsZELVOInterface* early = nullptr;
@@ -230,7 +235,11 @@ int main(int argc, char** argv) {
                                           200, nullptr, nullptr, nullptr, nullptr);
     ::SetForegroundWindow(window);
     std::thread(watch, window).detach();
-    Listener listener(how, window);
+    const auto call = [&] {
+        early ? callEarly(*object, argv[2]) : callLate(*object, argv[2]);
+        std::printf("\n");
+    };
+    Listener listener(how, window, call);
     IConnectionPointContainer* container = nullptr;
     IConnectionPoint* point = nullptr;
     DWORD cookie = 0;
@@ -238,9 +247,8 @@ int main(int argc, char** argv) {
          "container");
     findEvents(*container, early, &point);
     must(point->Advise(&listener, &cookie), "Advise");
-    std::string(argv[1]) == "early" ? callEarly(*object, argv[2])
-                                    : static_cast<void>(callLate(*object, argv[2]));
-    std::printf("\n");
+    call();
+    if (how == "keep") ::Sleep(INFINITE);
     must(point->Unadvise(cookie), "Unadvise");
     point->Release();
     container->Release();

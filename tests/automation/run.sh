@@ -99,6 +99,7 @@ done <<'CASES'
 late plain result 0 errorText ""
 early plain result 0 errorText ""
 late fail result 0 errorText ""
+late again result 0 errorText "ZELVO 창이 이미 열려
 CASES
 
 # Wine's script hosts listen to no events.

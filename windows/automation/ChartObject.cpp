@@ -17,8 +17,8 @@ namespace {
 /// One call, as the component's functions see it.
 struct Call {
     const ChartEvents& events;
-    const Guard& guard;
-    std::string reason;
+    const Guard* guard = nullptr;
+    std::string reason = {};
 
     static void tell(const char* reason, void* context) { static_cast<Call*>(context)->reason = reason; }
 
@@ -26,7 +26,7 @@ struct Call {
         try {
             const Call& call = *static_cast<Call*>(context);
             const ChartEvents::Answer answer = call.events.send2Chart(*order);
-            if (answer.lost) call.guard.chartLost();
+            if (answer.lost && call.guard) call.guard->chartLost();
             if (answer.reason.empty()) return doctorzelvo_confirmed;
             error->give(error, answer.reason.c_str());
         } catch (const std::exception& failure) {
@@ -174,16 +174,23 @@ HRESULT ChartObject::call(VARIANT_BOOL* result, const Open& open) {
     const Ref<_clsZELVOInterface> kept(this);
     errorText_.clear();
     try {
-        const Caller caller(server_.callingThread());
-        const Guard guard(caller.process(), caller.open());
-        Call running{events_, guard, {}};
+        Call running{events_};
         doctorzelvo_chart chart = {};
         chart.size = sizeof chart;
         chart.context = &running;
-        chart.owner_window = reinterpret_cast<std::uintptr_t>(caller.window());
         chart.tell = &Call::tell;
         chart.Send2Chart = &Call::send2Chart;
-        const int outcome = run(chart, open, running.reason);
+        int outcome = doctorzelvo_broken;
+        if (const Server::Session session(server_); session.isFirst()) {
+            const Caller caller(server_.callingThread());
+            const Guard guard(caller.process(), caller.open());
+            running.guard = &guard;
+            chart.owner_window = reinterpret_cast<std::uintptr_t>(caller.window());
+            outcome = run(chart, open, running.reason);
+        } else {
+            // It is turned away, and nothing that the open window stands on is touched for it.
+            outcome = open(chart);
+        }
         errorText_ = outcome == doctorzelvo_closed ? "" : running.reason;
         return outcome == doctorzelvo_broken ? raise(running.reason.c_str()) : S_OK;
     } catch (const std::bad_alloc&) {

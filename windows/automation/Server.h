@@ -19,6 +19,21 @@ namespace automation {
 /// it in the moment in which it decides to end.
 class Server final : private IClassFactory, private IMessageFilter {
 public:
+    /// One call, for as long as it runs: the first one opens a window, another meanwhile finds it open.
+    class Session {
+    public:
+        explicit Session(Server& server) : server_(server), first_(server.sessions_++ == 0) {}
+        ~Session() { --server_.sessions_; }
+        Session(const Session&) = delete;
+        Session& operator=(const Session&) = delete;
+
+        bool isFirst() const { return first_; }
+
+    private:
+        Server& server_;
+        bool first_;
+    };
+
     /// `script`, where one is given, works the windows, which stand in the terminal then; "" is the standard
     /// input. Throws Fault when the system's side can't be set up.
     explicit Server(std::optional<std::string> script);
@@ -56,6 +71,7 @@ private:
     std::list<std::unique_ptr<ChartObject>> objects_;
     DWORD registered_ = 0;
     DWORD callingThread_ = 0;
+    int sessions_ = 0;
     /// What ends the wait for the first chart; 0 once one is there, or none has come in time.
     UINT_PTR unasked_ = 0;
 };
