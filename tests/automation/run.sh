@@ -61,21 +61,24 @@ call() {
   wine "$bin/automation_chart.exe" "$1" "sqlite:Z:$scratch/now.db" "${2:-}" >"$scratch/chart.out" 2>&1 8>&- &
   client=$!
 }
+windows() { xdotool search --onlyvisible --name ZEL-VO 2>/dev/null | wc -l; }
 gone() { within "! kill -0 $1 2>/dev/null"; }
 
 if [ "$window" = ON ]; then
-  # One window for all charts, which goes with the one that it was opened for.
-  fresh 'a window on the screen'
+  # Each has a window of its own, and the end of one is nothing to the other.
+  fresh 'two charts on the screen'
   call late
   first=$client
   within 'grep -q "^over the chart, which is held" "$scratch/chart.out"'
+  mv "$scratch/chart.out" "$scratch/first.out"
   call early
-  gone $client
-  grep -q 'errorText "ZELVO 창이 이미' "$scratch/chart.out" || fail "not turned away"
+  within 'grep -q "^over the chart, which is held" "$scratch/chart.out"'
+  [ "$(windows)" = 2 ] || fail "$(windows) windows"
   kill -9 $first
-  within '! xdotool search --onlyvisible --name ZEL-VO >/dev/null 2>&1'
-  wineserver -k
-  serve
+  within '[ "$(windows)" = 1 ]'
+  within 'xdotool key alt+F4; [ "$(windows)" = 0 ]'
+  gone $client
+  grep -q '^result 0 errorText ""' "$scratch/chart.out" || fail 'no result'
 else
   fresh 'no window in the terminal'
   call late

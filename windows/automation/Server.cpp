@@ -29,7 +29,7 @@ Server::Server(std::optional<std::string> script) : script_(std::move(script)) {
     check(::CoRegisterMessageFilter(static_cast<IMessageFilter*>(this), nullptr), "CoRegisterMessageFilter");
     ::CoAddRefServerProcess();
     check(::CoRegisterClassObject(__uuidof(clsZELVOInterface), static_cast<IClassFactory*>(this),
-                                  CLSCTX_LOCAL_SERVER, REGCLS_MULTIPLEUSE, &registered_),
+                                  CLSCTX_LOCAL_SERVER, REGCLS_SINGLEUSE, &registered_),
           "CoRegisterClassObject");
 }
 

@@ -14,9 +14,9 @@
 
 namespace automation {
 
-/// The program as it serves charts: on one thread, to all that call, from the first object to the last.
-/// Its own wait for the first one counts as a chart that holds it, so that the system turns charts away from
-/// it in the moment in which it decides to end.
+/// The program as it serves a chart: on one thread, to all that call, from the first object to the last. The
+/// next chart gets a program of its own. The wait for the first object counts as a chart that holds it, so
+/// that the system turns charts away from it in the moment in which it decides to end.
 class Server final : private IClassFactory, private IMessageFilter {
 public:
     /// One call, for as long as it runs: the first one opens a window, another meanwhile finds it open.
