@@ -6,6 +6,8 @@ Target amd64-unicode
 RequestExecutionLevel user
 SetCompressor /SOLID lzma
 ManifestDPIAware true
+; A file that can't be written ends the installer, silently with exit code 2.
+AllowSkipFiles off
 
 !include FileFunc.nsh
 !include MUI2.nsh
@@ -75,6 +77,8 @@ Section "ZELVO"
   takeAway:
   ExecWait '"$1\uninstall.exe" /S /UPDATE _?=$1' $0
   StrCmp $0 0 taken
+  ; The object's entries were not to be taken away: they are written anew.
+  StrCmp $0 4 taken
     MessageBox MB_RETRYCANCEL|MB_ICONEXCLAMATION "ZELVO가 열려 있습니다. 차트와 ZELVO를 모두 닫은 뒤 다시 시도하십시오." /SD IDCANCEL IDRETRY takeAway
     SetErrorLevel 3
     Quit
@@ -85,7 +89,13 @@ Section "ZELVO"
   fresh:
   !insertmacro InstallFiles
   SetOutPath "$INSTDIR"
+  ClearErrors
   WriteUninstaller "$INSTDIR\uninstall.exe"
+  IfErrors 0 written
+    MessageBox MB_OK|MB_ICONSTOP "$INSTDIR\uninstall.exe 파일을 쓰지 못했습니다." /SD IDOK
+    SetErrorLevel 2
+    Abort
+  written:
   ExecWait '"$INSTDIR\bin\DoctorZELVO.exe" /register' $0
   StrCmp $0 0 registered
     MessageBox MB_OK|MB_ICONEXCLAMATION "자동화 개체 DoctorZELVO.clsZELVOInterface를 등록하지 못했습니다. ($0)" /SD IDOK
@@ -107,8 +117,12 @@ SectionEnd
 
 Section "un.ZELVO"
   Call un.WaitUntilClosed
-  IfFileExists "$INSTDIR\bin\DoctorZELVO.exe" 0 +2
-  ExecWait '"$INSTDIR\bin\DoctorZELVO.exe" /unregister'
+  IfFileExists "$INSTDIR\bin\DoctorZELVO.exe" 0 unregistered
+  ExecWait '"$INSTDIR\bin\DoctorZELVO.exe" /unregister' $0
+  StrCmp $0 0 unregistered
+    MessageBox MB_OK|MB_ICONEXCLAMATION "자동화 개체 DoctorZELVO.clsZELVOInterface의 등록을 해제하지 못했습니다. ($0)" /SD IDOK
+    SetErrorLevel 4
+  unregistered:
   SetOutPath "$TEMP"
   !insertmacro RemoveFiles
   Delete "$INSTDIR\uninstall.exe"
