@@ -1,5 +1,5 @@
 # Sourced by run.sh, test.sh and .ci/run: installs what is missing of a list of Debian packages, and nothing when all is there.
-# Usage: need PACKAGE...
+# Usage: need PACKAGE...; 3 where something is missing and this user can't install it.
 need() {
   local missing=() package
   for package in "$@"; do
@@ -9,7 +9,11 @@ need() {
   echo "Installing: ${missing[*]}" >&2
   local apt=(apt-get)
   if [ "$(id -u)" -ne 0 ]; then
-    command -v sudo >/dev/null || { echo "These packages are missing and need root to install: ${missing[*]}" >&2; return 1; }
+    # Where nobody can type a password, sudo has to do without.
+    if ! command -v sudo >/dev/null || { [ ! -t 0 ] && ! sudo -n true 2>/dev/null; }; then
+      echo "These packages are missing and need root to install: ${missing[*]}" >&2
+      return 3
+    fi
     apt=(sudo apt-get)
   fi
   export DEBIAN_FRONTEND=noninteractive
