@@ -36,8 +36,9 @@ expect message "처방전 전송" *
 expect message "처방전 전송 성공" *'
 event='event 1: "첩약 + 탕전" short:20 short:100 float:3 short:7 short:21 "식후 30분에 복용하도록 안내 부탁드립니다." long:20489 "당귀/$CD$/6/$RD$/작약/$CD$/4/$RD$/감초/$CD$/2"'
 orders() { sqlite3 "$scratch/now.db" 'SELECT count(*) FROM t_ChubangJun'; }
-# One that stands: what is on its way in or out bears another ending.
-marks() { find "$scratch/data" -name 'unsettled_*.txt' | wc -l; }
+marks() { find "$scratch/data" -name 'unsettled_*' | wc -l; }
+# Those that stand: what is on its way in or out bears another ending.
+standing() { find "$scratch/data" -name 'unsettled_*.txt' | wc -l; }
 
 # A pharmacy and a user of the case's own.
 fresh() {
@@ -140,7 +141,7 @@ show c1tMain" >&8
       echo 'BEGIN; SELECT count(*) FROM t_ChubangJun;' >&7
       within '[ -s "$scratch/read" ]'
       echo "$send" >&8
-      within '[ "$(marks)" = 1 ]' ;;
+      within '[ "$(standing)" = 1 ]' ;;
     stored) echo "$send" >&8; within 'grep -q "^held" "$scratch/chart.out"' ;;
   esac
   if [ "$victim" = chart ]; then kill -9 $client; else kill -9 $server; fi
@@ -155,7 +156,7 @@ close" >"$scratch/after.zs"
   wine "$bin/zelvo.exe" doctor --console --account 'doctor1/$/pass1' --patient-pk 1024 --patient-name 김하늘 --patient-age 41 \
     --patient-sex 2 --patient-cell 01012345678 --patient-zip 06236 --patient-address 테헤란로 --hospital-name 하늘한의원 \
     --doctor-name 이정민 --hospital-tel 025550123 --hospital-zip 03045 --hospital-address 효자로 \
-    --server "sqlite:Z:$scratch/now.db" --script "Z:$scratch/after.zs" >"$scratch/after.out" 2>&1 || true
+    --server "sqlite:Z:$scratch/now.db" --script "Z:$scratch/after.zs" </dev/null >"$scratch/after.out" 2>&1 || true
   grep -q "$told" "$scratch/after.out" || fail "not told: $told"
   [ "$(orders)" = "$((before + 1))" ] || fail "$(orders) orders in the end"
 done <<'CASES'

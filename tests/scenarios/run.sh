@@ -29,7 +29,7 @@ db="$drive$scratch/pharmacy.db"
 "${pharmacy[@]}" --db "$db" init >/dev/null
 "${pharmacy[@]}" --db "$db" serve "${parent[@]}" --ready-file "$drive$scratch/port" >/dev/null &
 server=$!
-for _ in $(seq 1200); do
+for _ in $(seq 200); do
   [ -s "$scratch/port" ] && break
   sleep 0.05
 done
