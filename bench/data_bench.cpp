@@ -168,7 +168,8 @@ constexpr Kind kinds[] = {{1, "walk_by_date"},
                           {90, "walk_canceled", "CBJ_IsCanceled = 1"}};
 
 void walk(data::Connection& connection, data::RecordSet& set, tables::XArrayDB& array, int doctor = 1001) {
-    if (data::clsZELVORecordSet().RecordSet_CBJmInfo(connection, set, array, 99, doctor, "", "", "") != 1) {
+    if (data::clsZELVORecordSet().RecordSet_CBJmInfo(connection, set, array, data::OrdersBy::Everything,
+                                                     doctor, "", "", "") != 1) {
         throw std::runtime_error("the search failed");
     }
 }
@@ -241,8 +242,8 @@ bool compareKinds(const std::string& path) {
             data::RecordSet set;
             tables::XArrayDB array;
             array.reDim(-1, 6);
-            data::clsZELVORecordSet().RecordSet_CBJmInfo(asked, set, array, kind.number, 1001, kind.word,
-                                                         "2024-01-01", "2025-01-01");
+            data::clsZELVORecordSet().RecordSet_CBJmInfo(asked, set, array, data::OrdersBy{kind.number}, 1001,
+                                                         kind.word, "2024-01-01", "2025-01-01");
             if (array.rowCount() != orders)
                 throw std::runtime_error(std::string(kind.name) + ": rows are missing");
         };

@@ -87,8 +87,8 @@ bool compareWalks(odbc::Line& line, data::Connection& connection) {
         array.reDim(-1, 6);
         walk.floor([&] { bytes += bareLoop(line); });
         walk.measured([&] {
-            if (data::clsZELVORecordSet().RecordSet_CBJmInfo(connection, set, array, 99, 1001, "", "", "") !=
-                1)
+            if (data::clsZELVORecordSet().RecordSet_CBJmInfo(
+                    connection, set, array, data::OrdersBy::Everything, 1001, "", "", "") != 1)
                 throw std::runtime_error("the search failed");
         });
         if (array.rowCount() != std::size_t{orders}) throw std::runtime_error("rows are missing");

@@ -15,69 +15,71 @@ constexpr Cell searchCells[] = {
     {3, Field, "Patient_Name"}, {4, FirstSix, "Patient_Jumin"}, {5, Field, "JL_Prompt"},
     {6, Field, "DTR_Name"}};
 
-/// What each kind of search adds; an unknown kind adds nothing, not even an order.
-std::string_view searchPieces(std::int16_t Kind) {
+/// What each kind of search adds.
+std::string_view searchPieces(OrdersBy Kind) {
+    using enum OrdersBy;
     switch (Kind) {
-        case 1:
+        case IssueDate:
             return "AND LEFT(convert(varchar(10),a.CBJ_RegDate,120),10) >= '[sDate]' "
                    "AND LEFT(convert(varchar(10),a.CBJ_RegDate,120),10) <= '[eDate]' "
                    "Order by a.CBJ_RegDate DESC ";
-        case 2:
+        case PatientName:
             return "AND a.Patient_Name like '%[Patient_Name]%' "
                    "Order by a.Patient_Jumin, a.CBJ_RegDate DESC ";
-        case 3:
+        case DoctorName:
             return "AND c.DTR_Name like '%[DTR_Name]%' "
                    "Order by c.DTR_Name, a.CBJ_RegDate DESC ";
-        case 4:
+        case Pending:
             return "AND a.CBJ_State = 0 "
                    "Order by a.CBJ_RegDate DESC ";
-        case 5:
+        case Making:
             return "AND a.CBJ_State = 1 "
                    "Order by a.CBJ_RegDate DESC ";
-        case 6:
+        case WaitingToGo:
             return "AND a.CBJ_State = 2 "
                    "Order by a.CBJ_RegDate DESC ";
-        case 7:
+        case Finished:
             return "AND a.CBJ_State = 3 "
                    "Order by a.CBJ_RegDate DESC ";
-        case 8:
+        case Unpaid:
             return "AND a.CBJ_IsPaid = 0 "
                    "Order by a.CBJ_RegDate DESC ";
-        case 9:
+        case Paid:
             return "AND a.CBJ_IsPaid = 1 "
                    "Order by a.CBJ_RegDate DESC ";
-        case 10:
+        case Deposit:
             return "AND a.CBJ_PayMethod = 1 "
                    "Order by a.CBJ_RegDate DESC ";
-        case 11:
+        case PaidLater:
             return "AND a.CBJ_PayMethod = 2 "
                    "Order by a.CBJ_RegDate DESC ";
-        case 12:
+        case Settled:
             return "AND a.CBJ_PayMethod = 3 "
                    "Order by a.CBJ_RegDate DESC ";
-        case 13:
+        case Undecided:
             return "AND a.CBJ_BesongMethod = 1 "
                    "Order by a.CBJ_RegDate DESC ";
-        case 14:
+        case Parcel:
             return "AND a.CBJ_BesongMethod = 2 "
                    "Order by a.CBJ_RegDate DESC ";
-        case 15:
+        case Courier:
             return "AND a.CBJ_BesongMethod = 3 "
                    "Order by a.CBJ_RegDate DESC ";
-        case 16:
+        case Clinic:
             return "AND a.CBJ_BesongMethod = 4 "
                    "Order by a.CBJ_RegDate DESC ";
-        case 99:
+        case Everything:
             return "Order by a.CBJ_RegDate DESC ";
-        default:
-            return "";
+        case Canceled:
+            return "Order by a.CBJ_RegDate DESC ";
     }
+    return "";
 }
 
 }  // namespace
 
 std::int16_t clsZELVORecordSet::RecordSet_CBJmInfo(Connection& Conn, RecordSet& Rs, tables::XArrayDB& Array,
-                                                   std::int16_t Kind, std::int32_t DTR_PK,
+                                                   OrdersBy Kind, std::int32_t DTR_PK,
                                                    const std::string& Word, const std::string& sDate,
                                                    const std::string& eDate) {
     if (DTR_PK == 0) return -1;
@@ -86,15 +88,12 @@ std::int16_t clsZELVORecordSet::RecordSet_CBJmInfo(Connection& Conn, RecordSet& 
         "FROM t_ChubangJun a, t_JobList b, t_Doctor c "
         "WHERE a.CBJ_JobList_PK = b.JL_PK AND a.DTR_PK = c.DTR_PK ");
     if (DTR_PK > 0) statement.add("AND a.DTR_PK = [DTR_PK] ").fill("[DTR_PK]", DTR_PK);
-    if (Kind == 90) {
-        statement.add("AND a.CBJ_IsCanceled = 1 ").add("Order by a.CBJ_RegDate DESC ");
-    } else {
-        const std::string word = basics::trim(basics::removeAll(Word, "'"));
-        statement.add("AND a.CBJ_IsCanceled = 0 ").add(searchPieces(Kind));
-        if (Kind == 1) statement.fill("[sDate]", sDate).fill("[eDate]", eDate);
-        if (Kind == 2) statement.fill("[Patient_Name]", word);
-        if (Kind == 3) statement.fill("[DTR_Name]", word);
-    }
+    statement.add(Kind == OrdersBy::Canceled ? "AND a.CBJ_IsCanceled = 1 " : "AND a.CBJ_IsCanceled = 0 ")
+        .add(searchPieces(Kind));
+    const std::string word = basics::trim(basics::removeAll(Word, "'"));
+    if (Kind == OrdersBy::IssueDate) statement.fill("[sDate]", sDate).fill("[eDate]", eDate);
+    if (Kind == OrdersBy::PatientName) statement.fill("[Patient_Name]", word);
+    if (Kind == OrdersBy::DoctorName) statement.fill("[DTR_Name]", word);
     return running::searchStatus(running::walk(Conn, Rs, Array, statement, searchCells));
 }
 

@@ -119,6 +119,28 @@ struct UserHerbLine {
 using SearchKind = std::uint8_t;
 inline constexpr SearchKind searchName = 1, searchMemo = 2;
 
+/// What sent orders are searched by.
+enum class OrdersBy : std::int16_t {
+    IssueDate = 1,
+    PatientName,
+    DoctorName,
+    Pending,
+    Making,
+    WaitingToGo,
+    Finished,
+    Unpaid,
+    Paid,
+    Deposit,
+    PaidLater,
+    Settled,
+    Undecided,
+    Parcel,
+    Courier,
+    Clinic,
+    Canceled = 90,
+    Everything = 99
+};
+
 /// A row of t_Doctor; a member bears its column's name. NULL is "" or 0.
 struct DoctorRecord {
     std::string DTR_ID, DTR_PWD;
@@ -173,9 +195,9 @@ public:
     // Orders read back (OrderReads.cpp).
     /// The order search: running number, CBJ_PK, CBJ_RegDate, Patient_Name, six characters of Patient_Jumin,
     /// JL_Prompt, DTR_Name.
-    std::int16_t RecordSet_CBJmInfo(Connection& Conn, RecordSet& Rs, tables::XArrayDB& Array,
-                                    std::int16_t Kind, std::int32_t DTR_PK, const std::string& Word,
-                                    const std::string& sDate, const std::string& eDate);
+    std::int16_t RecordSet_CBJmInfo(Connection& Conn, RecordSet& Rs, tables::XArrayDB& Array, OrdersBy Kind,
+                                    std::int32_t DTR_PK, const std::string& Word, const std::string& sDate,
+                                    const std::string& eDate);
     /// The pieces of one order. A piece that has no row leaves what came, and is no failure.
     bool RecordSet_CBJmStateInfo(Connection& Conn, std::int32_t CBJ_PK, CBJmState& state);
     bool RecordSet_CBJmPatientInfo(Connection& Conn, std::int32_t CBJ_PK, CBJmPatient& patient);

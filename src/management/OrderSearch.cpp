@@ -11,16 +11,18 @@
 
 namespace zelvo::management {
 
+using data::OrdersBy;
+
 /// What a search asks of the pharmacy.
 struct OrderSearch::Condition {
-    std::int16_t kind;
+    OrdersBy kind;
     std::string word = {}, from = {}, to = {};
 };
 
 /// An entry of a search list, and what choosing it searches.
 struct OrderSearch::Choice {
     std::string_view entry;
-    std::int16_t kind;
+    OrdersBy kind;
     const char* caption;
 };
 
@@ -103,22 +105,27 @@ void OrderSearch::labelFields() {
 }
 
 void OrderSearch::listen() {
-    static constexpr Choice states[] = {{data::state::words[0], 4, "[대기]중인 처방전을 검색한 결과"},
-                                        {data::state::words[1], 5, "[제작]중인 처방전을 검색한 결과"},
-                                        {data::state::words[2], 6, "[발송대기]중인 처방전을 검색한 결과"},
-                                        {data::state::words[3], 7, "[완료]된 처방전을 검색한 결과"}};
-    static constexpr Choice payments[] = {{"미지불", 8, "[미지불]된 처방전을 검색한 결과"},
-                                          {"지 불", 9, "[지불]완료된 처방전을 검색한 결과"}};
+    using enum OrdersBy;
+    static constexpr Choice states[] = {
+        {data::state::words[0], Pending, "[대기]중인 처방전을 검색한 결과"},
+        {data::state::words[1], Making, "[제작]중인 처방전을 검색한 결과"},
+        {data::state::words[2], WaitingToGo, "[발송대기]중인 처방전을 검색한 결과"},
+        {data::state::words[3], Finished, "[완료]된 처방전을 검색한 결과"}};
+    static constexpr Choice payments[] = {{"미지불", Unpaid, "[미지불]된 처방전을 검색한 결과"},
+                                          {"지 불", Paid, "[지불]완료된 처방전을 검색한 결과"}};
     static constexpr Choice methods[] = {
-        {data::pay::deposit, 10, "[적립]으로 발행된 처방전을 검색한 결과"},
-        {data::pay::later, 11, "[후불]로 발행된 처방전을 검색한 결과"},
-        {data::pay::settled, 12, "[후불정산]으로 발행된 처방전을 검색한 결과"}};
-    static constexpr Choice deliveries[] = {{"미 정", 13, "[미정]으로 발행한 처방전을 검색한 결과"},
-                                            {"택배(환자)", 14, "[택배(환자)]로 발행한 처방전을 검색한 결과"},
-                                            {"퀵(환자)", 15, "[퀵(환자)]로 발행한 처방전을 검색한 결과"},
-                                            {"한의원", 16, "[한의원]으로 발행한 처방전을 검색한 결과"}};
-    sscCBJsearchALL.onPress.add([this] { search("발행한 처방전 전체를 검색한 결과", {.kind = 99}); });
-    sscCBJcanceled.onPress.add([this] { search("[취소]된 처방전를 검색한 결과", {.kind = 90}); });
+        {data::pay::deposit, Deposit, "[적립]으로 발행된 처방전을 검색한 결과"},
+        {data::pay::later, PaidLater, "[후불]로 발행된 처방전을 검색한 결과"},
+        {data::pay::settled, Settled, "[후불정산]으로 발행된 처방전을 검색한 결과"}};
+    static constexpr Choice deliveries[] = {
+        {"미 정", Undecided, "[미정]으로 발행한 처방전을 검색한 결과"},
+        {"택배(환자)", Parcel, "[택배(환자)]로 발행한 처방전을 검색한 결과"},
+        {"퀵(환자)", Courier, "[퀵(환자)]로 발행한 처방전을 검색한 결과"},
+        {"한의원", Clinic, "[한의원]으로 발행한 처방전을 검색한 결과"}};
+    sscCBJsearchALL.onPress.add(
+        [this] { search("발행한 처방전 전체를 검색한 결과", {.kind = OrdersBy::Everything}); });
+    sscCBJcanceled.onPress.add(
+        [this] { search("[취소]된 처방전를 검색한 결과", {.kind = OrdersBy::Canceled}); });
     sscToday.onPress.add([this] { setToday(); });
     sscCBJsearchDate.onPress.add([this] { searchDate(); });
     sscCBJsearchDTR.onPress.add([this] { searchDoctor(); });
@@ -159,13 +166,14 @@ void OrderSearch::setToday() {
 
 void OrderSearch::searchDate() {
     const std::string from = dtpCBJsearch0.text(), to = dtpCBJsearch1.text();
-    search("날짜 [" + from + "]~[" + to + "]로 검색한 결과", {.kind = 1, .from = from, .to = to});
+    search("날짜 [" + from + "]~[" + to + "]로 검색한 결과",
+           {.kind = OrdersBy::IssueDate, .from = from, .to = to});
 }
 
 void OrderSearch::searchDoctor() {
     const std::string& name = txtCBJsearchDTR.text();
     const std::string caption = "처방 담당의사[" + name + "]님으로 검색한 결과";
-    if (!basics::isBlank(name)) return search(caption, {.kind = 3, .word = name});
+    if (!basics::isBlank(name)) return search(caption, {.kind = OrdersBy::DoctorName, .word = name});
     if (searching_) return;
     tdbCBJ.setCaption(caption);
     emptyList();
@@ -175,7 +183,7 @@ void OrderSearch::searchDoctor() {
 void OrderSearch::searchPatient() {
     const std::string& name = txtCBJsearchPatient.text();
     if (basics::isBlank(name)) return;
-    search("환자명[" + name + "]으로 검색한 결과", {.kind = 2, .word = name});
+    search("환자명[" + name + "]으로 검색한 결과", {.kind = OrdersBy::PatientName, .word = name});
 }
 
 void OrderSearch::searchChoice(const screen::ComboList& list, std::span<const Choice> choices) {

@@ -46,7 +46,8 @@ TEST_F(Operations, EveryFailedStatementEndsInTheFailureValue) {
         {"notices", [&] { return from.RecordSet_GongJi(line, set_); }},
         {"herbs", [&] { return from.RecordSet_YakGukDrugList(line, set_, ""); }},
         {"one herb", [&] { return from.RecordSet_HapBang(line, "1", herb, price); }},
-        {"orders", [&] { return from.RecordSet_CBJmInfo(line, set_, array_, 99, -1, "", "", ""); }},
+        {"orders",
+         [&] { return from.RecordSet_CBJmInfo(line, set_, array_, OrdersBy::Everything, -1, "", "", ""); }},
         {"own prescriptions", [&] { return from.RecordSet_MyChubang(line, set_, 1); }},
         {"found ones", [&] { return from.RecordSet_FindMyChubang(line, set_, "", 1, searchName); }},
         {"the pharmacy's", [&] { return from.RecordSet_FindYakGukChubang(line, set_, "", searchMemo); }},
@@ -154,8 +155,8 @@ TEST_F(Operations, SearchKindsFindTheirOrders) {
         cases.push_back({static_cast<std::int16_t>(cases.size() - 3), 1, "", "", "", keys});
     for (const Case& test : cases) {
         array_.reDim(-1, 6);
-        ASSERT_EQ(operations_.RecordSet_CBJmInfo(connection_, set_, array_, test.kind, test.doctor, test.word,
-                                                 test.from, test.to),
+        ASSERT_EQ(operations_.RecordSet_CBJmInfo(connection_, set_, array_, OrdersBy{test.kind}, test.doctor,
+                                                 test.word, test.from, test.to),
                   1);
         std::string keys;
         for (int i = 0; i <= array_.upperRow(); ++i) {
@@ -168,7 +169,8 @@ TEST_F(Operations, SearchKindsFindTheirOrders) {
         EXPECT_EQ(keys, test.keys) << "kind " << test.kind << " " << test.word;
     }
     connection_.statements.clear();
-    EXPECT_EQ(operations_.RecordSet_CBJmInfo(connection_, set_, array_, 99, 0, "", "", ""), -1);
+    EXPECT_EQ(operations_.RecordSet_CBJmInfo(connection_, set_, array_, OrdersBy::Everything, 0, "", "", ""),
+              -1);
     EXPECT_TRUE(connection_.statements.empty());
 }
 

@@ -156,13 +156,13 @@ TEST_F(TextSafety, SearchesFindWhatHoldsTheWordAndNothingElse) {
             ASSERT_EQ(operations_.RecordSet_FindMyChubang(*connection_, set_, "<" + text + ">", 1, kind), 1);
             EXPECT_EQ(set_.rowCount(), 0U) << "kind " << int{kind};
         }
-        for (const std::int16_t kind : {2, 3}) {
+        for (const OrdersBy kind : {OrdersBy::PatientName, OrdersBy::DoctorName}) {
             for (const char* end : {">", "!"}) {
                 array_.reDim(-1, 6);
                 ASSERT_EQ(operations_.RecordSet_CBJmInfo(*connection_, set_, array_, kind, 1,
                                                          "<" + text + end, "", ""),
                           1);
-                EXPECT_EQ(array_.rowCount(), *end == '>' ? 1U : 0U) << "kind " << kind;
+                EXPECT_EQ(array_.rowCount(), *end == '>' ? 1U : 0U) << static_cast<int>(kind);
             }
         }
         std::int32_t doctor = 0;
@@ -191,7 +191,9 @@ TEST_F(TextSafety, DatesAndKindsAreTextsAndBarePlaceholdersTakeNumbersOnly) {
         EXPECT_EQ(operations_.RecordSet_StockMoneyUsed(*connection_, set_, 1, text, text), 1);
         EXPECT_EQ(operations_.RecordSet_StockMileage(*connection_, set_, 1, text, text), 1);
         array_.reDim(-1, 6);
-        EXPECT_EQ(operations_.RecordSet_CBJmInfo(*connection_, set_, array_, 1, 1, "", text, text), 1);
+        EXPECT_EQ(operations_.RecordSet_CBJmInfo(*connection_, set_, array_, OrdersBy::IssueDate, 1, "", text,
+                                                 text),
+                  1);
         EXPECT_TRUE(array_.empty());
 
         std::string herb, price;
