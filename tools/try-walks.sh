@@ -8,7 +8,7 @@ usage() {
 usage: tools/try-walks.sh [--all] [--folder DIR] [--help] [WALK...]
 
 Follows walks of docs/walks (field, search…; all of them where none is named) to the letter, each in a clone that stands as
-HEAD does: takes its steps, runs the commands of its line "Then `…`, and `./test.sh …`.", and asks whether all of it stands
+HEAD does: takes its steps, runs the commands of its last words, "Then `…`, and `./test.sh …`", and asks whether all of it stands
 afterwards. Says of each walk whether it was taken, and exits 1 where one was not.
   --all           all tests behind each walk, not those alone that it names
   --folder DIR    where the clone, what is built of it, and a log of each walk are kept, so that the next time is quick;
@@ -37,12 +37,8 @@ as_committed() {
   git checkout -q --force --detach "$commit"
   git clean -qfdx -e /build-test
 }
-# commands FILE: what its last line says to run, a line each.
-commands() {
-  local last
-  last=$(grep '^Then `' "$1" | tail -1)
-  grep -oE '`[^`]+`' <<<"$last" | tr -d '`'
-}
+# commands FILE: what its last words say to run, a line each.
+commands() { sed -n '/^Then `/,$p' "$1" | grep -oE '`[^`]+`' | tr -d '`'; }
 take() {
   local page=docs/walks/$1.md command behind=''
   as_committed
