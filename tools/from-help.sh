@@ -49,20 +49,25 @@ man_page() {
 }
 
 completion() {
-  local options files words
+  local options files valued words
   options=$(grep -oE -- '--[a-z-]+' <<<"$help" | sort -u | tr '\n' ' ')
   files=$({ grep -oE -- '--[a-z-]+ FILE' <<<"$help" || true; } | cut -d' ' -f1 | sort -u | paste -sd'|')
+  valued=$({ grep -oE -- '--[a-z-]+ [A-Z]+' <<<"$help" || true; } | cut -d' ' -f1 | sort -u | paste -sd'|')
   # The first word: what the usage names in small letters, and the commands that stand behind two blanks.
   words=$({ sed -n '/^$/q; s/^\(usage:\|      \) [^ ]* \(\[--[a-z]*\] \)\?//p' <<<"$help" | grep -oE '^\[?[a-z]+(\|[a-z]+)*' | tr -d '[' | tr '|' '\n'
            sed -nE 's/^  ([a-z]+) .*/\1/p' <<<"$help"; } | sort -u | tr '\n' ' ')
   cat <<TEXT
 # Completion of $name for bash, made of its --help.
 _${name//-/_}() {
-  local word=\${COMP_WORDS[COMP_CWORD]} before=\${COMP_WORDS[COMP_CWORD - 1]} words="$words" said
+  local word=\${COMP_WORDS[COMP_CWORD]} before=\${COMP_WORDS[COMP_CWORD - 1]} words="$words" said option=
   case "\$before" in
     ${files:--}) compopt -o filenames; mapfile -t COMPREPLY < <(compgen -f -- "\$word"); return ;;
+    ${valued:--}) return ;;
   esac
   for said in "\${COMP_WORDS[@]:1:COMP_CWORD-1}"; do
+    # What stands behind an option is its value, whatever it reads like.
+    case "\$option" in ${valued:--}) option=; continue ;; esac
+    option=\$said
     [[ " \$words" = *" \$said "* ]] && words=
   done
   mapfile -t COMPREPLY < <(compgen -W "\$words$options" -- "\$word")

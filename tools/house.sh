@@ -10,8 +10,8 @@ case "${1-}" in
 esac
 
 version=$(sed -nE 's/^project\(DoctorZELVO VERSION ([^ ]+).*/\1/p' ../CMakeLists.txt)
-if ! grep -q "버전 : $version\"" session/YakGukConnection.h || [ "$(sed -n 's/^## //p' ../CHANGELOG.md | head -1)" != "$version" ]; then
-  echo "tools/house.sh: CMakeLists.txt, the status bar or CHANGELOG.md does not say version $version" >&2
+if ! grep -q "버전 : $version\"" session/YakGukConnection.h || ! grep -q "<release version=\"$version\"" ../packaging/*.metainfo.xml || [ "$(sed -n 's/^## //p' ../CHANGELOG.md | head -1)" != "$version" ]; then
+  echo "tools/house.sh: CMakeLists.txt, the status bar, the metainfo or CHANGELOG.md does not say version $version" >&2
   exit 1
 fi
 

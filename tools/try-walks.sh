@@ -29,6 +29,9 @@ done
 commit=$(git -C "$root" rev-parse HEAD)
 tree=$folder/tree
 mkdir -p "$folder"
+# Two at once would take the tree from under each other.
+exec 9>"$folder/lock"
+flock 9
 [ -d "$tree/.git" ] || git clone -q "$root" "$tree"
 git -C "$tree" fetch -q "$root" "$commit"
 
@@ -47,7 +50,7 @@ take() {
     [[ $command != ./test.sh* ]] || behind=yes
     [ -z "$all" ] || [[ $command != ./test.sh* ]] || command=./test.sh
     echo "== $command"
-    bash -c "$command" </dev/null
+    bash -c "$command" </dev/null 9>&-
   done < <(commands "$page")
   [ -n "$behind" ] || { echo "$page names no test" >&2; return 1; }
   tools/walk --check "$page" | grep -qFx "$page: taken"

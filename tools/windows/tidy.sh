@@ -2,6 +2,11 @@
 # Looks with clang-tidy through what is compiled for Windows alone, as tools/windows/build.sh --terminal has compiled it; what
 # belongs to the windows is not in there.
 set -euo pipefail
+case "${1-}" in
+  '') ;;
+  *) echo "usage: tools/windows/tidy.sh    looks with clang-tidy through what tools/windows/build.sh --terminal has compiled for Windows alone"
+     [ "$1" = --help ] && exit 0 || exit 2 ;;
+esac
 cd "$(dirname "${BASH_SOURCE[0]}")/../.."
 build=build-windows-terminal
 
