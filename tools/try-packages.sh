@@ -8,9 +8,10 @@ usage() {
 usage: tools/try-packages.sh [--root DIR] [--picture FILE] [--packages DIR] [--help]
 
 As root, with the packages that tools/package.sh has made: sets up a bare Debian 12 in a folder (debootstrap; DIR is one that
-stands there already, and is kept), installs the demo with apt, opens the sample chart by its entry in a menu, in English and
-in Korean, on a screen that nobody sees, builds a chart of its own against the -dev package, and purges all of it: every file
-of that system, its rights, and what dpkg knows are then as they were with the same libraries and without ours.
+stands there already, and is kept), installs the demo with apt, looks at its menu entry, metainfo, icon, man pages and debug
+symbols, opens the sample chart by its entry in a menu, in English and in Korean, on a screen that nobody sees, builds a chart
+of its own against the -dev package, and purges all of it: every file of that system, its rights, and what dpkg knows are then
+as they were with the same libraries and without ours.
   --picture FILE    what was to be seen of the sample chart and its order window, in Korean
   --packages DIR    packages that stand elsewhere than in build-package/packages
 Exits 3 on a machine where no other root can be set up or entered.
@@ -43,8 +44,9 @@ need "${try_packages[@]}"
 kept=$root
 # Its users enter it, too.
 [ -n "$root" ] || { root=$(mktemp -d) && chmod 755 "$root"; }
-display='' manager=''
+display='' manager='' policy=''
 clean() {
+  [ -z "$policy" ] || rm -f "$policy"
   [ -z "$manager" ] || kill "$manager" 2>/dev/null || true
   [ -z "$display" ] || kill "$display" 2>/dev/null || true
   umount "$root/tmp/.X11-unix" "$root/proc" 2>/dev/null || true
@@ -69,8 +71,11 @@ mkdir -p "$root/tmp/.X11-unix" "$root/tmp/packages"
 mount -t proc proc "$root/proc"
 cp "$packages"/*.deb "$root/tmp/packages/"
 # There is nobody who starts a service.
-printf '#!/bin/sh\nexit 101\n' >"$root/usr/sbin/policy-rc.d"
-chmod +x "$root/usr/sbin/policy-rc.d"
+if [ ! -e "$root/usr/sbin/policy-rc.d" ] || [ "$(tail -1 "$root/usr/sbin/policy-rc.d")" = "exit 101" ]; then
+  policy=$root/usr/sbin/policy-rc.d
+  printf '#!/bin/sh\nexit 101\n' >"$policy"
+  chmod +x "$policy"
+fi
 within() { chroot "$root" /usr/bin/env -i HOME="${home:-/root}" PATH=/usr/sbin:/usr/bin:/sbin:/bin LC_ALL=C.UTF-8 DEBIAN_FRONTEND=noninteractive DEBCONF_NOWARNINGS=yes "$@"; }
 install() { within apt-get -o Dpkg::Use-Pty=0 install -y -qq --no-install-recommends "$@" >/dev/null; }
 # needed FILE...: what apt would install for these packages, but for themselves.
@@ -120,9 +125,34 @@ open_chart() {
   of_user -a zelvo >&2
   fail "these did not end with the chart"
 }
+# What a desktop and a reader of its papers take from the packages.
+try_papers() {
+  local share=/usr/share page said
+  within desktop-file-validate $share/applications/org.doctorzelvo.Chart.desktop
+  within appstreamcli validate --no-net $share/metainfo/org.doctorzelvo.Chart.metainfo.xml
+  within sh -c "find $share/icons -name \"\$(sed -n 's/^Icon=//p' $share/applications/org.doctorzelvo.Chart.desktop).*\" | grep ." ||
+    fail "the menu's entry has no icon"
+  for page in zelvo zelvo-chart zelvo-demo zelvo-pharmacy; do
+    said=$(within man --warnings "$page" 2>&1 >"$root/tmp/page") || fail "no man page: $page"
+    [ -z "$said" ] || fail "the man page $page: $said"
+    grep -q "^NAME" "$root/tmp/page" || fail "the man page $page can't be read"
+  done
+}
+# The debug symbols, found by whoever has the library's address alone.
+try_symbols() {
+  local file address said
+  install "$symbols"
+  file=$(within sh -c 'echo /usr/lib/*/libDoctorZELVO.so.*.*')
+  address=$(within nm -D --defined-only "$file" | sed -nE 's/^([0-9a-f]+) T doctorzelvo_open(@.*)?$/\1/p')
+  said=$(within addr2line -f -e "$file" "$address")
+  echo "doctorzelvo_open: ${said##*$'\n'}"
+  [[ $said = *.cpp:[0-9]* ]] || fail "the debug symbols were not found: $said"
+}
 try_demo() {
   install "$library" "$demo"
   for program in zelvo zelvo-chart zelvo-demo zelvo-pharmacy; do within "$program" --version; done
+  try_papers
+  try_symbols
   open_chart C.UTF-8 'ZELVO Sample Chart'
   open_chart ko_KR.UTF-8 'ZELVO 예제 차트'
 }
@@ -140,10 +170,10 @@ try_development() {
 
 # The packages, as that root sees them.
 library=/tmp/packages/$(basename "$packages"/libdoctorzelvo1_*.deb) demo=/tmp/packages/$(basename "$packages"/doctorzelvo-demo_*.deb)
-development=/tmp/packages/$(basename "$packages"/libdoctorzelvo-dev_*.deb)
+development=/tmp/packages/$(basename "$packages"/libdoctorzelvo-dev_*.deb) symbols=/tmp/packages/$(basename "$packages"/libdoctorzelvo1-dbgsym_*.deb)
 within apt-get update -qq
-# What a desktop has that a bare machine has not: a menu, Korean, and a user.
-install j4-dmenu-desktop locales
+# What a desktop has that a bare machine has not: a menu, Korean, and a user; and what reads the packages' papers and symbols.
+install j4-dmenu-desktop locales desktop-file-utils appstream man-db binutils
 within localedef -i ko_KR -f UTF-8 ko_KR.UTF-8
 within id clinic >/dev/null 2>&1 || within useradd --create-home clinic
 # shellcheck disable=SC2046

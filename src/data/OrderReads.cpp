@@ -69,7 +69,6 @@ std::string_view searchPieces(OrdersBy Kind) {
             return "AND a.CBJ_BesongMethod = 4 "
                    "Order by a.CBJ_RegDate DESC ";
         case Everything:
-            return "Order by a.CBJ_RegDate DESC ";
         case Canceled:
             return "Order by a.CBJ_RegDate DESC ";
     }
