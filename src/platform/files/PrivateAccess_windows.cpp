@@ -3,6 +3,7 @@
 #include <sddl.h>
 
 #include <array>
+#include <new>
 #include <string>
 
 namespace zelvo::files {
@@ -28,12 +29,16 @@ std::wstring userNumber() {
 }  // namespace
 
 PrivateAccess::PrivateAccess() {
+    // Who can't be found out is meant as the owner of what is made.
+    constexpr auto owner = L"S-1-3-4";
     const std::wstring user = userNumber();
-    if (user.empty()) return;
     // All rights to him, handed down to what comes to stand within; P: none are handed down from above.
-    const std::wstring rights = L"D:P(A;OICI;FA;;;" + user + L")";
-    ::ConvertStringSecurityDescriptorToSecurityDescriptorW(rights.c_str(), SDDL_REVISION_1,
-                                                           &attributes_.lpSecurityDescriptor, nullptr);
+    const std::wstring rights = L"D:P(A;OICI;FA;;;" + (user.empty() ? owner : user) + L")";
+    // Nothing but memory can be wanting; without rights of its own nothing is made.
+    if (!::ConvertStringSecurityDescriptorToSecurityDescriptorW(rights.c_str(), SDDL_REVISION_1,
+                                                                &attributes_.lpSecurityDescriptor, nullptr)) {
+        throw std::bad_alloc();
+    }
 }
 
 PrivateAccess::~PrivateAccess() {

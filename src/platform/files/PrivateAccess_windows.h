@@ -13,10 +13,7 @@ public:
     PrivateAccess(const PrivateAccess&) = delete;
     PrivateAccess& operator=(const PrivateAccess&) = delete;
 
-    /// nullptr where the user could not be found out: then the folder's own rights count.
-    SECURITY_ATTRIBUTES* attributes() {
-        return attributes_.lpSecurityDescriptor != nullptr ? &attributes_ : nullptr;
-    }
+    SECURITY_ATTRIBUTES* attributes() { return &attributes_; }
 
 private:
     SECURITY_ATTRIBUTES attributes_{sizeof(SECURITY_ATTRIBUTES), nullptr, FALSE};
