@@ -11,7 +11,8 @@ usage: tools/windows/libraries.sh [--jobs N] [LIBRARY...]
 Builds sqlite, curl, httplib, gumbo and qt, or those that are named, for Windows into
 ${XDG_CACHE_HOME:-~/.cache}/doctorzelvo-windows, each once for its version and the way it is built here, and
 prints their folders with ";" between them. qt takes half an hour of two processors, the others a minute. Installs what
-is missing (Debian 12); what it says goes to standard error. Exits 3 where no sources can be fetched.
+is missing (Debian 12); what it says goes to standard error. Exits 3 where no sources can be fetched, or a Debian
+package is missing and this user can't install it.
 TEXT
 }
 
@@ -36,6 +37,9 @@ cache=${XDG_CACHE_HOME:-$HOME/.cache}/doctorzelvo-windows
 triplet=x86_64-w64-mingw32
 compiler=$triplet-gcc-posix
 mkdir -p "$cache"
+# One run at a time writes there.
+exec 9>"$cache/lock"
+flock --nonblock 9 || { echo 'Waiting for another run that makes libraries' >&2; flock 9; }
 
 # apt with folders of its own: the machine's sources, asked for source packages. The machine's lists stay as they are.
 own_apt() {
@@ -70,11 +74,14 @@ fetch_source() {
   rm -rf "$work/download"
 }
 
-# The same from the registry of JavaScript packages, for a package whose sources Debian's archive no longer has.
+# The same from the registry of JavaScript packages, for a package whose sources Debian's archive no longer has: PACKAGE FOLDER
+# SHA512. Other contents than those end the run.
 fetch_from_registry() {
   rm -rf "$work/source" "$work/download"
   mkdir -p "$work/download"
-  (cd "$work/download" && npm pack --silent "$1" && tar xzf ./*.tgz && mv "package/$2" "$work/source") >&2 || return 1
+  (cd "$work/download" && npm pack --silent "$1") >&2 || return 1
+  (cd "$work/download" && sha512sum --check --quiet - <<<"$3  $(echo *.tgz)") >&2 || exit 1
+  (cd "$work/download" && tar xzf ./*.tgz && mv "package/$2" "$work/source") >&2 || return 1
   rm -rf "$work/download"
 }
 
@@ -153,6 +160,8 @@ package_of() {
   esac
 }
 
+gumbo_sum=19ac347294b98dae9de0e93d1522b61123f430e1d0f25b51602c5618b3255f0bc6459016919dd2a9be454d3d0c6e3c8691a9379130780bb80c583362a0a3f484
+
 # Builds a library unless it stands there, made from the same version in the same way by the same compiler. A build that
 # was broken off goes on where it was.
 folders=()
@@ -169,7 +178,7 @@ for library in "${libraries[@]}"; do
   if [ ! -f "$work/fetched" ]; then
     fetched=yes
     case "$library" in
-      gumbo) fetch_from_registry gumbo-parser@0.3.0 deps/gumbo-parser/src || fetched= ;;
+      gumbo) fetch_from_registry gumbo-parser@0.3.0 deps/gumbo-parser/src "$gumbo_sum" || fetched= ;;
       *) fetch_source "$source_package" "$version" || fetched= ;;
     esac
     [ "$fetched" ] || { echo "The sources of $library can't be fetched." >&2; exit 3; }
