@@ -18,7 +18,8 @@ the automation object; else by the automation object with its windows, and by th
 with whole orders by keys in what it brought.
 
 Installs what is missing (Debian 12); the libraries are made once, from Debian's sources (tools/windows/libraries.sh): half an
-hour for the toolkit of the windows on two processors. Exits 3 where the sources can't be fetched.
+hour for the toolkit of the windows on two processors. Exits 3 where the sources can't be fetched, or a
+Debian package is missing and this user can't install it.
 TEXT
 }
 
@@ -113,7 +114,11 @@ if [ "$terminal" ]; then
 fi
 stage=$build/DoctorZELVO
 out=$PWD/out/windows
-cmake --preset "$preset" -DZELVO_TESTS="$([ "$tests" ] && echo ON || echo OFF)" >/dev/null
+# What CMake has found of older libraries is forgotten with them.
+fresh=()
+[ "$(cat "$build/libraries" 2>/dev/null)" = "$ZELVO_WINDOWS_LIBRARIES" ] || fresh=(--fresh)
+cmake --preset "$preset" "${fresh[@]}" -DZELVO_TESTS="$([ "$tests" ] && echo ON || echo OFF)" >/dev/null
+echo "$ZELVO_WINDOWS_LIBRARIES" >"$build/libraries"
 ninja -C "$build" -j "$jobs" --quiet
 [ "$terminal" ] || make_setup
 [ "$tests" ] || exit 0
