@@ -1,5 +1,7 @@
 #include "platform/text/Converter.h"
 
+#include <algorithm>
+
 #include "basics/Numbers.h"
 #include "screen/KnownPages.h"
 
@@ -25,7 +27,7 @@ std::string Converter::convert(std::string_view bytes) {
         if (stop == CharsetTable::Stop::End) return text;
         text += "\uFFFD";
         if (stop == CharsetTable::Stop::WithinCharacter) return text;
-        bytes.remove_prefix(brokenLength(bytes));
+        bytes.remove_prefix(std::min(brokenLength(bytes), bytes.size()));
     }
 }
 
