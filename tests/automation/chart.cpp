@@ -1,7 +1,8 @@
-// A chart that makes the automation object: chart early|late SERVER [fail|hold|again|keep]. It prints what
-// the object gives. Its handler fails, calls the object again, or holds the order, with the chart's window as
-// ours would leave it, until somebody gives the window back. It tells how the first window that comes over
-// its own stands there. By "keep" it holds the object when the call has returned.
+// A chart that makes the automation object: chart early|late SERVER [fail|hold|again|keep|stranger]. It
+// prints what the object gives. Its handler fails, calls the object again, or holds the order, with the
+// chart's window as ours would leave it, until somebody gives the window back. It tells how the first two
+// windows that come over its own stand there, and whether its field has the keys in the end. By "keep" it
+// holds the object when the call has returned, by "stranger" it brings a wrong password.
 #include <windows.h>
 
 #include <ocidl.h>
@@ -73,10 +74,12 @@ VARIANT number(int value) {
     return held;
 }
 
+const char* account = "doctor1/$/pass1";
+
 std::vector<VARIANT> arguments(const char* server) {
     return {VARIANT{},
             text(server),
-            text("doctor1/$/pass1"),
+            text(account),
             number(1024),
             text("김하늘"),
             text(""),
@@ -153,6 +156,7 @@ public:
 
 private:
     void hold() const {
+        ::SetPropW(window_, L"DoctorZELVO.held", window_);
         ::EnableWindow(window_, FALSE);
         std::printf("held\n");
         MSG message{};
@@ -207,14 +211,31 @@ BOOL CALLBACK takeOwned(HWND window, LPARAM searched) {
     return FALSE;
 }
 
-void watch(HWND window) {
+HWND ownedBy(HWND window) {
     std::pair<HWND, HWND> searched{window, nullptr};
-    while (!searched.second) {
-        ::Sleep(50);
-        ::EnumWindows(takeOwned, reinterpret_cast<LPARAM>(&searched));
-    }
-    while (::GetForegroundWindow() != searched.second) ::Sleep(50);
+    ::EnumWindows(takeOwned, reinterpret_cast<LPARAM>(&searched));
+    return searched.second;
+}
+
+void watch(HWND window) {
+    HWND first = nullptr;
+    for (; !first; first = ownedBy(window)) ::Sleep(50);
+    while (::GetForegroundWindow() != first) ::Sleep(50);
     std::printf("over the chart, which is %s\n", ::IsWindowEnabled(window) ? "free" : "held");
+    while (::IsWindowVisible(first)) ::Sleep(10);
+    int free = 0;
+    for (; !ownedBy(window); ::Sleep(1)) free += ::IsWindowEnabled(window) ? 1 : 0;
+    std::printf("the next one, over the chart, which was %s\n", free > 20 ? "free" : "held");
+}
+
+/// The system may be a moment behind with it.
+bool keysAreIn(HWND field) {
+    MSG message{};
+    for (int i = 0; i < 100 && ::GetFocus() != field; ++i) {
+        while (::PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) ::DispatchMessageW(&message);
+        ::Sleep(10);
+    }
+    return ::GetFocus() == field;
 }
 
 }  // namespace
@@ -223,6 +244,7 @@ int main(int argc, char** argv) {
     if (argc < 3) return 2;
     const bool early = std::string(argv[1]) == "early";
     const std::string how = argc > 3 ? argv[3] : "";
+    if (how == "stranger") account = "doctor1/$/pass2";
     std::setvbuf(stdout, nullptr, _IONBF, 0);
     must(::CoInitialize(nullptr), "CoInitialize");
     CLSID which{};
@@ -234,6 +256,9 @@ int main(int argc, char** argv) {
     const HWND window = ::CreateWindowExW(0, L"STATIC", L"chart", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 300,
                                           200, nullptr, nullptr, nullptr, nullptr);
     ::SetForegroundWindow(window);
+    const HWND field = ::CreateWindowExW(0, L"EDIT", L"", WS_CHILD | WS_VISIBLE, 0, 0, 200, 20, window,
+                                         nullptr, nullptr, nullptr);
+    ::SetFocus(field);
     std::thread(watch, window).detach();
     const auto call = [&] {
         early ? callEarly(*object, argv[2]) : callLate(*object, argv[2]);
@@ -248,6 +273,7 @@ int main(int argc, char** argv) {
     findEvents(*container, early, &point);
     must(point->Advise(&listener, &cookie), "Advise");
     call();
+    std::printf("the chart has its keys %s\n", keysAreIn(field) ? "again" : "not");
     if (how == "keep") ::Sleep(INFINITE);
     must(point->Unadvise(cookie), "Unadvise");
     point->Release();

@@ -80,6 +80,16 @@ if [ "$window" = ON ]; then
   within 'xdotool key alt+F4; [ "$(windows)" = 0 ]'
   gone $client
   grep -q '^result 0 errorText ""' "$scratch/chart.out" || fail 'no result'
+
+  # The box about the login goes before the main window comes; nobody can type into the chart between them.
+  fresh 'a chart between two windows'
+  call late stranger
+  within 'grep -q "^over the chart, which is held" "$scratch/chart.out"'
+  within 'xdotool key Return; grep -q "^the next one" "$scratch/chart.out"'
+  grep -q '^the next one, over the chart, which was held' "$scratch/chart.out" || fail 'free'
+  within 'xdotool key alt+F4; [ "$(windows)" = 0 ]'
+  gone $client
+  grep -q '^the chart has its keys again' "$scratch/chart.out" || fail 'without its keys'
 else
   fresh 'no window in the terminal'
   call late
@@ -105,6 +115,17 @@ early plain result 0 errorText ""
 late fail result 0 errorText ""
 late again result 0 errorText "ZELVO 창이 이미 열려
 CASES
+
+begin 'a chart killed between two calls'
+call late keep
+echo "$composed
+$send" >&8
+exec 8>&-
+within 'grep -q "^result" "$scratch/chart.out"'
+sleep 1
+kill -0 $server || fail 'not kept for the next call'
+kill -9 $client
+gone $server
 
 # Wine's script hosts listen to no events.
 begin 'a script'

@@ -2,30 +2,26 @@
 
 #include <windows.h>
 
-#include <cstdint>
-#include <vector>
-
-#include "Com.h"
-
 namespace automation {
 
 /// The chart that has made the call that runs: found when the call has come, before any window of ours.
 class Caller {
 public:
     /// `thread` is the one that the call came from, 0 where the system does not say. The chart's window is
-    /// the one in front, or, where another program's stands there, the first that this thread has.
+    /// the one in front, or, where another program's or no whole window stands there, the first whole one of
+    /// its thread.
     explicit Caller(DWORD thread);
 
     HWND window() const { return window_; }
-    /// The chart's windows that a user can turn to now; ours will hold them while it is open.
-    const std::vector<HWND>& open() const { return open_; }
-    /// The chart itself, to be waited for; null where it can't be told.
-    HANDLE process() const { return process_.get(); }
+    /// The chart itself; 0 where it can't be told.
+    DWORD process() const { return process_; }
+
+    /// The program that a thread belongs to; 0 where it can't be told.
+    static DWORD processOf(DWORD thread);
 
 private:
-    Handle process_;
+    DWORD process_ = 0;
     HWND window_ = nullptr;
-    std::vector<HWND> open_;
 };
 
 }  // namespace automation

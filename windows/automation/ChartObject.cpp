@@ -17,7 +17,7 @@ namespace {
 /// One call, as the component's functions see it.
 struct Call {
     const ChartEvents& events;
-    const Guard* guard = nullptr;
+    const Charts& charts;
     std::string reason = {};
 
     static void tell(const char* reason, void* context) { static_cast<Call*>(context)->reason = reason; }
@@ -26,7 +26,7 @@ struct Call {
         try {
             const Call& call = *static_cast<Call*>(context);
             const ChartEvents::Answer answer = call.events.send2Chart(*order);
-            if (answer.lost && call.guard) call.guard->chartLost();
+            if (answer.lost) call.charts.lost();
             if (answer.reason.empty()) return doctorzelvo_confirmed;
             error->give(error, answer.reason.c_str());
         } catch (const std::exception& failure) {
@@ -174,7 +174,7 @@ HRESULT ChartObject::call(VARIANT_BOOL* result, const Open& open) {
     const Ref<_clsZELVOInterface> kept(this);
     errorText_.clear();
     try {
-        Call running{events_};
+        Call running{events_, server_.charts()};
         doctorzelvo_chart chart = {};
         chart.size = sizeof chart;
         chart.context = &running;
@@ -183,8 +183,7 @@ HRESULT ChartObject::call(VARIANT_BOOL* result, const Open& open) {
         int outcome = doctorzelvo_broken;
         if (const Server::Session session(server_); session.isFirst()) {
             const Caller caller(server_.callingThread());
-            const Guard guard(caller.process(), caller.open());
-            running.guard = &guard;
+            const Guard guard(server_.charts(), caller);
             chart.owner_window = reinterpret_cast<std::uintptr_t>(caller.window());
             outcome = run(chart, open, running.reason);
         } else {

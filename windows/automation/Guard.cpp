@@ -1,24 +1,20 @@
 #include "Guard.h"
 
 #include <cstdlib>
-#include <sstream>
+
+#include "platform/qt/HostWindow.h"
 
 namespace automation {
 
 namespace {
 
-/// How long a chart that can't be reached any more may take to end.
-constexpr DWORD lastBreath = 5'000;
-
-void CALLBACK endWithChart(void* /*context*/, BOOLEAN /*timedOut*/) {
-    ::TerminateProcess(::GetCurrentProcess(), 1);
+DWORD number(const std::string& word) {
+    return std::strtoul(word.c_str(), nullptr, 10);
 }
 
-Handle startKeeper(const std::vector<HWND>& windows) {
-    std::wstring words = L"\"" + ownPath() + L"\" /guard " + std::to_wstring(::GetCurrentProcessId()) + L" ";
-    for (const HWND window : windows) {
-        words += std::to_wstring(reinterpret_cast<std::uintptr_t>(window)) + L",";
-    }
+Handle startKeeper(HWND window) {
+    std::wstring words = L"\"" + ownPath() + L"\" /guard " + std::to_wstring(::GetCurrentProcessId()) + L" " +
+                         std::to_wstring(::GetWindowThreadProcessId(window, nullptr));
     STARTUPINFOW start{};
     start.cb = sizeof start;
     start.dwFlags = STARTF_FORCEOFFFEEDBACK;
@@ -31,32 +27,28 @@ Handle startKeeper(const std::vector<HWND>& windows) {
     return Handle(started.hProcess);
 }
 
+BOOL CALLBACK giveBackIfHeld(HWND window, LPARAM /*none*/) {
+    if (::RemovePropW(window, zelvo::qt::heldMark)) ::EnableWindow(window, TRUE);
+    return TRUE;
+}
+
 }  // namespace
 
-Guard::Guard(HANDLE chart, const std::vector<HWND>& windows) : chart_(chart) {
-    if (chart)
-        ::RegisterWaitForSingleObject(&wait_, chart, endWithChart, nullptr, INFINITE, WT_EXECUTEONLYONCE);
-    if (!windows.empty()) keeper_ = startKeeper(windows);
+Guard::Guard(Charts& charts, const Caller& caller) : charts_(charts) {
+    if (caller.window()) keeper_ = startKeeper(caller.window());
+    charts_.watch(caller.process());
+    charts_.setCalling(caller.process());
 }
 
 Guard::~Guard() {
-    if (wait_) ::UnregisterWaitEx(wait_, INVALID_HANDLE_VALUE);
+    charts_.setCalling(0);
     if (keeper_) ::TerminateProcess(keeper_.get(), 0);
 }
 
-void Guard::chartLost() const {
-    if (chart_ && ::WaitForSingleObject(chart_, lastBreath) == WAIT_OBJECT_0) endWithChart(nullptr, FALSE);
-}
-
-int giveBackAfter(const std::string& program, const std::string& windows) {
-    const Handle server(::OpenProcess(SYNCHRONIZE, FALSE, std::strtoul(program.c_str(), nullptr, 10)));
+int giveBackAfter(const std::string& program, const std::string& thread) {
+    const Handle server(::OpenProcess(SYNCHRONIZE, FALSE, number(program)));
     if (server) ::WaitForSingleObject(server.get(), INFINITE);
-    std::istringstream numbers(windows);
-    for (std::string number; std::getline(numbers, number, ',');) {
-        ::EnableWindow(
-            reinterpret_cast<HWND>(static_cast<std::uintptr_t>(std::strtoull(number.c_str(), nullptr, 10))),
-            TRUE);
-    }
+    ::EnumThreadWindows(number(thread), giveBackIfHeld, 0);
     return 0;
 }
 

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "Caller.h"
 #include "basics/Fault.h"
 #include "doctorzelvo/doctorzelvo.h"
 
@@ -107,6 +108,11 @@ HRESULT Server::LockServer(BOOL lock) {
 
 DWORD Server::HandleInComingCall(DWORD /*kind*/, HTASK caller, DWORD /*waited*/, LPINTERFACEINFO /*info*/) {
     callingThread_ = static_cast<DWORD>(reinterpret_cast<std::uintptr_t>(caller));
+    // The first that the object hears of a chart is often a call of the system's own.
+    static_cast<void>(withinMemory([this] {
+        charts_.watch(Caller::processOf(callingThread_));
+        return S_OK;
+    }));
     return SERVERCALL_ISHANDLED;
 }
 

@@ -10,6 +10,7 @@
 #include <string>
 
 #include "ChartObject.h"
+#include "Charts.h"
 #include "Com.h"
 
 namespace automation {
@@ -48,6 +49,7 @@ public:
     ITypeLib* types() const { return types_.get(); }
     /// The thread that the call that runs has come from; 0 where the system does not say.
     DWORD callingThread() const { return callingThread_; }
+    Charts& charts() { return charts_; }
     /// Nobody holds this object any more.
     void drop(const ChartObject& object);
 
@@ -69,6 +71,7 @@ private:
     std::optional<std::string> script_;
     Ref<ITypeLib> types_;
     std::list<std::unique_ptr<ChartObject>> objects_;
+    Charts charts_;
     DWORD registered_ = 0;
     DWORD callingThread_ = 0;
     int sessions_ = 0;

@@ -7,8 +7,12 @@ class QWidget;
 
 namespace zelvo::qt {
 
+/// What a window bears on Windows while it is held: whoever outlives this program gives it back by that.
+inline constexpr auto heldMark = L"DoctorZELVO.held";
+
 /// The host's window that a call came from. While the call runs, the host's windows take no keys and no
-/// clicks (they go on painting), and ours stand over that one as dialogs of its own would.
+/// clicks (they go on painting), and ours stand over that one as dialogs of its own would; then
+/// what had the keys has them again.
 class HostWindow {
 public:
     /// `named` is the system's handle of that window; 0 looks for it.
@@ -21,9 +25,9 @@ public:
     void putUnder(QWidget& ours);
     /// As soon as that window is on the screen.
     void bringForward(QWidget& ours);
-    /// Before that window leaves the screen: the system then turns to the host's. The next one holds it
-    /// again.
-    void giveBack();
+    /// Before that window leaves the screen: the host's comes to the front, held as it is until the call
+    /// ends.
+    void turnToHost();
 
 private:
     struct Insides;

@@ -23,6 +23,6 @@ void HostWindow::putUnder(QWidget& ours) {
 
 void HostWindow::bringForward(QWidget& /*ours*/) {}
 
-void HostWindow::giveBack() {}
+void HostWindow::turnToHost() {}
 
 }  // namespace zelvo::qt

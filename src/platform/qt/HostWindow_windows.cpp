@@ -6,6 +6,7 @@
 #include <QtCore/QCoreApplication>
 #include <QtCore/QPointer>
 #include <QtWidgets/QWidget>
+#include <utility>
 #include <vector>
 
 namespace zelvo::qt {
@@ -27,15 +28,27 @@ std::vector<HWND> openBeside(HWND window) {
     return windows;
 }
 
+/// What has the keys of that window, a field of it for one; nullptr where nothing of it has.
+HWND withKeysIn(HWND window) {
+    GUITHREADINFO state{};
+    state.cbSize = sizeof state;
+    if (!::GetGUIThreadInfo(::GetWindowThreadProcessId(window, nullptr), &state)) return nullptr;
+    return ::GetAncestor(state.hwndFocus, GA_ROOT) == window ? state.hwndFocus : nullptr;
+}
+
 }  // namespace
 
 struct HostWindow::Insides : QAbstractNativeEventFilter {
     HWND window = nullptr;
+    HWND withKeys = nullptr;  ///< what had its keys before ours came
     std::vector<HWND> held;
     HWND over = nullptr;  ///< ours that stands there now
     QPointer<QWidget> overWidget;
 
-    Insides() { QCoreApplication::instance()->installNativeEventFilter(this); }
+    explicit Insides(HWND host) : window(host), withKeys(host ? withKeysIn(host) : nullptr) {
+        QCoreApplication::instance()->installNativeEventFilter(this);
+        hold();
+    }
 
     /// With the host's window goes ours, by the system's hand: nobody sees it any more, so it is as if its
     /// user had closed it.
@@ -51,20 +64,38 @@ struct HostWindow::Insides : QAbstractNativeEventFilter {
         if (!::IsWindow(window)) return;
         for (const HWND each : openBeside(window)) {
             held.push_back(each);
+            ::SetPropW(each, heldMark, each);
             ::EnableWindow(each, FALSE);
         }
     }
+
+    void release() {
+        for (const HWND each : held) {
+            ::RemovePropW(each, heldMark);
+            ::EnableWindow(each, TRUE);
+        }
+        held.clear();
+    }
+
+    /// A held window has lost its keys, and most hosts never give them to anything in it by themselves.
+    void giveKeysBack() const {
+        if (!::IsWindow(withKeys) || ::GetForegroundWindow() != window) return;
+        const DWORD own = ::GetCurrentThreadId();
+        const DWORD host = ::GetWindowThreadProcessId(withKeys, nullptr);
+        const bool joined = own != host && ::AttachThreadInput(own, host, TRUE);
+        ::SetFocus(withKeys);
+        if (joined) ::AttachThreadInput(own, host, FALSE);
+    }
 };
 
-HostWindow::HostWindow(std::uintptr_t named) : insides_(std::make_unique<Insides>()) {
-    HWND window = named == 0 ? ::GetActiveWindow() : reinterpret_cast<HWND>(named);
-    if (window) window = ::GetAncestor(window, GA_ROOT);
-    insides_->window = window;
-    insides_->hold();
+HostWindow::HostWindow(std::uintptr_t named) {
+    const HWND window = named == 0 ? ::GetActiveWindow() : reinterpret_cast<HWND>(named);
+    insides_ = std::make_unique<Insides>(window ? ::GetAncestor(window, GA_ROOT) : nullptr);
 }
 
 HostWindow::~HostWindow() {
-    giveBack();
+    insides_->release();
+    insides_->giveKeysBack();
 }
 
 void HostWindow::putUnder(QWidget& ours) {
@@ -87,10 +118,13 @@ void HostWindow::bringForward(QWidget& ours) {
     insides_->overWidget = &ours;
 }
 
-void HostWindow::giveBack() {
-    insides_->over = nullptr;
-    for (const HWND each : insides_->held) ::EnableWindow(each, TRUE);
-    insides_->held.clear();
+void HostWindow::turnToHost() {
+    const HWND leaving = std::exchange(insides_->over, nullptr);
+    if (!leaving || ::GetForegroundWindow() != leaving || !::IsWindow(insides_->window)) return;
+    // One that is held can't come to the front; ours takes its time to leave, so the user would type into it.
+    insides_->release();
+    ::SetForegroundWindow(insides_->window);
+    insides_->hold();
 }
 
 }  // namespace zelvo::qt

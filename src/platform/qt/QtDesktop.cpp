@@ -70,7 +70,7 @@ screen::Answer QtDesktop::messageBox(const screen::MessageBox& box) {
     BoxDialog dialog(box, top());
     if (!top()) {
         host_.putUnder(dialog);
-        QObject::connect(&dialog, &BoxDialog::leaving, [this] { host_.giveBack(); });
+        QObject::connect(&dialog, &BoxDialog::leaving, [this] { host_.turnToHost(); });
     }
     dialog.show();
     if (!top()) host_.bringForward(dialog);
@@ -107,7 +107,7 @@ void QtDesktop::standOverHost(const Glass& glass) {
     if (top()) return;
     QObject::connect(&glass, &Glass::appearing, [this](QWidget* shown) { host_.putUnder(*shown); });
     QObject::connect(&glass, &Glass::appeared, [this](QWidget* shown) { host_.bringForward(*shown); });
-    QObject::connect(&glass, &Glass::leaving, [this] { host_.giveBack(); });
+    QObject::connect(&glass, &Glass::leaving, [this] { host_.turnToHost(); });
 }
 
 std::function<bool()> QtDesktop::beginWait(std::string_view what,
@@ -177,7 +177,7 @@ void QtDesktop::runModal(screen::Window& window) {
         deliverKeys();
         if (!window.leaving()) loop.exec();
     }
-    if (isFirst) host_.giveBack();
+    if (isFirst) host_.turnToHost();
     shell.putAway();
     if (top()) top()->activateWindow();
 }
