@@ -103,6 +103,13 @@ bool Glass::eventFilter(QObject*, QEvent* event) {
     return false;
 }
 
+/// Its user can't close it; the system does, with the window that it belongs to.
+void Glass::closeEvent(QCloseEvent* event) {
+    giveUp();
+    second_.stop();
+    QWidget::closeEvent(event);
+}
+
 void Glass::paintEvent(QPaintEvent*) {
     QColor ground = palette().color(QPalette::Window);
     if (over_) ground.setAlpha(veil);
