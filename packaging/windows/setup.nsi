@@ -75,6 +75,8 @@ Section "ZELVO"
   StrCmp $1 "" fresh
   IfFileExists "$1\uninstall.exe" 0 fresh
   takeAway:
+  ; It stays so where the program can't even be started.
+  StrCpy $0 error
   ExecWait '"$1\uninstall.exe" /S /UPDATE _?=$1' $0
   StrCmp $0 0 taken
   ; The object's entries were not to be taken away: they are written anew.
@@ -96,6 +98,7 @@ Section "ZELVO"
     SetErrorLevel 2
     Abort
   written:
+  StrCpy $0 error
   ExecWait '"$INSTDIR\bin\DoctorZELVO.exe" /register' $0
   StrCmp $0 0 registered
     MessageBox MB_OK|MB_ICONEXCLAMATION "자동화 개체 DoctorZELVO.clsZELVOInterface를 등록하지 못했습니다. ($0)" /SD IDOK
@@ -118,6 +121,7 @@ SectionEnd
 Section "un.ZELVO"
   Call un.WaitUntilClosed
   IfFileExists "$INSTDIR\bin\DoctorZELVO.exe" 0 unregistered
+  StrCpy $0 error
   ExecWait '"$INSTDIR\bin\DoctorZELVO.exe" /unregister' $0
   StrCmp $0 0 unregistered
     MessageBox MB_OK|MB_ICONEXCLAMATION "자동화 개체 DoctorZELVO.clsZELVOInterface의 등록을 해제하지 못했습니다. ($0)" /SD IDOK

@@ -1,8 +1,9 @@
-// A chart that makes the automation object: chart early|late SERVER [fail|hold|again|keep|stranger]. It
+// A chart that makes the automation object: chart early|late SERVER [fail|hold|box|again|keep|stranger]. It
 // prints what the object gives. Its handler fails, calls the object again, or holds the order, with the
-// chart's window as ours would leave it, until somebody gives the window back. It tells how the first two
-// windows that come over its own stand there, and whether its field has the keys in the end. By "keep" it
-// holds the object when the call has returned, by "stranger" it brings a wrong password.
+// chart's window as ours would leave it, until somebody gives the window back, or leaves a held one free, as
+// a box over it does. It tells how the first two windows that come over its own stand there, and whether its
+// field has the keys in the end. By "keep" it holds the object when the call has returned, by "stranger" it
+// brings a wrong password.
 #include <windows.h>
 
 #include <ocidl.h>
@@ -74,6 +75,13 @@ VARIANT number(int value) {
     return held;
 }
 
+/// How a program that has ended leaves the chart's window, some seconds later at the most.
+void tellWindow() {
+    const HWND window = ::FindWindowW(L"STATIC", L"chart");
+    for (int i = 0; i < 500 && !::IsWindowEnabled(window); ++i) ::Sleep(10);
+    std::printf("its window is %s\n", ::IsWindowEnabled(window) ? "free" : "held");
+}
+
 const char* account = "doctor1/$/pass1";
 
 std::vector<VARIANT> arguments(const char* server) {
@@ -111,6 +119,7 @@ void callLate(IDispatch& object, const char* server) {
     const HRESULT called = object.Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD, &params, &result,
                                          &failure, nullptr);
     if (failure.bstrDescription) std::printf("raised: %s\n", narrow(failure.bstrDescription).c_str());
+    if (FAILED(called)) tellWindow();
     must(called, "ZELVOInterface");
     names[0] = other;
     must(object.GetIDsOfNames(IID_NULL, names, 1, LOCALE_USER_DEFAULT, &id), "GetIDsOfNames");
@@ -148,6 +157,7 @@ public:
         for (UINT i = handed->cArgs; i > 0; --i) print(handed->rgvarg[i - 1]);
         std::printf("\n");
         if (how_ == "hold") hold();
+        if (how_ == "box") ::SetPropW(window_, L"DoctorZELVO.held", window_);
         if (how_ == "again") call_();
         if (how_ != "fail") return S_OK;
         failure->bstrDescription = ::SysAllocString(L"진료부가 바쁩니다.");
@@ -211,6 +221,11 @@ BOOL CALLBACK takeOwned(HWND window, LPARAM searched) {
     return FALSE;
 }
 
+LRESULT CALLBACK tellTaken(HWND window, UINT message, WPARAM first, LPARAM second) {
+    if (message == WM_ENABLE) std::printf("%s\n", first ? "free again" : "taken again");
+    return ::DefWindowProcW(window, message, first, second);
+}
+
 HWND ownedBy(HWND window) {
     std::pair<HWND, HWND> searched{window, nullptr};
     ::EnumWindows(takeOwned, reinterpret_cast<LPARAM>(&searched));
@@ -256,6 +271,9 @@ int main(int argc, char** argv) {
     const HWND window = ::CreateWindowExW(0, L"STATIC", L"chart", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 300,
                                           200, nullptr, nullptr, nullptr, nullptr);
     ::SetForegroundWindow(window);
+    if (how == "box") {
+        ::SetWindowLongPtrW(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(tellTaken));
+    }
     const HWND field = ::CreateWindowExW(0, L"EDIT", L"", WS_CHILD | WS_VISIBLE, 0, 0, 200, 20, window,
                                          nullptr, nullptr, nullptr);
     ::SetFocus(field);

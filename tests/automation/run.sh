@@ -90,6 +90,18 @@ if [ "$window" = ON ]; then
   within 'xdotool key alt+F4; [ "$(windows)" = 0 ]'
   gone $client
   grep -q '^the chart has its keys again' "$scratch/chart.out" || fail 'without its keys'
+
+  fresh 'a program killed under its window'
+  call late
+  within 'grep -q "^over the chart, which is held" "$scratch/chart.out"'
+  for program in $(pgrep -f 'DoctorZELVO\.exe.* -Embedding'); do
+    ! grep -qzx "WINEPREFIX=$WINEPREFIX" "/proc/$program/environ" || kill -9 "$program"
+  done
+  gone $client
+  grep -q '^its window is free' "$scratch/chart.out" || fail 'held'
+  grep -q '^ZELVOInterface 0x' "$scratch/chart.out" || fail 'a call of a dead program came to an end'
+  wineserver -k
+  serve
 else
   fresh 'no window in the terminal'
   call late
@@ -113,6 +125,7 @@ done <<'CASES'
 late plain result 0 errorText ""
 early plain result 0 errorText ""
 late fail result 0 errorText ""
+late box taken again
 late again result 0 errorText "ZELVO 창이 이미 열려
 CASES
 

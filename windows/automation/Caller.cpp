@@ -1,6 +1,8 @@
 #include "Caller.h"
 
 #include <algorithm>
+#include <array>
+#include <filesystem>
 #include <vector>
 
 #include "Com.h"
@@ -16,10 +18,31 @@ BOOL CALLBACK takeIfOpen(HWND window, LPARAM windows) {
     return TRUE;
 }
 
-/// What a user takes for a window of the program: no splash, no palette.
+/// Whether what has the keys is something in that window: a splash has nothing that takes any.
+bool takesKeys(HWND window) {
+    GUITHREADINFO state{};
+    state.cbSize = sizeof state;
+    return ::GetGUIThreadInfo(::GetWindowThreadProcessId(window, nullptr), &state) &&
+           state.hwndFocus != window && ::GetAncestor(state.hwndFocus, GA_ROOT) == window;
+}
+
+/// What a user takes for a window of the program: no splash, no palette, and none of no size, as some
+/// languages' programs keep one.
 bool isWhole(HWND window) {
+    RECT place{};
     return (::GetWindowLongPtrW(window, GWL_EXSTYLE) & WS_EX_TOOLWINDOW) == 0 &&
-           (::GetWindowLongPtrW(window, GWL_STYLE) & WS_CAPTION) == WS_CAPTION;
+           ::GetWindowRect(window, &place) && !::IsRectEmpty(&place) &&
+           ((::GetWindowLongPtrW(window, GWL_STYLE) & WS_CAPTION) == WS_CAPTION || takesKeys(window));
+}
+
+/// Whether that program is this one, or this one again for another chart.
+bool isOurs(DWORD program) {
+    const Handle opened(::OpenProcess(PROCESS_QUERY_LIMITED_INFORMATION, FALSE, program));
+    std::array<wchar_t, 1024> path{};
+    auto length = static_cast<DWORD>(path.size());
+    if (!opened || !::QueryFullProcessImageNameW(opened.get(), 0, path.data(), &length)) return false;
+    std::error_code missing;
+    return std::filesystem::equivalent(path.data(), ownPath(), missing);
 }
 
 }  // namespace
@@ -32,8 +55,7 @@ Caller::Caller(DWORD thread) {
     DWORD owner = 0;
     const HWND front = ::GetForegroundWindow();
     const DWORD frontThread = front ? ::GetWindowThreadProcessId(front, &owner) : 0;
-    const bool isInFront =
-        frontThread != 0 && owner != ::GetCurrentProcessId() && (process_ == 0 || process_ == owner);
+    const bool isInFront = frontThread != 0 && !isOurs(owner) && (process_ == 0 || process_ == owner);
     if (process_ == 0 && isInFront) process_ = owner;
     if (process_ == 0 || process_ == ::GetCurrentProcessId()) return;
     // They are listed from the front to the back.

@@ -18,6 +18,7 @@ namespace {
 struct Call {
     const ChartEvents& events;
     const Charts& charts;
+    const Guard* guard = nullptr;
     std::string reason = {};
 
     static void tell(const char* reason, void* context) { static_cast<Call*>(context)->reason = reason; }
@@ -27,6 +28,7 @@ struct Call {
             const Call& call = *static_cast<Call*>(context);
             const ChartEvents::Answer answer = call.events.send2Chart(*order);
             if (answer.lost) call.charts.lost();
+            if (call.guard) call.guard->holdAgain();
             if (answer.reason.empty()) return doctorzelvo_confirmed;
             error->give(error, answer.reason.c_str());
         } catch (const std::exception& failure) {
@@ -184,6 +186,7 @@ HRESULT ChartObject::call(VARIANT_BOOL* result, const Open& open) {
         if (const Server::Session session(server_); session.isFirst()) {
             const Caller caller(server_.callingThread());
             const Guard guard(server_.charts(), caller);
+            running.guard = &guard;
             chart.owner_window = reinterpret_cast<std::uintptr_t>(caller.window());
             outcome = run(chart, open, running.reason);
         } else {

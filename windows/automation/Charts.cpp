@@ -16,8 +16,9 @@ void end() {
 
 }  // namespace
 
-Charts::~Charts() {
+void Charts::forget() {
     for (const Chart& chart : watched_) ::UnregisterWaitEx(chart.wait, INVALID_HANDLE_VALUE);
+    watched_.clear();
 }
 
 void Charts::watch(DWORD program) {

@@ -16,8 +16,10 @@ public:
     Charts() = default;
     Charts(const Charts&) = delete;
     Charts& operator=(const Charts&) = delete;
-    ~Charts();
+    ~Charts() { forget(); }
 
+    /// Waits for none of them any more.
+    void forget();
     /// Waits for the end of the program of this number from now on, where that is allowed.
     void watch(DWORD program);
     /// The call of that one begins; 0 ends it.

@@ -12,9 +12,9 @@ DWORD number(const std::string& word) {
     return std::strtoul(word.c_str(), nullptr, 10);
 }
 
-Handle startKeeper(HWND window) {
+Handle startKeeper(DWORD thread) {
     std::wstring words = L"\"" + ownPath() + L"\" /guard " + std::to_wstring(::GetCurrentProcessId()) + L" " +
-                         std::to_wstring(::GetWindowThreadProcessId(window, nullptr));
+                         std::to_wstring(thread);
     STARTUPINFOW start{};
     start.cb = sizeof start;
     start.dwFlags = STARTF_FORCEOFFFEEDBACK;
@@ -32,17 +32,29 @@ BOOL CALLBACK giveBackIfHeld(HWND window, LPARAM /*none*/) {
     return TRUE;
 }
 
+BOOL CALLBACK holdIfMarked(HWND window, LPARAM /*none*/) {
+    if (::GetPropW(window, zelvo::qt::heldMark)) ::EnableWindow(window, FALSE);
+    return TRUE;
+}
+
 }  // namespace
 
-Guard::Guard(Charts& charts, const Caller& caller) : charts_(charts) {
-    if (caller.window()) keeper_ = startKeeper(caller.window());
+Guard::Guard(Charts& charts, const Caller& caller)
+    : charts_(charts), thread_(caller.window() ? ::GetWindowThreadProcessId(caller.window(), nullptr) : 0) {
+    if (thread_ != 0) keeper_ = startKeeper(thread_);
     charts_.watch(caller.process());
     charts_.setCalling(caller.process());
 }
 
 Guard::~Guard() {
     charts_.setCalling(0);
+    // What a fault has left as it was.
+    if (thread_ != 0) ::EnumThreadWindows(thread_, giveBackIfHeld, 0);
     if (keeper_) ::TerminateProcess(keeper_.get(), 0);
+}
+
+void Guard::holdAgain() const {
+    if (thread_ != 0) ::EnumThreadWindows(thread_, holdIfMarked, 0);
 }
 
 int giveBackAfter(const std::string& program, const std::string& thread) {

@@ -19,8 +19,12 @@ public:
     Guard& operator=(const Guard&) = delete;
     ~Guard();
 
+    /// A box of the chart's own gives its window back to the user; ours is open over it still.
+    void holdAgain() const;
+
 private:
     Charts& charts_;
+    DWORD thread_;
     Handle keeper_;
 };
 

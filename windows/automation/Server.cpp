@@ -36,6 +36,8 @@ Server::Server(std::optional<std::string> script) : script_(std::move(script)) {
 
 Server::~Server() {
     ::CoRevokeClassObject(registered_);
+    // A chart that let go of its object may end while things are put away.
+    charts_.forget();
     // What is still held goes while its listeners can be told.
     for (const auto held = std::move(objects_); const auto& object : held) object->disconnect();
     ::CoRegisterMessageFilter(nullptr, nullptr);
