@@ -25,7 +25,8 @@ void Charts::watch(DWORD program) {
     if (program == 0 || program == ::GetCurrentProcessId() || find(program)) return;
     Handle opened(::OpenProcess(SYNCHRONIZE, FALSE, program));
     if (!opened) return;
-    Chart& chart = watched_.emplace_back(*this, program, std::move(opened));
+    watched_.push_back({*this, program, std::move(opened)});
+    Chart& chart = watched_.back();
     ++running_;
     if (::RegisterWaitForSingleObject(&chart.wait, chart.program.get(), &Charts::ended, &chart, INFINITE,
                                       WT_EXECUTEONLYONCE)) {
