@@ -26,6 +26,9 @@ while [ $# -gt 0 ]; do
     *) walks+=("$(basename "$1" .md)"); shift ;;
   esac
 done
+# shellcheck source=setup.sh
+. "$root/tools/setup.sh"
+need "${build_packages[@]}" "${test_packages[@]}" "${check_packages[@]}"
 commit=$(git -C "$root" rev-parse HEAD)
 tree=$folder/tree
 mkdir -p "$folder"
