@@ -75,11 +75,23 @@ VARIANT number(int value) {
     return held;
 }
 
-/// How a program that has ended leaves the chart's window, some seconds later at the most.
+/// Whether it comes true within so many looks, of 10 ms each; the chart hears meanwhile what is said to its
+/// windows, as any does.
+template <class Condition>
+bool comesTrue(int looks, const Condition& condition) {
+    MSG message{};
+    for (int i = 0; i < looks && !condition(); ++i) {
+        while (::PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) ::DispatchMessageW(&message);
+        ::Sleep(10);
+    }
+    return condition();
+}
+
+/// How a program that has ended leaves the chart's window.
 void tellWindow() {
     const HWND window = ::FindWindowW(L"STATIC", L"chart");
-    for (int i = 0; i < 500 && !::IsWindowEnabled(window); ++i) ::Sleep(10);
-    std::printf("its window is %s\n", ::IsWindowEnabled(window) ? "free" : "held");
+    std::printf("its window is %s\n",
+                comesTrue(500, [&] { return ::IsWindowEnabled(window); }) ? "free" : "held");
 }
 
 const char* account = "doctor1/$/pass1";
@@ -169,10 +181,7 @@ private:
         ::SetPropW(window_, L"DoctorZELVO.held", window_);
         ::EnableWindow(window_, FALSE);
         std::printf("held\n");
-        MSG message{};
-        while (!::IsWindowEnabled(window_)) {
-            if (::PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) ::DispatchMessageW(&message);
-            ::Sleep(10);
+        while (!comesTrue(500, [&] { return ::IsWindowEnabled(window_); })) {
         }
         std::printf("given back\n");
     }
@@ -243,16 +252,6 @@ void watch(HWND window) {
     std::printf("the next one, over the chart, which was %s\n", free > 20 ? "free" : "held");
 }
 
-/// The system may be a moment behind with it.
-bool keysAreIn(HWND field) {
-    MSG message{};
-    for (int i = 0; i < 100 && ::GetFocus() != field; ++i) {
-        while (::PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) ::DispatchMessageW(&message);
-        ::Sleep(10);
-    }
-    return ::GetFocus() == field;
-}
-
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -291,7 +290,8 @@ int main(int argc, char** argv) {
     findEvents(*container, early, &point);
     must(point->Advise(&listener, &cookie), "Advise");
     call();
-    std::printf("the chart has its keys %s\n", keysAreIn(field) ? "again" : "not");
+    std::printf("the chart has its keys %s\n",
+                comesTrue(100, [&] { return ::GetFocus() == field; }) ? "again" : "not");
     if (how == "keep") ::Sleep(INFINITE);
     must(point->Unadvise(cookie), "Unadvise");
     point->Release();
