@@ -1,13 +1,14 @@
-// A chart that makes the automation object: chart early|late SERVER [fail|hold|box|again|keep|stranger]. It
-// prints what the object gives. Its handler fails, calls the object again, or holds the order, with the
-// chart's window as ours would leave it, until somebody gives the window back, or leaves a held one free, as
-// a box over it does. It tells how the first two windows that come over its own stand there, and whether its
-// field has the keys in the end. By "keep" it holds the object when the call has returned, by "stranger" it
-// brings a wrong password.
+// A chart that makes the automation object: chart early|late SERVER
+// [fail|hold|box|again|second|keep|stranger]. It prints what the object gives. Its handler fails, calls the
+// object again or a second one, or holds the order, with the chart's window as ours would leave it, until
+// somebody gives the window back, or leaves a held one free, as a box over it does. It tells how the first
+// two windows that come over its own stand there, and whether its field has the keys in the end. By "keep" it
+// holds the object when the call has returned, by "stranger" it brings a wrong password.
 #include <windows.h>
 
 #include <ocidl.h>
 
+#include <cstdint>
 #include <cstdio>
 #include <functional>
 #include <string>
@@ -169,16 +170,21 @@ public:
         for (UINT i = handed->cArgs; i > 0; --i) print(handed->rgvarg[i - 1]);
         std::printf("\n");
         if (how_ == "hold") hold();
-        if (how_ == "box") ::SetPropW(window_, L"DoctorZELVO.held", window_);
-        if (how_ == "again") call_();
+        if (how_ == "box" || how_ == "second") mark();
+        if (how_ == "second") ::SetForegroundWindow(window_);
+        if (how_ == "again" || how_ == "second") call_();
         if (how_ != "fail") return S_OK;
         failure->bstrDescription = ::SysAllocString(L"진료부가 바쁩니다.");
         return DISP_E_EXCEPTION;
     }
 
 private:
+    void mark() const {
+        const std::uintptr_t holder = ::GetCurrentProcessId();
+        ::SetPropW(window_, L"DoctorZELVO.held", reinterpret_cast<HANDLE>(holder));
+    }
     void hold() const {
-        ::SetPropW(window_, L"DoctorZELVO.held", window_);
+        mark();
         ::EnableWindow(window_, FALSE);
         std::printf("held\n");
         while (!comesTrue(500, [&] { return ::IsWindowEnabled(window_); })) {
@@ -263,10 +269,13 @@ int main(int argc, char** argv) {
     must(::CoInitialize(nullptr), "CoInitialize");
     CLSID which{};
     must(::CLSIDFromProgID(L"DoctorZELVO.clsZELVOInterface", &which), "CLSIDFromProgID");
-    IDispatch* object = nullptr;
-    must(::CoCreateInstance(which, nullptr, CLSCTX_LOCAL_SERVER, IID_IDispatch,
-                            reinterpret_cast<void**>(&object)),
-         "CoCreateInstance");
+    const auto make = [&] {
+        void* made = nullptr;
+        must(::CoCreateInstance(which, nullptr, CLSCTX_LOCAL_SERVER, IID_IDispatch, &made),
+             "CoCreateInstance");
+        return static_cast<IDispatch*>(made);
+    };
+    IDispatch* const object = make();
     const HWND window = ::CreateWindowExW(0, L"STATIC", L"chart", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 300,
                                           200, nullptr, nullptr, nullptr, nullptr);
     ::SetForegroundWindow(window);
@@ -277,11 +286,11 @@ int main(int argc, char** argv) {
                                          nullptr, nullptr, nullptr);
     ::SetFocus(field);
     std::thread(watch, window).detach();
-    const auto call = [&] {
-        early ? callEarly(*object, argv[2]) : callLate(*object, argv[2]);
+    const auto call = [&](IDispatch& called) {
+        early ? callEarly(called, argv[2]) : callLate(called, argv[2]);
         std::printf("\n");
     };
-    Listener listener(how, window, call);
+    Listener listener(how, window, [&] { call(how == "second" ? *make() : *object); });
     IConnectionPointContainer* container = nullptr;
     IConnectionPoint* point = nullptr;
     DWORD cookie = 0;
@@ -289,7 +298,7 @@ int main(int argc, char** argv) {
          "container");
     findEvents(*container, early, &point);
     must(point->Advise(&listener, &cookie), "Advise");
-    call();
+    call(*object);
     std::printf("the chart has its keys %s\n",
                 comesTrue(100, [&] { return ::GetFocus() == field; }) ? "again" : "not");
     if (how == "keep") ::Sleep(INFINITE);

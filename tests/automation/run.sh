@@ -126,6 +126,7 @@ late plain result 0 errorText ""
 early plain result 0 errorText ""
 late fail result 0 errorText ""
 late box taken again
+late second result 0 errorText "ZELVO 창이 이미 열려
 late again result 0 errorText "ZELVO 창이 이미 열려
 CASES
 

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "Com.h"
+#include "platform/qt/HeldMark.h"
 
 namespace automation {
 
@@ -16,6 +17,23 @@ BOOL CALLBACK takeIfOpen(HWND window, LPARAM windows) {
         reinterpret_cast<std::vector<HWND>*>(windows)->push_back(window);
     }
     return TRUE;
+}
+
+/// A window that is looked for among those of one program.
+struct Held {
+    DWORD program;
+    bool found = false;
+};
+
+BOOL CALLBACK lookForMark(HWND window, LPARAM held) {
+    Held& looked = *reinterpret_cast<Held*>(held);
+    DWORD owner = 0;
+    ::GetWindowThreadProcessId(window, &owner);
+    if (owner != looked.program) return TRUE;
+    const auto holder = reinterpret_cast<std::uintptr_t>(::GetPropW(window, zelvo::qt::heldMark));
+    const Handle opened(::OpenProcess(SYNCHRONIZE, FALSE, static_cast<DWORD>(holder)));
+    looked.found = opened && ::WaitForSingleObject(opened.get(), 0) == WAIT_TIMEOUT;
+    return looked.found ? FALSE : TRUE;
 }
 
 /// Whether what has the keys is something in that window: a splash has nothing that takes any.
@@ -58,6 +76,9 @@ Caller::Caller(DWORD thread) {
     const bool isInFront = frontThread != 0 && !isOurs(owner) && (process_ == 0 || process_ == owner);
     if (process_ == 0 && isInFront) process_ = owner;
     if (process_ == 0 || process_ == ::GetCurrentProcessId()) return;
+    Held marked{process_};
+    ::EnumWindows(lookForMark, reinterpret_cast<LPARAM>(&marked));
+    held_ = marked.found;
     // They are listed from the front to the back.
     std::vector<HWND> open;
     if (isInFront) open.push_back(::GetAncestor(front, GA_ROOT));

@@ -13,6 +13,8 @@ public:
     explicit Caller(DWORD thread);
 
     HWND window() const { return window_; }
+    /// Whether a window of ours is open over the chart's already, by another object or by the library itself.
+    bool isHeld() const { return held_; }
     /// The chart itself; 0 where it can't be told.
     DWORD process() const { return process_; }
 
@@ -22,6 +24,7 @@ public:
 private:
     DWORD process_ = 0;
     HWND window_ = nullptr;
+    bool held_ = false;
 };
 
 }  // namespace automation

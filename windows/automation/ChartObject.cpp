@@ -14,6 +14,10 @@ namespace automation {
 
 namespace {
 
+/// What the library says of a second call in its own program.
+constexpr auto alreadyOpen =
+    "ZELVO 창이 이미 열려 있습니다. 열려 있는 창을 닫은 후에 다시 실행하여 주십시오.";
+
 /// One call, as the component's functions see it.
 struct Call {
     const ChartEvents& events;
@@ -185,6 +189,10 @@ HRESULT ChartObject::call(VARIANT_BOOL* result, const Open& open) {
         int outcome = doctorzelvo_broken;
         if (const Server::Session session(server_); session.isFirst()) {
             const Caller caller(server_.callingThread());
+            if (caller.isHeld()) {
+                errorText_ = alreadyOpen;
+                return S_OK;
+            }
             const Guard guard(server_.charts(), caller);
             running.guard = &guard;
             chart.owner_window = reinterpret_cast<std::uintptr_t>(caller.window());

@@ -2,7 +2,7 @@
 
 #include <cstdlib>
 
-#include "platform/qt/HostWindow.h"
+#include "platform/qt/HeldMark.h"
 
 namespace automation {
 

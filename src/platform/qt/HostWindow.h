@@ -7,9 +7,6 @@ class QWidget;
 
 namespace zelvo::qt {
 
-/// What a window bears on Windows while it is held: whoever outlives this program gives it back by that.
-inline constexpr auto heldMark = L"DoctorZELVO.held";
-
 /// The host's window that a call came from. While the call runs, the host's windows take no keys and no
 /// clicks (they go on painting), and ours stand over that one as dialogs of its own would; then
 /// what had the keys has them again.

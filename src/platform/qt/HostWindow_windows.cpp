@@ -9,6 +9,8 @@
 #include <utility>
 #include <vector>
 
+#include "platform/qt/HeldMark.h"
+
 namespace zelvo::qt {
 
 namespace {
@@ -64,7 +66,7 @@ struct HostWindow::Insides : QAbstractNativeEventFilter {
         if (!::IsWindow(window)) return;
         for (const HWND each : openBeside(window)) {
             held.push_back(each);
-            ::SetPropW(each, heldMark, each);
+            ::SetPropW(each, heldMark, reinterpret_cast<HANDLE>(std::uintptr_t{::GetCurrentProcessId()}));
             ::EnableWindow(each, FALSE);
         }
     }
