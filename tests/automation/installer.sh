@@ -29,11 +29,16 @@ state() {
     iconv -f UTF-16 -t UTF-8 "$scratch/exported"
   done
 }
+# ends EXIT_CODE WORD...
+ends() {
+  local status=0
+  timeout 120 wine "$setup" /S "${@:2}" || status=$?
+  [ "$status" = "$1" ] || fail "the installer ended with $status"
+}
 # set_up EXIT_CODE FOLDER WORD...: all that it brings, and nothing else, is in that folder alone.
 set_up() {
-  local status=0 folder
-  timeout 120 wine "$setup" /S "${@:3}" || status=$?
-  [ "$status" = "$1" ] || fail "the installer ended with $status"
+  local folder
+  ends "$1" "${@:3}"
   for folder in "$usual" "$other"; do
     diff <([ "$folder" != "$2" ] || LC_ALL=C sort "$files" - <<<uninstall.exe) \
       <(cd "$folder" 2>/dev/null && find . -type f -printf '%P\n' | LC_ALL=C sort) >&2 || fail "in $folder"
@@ -44,8 +49,9 @@ keys() { xdotool key --delay 80 "$@"; }
 text() { xdotool type --delay 60 "$1"; }
 # order COUNT: one of a herb, with the letters as they lie on a Korean keyboard; it is the pharmacy's COUNTth.
 order() {
-  within 'shown ZEL-VO'
-  sleep 3
+  # A window can be seen before it hears.
+  within 'keys F12; shown "지원 기록"'
+  within 'keys Escape; ! shown "지원 기록"'
   keys F6; text ekdrnl; keys Down Return; text 6; keys Tab; text 20
   keys F10 Return F10; text 3; keys F10; text 7; keys F10; text 100; keys F10 Down F5
   # A send can be asked for when the price is there.
@@ -60,6 +66,14 @@ order() {
 
 case='before'
 state >"$scratch/before"
+
+case='a folder in the way of a file'
+mkdir -p "$usual/bin/zelvo.exe"
+ends 2
+rmdir "$usual/bin/zelvo.exe"
+
+case='an object that does not start'
+WINEDLLOVERRIDES="$WINEDLLOVERRIDES;oleaut32=" set_up 4 "$usual"
 
 case='in'
 set_up 0 "$usual"

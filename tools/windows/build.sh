@@ -51,8 +51,7 @@ export ZELVO_WINDOWS_LIBRARIES
 
 # All that an installed copy has, and one line a file for the installer and for what takes it away again.
 stage() {
-  rm -rf "$stage" "$out"
-  mkdir -p "$out"
+  rm -rf "$stage"
   cmake --install "$build" --prefix "$stage" --strip >/dev/null
   third_parties >"$stage/share/doctorzelvo/third-parties.txt"
   (cd "$stage" && find . -type f -printf '%P\n' | LC_ALL=C sort) >"$build/files"
@@ -95,14 +94,28 @@ file_list() {
   echo '!macroend'
 }
 
+# Of all that goes into the installer and the zip.
+sum() {
+  {
+    sha256sum "$build/files.nsh" "$build/zelvo.ico" packaging/windows/setup.nsi tools/windows/build.sh
+    (cd "$stage" && xargs -d '\n' sha256sum <"$build/files")
+  } | sha256sum
+}
+
 make_setup() {
   local version
   version=$(sed -n 's/^CMAKE_PROJECT_VERSION:STATIC=//p' "$build/CMakeCache.txt")
   stage
   file_list >"$build/files.nsh"
+  if [ -f "$out/DoctorZELVO-setup.exe" ] && [ -f "$out/DoctorZELVO.zip" ] && [ "$(cat "$build/packed" 2>/dev/null)" = "$(sum)" ]; then
+    return
+  fi
+  rm -rf "$out" "$build/packed"
+  mkdir -p "$out"
   (cd "$build" && cmake -E tar cf "$out/DoctorZELVO.zip" --format=zip DoctorZELVO)
   makensis -V2 -INPUTCHARSET UTF8 -DVERSION="$version" -DOUTPUT="$out/DoctorZELVO-setup.exe" -DICON="$build/zelvo.ico" \
     -DSIZE="$(du -sk "$stage" | cut -f1)" -DFILES="$build/files.nsh" packaging/windows/setup.nsi
+  sum >"$build/packed"
   ls -l "$out"
 }
 

@@ -22,6 +22,12 @@ constexpr auto usage =
     "system starts it by -Embedding. /script serves with windows in the terminal, worked by the commands in FILE,\n"
     "or in the standard input where it is \"-\".\n";
 
+/// A program with windows has no console of its own; whoever calls it in one wants to read its answer there.
+void writeToCallersConsole() {
+    if (::GetStdHandle(STD_OUTPUT_HANDLE) || !::AttachConsole(ATTACH_PARENT_PROCESS)) return;
+    for (std::FILE* stream : {stdout, stderr}) static_cast<void>(std::freopen("CONOUT$", "w", stream));
+}
+
 int run(const std::vector<std::string>& words) {
     const std::string first = words.empty() ? "" : words.front();
     if (words.size() == 3 && first == "/guard") return automation::giveBackAfter(words[1], words[2]);
@@ -37,10 +43,12 @@ int run(const std::vector<std::string>& words) {
     }
     if (words.size() == 1 && first == "/register") {
         automation::enterInRegistry();
+        std::puts("DoctorZELVO.clsZELVOInterface is registered for this user.");
         return 0;
     }
     if (words.size() == 1 && first == "/unregister") {
         automation::removeFromRegistry();
+        std::puts("DoctorZELVO.clsZELVOInterface of this place is not registered any more.");
         return 0;
     }
     if (words.size() == 1 && first == "--version") {
@@ -58,6 +66,7 @@ int main(int argc, char** argv) {
     // A fault of this program is told to nobody here: it ends at once, and the chart has its windows back.
     ::SetErrorMode(SEM_FAILCRITICALERRORS | SEM_NOGPFAULTERRORBOX);
     ::_set_error_mode(_OUT_TO_STDERR);
+    writeToCallersConsole();
     try {
         return run(program::wordsOf(argc, argv));
     } catch (const std::exception& failure) {
