@@ -52,7 +52,8 @@ export ZELVO_WINDOWS_LIBRARIES
 # All that an installed copy has, and one line a file for the installer and for what takes it away again.
 stage() {
   rm -rf "$stage"
-  cmake --install "$build" --prefix "$stage" --strip >/dev/null
+  # Programs bear the time at which they were stripped.
+  SOURCE_DATE_EPOCH=$(git log -1 --format=%ct) cmake --install "$build" --prefix "$stage" --strip >/dev/null
   third_parties >"$stage/share/doctorzelvo/third-parties.txt"
   (cd "$stage" && find . -type f -printf '%P\n' | LC_ALL=C sort) >"$build/files"
   (cd "$stage" && find . -mindepth 1 -depth -type d -printf '%P\n') >"$build/folders"
