@@ -147,6 +147,8 @@ build_qt() {
     -DFEATURE_androiddeployqt=OFF -DINPUT_opengl=no \
     -DFEATURE_system_zlib=OFF -DFEATURE_system_png=OFF -DFEATURE_system_jpeg=OFF -DFEATURE_system_freetype=OFF \
     -DFEATURE_system_harfbuzz=OFF -DFEATURE_system_pcre2=OFF -DFEATURE_system_doubleconversion=OFF
+  # It would have every program that it is linked into export a place for debuggers.
+  $triplet-objcopy --remove-section .drectve "$prefix/lib/libQt6Core.a"
 }
 
 # library, its source package, the package of this machine whose version it follows
@@ -168,7 +170,7 @@ folders=()
 for library in "${libraries[@]}"; do
   read -r source_package installed <<<"$(package_of "$library")"
   version=$(dpkg-query -W -f='${source:Version}' "$installed")
-  key=$({ declare -f "build_$library" with_cmake; $compiler -dumpfullversion; } | sha256sum | cut -c1-12)
+  key=$({ declare -f "build_$library" with_cmake; cat "$root/cmake/windows.cmake"; $compiler -dumpfullversion; } | sha256sum | cut -c1-12)
   prefix="$cache/$library-${version//[^0-9A-Za-z.]/_}-$key"
   folders+=("$prefix")
   [ -f "$prefix/whole" ] && continue
