@@ -90,7 +90,8 @@ if [ -n "$twice" ]; then
   scratch=$(mktemp -d)
   trap 'rm -rf "$scratch"' EXIT
   git archive HEAD | tar -x -C "$scratch"
-  (cd "$scratch" && export CCACHE_DISABLE=1 && build elsewhere && pack elsewhere)
+  # A shell of its own, which ends at its first failure.
+  (cd "$scratch"; export CCACHE_DISABLE=1; build elsewhere; pack elsewhere)
   cmp "$(library build-package)" "$(library "$scratch/elsewhere")"
   for package in "${packages[@]}"; do cmp "$package" "$scratch/elsewhere/packages/${package##*/}"; done
   echo "The library and all packages are the same, byte for byte, from another folder."

@@ -6,7 +6,7 @@ root=$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)
 
 usage() {
   cat <<'TEXT'
-usage: tools/windows/libraries.sh [--jobs N] [LIBRARY...]
+usage: tools/windows/libraries.sh [--jobs N] [--made] [LIBRARY...]
 
 Builds sqlite, curl, httplib, gumbo and qt, or those that are named, for Windows into
 ${XDG_CACHE_HOME:-~/.cache}/doctorzelvo-windows, each once for its version and the way it is built here, and
@@ -17,11 +17,13 @@ TEXT
 }
 
 jobs=$(nproc)
+made=
 libraries=()
 while [ $# -gt 0 ]; do
   case "$1" in
     --help|-h) usage; exit 0 ;;
     --jobs) jobs=$2; shift 2 ;;
+    --made) made=yes; shift ;;
     sqlite|curl|httplib|gumbo|qt) libraries+=("$1"); shift ;;
     *) usage >&2; exit 2 ;;
   esac
@@ -38,8 +40,10 @@ triplet=x86_64-w64-mingw32
 compiler=$triplet-gcc-posix
 mkdir -p "$cache"
 # One run at a time writes there.
-exec 9>"$cache/lock"
-flock --nonblock 9 || { echo 'Waiting for another run that makes libraries' >&2; flock 9; }
+if [ ! "$made" ]; then
+  exec 9>"$cache/lock"
+  flock --nonblock 9 || { echo 'Waiting for another run that makes libraries' >&2; flock 9; }
+fi
 
 # apt with folders of its own: the machine's sources, asked for source packages. The machine's lists stay as they are.
 own_apt() {
@@ -174,6 +178,7 @@ for library in "${libraries[@]}"; do
   prefix="$cache/$library-${version//[^0-9A-Za-z.]/_}-$key"
   folders+=("$prefix")
   [ -f "$prefix/whole" ] && continue
+  [ ! "$made" ] || exit 1
   work="$cache/work/${prefix##*/}"
   echo "Building $library $version for Windows" >&2
   mkdir -p "$work"

@@ -1,14 +1,24 @@
 #!/usr/bin/env bash
-# Looks with clang-tidy through what is compiled for Windows alone, as tools/windows/build.sh --terminal has compiled it; what
-# belongs to the windows is not in there.
+# Looks with clang-tidy through what tools/windows/build.sh has compiled for Windows alone.
 set -euo pipefail
+cd "$(dirname "${BASH_SOURCE[0]}")/../.."
+
+usage() {
+  cat <<'TEXT'
+usage: tools/windows/tidy.sh [--terminal]
+
+Looks with clang-tidy through what tools/windows/build.sh has compiled for Windows alone; by --terminal through what it has
+compiled without the windows.
+TEXT
+}
+
+build=build-windows
 case "${1-}" in
   '') ;;
-  *) echo "usage: tools/windows/tidy.sh    looks with clang-tidy through what tools/windows/build.sh --terminal has compiled for Windows alone"
-     [ "$1" = --help ] && exit 0 || exit 2 ;;
+  --terminal) build=build-windows-terminal ;;
+  --help|-h) usage; exit 0 ;;
+  *) usage >&2; exit 2 ;;
 esac
-cd "$(dirname "${BASH_SOURCE[0]}")/../.."
-build=build-windows-terminal
 
 # The commands as clang takes them.
 mkdir -p "$build/tidy"

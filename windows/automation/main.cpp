@@ -25,7 +25,8 @@ constexpr auto usage =
 /// A program with windows has no console of its own; whoever calls it in one wants to read its answer there.
 void writeToCallersConsole() {
     if (::GetStdHandle(STD_OUTPUT_HANDLE) || !::AttachConsole(ATTACH_PARENT_PROCESS)) return;
-    for (std::FILE* stream : {stdout, stderr}) static_cast<void>(std::freopen("CONOUT$", "w", stream));
+    std::FILE* opened = nullptr;
+    for (std::FILE* stream : {stdout, stderr}) ::freopen_s(&opened, "CONOUT$", "w", stream);
 }
 
 int run(const std::vector<std::string>& words) {

@@ -58,7 +58,7 @@ struct HostWindow::Insides : QAbstractNativeEventFilter {
         const auto& told = *static_cast<const MSG*>(message);
         if (!over || told.hwnd != over || told.message != WM_DESTROY) return false;
         over = nullptr;
-        if (overWidget) QMetaObject::invokeMethod(overWidget.data(), &QWidget::close, Qt::QueuedConnection);
+        if (overWidget) QMetaObject::invokeMethod(overWidget.data(), "close", Qt::QueuedConnection);
         return false;
     }
 

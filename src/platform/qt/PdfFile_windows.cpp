@@ -27,7 +27,7 @@ QString askForPdfFile(QWidget& over, const QString& title, const QString& propos
     // What is named is a patient's: it is nothing for the list of what was opened last.
     question.Flags = OFN_EXPLORER | OFN_OVERWRITEPROMPT | OFN_PATHMUSTEXIST | OFN_HIDEREADONLY |
                      OFN_NOCHANGEDIR | OFN_DONTADDTORECENT;
-    return ::GetSaveFileNameW(&question) ? QDir::fromNativeSeparators(QString::fromStdWString(path.c_str()))
+    return ::GetSaveFileNameW(&question) ? QDir::fromNativeSeparators(QString::fromWCharArray(path.data()))
                                          : QString();
 }
 
