@@ -47,6 +47,8 @@ set_up() {
 shown() { xdotool search --onlyvisible --name "$1" >/dev/null 2>&1; }
 keys() { xdotool key --delay 80 "$@"; }
 text() { xdotool type --delay 60 "$1"; }
+# Of what is on the screen, for whoever has asked for one.
+picture() { [ -z "${ZELVO_PICTURES-}" ] || import -silent -window root "$ZELVO_PICTURES/$1.png"; }
 # order COUNT: one of a herb, with the letters as they lie on a Korean keyboard; it is the pharmacy's COUNTth.
 order() {
   # A window can be seen before it hears.
@@ -54,8 +56,10 @@ order() {
   within 'keys Escape; ! shown "지원 기록"'
   keys F6; text ekdrnl; keys Down Return; text 6; keys Tab; text 20
   keys F10 Return F10; text 3; keys F10; text 7; keys F10; text 100; keys F10 Down F5
+  picture "${case// /-}"
   # A send can be asked for when the price is there.
   within 'keys ctrl+F5; shown "처방전 전송 성공"'
+  picture "${case// /-}-sent"
   # What is pressed before a question can be seen does not answer it.
   within 'keys Return; ! shown ZEL-VO'
   cp "$data/pharmacy.db" "$scratch/now.db"

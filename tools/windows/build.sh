@@ -5,7 +5,7 @@ cd "$(dirname "${BASH_SOURCE[0]}")/../.."
 
 usage() {
   cat <<'TEXT'
-usage: tools/windows/build.sh [--terminal] [--test] [--jobs N]
+usage: tools/windows/build.sh [--terminal] [--test] [--pictures DIR] [--jobs N]
 
 Builds the program into build-windows, and leaves the installer out/windows/DoctorZELVO-setup.exe and what it brings as
 DoctorZELVO.zip beside it.
@@ -15,7 +15,7 @@ build-windows-terminal/bin.
 
 --test tries under wine what was built: with --terminal by the rooms' tests that need no screen, every console scenario and
 the automation object; else by the automation object with its windows, and by the installer, put in, moved and taken away,
-with whole orders by keys in what it brought.
+with whole orders by keys in what it brought. --pictures DIR keeps pictures of those windows there.
 
 Installs what is missing (Debian 12); the libraries are made once, from Debian's sources (tools/windows/libraries.sh): half an
 hour for the toolkit of the windows on two processors. Exits 3 where the sources can't be fetched, or a
@@ -31,6 +31,7 @@ while [ $# -gt 0 ]; do
     --help|-h) usage; exit 0 ;;
     --terminal) terminal=yes; shift ;;
     --test) tests=yes; shift ;;
+    --pictures) ZELVO_PICTURES=$(realpath -m "$2"); export ZELVO_PICTURES; mkdir -p "$ZELVO_PICTURES"; shift 2 ;;
     --jobs) jobs=$2; shift 2 ;;
     *) usage >&2; exit 2 ;;
   esac
@@ -40,6 +41,7 @@ done
 . tools/setup.sh
 need "${build_packages[@]}" "${windows_packages[@]}"
 [ ! "$tests" ] || need "${windows_test_packages[@]}"
+[ -z "${ZELVO_PICTURES-}" ] || need imagemagick
 libraries=(sqlite curl httplib)
 if [ ! "$terminal" ]; then
   need "${windows_setup_packages[@]}"
