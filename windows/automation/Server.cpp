@@ -48,6 +48,7 @@ Server::~Server() {
 
 void Server::serve() {
     unasked_ = ::SetTimer(nullptr, 0, firstObject, nullptr);
+    if (unasked_ == 0) throw zelvo::basics::Fault("SetTimer failed");
     MSG message{};
     while (::GetMessageW(&message, nullptr, 0, 0) > 0) {
         if (message.message == WM_TIMER && !message.hwnd && message.wParam == unasked_) waited();
