@@ -14,6 +14,11 @@ if ! grep -q "버전 : $version\"" session/YakGukConnection.h || ! grep -q "<rel
   echo "tools/house.sh: CMakeLists.txt, the status bar, the metainfo or CHANGELOG.md does not say version $version" >&2
   exit 1
 fi
+day=$(sed -nE 's/.*<release version="[^"]*" date="([^"]*)".*/\1/p' ../packaging/*.metainfo.xml | head -1)
+if ! sed '/^###/q' ../CHANGELOG.md | grep -q "of $(LC_ALL=C date -d "$day" '+%-d %B %Y')"; then
+  echo "tools/house.sh: CHANGELOG.md does not say $day of its newest release, as the metainfo does" >&2
+  exit 1
+fi
 
 {
   # Lines of the picture that begin with a room: "floor N ROOM".
@@ -28,8 +33,8 @@ fi
     }
     print "room", $2, folder }'
   # "stands ROOM" for each folder with code, "folder NAME" for each one at all, "told NAME" for each with a README of three lines.
-  find . -name '*.h' -printf '%h\n' | sed 's#^\./##' | sort -u | sed 's/^/stands /'
-  find . -mindepth 2 -type f ! -name README.md -printf 'folder %h\n' | sed 's#\./##' | sort -u
+  find . -mindepth 2 '(' -name '*.h' -o -name '*.cpp' ')' -printf '%h\n' | sed 's#^\./##' | sort -u | sed 's/^/stands /'
+  find . -mindepth 1 -type d -printf 'folder %P\n'
   find . -mindepth 2 -name README.md -exec awk 'FNR > 2 && NF { ++lines[FILENAME] }
     END { for (file in lines) if (lines[file] == 3) { sub(/^\.\//, "", file); sub(/\/README.md$/, "", file); print "told", file } }' {} +
   # "include FILE WHAT" for headers of our own, "system FILE WHAT" for others.
@@ -46,7 +51,10 @@ fi
   }
   $1 == "floor" { if ($3 in floor) fault($3 " stands twice in the picture"); floor[$3] = $2 }
   $1 == "room" { folder[$2] = $3; named[$3] = $2 }
-  $1 == "uses" { uses[$2] = uses[$2] " " $3 }
+  $1 == "uses" {
+    uses[$2] = uses[$2] " " $3
+    if (!($3 in folder)) fault($2 " uses " $3 ", which does not stand above it in src/CMakeLists.txt")
+  }
   $1 == "stands" { stands[$2] = 1 }
   $1 == "folder" { folders[$2] = 1 }
   $1 == "told" { told[$2] = 1 }
@@ -66,7 +74,8 @@ fi
     if (faults) exit 1
     for (i = 1; i <= count; ++i) {
       room = roomOf(file[i])
-      if (kind[i] == "system") {
+      if (what[i] ~ /(^|\/)\.\.\//) fault("src/" file[i] " includes " what[i] ": a header is named from src/ on")
+      if (kind[i] == "system" && !(roomOf(what[i]) in stands)) {
         if (room !~ /^(platform|assembly)/ && what[i] !~ /^([a-z_]+|time\.h)$/) fault("src/" file[i] " includes <" what[i] ">: logic includes the standard library alone")
         continue
       }
