@@ -126,8 +126,8 @@ late plain result 0 errorText ""
 early plain result 0 errorText ""
 late fail result 0 errorText ""
 late box taken again
-late second result 0 errorText "ZELVO 창이 이미 열려
-late again result 0 errorText "ZELVO 창이 이미 열려
+late second result 0 errorText "ZELVO 창이 이미 열려 있습니다. 열려 있는 창을 닫은 후에 다시 실행하여 주십시오."
+late again result 0 errorText "ZELVO 창이 이미 열려 있습니다. 열려 있는 창을 닫은 후에 다시 실행하여 주십시오."
 CASES
 
 begin 'a chart killed between two calls'

@@ -15,7 +15,7 @@ build-windows-terminal/bin.
 
 --test tries under wine what was built: with --terminal by the rooms' tests that need no screen, every console scenario and
 the automation object; else by the automation object with its windows, and by the installer, put in, moved and taken away,
-with whole orders by keys in what it brought. --pictures DIR keeps pictures of those windows there.
+with whole orders by keys in what it brought; --pictures DIR keeps pictures of those windows there.
 
 Installs what is missing (Debian 12); the libraries are made once, from Debian's sources (tools/windows/libraries.sh): half an
 hour for the toolkit of the windows on two processors. Exits 3 where the sources can't be fetched, or a
@@ -36,6 +36,8 @@ while [ $# -gt 0 ]; do
     *) usage >&2; exit 2 ;;
   esac
 done
+
+[ -z "${ZELVO_PICTURES-}" ] || { [ "$tests" ] && [ ! "$terminal" ]; } || { usage >&2; exit 2; }
 
 # shellcheck source=../setup.sh
 . tools/setup.sh

@@ -13,6 +13,8 @@ ${XDG_CACHE_HOME:-~/.cache}/doctorzelvo-windows, each once for its version and t
 prints their folders with ";" between them. qt takes half an hour of two processors, the others a minute. Installs what
 is missing (Debian 12); what it says goes to standard error. Exits 3 where no sources can be fetched, or a Debian
 package is missing and this user can't install it.
+
+--made makes nothing, and exits 1 where one of them has not been made yet.
 TEXT
 }
 

@@ -46,11 +46,16 @@ bool isBusy(HRESULT result) {
            result == RPC_E_SERVERCALL_REJECTED;
 }
 
+/// The system's numbers of faults between two programs (RPC_S_...).
+constexpr int firstOfTheLine = 1700, lastOfTheLine = 1999;
+
 /// A call that did not come to its listener, or not back: the system says so, not the chart.
 bool isLost(HRESULT result) {
-    if (isBusy(result)) return false;
-    const auto facility = HRESULT_FACILITY(result);
-    return FAILED(result) && (facility == FACILITY_RPC || facility == FACILITY_WIN32);
+    // What a listener's own fault is told by: a wrong argument, a want of rights or of memory.
+    const bool isOfItsOwn = HRESULT_FACILITY(result) == FACILITY_WIN32 &&
+                            (HRESULT_CODE(result) < firstOfTheLine || HRESULT_CODE(result) > lastOfTheLine);
+    if (!FAILED(result) || isBusy(result) || isOfItsOwn || result == RPC_E_SERVERFAULT) return false;
+    return HRESULT_FACILITY(result) == FACILITY_RPC || HRESULT_FACILITY(result) == FACILITY_WIN32;
 }
 
 /// What a listener has said of its failure, in its own words where it has any.

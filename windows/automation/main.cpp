@@ -25,8 +25,11 @@ constexpr auto usage =
 /// A program with windows has no console of its own; whoever calls it in one wants to read its answer there.
 void writeToCallersConsole() {
     if (::GetStdHandle(STD_OUTPUT_HANDLE) || !::AttachConsole(ATTACH_PARENT_PROCESS)) return;
-    std::FILE* opened = nullptr;
-    for (std::FILE* stream : {stdout, stderr}) ::freopen_s(&opened, "CONOUT$", "w", stream);
+    // The console takes several writers, and so must each that opens it.
+    for (std::FILE* stream : {stdout, stderr}) {
+        // NOLINTNEXTLINE(cppcoreguidelines-owning-memory): the program's own streams stay open to its end
+        if (!std::freopen("CONOUT$", "w", stream)) return;
+    }
 }
 
 int run(const std::vector<std::string>& words) {
