@@ -52,4 +52,5 @@ install(TARGETS DoctorZELVO zelvo-automation zelvo zelvo-chart zelvo-demo zelvo-
 install(DIRECTORY ${CMAKE_SOURCE_DIR}/include/doctorzelvo DESTINATION include)
 install(DIRECTORY ${CMAKE_SOURCE_DIR}/demo/values/ DESTINATION share/doctorzelvo)
 install(DIRECTORY ${CMAKE_SOURCE_DIR}/demo/scenarios DESTINATION share/doctorzelvo)
-install(FILES ${CMAKE_SOURCE_DIR}/docs/windows.md ${CMAKE_SOURCE_DIR}/CHANGELOG.md DESTINATION share/doctorzelvo)
+install(FILES ${CMAKE_SOURCE_DIR}/docs/windows.md ${CMAKE_SOURCE_DIR}/docs/server.md ${CMAKE_SOURCE_DIR}/CHANGELOG.md
+        DESTINATION share/doctorzelvo)

@@ -20,6 +20,10 @@ for key in Classes/{CLSID,Interface,TypeLib} Microsoft/Windows/CurrentVersion/Un
   wine reg add "HKCU\\Software\\${key//\//\\}" /f >/dev/null
 done
 
+# Wine's script host enters itself at its first start.
+echo 'WScript.Quit' >"$scratch/nothing.vbs"
+wine cscript.exe "Z:$scratch/nothing.vbs" >/dev/null
+
 # All files, and all that is registered, when nothing runs. What could not take itself away lies with what is temporary.
 state() {
   timeout 120 wineserver -w || fail 'something runs on'
@@ -109,6 +113,19 @@ order 11
 wait $chart || fail "ended with $?"
 event='event 1: "첩약 + 탕전" short:20 short:100 float:3 short:7 short:21 "" long:'
 grep -qF "$event" "$scratch/chart.out" || fail 'no event'
+
+case='a script'
+cat >"$scratch/chart.vbs" <<'SCRIPT'
+Set zelvo = CreateObject("DoctorZELVO.clsZELVOInterface")
+answer = zelvo.ZELVOInterface(Nothing, WScript.Arguments(0), "doctor1/$/pass1", 1024, WScript.Arguments(1), "", 41, 2, _
+  "01012345678", "", "", "06236", "Seoul", "Clinic", "Lee", "025550123", "", "03045", "Seoul")
+WScript.Echo "result " & answer & zelvo.errorText
+SCRIPT
+wine cscript.exe "Z:$scratch/chart.vbs" "sqlite:Z:$scratch/data/pharmacy.db" 김하늘 >"$scratch/chart.out" 2>&1 &
+chart=$!
+order 12
+wait $chart || fail "ended with $?"
+grep -q '^result False.\?$' "$scratch/chart.out" || fail 'no result'
 wineserver -k
 
 case='out'
@@ -117,4 +134,4 @@ state >"$scratch/after"
 left=$(diff "$scratch/before" "$scratch/after" | grep '^[<>]' |
   grep -vE "^> file users/$USER/AppData/Local/zelvo(/(support\.log|zelvo_[0-9]+\.htm))?\$") || true
 [ -z "$left" ] || fail "$left"
-[ "$(find "$data" -name 'zelvo_*.htm' | wc -l)" = 2 ] || fail 'the logs of what was sent are gone'
+[ "$(find "$data" -name 'zelvo_*.htm' | wc -l)" = 3 ] || fail 'the logs of what was sent are gone'

@@ -114,7 +114,9 @@ void writeAll(HKEY root) {
 void removeTree(HKEY root, const std::wstring& name, REGSAM half) {
     const std::wstring path = classes + name;
     HKEY opened = nullptr;
-    if (::RegOpenKeyExW(root, path.c_str(), 0, KEY_ALL_ACCESS | half, &opened) != ERROR_SUCCESS) return;
+    const LSTATUS found = ::RegOpenKeyExW(root, path.c_str(), 0, KEY_ALL_ACCESS | half, &opened);
+    if (found == ERROR_FILE_NOT_FOUND) return;
+    check(found, "RegOpenKeyEx");
     {
         const Key key(opened);
         check(::RegDeleteTreeW(key.get(), nullptr), "RegDeleteTree");
