@@ -51,11 +51,11 @@ constexpr int firstOfTheLine = 1700, lastOfTheLine = 1999;
 
 /// A call that did not come to its listener, or not back: the system says so, not the chart.
 bool isLost(HRESULT result) {
-    // What a listener's own fault is told by: a wrong argument, a want of rights or of memory.
-    const bool isOfItsOwn = HRESULT_FACILITY(result) == FACILITY_WIN32 &&
-                            (HRESULT_CODE(result) < firstOfTheLine || HRESULT_CODE(result) > lastOfTheLine);
-    if (!FAILED(result) || isBusy(result) || isOfItsOwn || result == RPC_E_SERVERFAULT) return false;
-    return HRESULT_FACILITY(result) == FACILITY_RPC || HRESULT_FACILITY(result) == FACILITY_WIN32;
+    if (!FAILED(result) || isBusy(result)) return false;
+    // The others are a listener's own faults: a wrong argument, a want of rights or of memory.
+    const int code = HRESULT_CODE(result);
+    if (HRESULT_FACILITY(result) == FACILITY_WIN32) return code >= firstOfTheLine && code <= lastOfTheLine;
+    return HRESULT_FACILITY(result) == FACILITY_RPC && result != RPC_E_SERVERFAULT;
 }
 
 /// What a listener has said of its failure, in its own words where it has any.
