@@ -13,6 +13,11 @@ SQLLEN Answer::rowCount() const {
     return SQL_SUCCEEDED(SQLRowCount(statement_.get(), &count)) ? count : -1;
 }
 
+void Answer::sign() const {
+    if (givenUp_) throw ServerFault("the rows were given up", ServerFault::Kind::Late, "HY008");
+    sign_();
+}
+
 bool Answer::next() const {
     sign_();
     const SQLRETURN result = SQLMoreResults(statement_.get());

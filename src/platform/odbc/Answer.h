@@ -1,5 +1,6 @@
 #pragma once
 
+#include <atomic>
 #include <functional>
 #include <utility>
 
@@ -10,12 +11,14 @@ namespace zelvo::odbc {
 /// What a server says to one text: its results, one after the other, the first of which the object stands on.
 class Answer {
 public:
-    /// `sign` is called before each wait for the server: the driver is alive.
-    Answer(const StatementHandle& statement, std::function<void()> sign)
-        : statement_(statement), sign_(std::move(sign)) {}
+    /// `sign` is called before each wait for the server: the driver is alive. Once `givenUp` is true nobody
+    /// wants the rows that are left.
+    Answer(const StatementHandle& statement, std::function<void()> sign, const std::atomic<bool>& givenUp)
+        : statement_(statement), sign_(std::move(sign)), givenUp_(givenUp) {}
 
     const StatementHandle& statement() const { return statement_; }
-    void sign() const { sign_(); }
+    /// Before each fetch of rows. Throws a late ServerFault when they have been given up.
+    void sign() const;
     /// The columns of the result, 0 for a count of rows.
     SQLSMALLINT columnCount() const;
     /// The count of rows, -1 when there is none.
@@ -26,6 +29,7 @@ public:
 private:
     const StatementHandle& statement_;
     std::function<void()> sign_;
+    const std::atomic<bool>& givenUp_;
 };
 
 }  // namespace zelvo::odbc

@@ -35,9 +35,19 @@ struct Line::Ends {
     Ends(const Ends&) = delete;
     Ends& operator=(const Ends&) = delete;
 
+    /// A call begins, which nobody has given up.
+    void begin() {
+        givenUp = false;
+        sign();
+    }
     /// The driver is about to wait for the server: its time begins anew.
     void sign() { since = Clock::now().time_since_epoch().count(); }
     Clock::time_point lastSign() const { return Clock::time_point(Clock::duration(since.load())); }
+    /// True while the driver waits, with nothing there that would end its wait. FreeTDS bears a cancelling
+    /// from another thread then alone: it takes away the messages that are being read of a call at its end.
+    bool waits(Clock::time_point now) const {
+        return now - lastSign() > milliseconds(100) && !sockets.haveUnread();
+    }
     /// What the driver's call works on, for who cancels it meanwhile; nullptr for nothing.
     void workOn(SQLHANDLE handle) {
         const std::lock_guard lock(mutex);
@@ -54,6 +64,8 @@ struct Line::Ends {
     std::optional<ConnectionHandle> connection;
     bool loggedIn = false;
     DriverSockets sockets;
+    /// The rows that are still to come are nobody's.
+    std::atomic<bool> givenUp{false};
 
 private:
     std::atomic<Clock::rep> since{0};
@@ -96,14 +108,15 @@ void Line::Ends::send(const std::string& text, int querySeconds, const std::func
     const SQLRETURN result =
         SQLExecDirectW(handle.get(), wide.data(), static_cast<SQLINTEGER>(wide.size() - 1));
     if (result != SQL_NO_DATA) handle.require(result);
-    Answer answer(handle, [this] { sign(); });
+    Answer answer(
+        handle, [this] { sign(); }, givenUp);
     read(answer);
     while (answer.next()) {
     }
 }
 
-/// Looks after a call from the thread that waits for it. What outlives its time is cancelled; a driver that
-/// does not heed that has its line torn; one that does not notice even that is left behind.
+/// Looks after a call from the thread that waits for it. What outlives its time has its line torn, or is
+/// cancelled where a system does not tell its lines; a driver that heeds neither is left behind.
 class Line::Watchdog {
 public:
     Watchdog(Ends& ends, int limit, const data::Waiting& waiting)
@@ -115,18 +128,21 @@ public:
         switch (step_) {
             case Step::Watching:
                 if (now - ends_.lastSign() > limit_ || isEnded(now)) {
-                    cancel(Step::Cancelled, now);
+                    end(now);
                 } else if (isGivenUp(now)) {
-                    cancel(Step::GivenUp, now);
+                    ends_.givenUp = true;
+                    stepTo(Step::GivenUp, now);
+                    cancelWaiting(now);
                 }
                 return true;
             case Step::GivenUp:
-            case Step::Cancelled: {
-                const milliseconds patience(step_ == Step::GivenUp ? 1000 : 200);
-                if (now - at_ > patience) tear(now);
+                cancelWaiting(now);
+                if (now - at_ > seconds(1)) end(now);
                 return true;
-            }
             case Step::Torn:
+                if (now - at_ > milliseconds(500)) cancel(now);
+                return true;
+            case Step::Cancelled:
                 return now - at_ < seconds(1);
         }
         return true;
@@ -135,7 +151,7 @@ public:
     bool hasCut() const { return step_ == Step::Cancelled || step_ == Step::Torn; }
 
 private:
-    enum class Step { Watching, GivenUp, Cancelled, Torn };
+    enum class Step { Watching, GivenUp, Torn, Cancelled };
 
     /// Under TLS a driver may wait, and wait busily, on a line that the server has ended. What was still on
     /// its way has a second to be read.
@@ -160,14 +176,22 @@ private:
             return false;  // a window that can't say so goes on waiting
         }
     }
-    void cancel(Step next, Clock::time_point now) {
+    /// The line lives on when the server confirms it.
+    void cancelWaiting(Clock::time_point now) {
+        if (told_ || !ends_.waits(now)) return;
         ends_.cancel();
-        step_ = next;
-        at_ = now;
+        told_ = true;
     }
-    void tear(Clock::time_point now) {
-        ends_.sockets.tear();
-        step_ = Step::Torn;
+    void end(Clock::time_point now) {
+        if (!ends_.sockets.tear()) return cancel(now);
+        stepTo(Step::Torn, now);
+    }
+    void cancel(Clock::time_point now) {
+        ends_.cancel();
+        stepTo(Step::Cancelled, now);
+    }
+    void stepTo(Step next, Clock::time_point now) {
+        step_ = next;
         at_ = now;
     }
 
@@ -178,6 +202,7 @@ private:
     Clock::time_point start_ = Clock::now(), looked_ = start_, at_{};
     std::optional<Clock::time_point> endSeen_;
     Step step_ = Step::Watching;
+    bool told_ = false;
 };
 
 Line::Line(const std::string& connectionString, Limits limits)
@@ -224,7 +249,7 @@ void Line::leave() noexcept {
 void Line::call(int limit, std::function<void()> work) {
     const auto failure = std::make_shared<std::exception_ptr>();
     Watchdog watchdog(*ends_, limit, limits_.waiting);
-    ends_->sign();
+    ends_->begin();
     const bool ended = caller_.run(
         [work = std::move(work), failure] {
             try {

@@ -15,5 +15,7 @@ void eachSocket(const Told& told);
 void tearSocket(int descriptor);
 /// True when the other end says no more.
 bool hasEnded(int descriptor);
+/// True when something waits to be read, the end of what comes too.
+bool hasUnread(int descriptor);
 
 }  // namespace zelvo::odbc

@@ -22,6 +22,11 @@ std::uint16_t peerPort(int descriptor) {
     return ntohs(place.sin6_port);  // which stands where IPv4 has it
 }
 
+bool has(int descriptor, short event) {
+    pollfd asked{.fd = descriptor, .events = event, .revents = 0};
+    return ::poll(&asked, 1, 0) > 0 && (asked.revents & event) != 0;
+}
+
 }  // namespace
 
 void eachSocket(const Told& told) {
@@ -42,8 +47,11 @@ void tearSocket(int descriptor) {
 }
 
 bool hasEnded(int descriptor) {
-    pollfd asked{.fd = descriptor, .events = POLLRDHUP, .revents = 0};
-    return ::poll(&asked, 1, 0) > 0 && (asked.revents & POLLRDHUP) != 0;
+    return has(descriptor, POLLRDHUP);
+}
+
+bool hasUnread(int descriptor) {
+    return has(descriptor, POLLIN);
 }
 
 }  // namespace zelvo::odbc

@@ -8,5 +8,8 @@ void tearSocket(int /*descriptor*/) {}
 bool hasEnded(int /*descriptor*/) {
     return false;
 }
+bool hasUnread(int /*descriptor*/) {
+    return false;
+}
 
 }  // namespace zelvo::odbc

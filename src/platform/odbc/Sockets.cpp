@@ -24,18 +24,27 @@ void DriverSockets::settle() {
     settled_ = true;
 }
 
-void DriverSockets::tear() const {
-    eachSocket([this](int descriptor, std::uint64_t node, std::uint16_t port) {
-        if (isOwn(node, port)) tearSocket(descriptor);
+bool DriverSockets::any(const std::function<bool(int descriptor)>& holds) const {
+    bool held = false;
+    eachSocket([&](int descriptor, std::uint64_t node, std::uint16_t port) {
+        if (isOwn(node, port)) held = holds(descriptor) || held;
+    });
+    return held;
+}
+
+bool DriverSockets::tear() const {
+    return any([](int descriptor) {
+        tearSocket(descriptor);
+        return true;
     });
 }
 
 bool DriverSockets::haveEnded() const {
-    bool ended = false;
-    eachSocket([&](int descriptor, std::uint64_t node, std::uint16_t port) {
-        if (isOwn(node, port)) ended = ended || hasEnded(descriptor);
-    });
-    return ended;
+    return any(hasEnded);
+}
+
+bool DriverSockets::haveUnread() const {
+    return any(hasUnread);
 }
 
 }  // namespace zelvo::odbc

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <vector>
 
 namespace zelvo::odbc {
@@ -15,12 +16,15 @@ public:
     /// From here on no more are counted in.
     void settle();
     /// Tears them: a driver that reads from one gets an error instead of waiting on. The descriptors stay the
-    /// driver's.
-    void tear() const;
+    /// driver's. False when there was none.
+    bool tear() const;
     /// True when the other end of one of them says no more.
     bool haveEnded() const;
+    /// True when something waits to be read from one of them, its end too.
+    bool haveUnread() const;
 
 private:
+    bool any(const std::function<bool(int descriptor)>& holds) const;
     bool isOwn(std::uint64_t node, std::uint16_t port) const;
 
     std::uint16_t port_;
