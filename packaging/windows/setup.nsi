@@ -28,6 +28,7 @@ VIAddVersionKey "CompanyName" "DoctorZELVO"
 VIAddVersionKey "LegalCopyright" "DoctorZELVO"
 
 !define UNINSTALL_KEY "Software\Microsoft\Windows\CurrentVersion\Uninstall\DoctorZELVO"
+!define /math MEGABYTES ${SIZE} / 1024
 !define SAMPLE_CHART "$SMPROGRAMS\ZELVO 예제 차트.lnk"
 
 !define MUI_ICON "${ICON}"
@@ -68,8 +69,23 @@ FunctionEnd
 !insertmacro WaitUntilClosed ""
 !insertmacro WaitUntilClosed "un."
 
+; An older copy is not taken away for one that has no room.
+Function WaitForSpace
+  ${GetRoot} "$INSTDIR" $0
+  again:
+    ${DriveSpace} "$0\" "/D=F /S=M" $1
+    IfErrors enough
+    IntCmp $1 ${MEGABYTES} short short enough
+  short:
+    MessageBox MB_RETRYCANCEL|MB_ICONEXCLAMATION "$0 드라이브에 빈 공간이 ${MEGABYTES} MB 넘게 있어야 합니다. 공간을 비운 뒤 다시 시도하십시오." /SD IDCANCEL IDRETRY again
+    SetErrorLevel 2
+    Quit
+  enough:
+FunctionEnd
+
 Section "ZELVO"
   Call WaitUntilClosed
+  Call WaitForSpace
   ; What an older one brought is taken away by its own list; the demo's orders stay.
   ReadRegStr $1 HKCU "${UNINSTALL_KEY}" "InstallLocation"
   StrCmp $1 "" fresh

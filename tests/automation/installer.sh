@@ -103,6 +103,11 @@ set_up 0 "$other" '/D=C:\약국\첩약'
 case='over itself there'
 set_up 0 "$other"
 
+case='a drive without room'
+ln -s /sys "$WINEPREFIX/dosdevices/e:"
+set_up 2 "$other" '/D=E:\첩약'
+rm "$WINEPREFIX/dosdevices/e:"
+
 case='the object'
 wine "$other/bin/zelvo-pharmacy.exe" serve --ready-file "Z:$scratch/port" >"$scratch/pharmacy.out" 2>&1 &
 within '[ -s "$scratch/port" ]'
