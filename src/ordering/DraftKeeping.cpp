@@ -22,14 +22,16 @@ constexpr const char *herbs = "herbs", *packets = "txtChubsu";
 constexpr int selectedColumn = 0, keyColumn = 1;
 
 std::string packHerbs(const tables::XArrayDB& lines) {
-    std::vector<std::string> rows;
+    std::string packed;
     for (int row = 0; row <= lines.upperRow(); ++row) {
         if (row == lines.upperRow() && modHanYakGuk::isUnfilled(lines, row)) break;
-        rows.push_back(basics::join({lines.text(row, herb::name), lines.text(row, herb::key),
-                                     lines.text(row, herb::grams), lines.text(row, herb::note)},
-                                    cellEnd));
+        if (row > 0) packed += rowEnd;
+        for (const int column : {herb::name, herb::key, herb::grams, herb::note}) {
+            if (column != herb::name) packed += cellEnd;
+            packed += lines.text(row, column);
+        }
     }
-    return basics::join(rows, rowEnd);
+    return packed;
 }
 
 std::vector<composition::HerbLine> unpackHerbs(const std::string& packed) {
@@ -182,9 +184,10 @@ void DraftKeeping::begin() {
     const Texts now = read();
     const bool composing = keeping_ && composes(now), samePatient = keeping_ && isOfPatient(mine_);
     Texts given = now;
-    for (const Item& item : items_) {
-        if ((item.part == Part::Composition && composing) || (item.part == Part::Patient && samePatient))
-            given[item.name] = given_[item.name];
+    for (std::size_t i = 0; i < items_.size(); ++i) {
+        const Part part = items_[i].part;
+        if ((part == Part::Composition && composing) || (part == Part::Patient && samePatient))
+            given[i] = given_[i];
     }
     DraftFiles::Held former = std::exchange(own_, {});
     keeping_ = draft_.session.m_DTRPK != 0 && draft_.session.g_conYakGuk != nullptr;
@@ -211,9 +214,10 @@ bool DraftKeeping::isOfPatient(const KeptDraft& draft) const {
 
 /// Whether the composition needs keeping.
 bool DraftKeeping::composes(const Texts& now) const {
-    return std::any_of(items_.begin(), items_.end(), [&](const Item& item) {
-        return item.part == Part::Composition && now.at(item.name) != settled_.at(item.name);
-    });
+    for (std::size_t i = 0; i < items_.size(); ++i) {
+        if (items_[i].part == Part::Composition && now[i] != settled_[i]) return true;
+    }
+    return false;
 }
 
 void DraftKeeping::sent() {
@@ -224,16 +228,17 @@ void DraftKeeping::sent() {
 
 DraftKeeping::Texts DraftKeeping::read() const {
     Texts texts;
-    for (const Item& item : items_) texts[item.name] = item.read();
+    texts.reserve(items_.size());
+    for (const Item& item : items_) texts.push_back(item.read());
     return texts;
 }
 
 /// The composition whole, and what else differs from the chart's values.
-DraftKeeping::Texts DraftKeeping::toKeep(const Texts& now) const {
-    Texts kept;
-    for (const Item& item : items_) {
-        const std::string& text = now.at(item.name);
-        if (item.part == Part::Composition || text != given_.at(item.name)) kept[item.name] = text;
+KeptDraft::Texts DraftKeeping::toKeep(const Texts& now) const {
+    KeptDraft::Texts kept;
+    for (std::size_t i = 0; i < items_.size(); ++i) {
+        const Item& item = items_[i];
+        if (item.part == Part::Composition || now[i] != given_[i]) kept[item.name] = now[i];
     }
     return kept;
 }
@@ -251,7 +256,7 @@ void DraftKeeping::keep() {
 /// What was kept last is known by its texts: an input that changed nothing of the order writes nothing. A
 /// corrected address alone is no order in the making.
 void DraftKeeping::keepOrDrop(const Texts& now) {
-    Texts kept = composes(now) ? toKeep(now) : Texts();
+    KeptDraft::Texts kept = composes(now) ? toKeep(now) : KeptDraft::Texts();
     if (kept == mine_.texts) return;
     if (kept.empty()) {
         if (own_.hold) files_.remove(own_);
@@ -328,10 +333,11 @@ void DraftKeeping::drop() {
     offer();
 }
 
-void DraftKeeping::restore(const Texts& texts) {
-    for (const Item& item : items_) {
+void DraftKeeping::restore(const KeptDraft::Texts& texts) {
+    for (std::size_t i = 0; i < items_.size(); ++i) {
+        const Item& item = items_[i];
         const auto kept = texts.find(item.name);
-        const std::string& text = kept != texts.end() ? kept->second : given_.at(item.name);
+        const std::string& text = kept != texts.end() ? kept->second : given_[i];
         if (text != item.read()) item.put(text);
     }
 }

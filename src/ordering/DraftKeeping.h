@@ -2,7 +2,6 @@
 
 #include <cstdint>
 #include <functional>
-#include <map>
 #include <string>
 #include <vector>
 
@@ -36,7 +35,7 @@ public:
     void sent();
 
 private:
-    using Texts = std::map<std::string, std::string>;
+    using Texts = std::vector<std::string>;  ///< in the order of the items
     /// The composition is kept whole, the rest where it differs from what the chart gave. A note goes with
     /// what is composed, and alone makes no order.
     enum class Part { Composition, Note, Patient, Clinic };
@@ -54,7 +53,7 @@ private:
                    void (composition::OrderOptions::*choose)(std::int32_t));
 
     Texts read() const;
-    Texts toKeep(const Texts& now) const;
+    KeptDraft::Texts toKeep(const Texts& now) const;
     bool composes(const Texts& now) const;
     bool isOfPatient(const KeptDraft& draft) const;
     void keep();
@@ -63,7 +62,7 @@ private:
     void offer();
     void take();
     void drop();
-    void restore(const Texts& texts);
+    void restore(const KeptDraft::Texts& texts);
 
     screen::Window& form_;
     OrderDraft& draft_;

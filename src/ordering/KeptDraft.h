@@ -11,10 +11,11 @@ namespace zelvo::ordering {
 /// An order in the making as it is kept on the clinic's machine: whose it is, and what it holds under the
 /// names of its fields.
 struct KeptDraft {
+    using Texts = std::map<std::string, std::string>;
     std::int32_t DTR_PK = 0, Patient_PK = 0;
     std::string patientName, server;
     std::string keptAt;  ///< the machine's time, "yyyy-mm-dd hh:mm:ss"
-    std::map<std::string, std::string> texts;
+    Texts texts;
     bool operator==(const KeptDraft&) const = default;
 };
 
