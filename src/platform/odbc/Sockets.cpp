@@ -16,6 +16,7 @@ bool DriverSockets::isOwn(std::uint64_t node, std::uint16_t port) const {
 }
 
 void DriverSockets::settle() {
+    const std::lock_guard lock(mutex_);
     std::vector<std::uint64_t> own;
     eachSocket([&](int, std::uint64_t node, std::uint16_t port) {
         if (isOwn(node, port)) own.push_back(node);
@@ -25,6 +26,7 @@ void DriverSockets::settle() {
 }
 
 bool DriverSockets::any(const std::function<bool(int descriptor)>& holds) const {
+    const std::lock_guard lock(mutex_);
     bool held = false;
     eachSocket([&](int descriptor, std::uint64_t node, std::uint16_t port) {
         if (isOwn(node, port)) held = holds(descriptor) || held;

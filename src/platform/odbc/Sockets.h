@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <mutex>
 #include <vector>
 
 namespace zelvo::odbc {
@@ -28,6 +29,8 @@ private:
     bool isOwn(std::uint64_t node, std::uint16_t port) const;
 
     std::uint16_t port_;
+    /// A login ends on the line's thread, while whoever waits for it may be looking at what it has.
+    mutable std::mutex mutex_;
     bool settled_ = false;
     std::vector<std::uint64_t> nodes_;  // the others' until it is settled, the driver's then
 };
