@@ -28,6 +28,7 @@ constexpr const char* insert = "INSERT INTO t_EatGuide (CBJ_PK) VALUES (1)";
 class OdbcLine : public ::testing::Test {
 protected:
     std::unique_ptr<data::Connection> connect(const data::ServerLogin& login, int querySeconds = 1) const {
+        if (server_.tls) testing::TdsCertificate::instance();  // takes its time, which is not the login's
         Settings settings;
         settings.encrypted = server_.tls;
         settings.checked = false;

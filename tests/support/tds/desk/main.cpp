@@ -7,6 +7,7 @@
 #include <map>
 #include <string>
 
+#include "support/tds/TdsPipe.h"
 #include "support/tds/TdsServer.h"
 
 int main(int count, char** words) {
@@ -21,6 +22,7 @@ int main(int count, char** words) {
     TdsServer server(words[1]);
     if (count > 3) server.milliseconds = std::atoi(words[3]);
     if (count > 4) server.tls = words[4] == std::string("tls");
+    if (server.tls) zelvo::testing::TdsCertificate::instance();  // takes its time, which is not the login's
     if (count > 5) server.misbehave(words[5], troubles.at(words[4]));
     server.alone = count > 6;
     const std::string waiting = std::string(words[2]) + ".new";
