@@ -30,7 +30,8 @@ class QtDesktopTest : public ::testing::Test {
 protected:
     /// Once a box stands: what is done with it.
     void whenBox(std::function<void(qt::BoxDialog&)> act) {
-        QTimer::singleShot(0, qApp, [this, act] {
+        // A window manager takes its time, and turns of an idle loop pass in none.
+        QTimer::singleShot(5, qApp, [this, act] {
             for (QWidget* widget : QApplication::topLevelWidgets()) {
                 auto* box = qobject_cast<qt::BoxDialog*>(widget);
                 if (box && box->isVisible() && QApplication::focusWidget()) return act(*box);

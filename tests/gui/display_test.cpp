@@ -150,7 +150,7 @@ TEST_F(OnDisplay, WhatWasPressedBeforeItStoodThereIsDropped) {
         button.window().userInput([&] {
             button.setVisible(false);
             GlassDesktop::settle();
-            QProcess::startDetached(QStringLiteral("xdotool"), click);
+            QProcess::execute(QStringLiteral("xdotool"), click);
             QThread::msleep(500);
             button.setVisible(true);
         });
@@ -162,7 +162,7 @@ TEST_F(OnDisplay, WhatWasPressedBeforeItStoodThereIsDropped) {
     });
     settings::UserSettings settings;
     qt::QtDesktop desktop(settings, [](std::string_view) {});
-    QProcess::startDetached(QStringLiteral("xdotool"), {"key", "Return"});
+    QProcess::execute(QStringLiteral("xdotool"), {"key", "Return"});
     QThread::msleep(500);
     QTimer::singleShot(800, qApp, [] {
         for (QWidget* box : QApplication::topLevelWidgets())

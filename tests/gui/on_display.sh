@@ -19,7 +19,7 @@ if [ -z "${ZELVO_DISPLAY-}" ]; then
   mkfifo "$scratch/number"
   Xvfb -displayfd 3 -screen 0 "${SCREEN:-1280x800}x24" -nolisten tcp 3>"$scratch/number" 2>/dev/null &
   server=$!
-  trap 'kill $server 2>/dev/null || true; wait $server 2>/dev/null || true; rm -rf "$scratch"' EXIT
+  trap 'kill $server 2>/dev/null || true; wait $server 2>/dev/null || true; rm -rf "$scratch" || true' EXIT
   read -r number <"$scratch/number"
   export DISPLAY=":$number" ZELVO_DISPLAY=1 HOME=$scratch XDG_RUNTIME_DIR=$scratch XDG_CONFIG_HOME=$scratch/config \
     XDG_CACHE_HOME=$scratch/cache XDG_DATA_HOME=$scratch/data QT_QPA_PLATFORM=xcb QT_IM_MODULE=ibus \

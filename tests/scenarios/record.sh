@@ -5,7 +5,7 @@ set -euo pipefail
 bin=$1
 scratch=$(mktemp -d)
 server=
-trap '[ -z "$server" ] || kill "$server" 2>/dev/null || true; rm -rf "$scratch"' EXIT
+trap '[ -z "$server" ] || { kill "$server"; wait "$server"; } 2>/dev/null || true; rm -rf "$scratch"' EXIT
 db="$scratch/pharmacy.db"
 "$bin/zelvo-pharmacy" --db "$db" init >/dev/null
 "$bin/zelvo-pharmacy" --db "$db" serve --parent $$ --ready-file "$scratch/port" >/dev/null &
