@@ -21,6 +21,7 @@ void Answer::sign() const {
 bool Answer::next() const {
     sign_();
     const SQLRETURN result = SQLMoreResults(statement_.get());
+    sign_();
     if (result == SQL_NO_DATA) return false;
     statement_.require(result);
     return true;

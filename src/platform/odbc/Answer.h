@@ -11,14 +11,16 @@ namespace zelvo::odbc {
 /// What a server says to one text: its results, one after the other, the first of which the object stands on.
 class Answer {
 public:
-    /// `sign` is called before each wait for the server: the driver is alive. Once `givenUp` is true nobody
-    /// wants the rows that are left.
+    /// `sign` is called before and after each wait for the server: the driver is alive. Once `givenUp` is
+    /// true nobody wants the rows that are left.
     Answer(const StatementHandle& statement, std::function<void()> sign, const std::atomic<bool>& givenUp)
         : statement_(statement), sign_(std::move(sign)), givenUp_(givenUp) {}
 
     const StatementHandle& statement() const { return statement_; }
     /// Before each fetch of rows. Throws a late ServerFault when they have been given up.
     void sign() const;
+    /// After each, before anybody asks what came of it.
+    void came() const { sign_(); }
     /// The columns of the result, 0 for a count of rows.
     SQLSMALLINT columnCount() const;
     /// The count of rows, -1 when there is none.

@@ -156,6 +156,7 @@ public:
         for (;;) {
             answer_.sign();
             const SQLRETURN result = SQLFetch(statement_.get());
+            answer_.came();
             if (result == SQL_NO_DATA) return;
             statement_.require(result);
             for (std::size_t row = 0; row < fetched_; ++row) addRow(filler, row);
@@ -260,6 +261,7 @@ private:
             answer_.sign();
             const SQLRETURN result = SQLGetData(statement_.get(), number, SQL_C_WCHAR, piece.data(),
                                                 static_cast<SQLLEN>(pieceUnits * sizeof(SQLWCHAR)), &told);
+            answer_.came();
             if (result == SQL_NO_DATA) break;
             statement_.require(result);
             if (told == SQL_NULL_DATA) return filler.addNull();

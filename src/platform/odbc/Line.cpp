@@ -40,7 +40,7 @@ struct Line::Ends {
         givenUp = false;
         sign();
     }
-    /// The driver is about to wait for the server: its time begins anew.
+    /// The driver is about to wait for the server, or has waited: its time begins anew.
     void sign() { since = Clock::now().time_since_epoch().count(); }
     Clock::time_point lastSign() const { return Clock::time_point(Clock::duration(since.load())); }
     /// True while the driver waits, with nothing there that would end its wait. FreeTDS bears a cancelling
@@ -107,6 +107,7 @@ void Line::Ends::send(const std::string& text, int querySeconds, const std::func
     sign();
     const SQLRETURN result =
         SQLExecDirectW(handle.get(), wide.data(), static_cast<SQLINTEGER>(wide.size() - 1));
+    sign();
     if (result != SQL_NO_DATA) handle.require(result);
     Answer answer(
         handle, [this] { sign(); }, givenUp);

@@ -34,11 +34,17 @@ bool DriverSockets::any(const std::function<bool(int descriptor)>& holds) const 
     return held;
 }
 
+bool DriverSockets::hadSome() const {
+    const std::lock_guard lock(mutex_);
+    return settled_ && !nodes_.empty();
+}
+
 bool DriverSockets::tear() const {
-    return any([](int descriptor) {
+    const bool torn = any([](int descriptor) {
         tearSocket(descriptor);
         return true;
     });
+    return torn || hadSome();
 }
 
 bool DriverSockets::haveEnded() const {
@@ -46,7 +52,12 @@ bool DriverSockets::haveEnded() const {
 }
 
 bool DriverSockets::haveUnread() const {
-    return any(hasUnread);
+    bool open = false;
+    const bool unread = any([&open](int descriptor) {
+        open = true;
+        return hasUnread(descriptor);
+    });
+    return unread || (!open && hadSome());
 }
 
 }  // namespace zelvo::odbc

@@ -17,14 +17,16 @@ public:
     /// From here on no more are counted in.
     void settle();
     /// Tears them: a driver that reads from one gets an error instead of waiting on. The descriptors stay the
-    /// driver's. False when there was none.
+    /// driver's. False when there never was one; a driver that has closed its own is at the end of its call.
     bool tear() const;
     /// True when the other end of one of them says no more.
     bool haveEnded() const;
-    /// True when something waits to be read from one of them, its end too.
+    /// True when something waits to be read from one of them, its end too, or the driver has closed them
+    /// itself.
     bool haveUnread() const;
 
 private:
+    bool hadSome() const;
     bool any(const std::function<bool(int descriptor)>& holds) const;
     bool isOwn(std::uint64_t node, std::uint16_t port) const;
 
