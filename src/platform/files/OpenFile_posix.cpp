@@ -80,7 +80,8 @@ bool OpenFile::isAt(const std::filesystem::path& path) const {
 }
 
 void OpenFile::lockShared() const {
-    ::flock(descriptor(handle_), LOCK_SH);
+    while (::flock(descriptor(handle_), LOCK_SH) != 0 && errno == EINTR) {
+    }
 }
 
 bool OpenFile::tryLockShared() const {
